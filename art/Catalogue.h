@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Reads the table of windows and controls, so that every well of a background and every mask colour of an
+// icon comes from the same rows that the windows are tested against. It knows nothing of painting.
+#pragma once
+
+#include <QColor>
+#include <QHash>
+#include <QRectF>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+namespace torvane {
+
+/// The rows of `controls.tsv` and `windows.tsv`. Sizes and positions are logical pixels.
+class Catalogue {
+public:
+    /// Reads both tables from `folder`; throws std::runtime_error when one of them cannot be read.
+    explicit Catalogue(const QString& folder);
+
+    /// The client size of a window; throws std::runtime_error for a window that is not in the table.
+    QSize windowSize(const QString& window) const;
+
+    /// Where a control lies in its window; throws std::runtime_error for a control that is not in the table.
+    QRectF rect(const QString& window, const QString& control) const;
+
+    /// The smallest rectangle that holds all the named controls.
+    QRectF united(const QString& window, const QStringList& controls) const;
+
+    /// The mask colour in a button's notes; throws std::runtime_error when its notes name none.
+    QColor mask(const QString& window, const QString& control) const;
+
+private:
+    struct Control {
+        QRectF rect;
+        QString notes;
+    };
+    const Control& control(const QString& window, const QString& name) const;
+
+    QHash<QString, QSize> windows;
+    QHash<QString, Control> controls;
+};
+
+} // namespace torvane

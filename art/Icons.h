@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// All small pictures: button icons, list icons, window icon, cursors and tray signs, by the list in
+// icons.tsv.
+#pragma once
+
+#include "Catalogue.h"
+#include "Output.h"
+
+#include <QString>
+
+namespace torvane {
+
+/// Renders every row of `sources`/icons.tsv at 1x and 2x; throws std::runtime_error when a row or a source is
+/// wrong.
+void paintIcons(const Catalogue& catalogue, const QString& sources, Output& output);
+
+/// Renders the tray signs 0 to 6 into tree/data/tray/.
+void paintTray(const QString& sources, const Output& output);
+
+} // namespace torvane

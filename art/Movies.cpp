@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// The two loops: the vane on its tor in the night, and the ridge with cartridge stones under the northern
+// light. All that moves comes back to its first place after one loop, and nothing changes faster than about
+// once a second.
+#include "Movies.h"
+
+#include "Night.h"
+#include "Palette.h"
+#include "Panel.h"
+
+#include <QLinearGradient>
+#include <QPainterPath>
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+namespace torvane {
+
+using namespace palette;
+
+namespace {
+
+constexpr qreal fullTurn = 2 * std::numbers::pi;
+constexpr int frameMilliseconds = 75; // 13 frames a second
+constexpr int framesOfIntro = 96;
+constexpr int framesOfBanner = 96;
+
+struct Movie {
+    QString name;
+    QString target; // the file that the loop is kept in, relative to the output folder
+    QSize size;
+    int frames;
+    int quality;
+    std::function<void(QPainter&, const QRectF&, qreal turn)> scene;
+};
+
+void intro(QPainter& painter, const QRectF& area, qreal turn) {
+    night::sky(painter, area);
+    night::stars(painter, area, 60, turn);
+    night::moon(painter, QPointF(34, 27), 9);
+    night::ridge(painter, area.adjusted(0, 62, 0, 0), farHill, 5, 26);
+    night::mist(painter, area.adjusted(0, 60, 0, 0), turn);
+    night::ridge(painter, area.adjusted(0, 84, 0, 0), middleHill, 9, 20);
+    night::ridge(painter, area.adjusted(0, 102, 0, 0), nearHill, 3, 10);
+    night::tor(painter, QPointF(122, 108), 9);
+    night::vane(painter, QPointF(120, 72), 42, fullTurn * turn + 0.35 * std::sin(2 * fullTurn * turn));
+}
+
+// A standing stone in the shape of a cartridge, lit from the top left; `light` 0 to 1 is the lamp behind its
+// label.
+void stone(QPainter& painter, QPointF foot, qreal unit, qreal light) {
+    const QRectF body(foot.x() - 5 * unit, foot.y() - 12 * unit, 10 * unit, 14 * unit);
+    QPainterPath shape;
+    shape.addPolygon(
+        QPolygonF({body.topLeft(), body.topRight() - QPointF(2.2 * unit, 0),
+                   body.topRight() + QPointF(0, 2.2 * unit), body.bottomRight(), body.bottomLeft()}));
+    shape.closeSubpath();
+    QLinearGradient side(body.topLeft(), body.bottomRight());
+    side.setColorAt(0, foldOut.darker(112));
+    side.setColorAt(1, nearHill);
+    painter.setPen(QPen(edge, 0.8));
+    painter.setBrush(side);
+    painter.drawPath(shape);
+    const QRectF label(body.left() + 2 * unit, body.top() + 3.4 * unit, 6 * unit, 5 * unit);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(cut);
+    painter.drawPath(rounded(label, unit * 0.8));
+    painter.setBrush(veil(ember, qRound(50 + 190 * light)));
+    painter.drawPath(rounded(label.adjusted(0.5, 0.5, -0.5, -0.5), unit * 0.7));
+}
+
+// The lamps go up one after the other from left to right, each for about a third of the loop.
+qreal lamp(qreal turn, qreal place) { return std::pow(0.5 + 0.5 * std::cos(fullTurn * (turn - place)), 3.0); }
+
+void banner(QPainter& painter, const QRectF& area, qreal turn) {
+    night::sky(painter, area);
+    night::stars(painter, area, 90, turn);
+    night::aurora(painter, area.adjusted(0, -6, 0, -8), turn);
+    night::ridge(painter, area.adjusted(0, 30, 0, 0), farHill, 5, 16, turn);
+    night::ridge(painter, area.adjusted(0, 42, 0, 0), middleHill, 12, 12);
+    constexpr int stones = 7;
+    for (int place = 0; place < stones; ++place) {
+        const qreal unit = 1.7 + 0.5 * noise(quint32(place), 40);
+        const QPointF foot(58 + place * 44 + 8 * noise(quint32(place), 41),
+                           53 + 3 * noise(quint32(place), 42));
+        stone(painter, foot, unit, lamp(turn, qreal(place) / stones));
+    }
+    night::ridge(painter, area.adjusted(0, 52, 0, 0), nearHill, 3, 5);
+    night::tor(painter, QPointF(404, 57), 5);
+    night::vane(painter, QPointF(403, 37), 27,
+                0.9 * std::sin(fullTurn * turn) + 0.25 * std::sin(2 * fullTurn * turn));
+}
+
+void paintMovie(const Output& output, const Movie& movie) {
+    // Every frame is whole: partial frames would leave old blocks standing in the soft light of the sky.
+    QString arguments = QString("-loop 0 -kmin 0 -kmax 1 -lossy -q %1 -m 4 -d %2\n")
+                            .arg(movie.quality)
+                            .arg(frameMilliseconds);
+    for (int frame = 0; frame < movie.frames; ++frame) {
+        QImage image(movie.size, QImage::Format_RGB32);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        movie.scene(painter, QRectF(QPointF(0, 0), movie.size), qreal(frame) / movie.frames);
+        painter.end();
+        const QString file = QString("frames/%1-%2.png").arg(movie.name).arg(frame, 3, 10, QChar('0'));
+        output.png(file, image);
+        arguments += file + '\n';
+    }
+    output.text(movie.name + ".args", arguments + "-o " + movie.target + '\n');
+}
+
+} // namespace
+
+void paintMovies(const Output& output) {
+    paintMovie(output, {"intro", "tree/data/intro.dat", {192, 122}, framesOfIntro, 88, intro});
+    paintMovie(output, {"banner", "tree/data/site/banner.swf", {468, 60}, framesOfBanner, 80, banner});
+}
+
+} // namespace torvane

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// How the panel's parts are painted. Lines are filled rectangles or paths between whole pixels, so that they
+// stay sharp.
+#include "Panel.h"
+
+#include "Palette.h"
+
+#include <QRadialGradient>
+
+#include <algorithm>
+#include <utility>
+
+namespace torvane {
+
+using namespace palette;
+
+namespace {
+
+// The ring between a rounded rectangle and the same one pushed in by one pixel.
+QPainterPath ring(const QRectF& rect, qreal radius) {
+    return rounded(rect, radius) - rounded(rect.adjusted(1, 1, -1, -1), std::max(radius - 1, 0.0));
+}
+
+// Runs from one colour at the top left to another at the bottom right, with a quick change on the other
+// diagonal, so that a ring filled with it is of the first colour on two sides and of the second on the other
+// two.
+QLinearGradient diagonal(const QRectF& rect, const QColor& topLeft, const QColor& bottomRight) {
+    const qreal w = rect.width();
+    const qreal h = rect.height();
+    const QPointF centre = rect.center();
+    const QPointF step = QPointF(h, w) * (w * h / (w * w + h * h));
+    QLinearGradient gradient(centre - step, centre + step);
+    gradient.setColorAt(0.46, topLeft);
+    gradient.setColorAt(0.54, bottomRight);
+    return gradient;
+}
+
+QLinearGradient vertical(const QRectF& rect, const QColor& top, const QColor& bottom) {
+    QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
+    gradient.setColorAt(0, top);
+    gradient.setColorAt(1, bottom);
+    return gradient;
+}
+
+int clamped(int channel) { return std::clamp(channel, 0, 255); }
+
+QRgb shifted(QRgb pixel, int by) {
+    return qRgb(clamped(qRed(pixel) + by), clamped(qGreen(pixel) + by), clamped(qBlue(pixel) + by));
+}
+
+} // namespace
+
+QPainterPath rounded(const QRectF& rect, qreal radius) {
+    QPainterPath path;
+    path.addRoundedRect(rect, radius, radius);
+    return path;
+}
+
+qreal noise(quint32 x, quint32 y) {
+    quint32 n = x * 374761393U + y * 668265263U;
+    n = (n ^ (n >> 13)) * 1274126177U;
+    return ((n ^ (n >> 16)) & 0xffffU) / 65535.0;
+}
+
+Panel::Panel(QSize logicalSize, int scaleFactor)
+    : size(logicalSize), scale(scaleFactor), image(logicalSize * scaleFactor, QImage::Format_RGB32),
+      brushwork(&image) {
+    brushwork.scale(scale, scale);
+    brushwork.setRenderHint(QPainter::Antialiasing);
+    base();
+    brush();
+}
+
+void Panel::base() {
+    QLinearGradient fall(whole().topLeft(), whole().bottomRight());
+    fall.setColorAt(0, darkPanel.lighter(128));
+    fall.setColorAt(0.45, darkPanel);
+    fall.setColorAt(1, darkPanel.darker(140));
+    brushwork.fillRect(whole(), fall);
+    QRadialGradient lamp(QPointF(size.width() * 0.28, 0), size.width() * 0.8);
+    lamp.setColorAt(0, veil(foldOut, 80));
+    lamp.setColorAt(1, veil(foldOut, 0));
+    brushwork.fillRect(whole(), lamp);
+}
+
+void Panel::brush() {
+    constexpr int stroke = 22; // the length of a brushed hair in device pixels
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const int start = int(noise(quint32(y), 7) * stroke);
+        for (int x = 0; x < image.width(); ++x) {
+            const qreal hair = noise(quint32((x + start) / stroke), quint32(y)) - 0.5;
+            const qreal grain = noise(quint32(x), quint32(y) + 4096) - 0.5;
+            line[x] = shifted(line[x], qRound(hair * 5 + grain * 3));
+        }
+    }
+}
+
+void Panel::frame() {
+    const QRectF inner = whole().adjusted(1, 1, -1, -1);
+    brushwork.fillPath(ring(inner, 0), diagonal(inner, veil(rim, 190), veil(rim, 70)));
+    brushwork.fillPath(ring(whole(), 0), edge);
+}
+
+QLinearGradient Panel::fading(const QColor& left, const QColor& right) const {
+    QLinearGradient gradient(QPointF(1, 0), QPointF(size.width() * 0.7, 0));
+    gradient.setColorAt(0, left);
+    gradient.setColorAt(1, right);
+    return gradient;
+}
+
+void Panel::titleBand() {
+    const QRectF band(0, 0, size.width(), titleBandHeight);
+    QLinearGradient gradient = vertical(band, QColor(0x3a, 0x3b, 0x44), QColor(0x0e, 0x0e, 0x11));
+    gradient.setColorAt(0.12, QColor(0x2a, 0x2a, 0x2e));
+    gradient.setColorAt(0.5, palette::titleBand);
+    brushwork.fillRect(band, gradient);
+    // The dark hairline is a little warm where the bright one is, since a JPEG keeps one hue for each pair of
+    // rows.
+    brushwork.fillRect(QRectF(0, titleBandHeight - 1, size.width(), 1), fading(ember.darker(700), edge));
+    brushwork.fillRect(QRectF(1, titleBandHeight, size.width() - 2, 1), fading(ember, veil(rim, 150)));
+}
+
+void Panel::plate(const QRectF& rect) {
+    brushwork.fillPath(rounded(rect.translated(1, 2)), veil(edge, 90));
+    brushwork.fillPath(rounded(rect), vertical(rect, veil(paleField, 62), veil(buttonBack, 70)));
+    brushwork.fillPath(ring(rect, cornerRadius), diagonal(rect, veil(rim, 170), veil(edge, 170)));
+}
+
+void Panel::well(const QRectF& rect) {
+    const QRectF lip = rect.adjusted(-2, -2, 2, 2);
+    brushwork.fillPath(rounded(lip), cut);
+    brushwork.fillPath(ring(lip, cornerRadius), diagonal(lip, edge, veil(rim, 200)));
+    brushwork.fillRect(rect, darkPanel.darker(125));
+    for (int depth = 0; depth < 6; ++depth) {
+        const QColor shade = veil(edge, 120 - depth * 19);
+        brushwork.fillRect(QRectF(rect.left() + depth, rect.top() + depth, rect.width() - depth, 1), shade);
+        brushwork.fillRect(QRectF(rect.left() + depth, rect.top() + depth, 1, rect.height() - depth), shade);
+    }
+}
+
+void Panel::slot(const QRectF& rect) { slot(rounded(rect)); }
+
+void Panel::slot(const QPainterPath& shape) {
+    brushwork.fillPath(shape, vertical(shape.boundingRect(), veil(edge, 150), veil(edge, 105)));
+    brushwork.fillPath(shape - shape.translated(1, 1), veil(edge, 190));
+    brushwork.fillPath(shape - shape.translated(-1, -1), veil(rim, 95));
+}
+
+void Panel::seat(const QRectF& rect) {
+    const QRectF lip = rect.adjusted(-1, -1, 1, 1);
+    brushwork.fillPath(ring(lip, 1), diagonal(lip, edge, edge.lighter(160)));
+    brushwork.fillRect(rect, cut);
+}
+
+QImage Panel::finished() {
+    brushwork.end();
+    return std::exchange(image, {});
+}
+
+} // namespace torvane

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// The painter: renders every picture of the program at build time.
+// Arguments: the folder of the catalogue's tables, the folder of the sources, the folder to fill.
+#include "Backgrounds.h"
+#include "Catalogue.h"
+#include "Icons.h"
+#include "Movies.h"
+#include "Output.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <exception>
+
+using namespace torvane;
+
+namespace {
+
+// QtSvg only warns about what it cannot draw and leaves it out; for the build a half drawn picture is a
+// failure.
+bool drawingsAreWhole = true;
+QtMessageHandler printMessage = nullptr;
+
+void noteMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (qstrcmp(context.category, "qt.svg") == 0) drawingsAreWhole = false;
+    printMessage(type, context, message);
+}
+
+void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output& output) {
+    for (int scale : {1, 2}) {
+        const Workshop shop{catalogue, QDir(sources + "/svg"), scale};
+        const QImage mainFrm = paintMainFrm(shop);
+        output.picture(scaledName("MainFrm.jpg", scale), mainFrm);
+        output.picture(scaledName("TitleBand.jpg", scale), cutTitleBand(mainFrm, scale));
+        output.picture(scaledName("TorvMsg.jpg", scale), paintTorvMsg(shop));
+        output.picture(scaledName("SelLangStartUp.jpg", scale), paintSelLangStartUp(shop, false));
+        output.picture(scaledName("SelLangStartUp-second.jpg", scale), paintSelLangStartUp(shop, true));
+        output.picture(scaledName("Splash.bmp", scale), paintSplash(shop));
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    printMessage = qInstallMessageHandler(noteMessage);
+    const QGuiApplication application(argc, argv);
+    const QStringList arguments = QGuiApplication::arguments();
+    if (arguments.size() != 4) {
+        std::fputs("usage: torvane_art_painter CATALOGUE SOURCES OUTPUT\n", stderr);
+        return 2;
+    }
+    try {
+        const Catalogue catalogue(arguments[1]);
+        Output output(arguments[3]);
+        paintBackgrounds(catalogue, arguments[2], output);
+        paintIcons(catalogue, arguments[2], output);
+        paintTray(arguments[2], output);
+        paintMovies(output);
+        output.resourceList();
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "torvane_art_painter: %s\n", failure.what());
+        return 1;
+    }
+    return drawingsAreWhole ? 0 : 1;
+}

@@ -1,0 +1,11 @@
+# SPDX-License-Identifier: MIT
+# The program's folder as it is started and shipped: the executable and its tree beside it. Laid out at
+# every build; what the user may have changed in it stays (see packaging/lay-out).
+set(TORVANE_FOLDER ${CMAKE_BINARY_DIR}/torvane)
+add_custom_target(torvane_folder ALL
+  COMMAND ${CMAKE_SOURCE_DIR}/packaging/lay-out ${TORVANE_FOLDER}
+          ${CMAKE_SOURCE_DIR}/tree ${CMAKE_BINARY_DIR}/art/tree ${CMAKE_BINARY_DIR}/demo/tree
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:torvane> ${TORVANE_FOLDER}/torvane
+  DEPENDS torvane torvane_art_files torvane_demo
+  COMMENT "Laying out the program's folder"
+  VERBATIM)

@@ -1,0 +1,44 @@
+# SPDX-License-Identifier: MIT
+# Debian packages that the scripts of this project need, and the one way to get them. Sourced by bash.
+
+# To build the program and its tree.
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev webp sdcc binutils-arm-none-eabi)
+# To run it: picture formats, the fonts that stand in for those of the designs, an emulator.
+packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 qt6-image-formats-plugins
+    fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
+# To run it on a display of its own, with hand-like events and screenshots.
+packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
+# To check the form of the sources and to measure.
+packages_check=(clang-format clang-tidy)
+packages_bench=(libbenchmark-dev)
+
+# need_packages NAME...: installs what is missing, as root or through sudo. Where neither is to be had it
+# prints the one line to run and returns 1.
+need_packages() {
+    local missing
+    mapfile -t missing < <(
+        comm -23 <(printf '%s\n' "$@" | sort -u) \
+            <(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p' | sort -u)
+    )
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local install=(apt-get install -y --no-install-recommends "${missing[@]}")
+    if [ "$(id -u)" -eq 0 ]; then
+        apt_as_needed "${install[@]}"
+    elif command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
+        apt_as_needed sudo "${install[@]}"
+    else
+        printf 'Some packages are missing. Please run:\n  sudo %s\n' "${install[*]}" >&2
+        return 1
+    fi
+}
+
+# The package lists of a fresh machine are empty or old: they are fetched if the first try fails.
+apt_as_needed() {
+    export DEBIAN_FRONTEND=noninteractive
+    echo "Installing: ${*: -1} and what else is missing" >&2
+    "$@" >/dev/null 2>&1 && return 0
+    local root=()
+    [ "$1" = sudo ] && root=(sudo)
+    "${root[@]}" apt-get update >/dev/null || return 1
+    "$@"
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The start of the process: the toolkit, the real doors to the outside, the program.
+#include "Program.h"
+#include "art/ArtResources.h"
+#include "platform/base/NativeProcess.h"
+#include "platform/base/NativeText.h"
+#include "platform/base/Paths.h"
+#include "platform/forms/DesktopDialogs.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+// Wayland lets no program place its windows; where there is an X11 server, its own one is taken.
+void preferX11() {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+}
+
+// The user's configuration folder after the XDG base directory rules, as bytes of any kind.
+QString configurationFolder() {
+    const QByteArray given = qgetenv("XDG_CONFIG_HOME");
+    return torvane::Paths::spelled(given.startsWith('/') ? given : qgetenv("HOME") + "/.config");
+}
+
+[[noreturn]] void endProcess() {
+    std::fflush(nullptr);
+    _exit(0);
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    preferX11();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Torvane"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Torvane"));
+    QApplication::setApplicationVersion(QStringLiteral(TORVANE_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
+    torvane::initArtResources();
+
+    torvane::DesktopMessageBoxes messages;
+    torvane::DesktopFileDialogs dialogs;
+    torvane::DesktopBrowser browser;
+    torvane::NativeProcess processes;
+    torvane::Settings settings(configurationFolder());
+    torvane::Runtime runtime{messages, dialogs, browser, processes, settings, endProcess};
+    torvane::Program program(runtime, torvane::Paths::applicationFolder());
+    program.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// Names and pictures of the game list.
+#include "GameRows.h"
+#include "core/Pieces.h"
+#include "platform/base/RuntimeFailure.h"
+
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+constexpr qsizetype longestRowText = 30;
+
+// The second piece of a name in bytes; empty if there is none.
+QByteArrayView secondPieceOf(QByteArrayView name) {
+    const qsizetype first = name.indexOf('.');
+    if (first < 0) return {};
+    const qsizetype second = name.indexOf('.', first + 1);
+    return second < 0 ? name.sliced(first + 1) : name.sliced(first + 1, second - first - 1);
+}
+
+// The picture by kind; none for kinds that have none, "bin" among them. Upper case is no kind.
+GameIcon iconOfKind(QByteArrayView kind) {
+    if (kind == "zip") return GameIcon::archive;
+    if (kind == "gb") return GameIcon::classic;
+    if (kind == "gbc" || kind == "cgb") return GameIcon::colour;
+    if (kind == "gba" || kind == "agb") return GameIcon::advance;
+    return GameIcon::none;
+}
+} // namespace
+
+QString totalText(int count) {
+    return count > 9999 ? QStringLiteral("+9999")
+                        : QString::number(count).rightJustified(4, QLatin1Char('0'));
+}
+
+GameIcon GameRows::iconOfSize(qint64 bytes) {
+    const double kilobytes = static_cast<double>(bytes) / 1000.0;
+    if (kilobytes == 1024.0) return GameIcon::advance;
+    if (kilobytes > 1024.0 && kilobytes < 2048.0) return GameIcon::classic;
+    return kilobytes > 2048.0 ? GameIcon::colour : GameIcon::none;
+}
+
+GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
+                   const std::function<qint64(const QString&)>& lengthOf)
+    : m_names(std::move(names)) {
+    const int rows = std::min(count, m_names->count());
+    m_icons.reserve(static_cast<size_t>(rows));
+    // A file without a picture of its own takes that of the file in front of it.
+    GameIcon icon = GameIcon::none;
+    for (int row = 0; row < rows; ++row) {
+        const QByteArrayView kind = secondPieceOf(m_names->bytes(row));
+        GameIcon own = iconOfKind(kind);
+        if (kind == "bin") ignoring([&] { own = iconOfSize(lengthOf(m_names->name(row))); });
+        if (own != GameIcon::none) icon = own;
+        m_icons.push_back(static_cast<quint8>(icon));
+    }
+}
+
+QString GameRows::text(int row) const {
+    const QString name = firstPiece(m_names->name(row));
+    // A character outside the basic plane is two units; the cut must not leave half of one.
+    const bool cutsPair = name.size() > longestRowText && name[longestRowText - 1].isHighSurrogate() &&
+                          name[longestRowText].isLowSurrogate();
+    return name.left(cutsPair ? longestRowText - 1 : longestRowText);
+}
+
+} // namespace torvane

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// The five operations on tags, and the save that is made of them.
+#include "ID3.h"
+#include "GameFormat.h"
+#include "TagLine.h"
+#include "core/Pieces.h"
+#include "platform/base/CodePage1252.h"
+#include "platform/base/File.h"
+#include "platform/base/RuntimeFailure.h"
+#include "platform/base/SafeFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace torvane {
+
+namespace {
+// A selection reads no more than this of a file that may be many megabytes. The window ends one byte in
+// front of the end, so that the last byte of the line end is never in it.
+constexpr qint64 windowSize = 1024;
+
+bool isTooShort(qint64 length) { return length - windowSize < windowSize; }
+
+QByteArray tailWindow(const File& file, qint64 length) {
+    return file.readAt(length - windowSize - 1, windowSize);
+}
+
+qint32 toSizeKB(double bytes) {
+    const double rounded = std::nearbyint(bytes / 1000.0); // half to even, the default rounding mode
+    if (std::fabs(rounded) > std::numeric_limits<qint32>::max()) {
+        throw RuntimeFailure(RuntimeFailure::overflow);
+    }
+    return static_cast<qint32>(rounded);
+}
+
+// The first `count` bytes as the stored size has it; a negative size is an invalid call.
+QByteArray atMost(const QByteArray& bytes, double count) {
+    const double whole = std::nearbyint(count);
+    if (whole < 0) throw RuntimeFailure(RuntimeFailure::invalidCall);
+    return whole >= static_cast<double>(bytes.size()) ? bytes : bytes.first(static_cast<qsizetype>(whole));
+}
+
+QString sized(const RomTagRecord& tag) {
+    return tag.Format + QStringLiteral(" [") + QString::number(tag.SizeKB) + QStringLiteral("KB]");
+}
+
+void setFormat(RomTagRecord& tag, const GameFormat& first, const GameFormat& second) {
+    const GameFormat& rule = first.isKnown() ? first : second;
+    if (!rule.isKnown()) return;
+    tag.Format = rule.text;
+    tag.Extension = rule.extension;
+}
+} // namespace
+
+bool ID3::HasRomTag(const QString& path) const {
+    return File::contentOf(path).contains(TagLine::marker);
+}
+
+void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
+    RomTag.Extension = secondPiece(path);
+    qint64 length = 0;
+    if (!ignoring([&] { readTagged(path, length, panel); })) readUntagged(path, length, panel);
+    panel.showFormat(sized(RomTag));
+}
+
+void ID3::readTagged(const QString& path, qint64& length, GamePanel& panel) {
+    const File file(path);
+    length = file.length();
+    if (isTooShort(length)) throw RuntimeFailure(RuntimeFailure::subscript);
+    const TagLine::Fields tag = TagLine::fields(TagLine::tagPart(tailWindow(file, length)));
+    const qint32 sizeKB = toSizeKB(TagLine::number(tag.size));
+    RomTag.Company = CodePage1252::fromBytes(tag.company);
+    RomTag.Title = CodePage1252::fromBytes(tag.title);
+    RomTag.Date = CodePage1252::fromBytes(tag.date);
+    RomTag.Info = CodePage1252::fromBytes(tag.info);
+    RomTag.SizeKB = sizeKB;
+    setFormat(RomTag, formatOfExtension(RomTag.Extension), formatOfSize(sizeKB));
+    panel.showTag(RomTag);
+}
+
+void ID3::readUntagged(const QString& path, qint64 length, GamePanel& panel) {
+    ignoring([&] { length = File::lengthOf(path); });
+    RomTag.Company.clear();
+    RomTag.Date.clear();
+    RomTag.Title.clear();
+    RomTag.Info.clear();
+    RomTag.SizeKB = static_cast<qint32>(std::min<qint64>(length / 1000, std::numeric_limits<qint32>::max()));
+    RomTag.Extension = secondPiece(path);
+    setFormat(RomTag, formatOfSize(RomTag.SizeKB), formatOfExtension(RomTag.Extension));
+    panel.showNoTag(m_language.LangText(QStringLiteral("globals"), QStringLiteral("nodisp")));
+}
+
+void ID3::fillBlanks() {
+    for (QString* value : {&NewCompany, &NewTitle, &NewInfo}) {
+        if (value->isEmpty()) *value = QStringLiteral(" ");
+    }
+}
+
+void ID3::AppendRomTag(const QString& path) {
+    const qint64 size = File::lengthOf(path);
+    fillBlanks();
+    File(path, File::Mode::append)
+        .append(TagLine::build({CodePage1252::toBytes(NewCompany), CodePage1252::toBytes(NewTitle),
+                                CodePage1252::toBytes(NewDate), CodePage1252::toBytes(NewInfo),
+                                QByteArray::number(size)}));
+}
+
+void ID3::StripRomTag(const QString& path) {
+    const QByteArray bytes = File::contentOf(path);
+    const double size = TagLine::number(TagLine::storedSizeText(TagLine::tagPart(bytes)));
+    SafeFile::replace(path, atMost(TagLine::imagePart(bytes), size) + TagLine::lineEnd);
+}
+
+void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString& company,
+                        const QString& date, const QString& info) {
+    QByteArray window;
+    {
+        const File file(path);
+        const qint64 length = file.length();
+        if (isTooShort(length)) {
+            // The runtime's last error number and its description: none has occurred.
+            m_messages.MsgBox(QStringLiteral("%1: %2").arg(RuntimeFailure::none).arg(
+                RuntimeFailure::describe(RuntimeFailure::none)));
+            return;
+        }
+        window = tailWindow(file, length);
+    }
+    const QByteArray tag = TagLine::tagPart(window);
+    const QByteArray size = TagLine::storedSizeText(tag);
+    const QByteArray remnant = atMost(TagLine::imagePart(window), TagLine::number(size));
+    fillBlanks();
+    SafeFile::replace(path, remnant + TagLine::lineEnd +
+                                TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
+                                                CodePage1252::toBytes(date), CodePage1252::toBytes(info),
+                                                size}));
+}
+
+void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
+    if (!HasRomTag(path)) {
+        AppendRomTag(path);
+        return;
+    }
+    SafeFile::RestorePoint before(path);
+    StripRomTag(path);
+    yield();
+    try {
+        AppendRomTag(path);
+    } catch (const RuntimeFailure&) {
+        before.restore();
+        throw;
+    }
+}
+
+} // namespace torvane

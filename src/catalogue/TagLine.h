@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// The tag line in bytes: cutting it and building it. Pure functions; who reads and writes files is ID3.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+
+namespace torvane::TagLine {
+
+/// "ID3TAG§" in code page 1252: the only thing by which a tag is found.
+inline const QByteArray marker = QByteArrayLiteral("ID3TAG\xA7");
+/// "Vö§RäN": the company of the shifted form. It holds the separator itself, so that every later field
+/// stands one place further on.
+inline const QByteArray shiftedCompany = QByteArrayLiteral("V\xF6\xA7R\xE4N");
+constexpr char separator = '\xA7';
+inline const QByteArray lineEnd = QByteArrayLiteral("\r\n");
+
+/// The fields of a tag. Size is text as it stands.
+struct Fields {
+    QByteArray company, title, date, info, size;
+};
+
+/// What stands in front of the first marker, or everything if there is none.
+QByteArray imagePart(const QByteArray& bytes);
+/// What stands between the first marker and the second one or the end. Fails with "subscript" if there
+/// is no marker.
+QByteArray tagPart(const QByteArray& bytes);
+/// The fields of a tag part. Fails with "subscript" if there are too few pieces.
+Fields fields(const QByteArray& tagPart);
+/// The Size piece of a tag part alone, as it stands. Fails with "subscript".
+QByteArray storedSizeText(const QByteArray& tagPart);
+/// Text as a number, with blanks around it; fails with "type mismatch".
+double number(const QByteArray& text);
+/// The whole line with its line end.
+QByteArray build(const Fields& fields);
+
+} // namespace torvane::TagLine

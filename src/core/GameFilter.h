@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// The kinds of game files as the file dialogs offer them.
+#pragma once
+
+#include <QString>
+
+namespace torvane {
+
+/// The filter of the program's file dialogs for games: pairs "text|patterns", joined by "|".
+extern const QString gameFileFilter;
+
+/// The pair of that filter that a file's own kind stands in, counted from 1; 1 for any other kind.
+int gameFilterIndex(const QString& fileName);
+
+} // namespace torvane

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Texts that every window needs. Set once at start, owned by the program, handed on by reference.
+#pragma once
+
+#include <QString>
+
+namespace torvane {
+
+struct Globals {
+    QString AppPath;      ///< folder of the executable, spelled (see Paths), without trailing separator
+    QString VersionText;  ///< major and minor version, such as "1.1"
+    QString TitlePrefix;  ///< begins the title line of every window
+    QString LanguageFile; ///< spelled path of the language file in use
+    QString LanguageName; ///< that language's own name; empty until the application has started
+};
+
+/// The application's name in the settings store, and the section that all its settings are in.
+namespace Config {
+inline const QString application = QStringLiteral("Torvane");
+inline const QString section = QStringLiteral("Config");
+} // namespace Config
+
+} // namespace torvane

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// The first window of all: asks for the language at the first start, and is gone at once at later ones.
+#pragma once
+
+#include "Desk.h"
+#include "Globals.h"
+#include "SelLangStartUp.design.h"
+
+namespace torvane {
+
+class SelLangStartUp : public SelLangStartUpDesign {
+    Q_OBJECT
+
+public:
+    SelLangStartUp(Runtime& runtime, Desk& desk, const Globals& globals);
+
+    /// Starts to type the text, one character per tick, in the place of what was typed before.
+    void ShowDialog(const QString& text);
+    /// Makes the three languages white and lets them be chosen again.
+    void TurnToWhite();
+
+    /// Runs once after construction.
+    void Load();
+
+protected:
+    /// Closing the window by the window manager leaves nothing behind: the program ends.
+    void queryUnload() override { m_desk.endProgram(); }
+
+private:
+    void wireControls();
+    void chooseLanguage(Label& label, const QString& code, const QString& question);
+    void Label4_Click();
+    void Label5_Click();
+    void Label6_Click();
+    void no_Click();
+    void ok_Click();
+    void Timer1_Tick();
+    void Timer2_Tick();
+    void setAnswersVisible(bool visible);
+    QString thanks() const;
+
+    Desk& m_desk;
+    const Globals& m_globals;
+    QString PendingText;
+    QString ChosenLanguage;
+};
+
+} // namespace torvane

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// The start of a game: from one unquoted command line to a program and its arguments, and the wait.
+#pragma once
+
+#include "platform/base/Seams.h"
+
+#include <functional>
+
+namespace torvane {
+
+/// What the launch action does with a selected file.
+enum class LaunchWay {
+    nothing,       ///< no file is selected
+    zipViewer,     ///< an archive, and the user wants to look into archives
+    straight,      ///< an archive for the emulator: the window stays as it is
+    withMinimising ///< a game: the window is out of the way while it is played
+};
+
+class ShellAndClose {
+public:
+    explicit ShellAndClose(ProcessRunner& processes) : m_processes(processes) {}
+
+    /// Starts the program of a command line and returns when it has ended. Blocks the whole interface on
+    /// purpose. A line that names no program does nothing; failures are not told.
+    void RunAndWait(const QString& commandLine);
+
+    /// The way to launch a file by its bare name and the setting `zip` (read only for an archive).
+    static LaunchWay launchWay(const QString& fileName, const std::function<int()>& zipSetting);
+
+    struct Command {
+        QString program; ///< spelled path; empty if no piece of the line names a program
+        QByteArrayList arguments;
+    };
+    /// Cuts a command line: the program is the shortest piece up to a blank that names one, the rest is
+    /// cut at every single blank. Two blanks in a row give an empty argument, so that the arguments
+    /// joined by blanks are the line again. Quotes mean nothing.
+    static Command split(const QString& commandLine, const std::function<bool(const QString&)>& isProgram);
+
+private:
+    ProcessRunner& m_processes;
+};
+
+} // namespace torvane

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+// What the main window's buttons do: tags, copies, deletions, launches.
+#include "MainFrm.h"
+#include "platform/base/CodePage1252.h"
+#include "platform/base/File.h"
+
+#include <QDate>
+#include <QLocale>
+
+namespace torvane {
+
+namespace {
+constexpr OleColour activeTab = 49152;
+constexpr OleColour inactiveTab = 8421504;
+constexpr int longestInfo = 125;
+const QString quotes = QStringLiteral("» ");
+
+// Today as the desktop writes dates. A date in letters that a tag can't hold is written in digits.
+QString todayAsText() {
+    const QDate today = QDate::currentDate();
+    const QString text = QLocale::system().toString(today, QLocale::ShortFormat);
+    return CodePage1252::holds(text) ? text : today.toString(QStringLiteral("dd/MM/yyyy"));
+}
+} // namespace
+
+void MainFrm::Edit_Menu_Click() {
+    Picture1_1.setVisible(true);
+    Picture1_0.setVisible(false);
+    Label17.setCaption(quotes + mainMenu("editid3"));
+    Edit_Menu.setForeColor(activeTab);
+    ID3_Menu.setForeColor(inactiveTab);
+}
+
+void MainFrm::ID3_Menu_Click() {
+    Picture1_0.setVisible(true);
+    Picture1_1.setVisible(false);
+    Label17.setCaption(quotes + QStringLiteral("ROM.TAG Info"));
+    ID3_Menu.setForeColor(activeTab);
+    Edit_Menu.setForeColor(inactiveTab);
+}
+
+void MainFrm::emptyIfMissing(TextBox& field) {
+    if (field.Text().isEmpty()) return;
+    if (field.Text() == m.language.LangText(QStringLiteral("globals"), QStringLiteral("nodisp"))) {
+        field.setText(QString());
+    }
+}
+
+void MainFrm::EditID3Info_Change() {
+    emptyIfMissing(EditID3Info);
+    Label2.setCaption(QString::number(longestInfo - EditID3Info.Text().size()));
+}
+
+void MainFrm::saveTag() {
+    const QString title = EditID3Title.Text();
+    const QString company = EditID3Company.Text();
+    const QString info = EditID3Info.Text();
+    if (title.isEmpty() || company.isEmpty() || info.isEmpty()) {
+        m.runtime.messages.MsgBox(
+            QStringLiteral("Hay datos ROM.TAG incompletos.\r\nThere are ROM.TAG data incomplete."),
+            MsgBoxFlags::information, QStringLiteral("Error"));
+        return;
+    }
+    m.id3.NewDate = todayAsText();
+    m.id3.NewCompany = company;
+    m.id3.NewTitle = title;
+    m.id3.NewInfo = info;
+    m.id3.SaveRomTag(Games.filePath(), pumpEvents);
+    m.runtime.messages.MsgBox(QStringLiteral("TAG Completado"));
+    // The other face shall not go on showing what the file no longer says.
+    Games_Click();
+}
+
+void MainFrm::deleteTag() {
+    const int index = Games.ListIndex();
+    if (index < 0 || !m.id3.HasRomTag(Games.filePath())) return;
+    ID3::StripRomTag(Games.filePath());
+    Refresh_Click();
+    pumpEvents();
+    selectGame(index);
+    Games_Click();
+}
+
+void MainFrm::copyGame() {
+    if (!Games.FileName().isEmpty()) m.funciones.CopyRom(Games.filePath(), Games.FileName());
+}
+
+void MainFrm::deleteGame() {
+    if (Games.FileName().isEmpty()) return;
+    const QString question =
+        m.language.LangText(QStringLiteral("Globals"), QStringLiteral("suretodelete"));
+    const int answer = m.runtime.messages.MsgBox(question, MsgBoxFlags::question | MsgBoxFlags::yesNo,
+                                                 QStringLiteral("Torvane..."));
+    if (answer != MsgBoxFlags::answerYes) return;
+    File::remove(Games.filePath());
+    GetGameList(QString(), QString());
+    m.desk.reopenMainWindow();
+}
+
+void MainFrm::Label15_Click() {
+    const LaunchWay way = ShellAndClose::launchWay(Games.FileName(), [this] {
+        return Settings::toNumber(m.runtime.settings.GetSetting(
+            Config::application, QStringLiteral("config"), QStringLiteral("zip"), QStringLiteral("0")));
+    });
+    switch (way) {
+    case LaunchWay::nothing: break;
+    case LaunchWay::zipViewer: m.desk.go(Window::MainFrm, Window::ZIP_Viewer); break;
+    case LaunchWay::straight: launch(Games.filePath()); break;
+    case LaunchWay::withMinimising: {
+        const State former = windowStateWord();
+        setWindowStateWord(minimised);
+        pumpEvents();
+        launch(Games.filePath());
+        setWindowStateWord(former == minimised ? normal : former);
+        break;
+    }
+    }
+}
+
+void MainFrm::launch(const QString& path) {
+    m.shell.RunAndWait(m.emulators.EmulatorCommand + QLatin1Char(' ') + path);
+}
+
+void MainFrm::scrollUp() {
+    if (ListView1.Top() < -3) ListView1.setTop(ListView1.Top() + Picture2.height());
+}
+
+void MainFrm::scrollDown() {
+    const int limit = Picture2.height() - ListView1.Height() + ListView1.rowHeight();
+    if (limit < ListView1.Top()) ListView1.setTop(ListView1.Top() - Picture2.height());
+}
+
+void MainFrm::askForExit() {
+    m.desk.makeMSG(mainMenu("suretoend"), QStringLiteral("exit"), QString());
+}
+
+// The window manager's close asks the same question; while it stands, there is nothing more to ask.
+void MainFrm::queryUnload() {
+    if (isEnabled()) askForExit();
+}
+
+void MainFrm::hint(const QString& text) {
+    Label13.setCaption(quotes + text);
+    displayer.setEnabled(true);
+}
+
+void MainFrm::displayer_Tick() {
+    Label13.setCaption(quotes + mainMenu("gamelist"));
+    displayer.setEnabled(false);
+}
+
+} // namespace torvane

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+// The main window's load, its list and its selection.
+#include "MainFrm.h"
+#include "catalogue/GameRows.h"
+#include "core/Pieces.h"
+#include "platform/base/File.h"
+
+namespace torvane {
+
+namespace {
+const QString quotes = QStringLiteral("» ");
+
+// A number as the panel shows it: no exponent, no more digits than needed.
+QString plainNumber(double value) {
+    QString text = QString::number(value, 'f', 15);
+    while (text.endsWith(QLatin1Char('0'))) text.chop(1);
+    if (text.endsWith(QLatin1Char('.'))) text.chop(1);
+    return text;
+}
+} // namespace
+
+MainFrm::MainFrm(const MainFrmParts& parts) : MainFrmDesign(parts.runtime), m(parts) {
+    wireControls();
+    wireTwins();
+    wireTools();
+}
+
+QString MainFrm::mainMenu(const char* key) const {
+    return m.language.LangText(QStringLiteral("MainMenu"), QString::fromLatin1(key));
+}
+
+QString MainFrm::libraryFolder() const { return m.globals.AppPath + QStringLiteral("\\roms"); }
+
+void MainFrm::Load() {
+    Games.setPath(libraryFolder());
+    File1.setPath(libraryFolder());
+    GetGameList(QString(), QString());
+    setCaptions();
+    setActionCaptions();
+    setUpTray();
+    // With no game there is nothing that would put the archive's face away.
+    Picture1_2.setVisible(false);
+    if (ListView1.rowCount() > 0) {
+        ListView1.setCurrentRow(0);
+        ListView1_RowClick(0);
+    }
+    if (Games.ListCount() == 0) m.desk.go(Window::MainFrm, Window::NewAssistant);
+    ShockwaveFlash1.setMovie(m.hosts.address(Hosts::Host::web, QStringLiteral("/banner.swf")));
+    ShockwaveFlash1.Play();
+    readEmulatorSetting();
+    Label41.setCaption(QStringLiteral("#1/") + QString::number(Games.ListCount()));
+    ID3_Menu_Click();
+    ignoring([this] { Games_Click(); });
+    pumpEvents();
+}
+
+void MainFrm::setCaptions() {
+    Label13.setCaption(quotes + mainMenu("gamelist"));
+    Lbl_ID3Author.setCaption(mainMenu("gamecompany"));
+    Lbl_ID3Title.setCaption(mainMenu("gametitle"));
+    Lbl_ID3Date.setCaption(mainMenu("gamedate"));
+    Lbl_ID3Info.setCaption(mainMenu("gameinfo"));
+    Lbl_ID3Format.setCaption(mainMenu("gameformat"));
+    Label46.setCaption(mainMenu("editid3"));
+    Label43.setCaption(mainMenu("gamecompany"));
+    Label45.setCaption(mainMenu("gametitle"));
+    Label57.setCaption(mainMenu("gameinfo"));
+    Label11.setCaption(mainMenu("ziptitle"));
+    Label9.setCaption(mainMenu("size"));
+    Label16.setCaption(mainMenu("totalrom"));
+    // These four belong to menu entries that this window does not have; looking them up does no harm.
+    for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"}) mainMenu(key);
+    const auto globals = [this](const char* key) {
+        return m.language.LangText(QStringLiteral("globals"), QString::fromLatin1(key));
+    };
+    for (Label* label : {&GameTitle, &GameAutor, &GameDate, &Label8, &Label10, &Label14, &Label20}) {
+        label->setCaption(globals("nodisp"));
+    }
+    GameFormat.setCaption(globals("unknown"));
+    GameInfo.setCaption(globals("na"));
+    Label1.setCaption(m.globals.TitlePrefix + mainMenu("maintitle"));
+}
+
+void MainFrm::setActionCaptions() {
+    ChameleonButton17.setCaption(mainMenu("delzip"));
+    ChameleonButton18.setCaption(mainMenu("copyzip"));
+    ChameleonButton13.setCaption(mainMenu("loadzip"));
+    ChameleonButton16.setCaption(mainMenu("loadrom"));
+    chameleonButton11.setCaption(mainMenu("deltag"));
+    chameleonButton9.setCaption(mainMenu("delrom"));
+    chameleonButton10.setCaption(mainMenu("copyrom"));
+    chameleonButton19.setCaption(mainMenu("edittag"));
+}
+
+void MainFrm::setUpTray() {
+    const Settings& settings = m.runtime.settings;
+    const auto read = [&](const char* key, const char* absent) {
+        return settings.GetSetting(Config::application, Config::section, QString::fromLatin1(key),
+                                   QString::fromLatin1(absent));
+    };
+    ignoring([&] {
+        TrayIcon1.setPicture(m.globals.AppPath + QStringLiteral("\\data\\tray\\") + read("Icon", "0") +
+                             QStringLiteral(".dat"));
+    });
+    ignoring([&] { TrayIcon1.setShown(Settings::toNumber(read("Tray", "True")) != 0); });
+}
+
+// The setting is a name and a number behind a run of 100 blanks. It is cut at 500 blanks, which never
+// splits it, so that its second piece does not exist and the setting has no effect.
+void MainFrm::readEmulatorSetting() {
+    const QString absent = QStringLiteral("VisualBoy Advance 1.0a") + QString(100, QLatin1Char(' ')) +
+                           QLatin1Char('0');
+    m.runtime.settings.GetSetting(Config::application, Config::section, QStringLiteral("Emulador"), absent);
+}
+
+void MainFrm::GetGameList(const QString& folder, const QString&) {
+    for (FileList* list : {&Games, &File1}) list->setPath(folder.isEmpty() ? libraryFolder() : folder);
+    m.emulators.read();
+    const int count = Games.ListCount();
+    ListView1.setItems(std::make_shared<GameRows>(File1.names(), count, [this](const QString& name) {
+        return File::lengthOf(File1.Path() + QLatin1Char('\\') + name);
+    }));
+    if (count > 0) {
+        Games.selectQuietly(count - 1);
+        File1.selectQuietly(count - 1);
+        ListView1.setHeight((count - 1) * ListView1.rowHeight());
+    }
+    TotalRom.setCaption(totalText(File1.ListCount()));
+}
+
+void MainFrm::Refresh_Click() {
+    ListView1.Clear();
+    for (FileList* list : {&Games, &File1}) list->setPath(libraryFolder() + QLatin1Char('\\'));
+    GetGameList(QString(), QString());
+    pumpEvents();
+    selectGame(0);
+}
+
+void MainFrm::selectGame(int index) {
+    ignoring([&] { Games.setListIndex(index); });
+}
+
+void MainFrm::ListView1_RowClick(int row) { selectGame(row); }
+
+void MainFrm::Games_Click() {
+    if (Games.FileName().isEmpty()) return;
+    ListView1.setCurrentRow(Games.ListIndex());
+    if (secondPiece(Games.FileName()) == QStringLiteral("zip")) {
+        showArchive();
+    } else {
+        showGame();
+        m.id3.ReadRomTag(Games.filePath(), *this);
+    }
+    Label41.setCaption(QStringLiteral("#%1/%2").arg(Games.ListIndex() + 1).arg(Games.ListCount()));
+}
+
+void MainFrm::showArchive() {
+    Zipper.setVisible(true);
+    Picture1_2.setVisible(true);
+    Edit_Menu.setVisible(false);
+    ID3_Menu.setVisible(false);
+    Label10.setCaption(Games.FileName());
+    Label14.setCaption(Games.FileName());
+    Label17.setCaption(quotes + QStringLiteral("ZIP Info"));
+    const double kilobytes = static_cast<double>(File::lengthOf(Games.filePath())) / 1024.0;
+    Label8.setCaption(plainNumber(kilobytes));
+    Label8.setCaption(plainNumber(kilobytes / 1024.0).left(5) + QStringLiteral("MB"));
+    Label20.setCaption(Label8.Caption());
+}
+
+void MainFrm::showGame() {
+    Zipper.setVisible(false);
+    Picture1_2.setVisible(false);
+    ID3_Menu.setVisible(true);
+    Edit_Menu.setVisible(true);
+    Label17.setCaption(quotes +
+                       (Picture1_1.isHidden() ? QStringLiteral("ROM.TAG Info") : mainMenu("editid3")));
+}
+
+void MainFrm::showTag(const RomTagRecord& tag) {
+    GameAutor.setCaption(tag.Company);
+    EditID3Company.setText(tag.Company);
+    GameDate.setCaption(tag.Date);
+    GameTitle.setCaption(tag.Title);
+    EditID3Title.setText(tag.Title);
+    GameInfo.setCaption(tag.Info);
+    EditID3Info.setText(tag.Info);
+}
+
+void MainFrm::showNoTag(const QString& missing) {
+    GameTitle.setCaption(missing);
+    GameInfo.setCaption(missing);
+    GameAutor.setCaption(QString());
+    GameDate.setCaption(QString());
+    EditID3Company.setText(QString());
+    EditID3Title.setText(QString());
+    EditID3Info.setText(QString());
+}
+
+void MainFrm::showFormat(const QString& format) { GameFormat.setCaption(format); }
+
+} // namespace torvane

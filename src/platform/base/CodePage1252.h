@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// The 8-bit text of all data files: code page 1252, in a mapping that gives every byte back.
+// The table is the one of the WHATWG Encoding Standard: the five bytes that the code page leaves
+// undefined (81, 8D, 8F, 90, 9D) stand for the C1 control characters of the same number.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace torvane::CodePage1252 {
+
+/// The text of any bytes; 256 byte values give 256 different characters.
+QString fromBytes(QByteArrayView bytes);
+/// The bytes of a text; a character that the code page can't hold becomes "?".
+QByteArray toBytes(QStringView text);
+/// Whether every character of the text has a byte of its own.
+bool holds(QStringView text);
+
+} // namespace torvane::CodePage1252

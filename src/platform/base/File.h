@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// One open file, in bytes. Owned by the handler that opened it, closed at the end of its scope.
+// Replacing whole files is SafeFile's work.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace torvane {
+
+/// An open file. Every failure is a RuntimeFailure with the number of the system's reason.
+class File {
+public:
+    enum class Mode { read, append };
+
+    /// Opens the file of a spelled path (see Paths). Append creates it if it does not exist; a folder,
+    /// a pipe or a device is refused as a path access error.
+    explicit File(const QString& path, Mode mode = Mode::read);
+    ~File();
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    /// The length in bytes.
+    qint64 length() const;
+    /// At most `count` bytes from a position counted from 0; fewer at the end of the file.
+    QByteArray readAt(qint64 position, qint64 count) const;
+    /// All bytes of the file.
+    QByteArray readAll() const;
+    /// Writes at the end and syncs; on a failure the file is cut back to its former length.
+    void append(const QByteArray& bytes);
+
+    /// Length of a file that is opened for it and closed again.
+    static qint64 lengthOf(const QString& path) { return File(path).length(); }
+    /// All bytes of a file that is opened for it and closed again.
+    static QByteArray contentOf(const QString& path) { return File(path).readAll(); }
+    /// Deletes a file.
+    static void remove(const QString& path);
+    /// Whether a file or folder of that path exists; never fails.
+    static bool exists(const QString& path);
+
+private:
+    int m_handle;
+};
+
+} // namespace torvane

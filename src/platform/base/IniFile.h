@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// Files in INI form, read and written through SimpleIni. Nothing is kept between calls: what a file
+// says now is what a caller gets. Sections and keys are compared without regard to (ASCII) case.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+namespace torvane::IniFile {
+
+/// The bytes of a value without the blanks around it; nothing if file, section or key is missing or the
+/// file can't be read. Of a doubled key the last one counts.
+std::optional<QByteArray> value(const QString& file, const QByteArray& section, const QByteArray& key);
+
+/// Creates or replaces one value and keeps the rest of the file, comments included. The file is replaced
+/// at once and safely (see SafeFile); fails with the number of the system's reason.
+void setValue(const QString& file, const QByteArray& section, const QByteArray& key, const QByteArray& value);
+
+} // namespace torvane::IniFile

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// Spelled paths and real ones.
+#include "Paths.h"
+#include "NativeText.h"
+
+#include <QByteArrayList>
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace torvane::Paths {
+
+namespace {
+bool exists(const QByteArray& path) {
+    struct stat info {};
+    return lstat(path.constData(), &info) == 0;
+}
+
+// The entry of a folder that bears the name when case is left out of account; empty if there is none.
+QByteArray entryLike(const QByteArray& folder, const QByteArray& name) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(folder.constData()), closedir);
+    if (!dir) return {};
+    const QString wanted = NativeText::fromNative(name).toCaseFolded();
+    QByteArray found;
+    while (const dirent* entry = readdir(dir.get())) {
+        const QByteArray candidate(entry->d_name);
+        // The least name wins, so that the answer does not hang on the order of the folder.
+        if (NativeText::fromNative(candidate).toCaseFolded() == wanted &&
+            (found.isEmpty() || candidate < found)) {
+            found = candidate;
+        }
+    }
+    return found;
+}
+} // namespace
+
+QString applicationFolder() {
+    QByteArray target(4096, '\0');
+    const ssize_t length = readlink("/proc/self/exe", target.data(), static_cast<size_t>(target.size()));
+    if (length <= 0) return QStringLiteral(".");
+    target.truncate(length);
+    target.truncate(target.lastIndexOf('/'));
+    return spelled(target);
+}
+
+QByteArray real(const QString& path) {
+    QString slashed = path;
+    slashed.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QByteArray whole = NativeText::toNative(slashed);
+    if (whole.isEmpty() || exists(whole)) return whole;
+    QByteArray found = whole.startsWith('/') ? "" : ".";
+    bool lost = false;
+    for (const QByteArray& piece : whole.split('/')) {
+        if (piece.isEmpty()) continue;
+        QByteArray next = found + '/' + piece;
+        if (!lost && !exists(next)) {
+            const QByteArray like = entryLike(found.isEmpty() ? QByteArray("/") : found, piece);
+            lost = like.isEmpty();
+            if (!lost) next = found + '/' + like;
+        }
+        found = next;
+    }
+    return found;
+}
+
+QString spelled(QByteArrayView path) { return NativeText::fromNative(path); }
+
+} // namespace torvane::Paths

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Numbers and texts of run-time failures.
+#include "RuntimeFailure.h"
+
+#include <cerrno>
+
+namespace torvane {
+
+RuntimeFailure::RuntimeFailure(Number number) : m_number(number) {}
+
+RuntimeFailure RuntimeFailure::fromErrno(int error) {
+    switch (error) {
+    case ENOENT: return RuntimeFailure(fileNotFound);
+    case ENOTDIR: return RuntimeFailure(pathNotFound);
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG: return RuntimeFailure(diskFull);
+    case EACCES:
+    case EPERM: return RuntimeFailure(permissionDenied);
+    case EROFS:
+    case EISDIR:
+    case ENAMETOOLONG:
+    case ELOOP: return RuntimeFailure(pathAccess);
+    default: return RuntimeFailure(deviceError);
+    }
+}
+
+QString RuntimeFailure::describe(Number number) {
+    switch (number) {
+    case none: return QString();
+    case invalidCall: return QStringLiteral("Invalid procedure call or argument");
+    case overflow: return QStringLiteral("Overflow");
+    case subscript: return QStringLiteral("Subscript out of range");
+    case typeMismatch: return QStringLiteral("Type mismatch");
+    case fileNotFound: return QStringLiteral("File not found");
+    case deviceError: return QStringLiteral("Device I/O error");
+    case diskFull: return QStringLiteral("Disk full");
+    case permissionDenied: return QStringLiteral("Permission denied");
+    case pathAccess: return QStringLiteral("Path/File access error");
+    case pathNotFound: return QStringLiteral("Path not found");
+    case noObject: return QStringLiteral("Object variable or With block variable not set");
+    case invalidProperty: return QStringLiteral("Invalid property value");
+    case invalidPicture: return QStringLiteral("Invalid picture");
+    case printer: return QStringLiteral("Printer error");
+    }
+    return QString();
+}
+
+} // namespace torvane

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Message boxes, file dialogs and the opener of addresses, over the toolkit's own.
+#include "DesktopDialogs.h"
+#include "../base/Paths.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace torvane {
+
+namespace {
+constexpr int iconMask = 0x70;
+
+QMessageBox::Icon iconOf(int flags) {
+    switch (flags & iconMask) {
+    case MsgBoxFlags::critical: return QMessageBox::Critical;
+    case MsgBoxFlags::question: return QMessageBox::Question;
+    case MsgBoxFlags::exclamation: return QMessageBox::Warning;
+    case MsgBoxFlags::information: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+QFileDialog& prepare(QFileDialog& dialog, const FileQuestion& question) {
+    const QStringList filters = DesktopFileDialogs::nameFilters(question.filter);
+    dialog.setNameFilters(filters);
+    if (question.filterIndex >= 1 && question.filterIndex <= filters.size()) {
+        dialog.selectNameFilter(filters[question.filterIndex - 1]);
+    }
+    if (!question.fileName.isEmpty()) {
+        dialog.selectFile(QFile::decodeName(Paths::real(question.fileName)));
+    }
+    return dialog;
+}
+
+QString answerOf(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return Paths::spelled(QFile::encodeName(dialog.selectedFiles().first()));
+}
+} // namespace
+
+int DesktopMessageBoxes::MsgBox(const QString& text, int flags, const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
+    box.setText(text);
+    box.setIcon(iconOf(flags));
+    const bool asks = (flags & 0xF) == MsgBoxFlags::yesNo;
+    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    // Closing a question without an answer must not be taken for a yes.
+    if (asks) box.setEscapeButton(QMessageBox::No);
+    const int answer = box.exec();
+    if (!asks) return MsgBoxFlags::answerOk;
+    return answer == QMessageBox::Yes ? MsgBoxFlags::answerYes : MsgBoxFlags::answerNo;
+}
+
+QStringList DesktopFileDialogs::nameFilters(const QString& filter) {
+    QStringList filters;
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        if (patterns.isEmpty()) continue;
+        patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+        filters.append(parts[i] + QStringLiteral(" (") + patterns + QLatin1Char(')'));
+    }
+    return filters;
+}
+
+QString DesktopFileDialogs::showOpen(const FileQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return answerOf(prepare(dialog, question));
+}
+
+QString DesktopFileDialogs::showSave(const FileQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    return answerOf(prepare(dialog, question));
+}
+
+bool DesktopBrowser::open(const QString& url) {
+    return !url.isEmpty() && QDesktopServices::openUrl(QUrl::fromUserInput(url));
+}
+
+} // namespace torvane

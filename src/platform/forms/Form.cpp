@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// Windows of fixed design on top of the toolkit's widgets.
+#include "Form.h"
+#include "Pictures.h"
+#include "Screen.h"
+
+#include <QCloseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWindow>
+
+namespace torvane {
+
+namespace {
+Qt::WindowFlags flagsOf(const FormDesign& design) {
+    // A tool window is what X11 window managers leave out of the task bar.
+    Qt::WindowFlags flags = design.inTaskBar ? Qt::Window : Qt::Tool;
+    if (design.border == FormDesign::none) flags |= Qt::FramelessWindowHint;
+    if (design.border == FormDesign::fixedDialog) flags |= Qt::MSWindowsFixedSizeDialogHint;
+    return flags;
+}
+} // namespace
+
+Form::Form(Runtime& runtime, const FormDesign& design)
+    : QWidget(nullptr, flagsOf(design)), m_runtime(runtime), m_design(design),
+      m_picture(Pictures::load(QString::fromLatin1(design.picture), devicePixelRatioF())) {
+    setObjectName(QString::fromUtf8(design.name));
+    setWindowTitle(QString::fromUtf8(design.title));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    // The end of the program is decided by its own rules and not by which windows are open.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    if (design.border == FormDesign::sizable) {
+        resize(design.clientSize);
+    } else {
+        setFixedSize(design.clientSize);
+    }
+}
+
+void Form::Show(Form* owner) {
+    if (!m_placed) takeStartPosition();
+    if (owner != nullptr) {
+        winId(); // makes the native window, which alone can follow another one
+        windowHandle()->setTransientParent(owner->windowHandle());
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form::Hide() { hide(); }
+
+void Form::Unload() {
+    if (m_unloaded) return;
+    m_unloaded = true;
+    hide();
+    onUnload();
+    emit unloaded();
+}
+
+Form::State Form::windowStateWord() const {
+    if (isMinimized()) return minimised;
+    return isMaximized() ? maximised : normal;
+}
+
+void Form::setWindowStateWord(State state) {
+    const Qt::WindowState wanted = state == minimised   ? Qt::WindowMinimized
+                                   : state == maximised ? Qt::WindowMaximized
+                                                        : Qt::WindowNoState;
+    setWindowState(wanted);
+    if (state != minimised && isVisible()) activateWindow();
+}
+
+void Form::moveTo(int leftTwips, int topTwips) {
+    m_placed = true;
+    move(qRound(static_cast<double>(leftTwips) / twipsPerPixel),
+         qRound(static_cast<double>(topTwips) / twipsPerPixel));
+}
+
+void Form::setPicture(const QPixmap& picture) {
+    m_picture = picture;
+    update();
+}
+
+void Form::takeStartPosition() {
+    m_placed = true;
+    if (m_design.start != FormDesign::centreOfScreen) return;
+    const QRect screen = Screen::geometry();
+    move(screen.center() - QPoint(width() / 2, height() / 2));
+}
+
+void Form::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QSizeF covered = m_picture.deviceIndependentSize();
+    if (m_picture.isNull() || m_picture.hasAlpha() || covered.width() < width() ||
+        covered.height() < height()) {
+        painter.fillRect(event->rect(), Colours::toQColor(m_design.backColour));
+    }
+    if (m_picture.isNull()) return;
+    const QRectF target = QRectF(event->rect()) & QRectF(QPointF(), covered);
+    const qreal ratio = m_picture.devicePixelRatio();
+    painter.drawPixmap(target, m_picture, QRectF(target.topLeft() * ratio, target.size() * ratio));
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    // The form's own rules decide; the window goes, if it goes, through Unload.
+    event->ignore();
+    m_runtime.guarded([this] { queryUnload(); });
+}
+
+void Form::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) emit resized();
+    QWidget::changeEvent(event);
+}
+
+} // namespace torvane

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// A window of fixed design: back colour and picture, place, state, owner, life from load to unload.
+// Who owns the forms and which one follows another is not known here.
+#pragma once
+
+#include "Colours.h"
+#include "Runtime.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+namespace torvane {
+
+/// Twips in a pixel: the forms' unit of measure.
+constexpr int twipsPerPixel = 15;
+
+/// The row of a window in the window catalogue.
+struct FormDesign {
+    enum Border { none, fixedDialog, sizable };
+    enum StartPosition { centreOfScreen, systemDefault };
+    enum Unit { pixels, twips };
+
+    const char* name;
+    const char* title;
+    QSize clientSize; ///< pixels
+    Border border = none;
+    StartPosition start = centreOfScreen;
+    const char* picture = ""; ///< name in the resources (see Pictures), or empty
+    OleColour backColour = Colours::buttonFace;
+    Unit unit = pixels;
+    bool inTaskBar = false;
+};
+
+class Form : public QWidget {
+    Q_OBJECT
+
+public:
+    enum State { normal = 0, minimised = 1, maximised = 2 };
+
+    Form(Runtime& runtime, const FormDesign& design);
+
+    const FormDesign& design() const { return m_design; }
+    Runtime& runtime() { return m_runtime; }
+
+    /// Shows the window without waiting for its end; with an owner it stays above that window and goes
+    /// to the front with it. At its first show it takes its start position.
+    void Show(Form* owner = nullptr);
+    void Hide();
+    /// Closes the window for good: it is hidden, runs its last handler and tells its owner to let go.
+    void Unload();
+
+    /// The window state. Setting it on a hidden window shows nothing.
+    State windowStateWord() const;
+    void setWindowStateWord(State state);
+
+    /// The window's place on the screen, in twips.
+    int Left() const { return x() * twipsPerPixel; }
+    int Top() const { return y() * twipsPerPixel; }
+    void moveTo(int leftTwips, int topTwips);
+
+    /// The background picture: the design's at first. A null pixmap leaves the back colour.
+    const QPixmap& picture() const { return m_picture; }
+    void setPicture(const QPixmap& picture);
+
+    /// The next place in the tab order; for controls under construction.
+    int takeTabPlace() { return m_tabPlaces++; }
+
+signals:
+    /// The window has been unloaded: it must not be used any more.
+    void unloaded();
+    /// The window state has changed.
+    void resized();
+
+protected:
+    /// Asked when the user's window manager wants the window closed; the default unloads it.
+    virtual void queryUnload() { Unload(); }
+    /// The last handler before the window goes.
+    virtual void onUnload() {}
+
+    /// What becomes of a failure that a handler lets through.
+    enum class Failure { ends, told };
+    /// Connects a signal to a handler of this window, and catches failures at the handler's edge: they end
+    /// the process, or are told in the same box while the program goes on.
+    template <typename Sender, typename Signal, typename Window>
+    void wire(Sender& sender, Signal signal, Window* window, void (Window::*handler)(),
+              Failure failure = Failure::ends) {
+        connect(&sender, signal, window, [this, window, handler, failure] {
+            const auto run = [&] { (window->*handler)(); };
+            failure == Failure::ends ? m_runtime.guarded(run) : m_runtime.telling(run);
+        });
+    }
+
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void takeStartPosition();
+
+    Runtime& m_runtime;
+    FormDesign m_design;
+    QPixmap m_picture;
+    int m_tabPlaces = 0;
+    bool m_placed = false;
+    bool m_unloaded = false;
+};
+
+} // namespace torvane

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// A picture at a fixed place; lies under all other controls and lets the mouse through.
+#pragma once
+
+#include "Control.h"
+
+#include <QPixmap>
+
+namespace torvane {
+
+class Image : public Control {
+    Q_OBJECT
+
+public:
+    /// The picture is a name in the resources (see Pictures) or empty.
+    Image(QWidget& parent, const char* name, const DesignRect& rect, const char* picture = "",
+          bool visible = true);
+
+    QString kind() const override { return QStringLiteral("image"); }
+    QAccessible::Role accessibleRole() const override { return QAccessible::Graphic; }
+    const QPixmap& Picture() const { return m_picture; }
+    void setPicture(const QPixmap& picture);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPixmap m_picture;
+};
+
+} // namespace torvane

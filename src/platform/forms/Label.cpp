@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// Painting and mouse of labels.
+#include "Label.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace torvane {
+
+Label::Label(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
+    : Control(parent, name, rect), m_caption(QString::fromUtf8(look.caption)), m_fore(look.fore),
+      m_back(look.back), m_align(look.align), m_transparent(look.transparent) {
+    setFontSpec(look.font);
+}
+
+Label::Label(QWidget& parent, const char* name, const DesignRect& rect, Label& source)
+    : Label(parent, name, rect,
+            {"", source.fontSpec(), Colours::black, source.m_align, true, Colours::buttonFace}) {
+    m_caption = source.m_caption;
+    m_isShadow = true;
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    stackUnder(&source);
+}
+
+void Label::setCaption(const QString& caption) {
+    if (caption == m_caption) return;
+    m_caption = caption;
+    update();
+    emit Change();
+}
+
+void Label::setForeColor(OleColour colour) {
+    m_fore = colour;
+    update();
+}
+
+void Label::setTwin(Label& twin) {
+    connect(this, &Label::Change, &twin, [this, &twin] { twin.setCaption(m_caption); });
+}
+
+void Label::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (!m_transparent) painter.fillRect(rect(), Colours::toQColor(m_back));
+    if (m_caption.isEmpty()) return;
+    painter.setPen(Colours::toQColor(m_fore));
+    painter.drawText(rect(), static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
+}
+
+void Label::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) emit MouseDown(event->globalPosition().toPoint());
+}
+
+void Label::mouseMoveEvent(QMouseEvent* event) { emit MouseMove(event->globalPosition().toPoint()); }
+
+void Label::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    emit MouseUp(event->globalPosition().toPoint());
+    if (rect().contains(event->position().toPoint())) emit Click();
+}
+
+} // namespace torvane

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// A caption at a fixed place, painted as plain text: no markup and no access keys, since titles come out
+// of files. Most captions are drawn twice, the second time in black 2 pixels further right and down.
+#pragma once
+
+#include "Colours.h"
+#include "Control.h"
+
+namespace torvane {
+
+class Label : public Control {
+    Q_OBJECT
+
+public:
+    struct Look {
+        const char* caption = "";
+        FontSpec font = Fonts::M8;
+        OleColour fore = Colours::black;
+        Qt::Alignment align = Qt::AlignLeft;
+        bool transparent = true;
+        OleColour back = Colours::buttonFace;
+    };
+
+    Label(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
+    /// The shadow of another label of the same parent: same caption and font, black, under it.
+    Label(QWidget& parent, const char* name, const DesignRect& rect, Label& source);
+
+    QString kind() const override { return QStringLiteral("label"); }
+    QAccessible::Role accessibleRole() const override { return QAccessible::StaticText; }
+    QString accessibleText() const override { return m_caption; }
+
+    const QString& Caption() const { return m_caption; }
+    void setCaption(const QString& caption);
+    OleColour ForeColor() const { return m_fore; }
+    void setForeColor(OleColour colour);
+    Qt::Alignment alignment() const { return m_align; }
+    bool isTransparent() const { return m_transparent; }
+    OleColour backColour() const { return m_back; }
+    bool isShadow() const { return m_isShadow; }
+
+    /// From now on a change of this label's caption is copied to the other one.
+    void setTwin(Label& twin);
+
+signals:
+    void Change();
+    void Click();
+    void MouseDown(QPoint screenPosition);
+    void MouseMove(QPoint screenPosition);
+    void MouseUp(QPoint screenPosition);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QString m_caption;
+    OleColour m_fore;
+    OleColour m_back;
+    Qt::Alignment m_align;
+    bool m_transparent;
+    bool m_isShadow = false;
+};
+
+} // namespace torvane

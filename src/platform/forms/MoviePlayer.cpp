@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Moving pictures over the toolkit's movie class.
+#include "MoviePlayer.h"
+#include "../base/File.h"
+#include "../base/Paths.h"
+#include "../base/RuntimeFailure.h"
+#include "Download.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QTimer>
+
+namespace torvane {
+
+namespace {
+constexpr qint64 largestMovie = 16 << 20;
+const QString fileScheme = QStringLiteral("file://");
+
+// The name of the toolkit's reader for the content; empty for what the player doesn't show.
+QByteArray formatOf(const QByteArray& bytes) {
+    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a")) return QByteArrayLiteral("gif");
+    if (bytes.startsWith("RIFF") && bytes.sliced(8).startsWith("WEBP")) return QByteArrayLiteral("webp");
+    return {};
+}
+
+QByteArray contentOf(const QString& path) {
+    QByteArray bytes;
+    ignoring([&] {
+        const File file(path);
+        if (file.length() <= largestMovie) bytes = file.readAll();
+    });
+    return bytes;
+}
+} // namespace
+
+MoviePlayer::MoviePlayer(QWidget& parent, const char* name, const DesignRect& rect)
+    : Control(parent, name, rect) {}
+
+MoviePlayer::~MoviePlayer() = default;
+
+void MoviePlayer::setMovie(const QString& location) {
+    m_location = location;
+    m_movie.reset();
+    m_bytes.reset();
+    update();
+}
+
+void MoviePlayer::Play() {
+    m_wanted = true;
+    update();
+}
+
+void MoviePlayer::load() {
+    if (m_location.startsWith(fileScheme)) {
+        const QByteArray path = m_location.sliced(fileScheme.size()).toUtf8();
+        start(contentOf(Paths::spelled(QByteArray::fromPercentEncoding(path))));
+    } else if (m_location.contains(QStringLiteral("://"))) {
+        Download::start(*this, m_location, largestMovie, [this](const QByteArray& bytes) { start(bytes); });
+    } else {
+        start(contentOf(m_location));
+    }
+}
+
+void MoviePlayer::start(const QByteArray& bytes) {
+    const QByteArray format = formatOf(bytes);
+    if (!format.isEmpty()) {
+        m_bytes = std::make_unique<QBuffer>();
+        m_bytes->setData(bytes);
+        m_bytes->open(QIODevice::ReadOnly);
+        m_movie = std::make_unique<QMovie>(m_bytes.get(), format);
+        m_movie->setCacheMode(QMovie::CacheNone);
+        connect(m_movie.get(), &QMovie::frameChanged, this, [this] { update(); });
+        // Some movies ask for one round; here they go on for as long as the window stands.
+        connect(m_movie.get(), &QMovie::finished, m_movie.get(), &QMovie::start);
+        m_movie->start();
+    }
+    emit readyStateChanged();
+}
+
+void MoviePlayer::paintEvent(QPaintEvent*) {
+    if (m_wanted) {
+        m_wanted = false;
+        QTimer::singleShot(0, this, &MoviePlayer::load);
+    }
+    if (m_movie && m_movie->isValid()) QPainter(this).drawPixmap(rect(), m_movie->currentPixmap());
+}
+
+void MoviePlayer::mousePressEvent(QMouseEvent*) { emit Click(); }
+
+} // namespace torvane

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// Loading of skin pictures.
+#include "Pictures.h"
+
+#include <QFile>
+#include <QImageReader>
+
+namespace torvane::Pictures {
+
+namespace {
+QPixmap loadFile(const QString& file) {
+    if (!QFile::exists(file)) return {};
+    // The format is told by the name, so that no other image plugin is loaded just to look.
+    QImageReader reader(file, file.section(QLatin1Char('.'), -1).toLatin1());
+    return QPixmap::fromImageReader(&reader);
+}
+} // namespace
+
+QPixmap load(const QString& name, qreal devicePixelRatio) {
+    if (name.isEmpty()) return {};
+    const QString file = QStringLiteral(":/art/") + name;
+    if (devicePixelRatio > 1.0) {
+        const qsizetype dot = file.lastIndexOf(QLatin1Char('.'));
+        QPixmap dense = loadFile(file.first(dot) + QStringLiteral("@2x") + file.sliced(dot));
+        if (!dense.isNull()) {
+            dense.setDevicePixelRatio(2.0);
+            return dense;
+        }
+    }
+    return loadFile(file);
+}
+
+} // namespace torvane::Pictures

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// What every form is given: the doors to the outside world and the default failure path. Owned by the
+// program's start, or by a test that answers in place of the world.
+#pragma once
+
+#include "../base/RuntimeFailure.h"
+#include "../base/Seams.h"
+#include "../base/Settings.h"
+
+#include <functional>
+
+namespace torvane {
+
+struct Runtime {
+    MessageBoxes& messages;
+    FileDialogs& dialogs;
+    Browser& browser;
+    ProcessRunner& processes;
+    Settings& settings;
+    /// Ends the process at once, with no clean-up of windows; in tests it may return.
+    std::function<void()> end;
+
+    /// Runs a handler; a failure that it lets through takes the default path: the error box with number
+    /// and text, then the end of the process. Nothing is ever thrown on into the toolkit's own frames.
+    void guarded(const std::function<void()>& handler);
+    /// Runs a handler whose failures are told in the same box, after which the program goes on.
+    void telling(const std::function<void()>& handler);
+
+private:
+    void showFailure(const RuntimeFailure& failure);
+};
+
+/// Lets waiting events through once.
+void pumpEvents();
+
+} // namespace torvane

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// A field for plain text of one or several lines. What a program sets stays as it is, byte for byte, until
+// the user edits it; what the user enters passes a filter first.
+#pragma once
+
+#include "Colours.h"
+#include "Control.h"
+
+#include <functional>
+
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace torvane {
+
+class TextBox : public Control {
+    Q_OBJECT
+
+public:
+    struct Look {
+        const char* text = "";
+        FontSpec font = Fonts::M8;
+        OleColour fore = Colours::windowText;
+        OleColour back = Colours::windowBack;
+        bool multiLine = false;
+    };
+    /// Gets a piece that was typed or pasted, gives what may stay of it.
+    using InputFilter = std::function<QString(const QString&)>;
+
+    TextBox(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
+
+    QString kind() const override { return QStringLiteral("text box"); }
+    QAccessible::Role accessibleRole() const override { return QAccessible::EditableText; }
+    const QString& Text() const { return m_text; }
+    void setText(const QString& text);
+    OleColour foreColour() const { return m_look.fore; }
+    OleColour backColour() const { return m_look.back; }
+    void setInputFilter(InputFilter filter) { m_filter = std::move(filter); }
+
+signals:
+    /// The text is another one, by the program or by the user.
+    void Change();
+    /// The filter left out a part of what the user entered.
+    void inputRefused();
+
+private:
+    void makeLine();
+    void makeArea();
+    void dress(QWidget& field);
+    QString shownText() const;
+    void show(const QString& text, qsizetype cursor);
+    void takeEdit();
+
+    Look m_look;
+    InputFilter m_filter;
+    QString m_text;
+    QString m_shown;
+    QLineEdit* m_line = nullptr;
+    QPlainTextEdit* m_area = nullptr;
+    bool m_setting = false;
+};
+
+} // namespace torvane

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// The program's sign in the desktop's tray. It is set up when the event loop first comes to rest, since
+// asking the desktop for its tray takes longer than showing a window.
+#pragma once
+
+#include "Control.h"
+
+#include <QPixmap>
+#include <memory>
+
+class QSystemTrayIcon;
+
+namespace torvane {
+
+class TrayIcon : public Component {
+    Q_OBJECT
+
+public:
+    TrayIcon(Form& form, const char* name, const char* toolTip);
+    ~TrayIcon() override;
+
+    QString kind() const override { return QStringLiteral("TrayIcon"); }
+    QString toolTip() const { return m_toolTip; }
+
+    /// Takes the picture of a file (PNG, GIF, BMP or JPEG by content, spelled path). Fails if there is no
+    /// such file or no picture in it; the former picture stays then.
+    void setPicture(const QString& path);
+    const QPixmap& picture() const { return m_picture; }
+    /// Shows or removes the icon.
+    void setShown(bool shown);
+    bool isShown() const { return m_shown; }
+
+private:
+    void settle();
+
+    QString m_toolTip;
+    QPixmap m_picture;
+    bool m_shown = false;
+    bool m_settling = false;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+};
+
+} // namespace torvane

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Moving a window by a label.
+#include "DragStrip.h"
+#include "platform/forms/Screen.h"
+
+namespace torvane {
+
+DragStrip::DragStrip(Form& window, Label& strip) : QObject(&window), m_window(window), m_strip(strip) {
+    connect(&strip, &Label::MouseDown, this, &DragStrip::press);
+    connect(&strip, &Label::MouseMove, this, &DragStrip::move);
+    connect(&strip, &Label::MouseUp, this, &DragStrip::release);
+}
+
+QPoint DragStrip::pointInStrip(QPoint screenPosition) const {
+    // Reckoned from where the window has been put, not from where the event saw it: the window manager
+    // moves it a little later, and the difference would make it tremble.
+    return (screenPosition - m_strip.mapToGlobal(QPoint())) * twipsPerPixel;
+}
+
+void DragStrip::press(QPoint screenPosition) {
+    m_dragging = true;
+    m_dragX = pointInStrip(screenPosition).x();
+    m_dragY = pointInStrip(screenPosition).y();
+    m_window.setCursor(Qt::SizeAllCursor);
+}
+
+void DragStrip::move(QPoint screenPosition) {
+    if (!m_dragging) return;
+    const QPoint here = pointInStrip(screenPosition);
+    m_window.moveTo(m_window.Left() + here.x() - m_dragX, m_window.Top() + here.y() - m_dragY);
+}
+
+void DragStrip::release() {
+    if (!m_dragging) return;
+    m_dragging = false;
+    m_window.unsetCursor();
+    emit dropped();
+}
+
+void putInsideScreen(Form& window) {
+    int leftTwips = window.Left();
+    int topTwips = window.Top();
+    const int rightmost = Screen::Width() - window.width() * twipsPerPixel;
+    const int lowest = Screen::Height() - window.height() * twipsPerPixel;
+    if (leftTwips < 0) leftTwips = 0;
+    if (topTwips < 0) topTwips = 0;
+    if (leftTwips > rightmost) leftTwips = rightmost;
+    if (topTwips > lowest) topTwips = lowest;
+    window.moveTo(leftTwips, topTwips);
+}
+
+} // namespace torvane

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+// Construction and properties of the skinned button. Mouse and keyboard are in chameleonButtonInput.cpp.
+#include "chameleonButton.h"
+#include "AccessKey.h"
+#include "InputWords.h"
+#include "platform/forms/Pictures.h"
+
+#include <QKeySequence>
+
+namespace torvane {
+
+namespace {
+constexpr int overTimerMilliseconds = 3;
+constexpr int arrowPointer = 1;
+constexpr int customScheme = 2;
+} // namespace
+
+chameleonButton::chameleonButton(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
+    : ButtonSurface(parent, name, rect) {
+    m_p.buttonType = look.type;
+    m_p.caption = QString::fromUtf8(look.caption);
+    m_p.enabled = look.enabled;
+    m_p.font = look.font;
+    m_p.colorScheme = customScheme;
+    m_p.showFocusRect = look.showFocusRect;
+    m_p.backColor = look.back;
+    m_p.backOver = look.backOver.value_or(look.back);
+    m_p.foreColor = look.fore;
+    m_p.foreOver = look.foreOver.value_or(look.fore);
+    m_p.maskColor = look.mask;
+    m_p.mousePointer = arrowPointer;
+    m_p.pictureNormal = Pictures::load(QString::fromLatin1(look.picture), devicePixelRatioF());
+    m_p.pictureOver = Pictures::load(QString::fromLatin1(look.pictureOver), devicePixelRatioF());
+    m_p.softBevel = look.softBevel;
+    m_p.useGreyscale = look.useGreyscale;
+    m_p.specialEffect = look.fx;
+    setToolTip(QString::fromUtf8(look.toolTip));
+    construct();
+}
+
+chameleonButton::chameleonButton(QWidget& parent, const char* name, const DesignRect& rect)
+    : ButtonSurface(parent, name, rect) {
+    const ButtonPalette colours = ApplyColorScheme({});
+    m_p.caption = objectName();
+    m_p.font = Fonts::M8;
+    m_p.backColor = m_p.backOver = colours.face;
+    m_p.foreColor = m_p.foreOver = colours.text;
+    construct();
+}
+
+void chameleonButton::construct() {
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    m_overTimer.setObjectName(QStringLiteral("OverTimer"));
+    m_overTimer.setInterval(overTimerMilliseconds);
+    connect(&m_overTimer, &QTimer::timeout, this, &chameleonButton::lookForPointer);
+    applyProperties();
+}
+
+void chameleonButton::applyProperties() {
+    setFontSpec(m_p.font);
+    QWidget::setEnabled(m_p.enabled);
+    applyPointer();
+    applyAccessKey();
+    takeSize();
+}
+
+void chameleonButton::ReadProperties(const PropertyBag& bag) {
+    m_p = ButtonProperties::read(bag, m_p.font);
+    applyProperties();
+}
+
+QString chameleonButton::accessibleText() const {
+    const QString spoken = withoutAccessMarks(m_p.caption).trimmed();
+    if (!spoken.isEmpty()) return spoken;
+    return toolTip().isEmpty() ? objectName() : toolTip();
+}
+
+void chameleonButton::applyPointer() {
+    if (m_p.mousePointer == 0) return unsetCursor();
+    const bool hand = m_p.handPointer && m_p.mousePointer == InputWords::customPointer;
+    setCursor(hand ? QCursor(Qt::PointingHandCursor) : InputWords::pointer(m_p.mousePointer, m_p.mouseIcon));
+}
+
+void chameleonButton::applyAccessKey() {
+    if (m_shortcutId != 0) releaseShortcut(m_shortcutId);
+    m_accessKey = accessKeyOf(m_p.caption);
+    m_shortcutId = 0;
+    if (m_accessKey.isNull()) return;
+    m_shortcutId = grabShortcut(QKeySequence(static_cast<int>(Qt::ALT) | m_accessKey.toUpper().unicode()));
+}
+
+template <typename Field>
+void chameleonButton::change(Field& field, const Field& value) {
+    field = value;
+    repaintLastState();
+}
+
+void chameleonButton::setBackColor(OleColour colour) { change(m_p.backColor, colour); }
+void chameleonButton::setBackOver(OleColour colour) { change(m_p.backOver, colour); }
+void chameleonButton::setForeColor(OleColour colour) { change(m_p.foreColor, colour); }
+void chameleonButton::setForeOver(OleColour colour) { change(m_p.foreOver, colour); }
+void chameleonButton::setMaskColor(OleColour colour) { change(m_p.maskColor, colour); }
+void chameleonButton::setColorScheme(int scheme) { change(m_p.colorScheme, scheme); }
+void chameleonButton::setShowFocusRect(bool show) { change(m_p.showFocusRect, show); }
+void chameleonButton::setSoftBevel(bool soft) { change(m_p.softBevel, soft); }
+void chameleonButton::setSpecialEffect(int effect) { change(m_p.specialEffect, effect); }
+void chameleonButton::setCheckBoxBehaviour(bool behaviour) { change(m_p.checkBoxBehaviour, behaviour); }
+
+void chameleonButton::setButtonType(int type) {
+    m_p.buttonType = type;
+    if (type == 11) GrabParentBackground();
+    takeSize();
+}
+
+void chameleonButton::setCaption(const QString& caption) {
+    m_p.caption = caption;
+    applyAccessKey();
+    LayoutCaption();
+    repaintLastState();
+    QAccessibleEvent changed(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void chameleonButton::setEnabled(bool enabled) {
+    QWidget::setEnabled(enabled);
+    change(m_p.enabled, enabled);
+}
+
+void chameleonButton::changeFont(const FontSpec& font) {
+    m_p.font = font;
+    setFontSpec(font);
+    LayoutCaption();
+    repaintLastState();
+}
+
+void chameleonButton::setFont(const FontSpec& font) { changeFont(font); }
+
+void chameleonButton::setFontBold(bool bold) {
+    FontSpec font = m_p.font;
+    font.bold = bold;
+    changeFont(font);
+}
+
+void chameleonButton::setFontItalic(bool italic) {
+    FontSpec font = m_p.font;
+    font.italic = italic;
+    changeFont(font);
+}
+
+void chameleonButton::setFontUnderline(bool underline) {
+    FontSpec font = m_p.font;
+    font.underline = underline;
+    changeFont(font);
+}
+
+void chameleonButton::setFontSize(int points) {
+    FontSpec font = m_p.font;
+    font.points = points;
+    changeFont(font);
+}
+
+QString chameleonButton::FontName() const {
+    return QString::fromLatin1(Fonts::standIn(m_p.font.face).designFace);
+}
+
+void chameleonButton::setFontName(const QString& name) {
+    FontSpec font = m_p.font;
+    for (const auto face : {FontSpec::Verdana, FontSpec::MSSansSerif, FontSpec::Tahoma, FontSpec::TrebuchetMS,
+                            FontSpec::CourierNew}) {
+        if (name == QLatin1String(Fonts::standIn(face).designFace)) font.face = face;
+    }
+    changeFont(font);
+}
+
+void chameleonButton::setMousePointer(int pointer) {
+    m_p.mousePointer = pointer;
+    applyPointer();
+}
+
+void chameleonButton::setMouseIcon(const QPixmap& icon) {
+    m_p.mouseIcon = icon;
+    applyPointer();
+}
+
+void chameleonButton::setHandPointer(bool hand) {
+    m_p.handPointer = hand;
+    m_p.mouseIcon = QPixmap();
+    m_p.mousePointer = hand ? InputWords::customPointer : arrowPointer;
+    applyPointer();
+}
+
+void chameleonButton::setPictureNormal(const QPixmap& picture) {
+    m_p.pictureNormal = picture;
+    LayoutCaption();
+    repaintLastState();
+}
+
+void chameleonButton::setPictureOver(const QPixmap& picture) {
+    m_p.pictureOver = picture;
+    if (isOver()) repaintLastState();
+}
+
+void chameleonButton::setPicturePosition(int position) {
+    m_p.picturePosition = position;
+    LayoutCaption();
+    repaintLastState();
+}
+
+void chameleonButton::setUseMaskColor(bool use) {
+    m_p.useMaskColor = use;
+    if (!m_p.pictureNormal.isNull()) repaintLastState();
+}
+
+void chameleonButton::setUseGreyscale(bool use) {
+    m_p.useGreyscale = use;
+    if (!m_p.pictureNormal.isNull()) repaintLastState();
+}
+
+void chameleonButton::setValue(bool value) {
+    m_p.value = value;
+    // Not in the last state: that is the pressed one as long as the value was true.
+    if (m_p.checkBoxBehaviour) Repaint(normal, always);
+}
+
+void chameleonButton::setDisplayAsDefault(bool isDefault) {
+    setDefaultMark(isDefault);
+    repaintLastState();
+}
+
+void chameleonButton::DisableRefresh() { setPaintingAllowed(false); }
+
+void chameleonButton::Refresh() {
+    if (m_p.buttonType == 11) GrabParentBackground();
+    LayoutCaption();
+    setPaintingAllowed(true);
+    repaintLastState();
+    repaint();
+}
+
+} // namespace torvane

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+// Hover, jump, size and saved state of the link label.
+#include "vbwHyperlink.h"
+#include "platform/forms/Form.h"
+
+#include <QFontMetrics>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace torvane {
+
+namespace {
+const auto defaultCaption = QStringLiteral("Torvane");
+const auto defaultUrl = QStringLiteral("www.torvane.example");
+constexpr OleColour hoverRed = 0x0000FF;
+const OleColour disabledText = Colours::system(17);
+} // namespace
+
+vbwHyperlink::vbwHyperlink(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
+    : Control(parent, name, rect), m_caption(defaultCaption), m_url(defaultUrl), m_foreColor(look.fore) {
+    setFontSpec(look.font);
+    setMouseTracking(true);
+    setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    fitToCaption();
+}
+
+void vbwHyperlink::UserClick() {
+    bool cancel = false;
+    emit BeforeJump(cancel);
+    restoreLook();
+    if (cancel) return;
+    // The address goes out as it stands: whether it has a scheme makes no difference here.
+    const bool opened = form().runtime().browser.open(m_url);
+    emit AfterJump(!opened);
+}
+
+void vbwHyperlink::lightUp() {
+    m_savedForeColor = m_foreColor;
+    m_savedUnderline = fontSpec().underline;
+    m_tracking = true;
+    setForeColor(m_hoverColour);
+    setUnderline(m_hoverUnderline);
+}
+
+void vbwHyperlink::restoreLook() {
+    m_tracking = false;
+    setForeColor(m_savedForeColor);
+    setUnderline(m_savedUnderline);
+}
+
+void vbwHyperlink::setUnderline(bool underline) {
+    FontSpec font = fontSpec();
+    font.underline = underline;
+    setFontSpec(font);
+    update();
+}
+
+void vbwHyperlink::setCaption(const QString& caption) {
+    m_caption = caption;
+    fitToCaption();
+}
+
+void vbwHyperlink::setFont(const FontSpec& font) {
+    setFontSpec(font);
+    fitToCaption();
+}
+
+void vbwHyperlink::setBackColor(OleColour colour) {
+    m_backColor = colour;
+    update();
+}
+
+void vbwHyperlink::setAutoSize(bool autoSize) {
+    m_autoSize = autoSize;
+    fitToCaption();
+}
+
+void vbwHyperlink::setForeColor(OleColour colour) {
+    m_foreColor = colour;
+    update();
+}
+
+void vbwHyperlink::setEnabled(bool enabled) {
+    m_enabled = enabled;
+    QWidget::setEnabled(enabled);
+    update();
+}
+
+void vbwHyperlink::fitToCaption() {
+    update();
+    if (!m_autoSize || m_resizing) return;
+    m_resizing = true;
+    const QFontMetrics metrics(font());
+    resize(metrics.horizontalAdvance(m_caption), metrics.height());
+    // Only on the screen is there anything that the messages could bring up to date.
+    if (isVisible()) pumpEvents();
+    m_resizing = false;
+}
+
+void vbwHyperlink::ReadProperties(const PropertyBag& bag) {
+    m_hoverColour = bag.ReadProperty(QStringLiteral("HoverColour"), hoverRed);
+    m_hoverUnderline = bag.ReadProperty(QStringLiteral("HoverUnderline"), true);
+    m_caption = bag.ReadProperty(QStringLiteral("Caption"), defaultCaption);
+    m_autoSize = bag.ReadProperty(QStringLiteral("AutoSize"), true);
+    m_url = bag.ReadProperty(QStringLiteral("URL"), defaultUrl);
+    setFontSpec(bag.ReadProperty(QStringLiteral("Font"), Fonts::M8));
+    m_foreColor = bag.ReadProperty(QStringLiteral("ForeColor"), Colours::black);
+    m_backColor = bag.ReadProperty(QStringLiteral("BackColor"), Colours::buttonFace);
+    setEnabled(bag.ReadProperty(QStringLiteral("Enabled"), true));
+    fitToCaption();
+}
+
+void vbwHyperlink::WriteProperties(PropertyBag& bag) const {
+    const auto font = [](const FontSpec& spec) { return QVariant::fromValue(spec); };
+    bag.WriteProperty(QStringLiteral("HoverColour"), m_hoverColour, hoverRed);
+    bag.WriteProperty(QStringLiteral("HoverUnderline"), m_hoverUnderline, true);
+    bag.WriteProperty(QStringLiteral("Caption"), m_caption, defaultCaption);
+    bag.WriteProperty(QStringLiteral("AutoSize"), m_autoSize, true);
+    bag.WriteProperty(QStringLiteral("URL"), m_url, defaultUrl);
+    bag.WriteProperty(QStringLiteral("Font"), font(fontSpec()), font(Fonts::M8));
+    bag.WriteProperty(QStringLiteral("ForeColor"), m_foreColor, Colours::black);
+    bag.WriteProperty(QStringLiteral("BackColor"), m_backColor, Colours::buttonFace);
+    bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);
+}
+
+void vbwHyperlink::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Colours::toQColor(m_backColor));
+    painter.setPen(Colours::toQColor(m_enabled ? m_foreColor : disabledText));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, m_caption);
+}
+
+void vbwHyperlink::resizeEvent(QResizeEvent*) { fitToCaption(); }
+
+void vbwHyperlink::mouseMoveEvent(QMouseEvent* event) {
+    // With a button held the moves go on outside.
+    const bool isInside = rect().contains(event->position().toPoint());
+    if (isInside == m_tracking) return;
+    isInside ? lightUp() : restoreLook();
+}
+
+void vbwHyperlink::mouseReleaseEvent(QMouseEvent* event) {
+    // Only a release that ends a hover on the link itself is a click.
+    if (m_tracking && rect().contains(event->position().toPoint())) UserClick();
+}
+
+void vbwHyperlink::leaveEvent(QEvent*) {
+    if (m_tracking) restoreLook();
+}
+
+} // namespace torvane

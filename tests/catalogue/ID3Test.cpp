@@ -1,0 +1,465 @@
+// SPDX-License-Identifier: MIT
+// The tags in ROM files: what is read, what stands in the file afterwards, byte for byte.
+#include "catalogue/ID3.h"
+#include "catalogue/TagLine.h"
+#include "platform/base/CodePage1252.h"
+#include "support/Failing.h"
+#include "support/FakeWorld.h"
+
+#include <sys/stat.h>
+
+using namespace torvane;
+
+namespace {
+// What the read has put on the screen.
+struct PanelRecord : GamePanel {
+    QString title, company, date, info, format;
+    bool tagged = false;
+    void showTag(const RomTagRecord& tag) override {
+        tagged = true;
+        title = tag.Title;
+        company = tag.Company;
+        date = tag.Date;
+        info = tag.Info;
+    }
+    void showNoTag(const QString& missing) override {
+        tagged = false;
+        title = info = missing;
+        company.clear();
+        date.clear();
+    }
+    void showFormat(const QString& text) override { format = text; }
+};
+
+QByteArray image(qsizetype size) { return QByteArray(size, 'r'); }
+
+QByteArray tagLine(const QByteArray& size, const QByteArray& company = "Acme") {
+    return "ID3TAG\xA7" + company + "\xA7Title\xA7"
+                                    "1/2/03\xA7Info\xA7" + size + "\xA7\r\n";
+}
+} // namespace
+
+class ID3Test : public QObject {
+    Q_OBJECT
+
+    TestFolder folder;
+    FakeMessages messages;
+    Globals globals;
+    LanguageTables language{globals, [](const QString& section, const QString& key, const QString&) {
+                                return section + QLatin1Char('/') + key;
+                            }};
+    std::unique_ptr<ID3> id3;
+    PanelRecord panel;
+
+    QString file(const QByteArray& bytes, const QString& name = QStringLiteral("game.gb")) {
+        return folder.write(name, bytes);
+    }
+    void fillNew(const char* company = "Acme", const char* title = "Title", const char* info = "Info") {
+        id3->NewCompany = QString::fromUtf8(company);
+        id3->NewTitle = QString::fromUtf8(title);
+        id3->NewInfo = QString::fromUtf8(info);
+        id3->NewDate = QStringLiteral("21/11/26");
+    }
+
+private slots:
+    void init() {
+        id3 = std::make_unique<ID3>(language, messages);
+        panel = {};
+        messages.boxes.clear();
+    }
+
+    void appended_line_has_the_told_bytes() {
+        const QString path = file(image(3000));
+        fillNew("Señor", "Title", "Info");
+        id3->AppendRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "ID3TAG\xA7Se\xF1or\xA7Title\xA7"
+                                                           "21/11/26\xA7Info\xA7"
+                                                           "3000\xA7\r\n");
+    }
+    void an_empty_company_title_or_info_is_stored_as_one_blank_and_an_empty_date_as_nothing() {
+        const QString path = file(image(10));
+        id3->NewCompany.clear();
+        id3->NewTitle.clear();
+        id3->NewInfo.clear();
+        id3->NewDate.clear();
+        id3->AppendRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(10) + "ID3TAG\xA7 \xA7 \xA7\xA7 \xA7"
+                                                         "10\xA7\r\n");
+        QCOMPARE(id3->NewCompany, QStringLiteral(" "));
+        QCOMPARE(id3->NewDate, QString());
+    }
+    void appending_looks_for_no_tag_and_the_first_in_the_window_is_shown() {
+        const QString path = file(image(3000));
+        fillNew("First");
+        id3->AppendRomTag(path);
+        fillNew("Second");
+        id3->AppendRomTag(path);
+        id3->ReadRomTag(path, panel);
+        QCOMPARE(panel.company, QStringLiteral("First"));
+    }
+    void reading_a_written_tag_gives_the_values() {
+        const QString path = file(image(1500000));
+        fillNew();
+        id3->AppendRomTag(path);
+        id3->ReadRomTag(path, panel);
+        QVERIFY(panel.tagged);
+        QCOMPARE(panel.title, QStringLiteral("Title"));
+        QCOMPARE(panel.company, QStringLiteral("Acme"));
+        QCOMPARE(panel.date, QStringLiteral("21/11/26"));
+        QCOMPARE(panel.info, QStringLiteral("Info"));
+        QCOMPARE(panel.format, QStringLiteral("GameBoy [1500KB]"));
+        QCOMPARE(id3->RomTag.Extension, QStringLiteral(".gb"));
+    }
+    void a_2047_byte_file_with_a_valid_tag_shows_as_untagged_but_has_one() {
+        const QByteArray tag = tagLine("1000");
+        const QString path = file(image(2047 - tag.size()) + tag);
+        id3->ReadRomTag(path, panel);
+        QVERIFY(!panel.tagged);
+        QCOMPARE(panel.title, QStringLiteral("globals/nodisp"));
+        QVERIFY(id3->HasRomTag(path));
+    }
+    void a_2048_byte_file_is_read_through_the_window_from_offset_1023() {
+        // The marker begins exactly where the window does, and one byte in front of it is one too early.
+        const QByteArray tag = tagLine("1000");
+        const QByteArray padded = tag.chopped(2) + QByteArray(1023 - tag.size() + 2, 'x') + "\r\n";
+        const QString at = file(image(1023) + padded);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")).size(), 2048);
+        id3->ReadRomTag(at, panel);
+        QVERIFY(panel.tagged);
+        const QString early = file(image(1022) + padded + "y");
+        QCOMPARE(folder.read(QStringLiteral("game.gb")).size(), 2048);
+        id3->ReadRomTag(early, panel);
+        QVERIFY(!panel.tagged);
+    }
+    void the_last_byte_of_the_file_is_never_read() {
+        // The separator behind the size is the last byte: the window lacks it, which changes nothing.
+        const QString path = file(image(3000) + tagLine("12345").chopped(2));
+        id3->ReadRomTag(path, panel);
+        QCOMPARE(id3->RomTag.SizeKB, 12);
+        // Here the last digit of the size is the last byte: it is missing from the number.
+        const QString cut = file(image(3000) + tagLine("12345").chopped(3));
+        id3->ReadRomTag(cut, panel);
+        QCOMPARE(id3->RomTag.SizeKB, 1);
+    }
+    void a_second_marker_ends_the_tag_text() {
+        const QString path = file(image(3000) + "ID3TAG\xA7"
+                                                "a\xA7"
+                                                "b\xA7"
+                                                "c" +
+                                  tagLine("5000"));
+        id3->ReadRomTag(path, panel);
+        QVERIFY(!panel.tagged);
+    }
+    void size_rules_data() {
+        QTest::addColumn<qint64>("bytes");
+        QTest::addColumn<QString>("format");
+        const QString former = QStringLiteral("Former");
+        QTest::newRow("1,024,000 bytes keep the former format") << qint64(1024000) << former;
+        QTest::newRow("1,024,999 bytes are 1024 KB still") << qint64(1024999) << former;
+        QTest::newRow("1,025,000 bytes are GameBoy") << qint64(1025000) << QStringLiteral("GameBoy");
+        QTest::newRow("2,047,999 bytes are GameBoy") << qint64(2047999) << QStringLiteral("GameBoy");
+        QTest::newRow("2,048,000 bytes keep the former format") << qint64(2048000) << former;
+        QTest::newRow("2,049,000 bytes are Color") << qint64(2049000) << QStringLiteral("GameBoy Color");
+        QTest::newRow("4,095,999 bytes are Color") << qint64(4095999) << QStringLiteral("GameBoy Color");
+        QTest::newRow("4,096,000 bytes keep the former format") << qint64(4096000) << former;
+        QTest::newRow("4,097,000 bytes are Advance") << qint64(4097000) << QStringLiteral("GameBoy Advance");
+        QTest::newRow("nothing keeps the former format") << qint64(0) << former;
+    }
+    void size_rules() {
+        QFETCH(qint64, bytes);
+        QFETCH(QString, format);
+        const QString path = file("");
+        QFile sparse(path);
+        QVERIFY(sparse.resize(bytes));
+        id3->RomTag.Format = QStringLiteral("Former");
+        id3->ReadRomTag(path, panel);
+        QCOMPARE(id3->RomTag.Format, format);
+        QCOMPARE(panel.format, format + QStringLiteral(" [%1KB]").arg(bytes / 1000));
+        if (format == QStringLiteral("Former")) {
+            QCOMPARE(id3->RomTag.Extension, path.section(QLatin1Char('.'), 1, 1));
+        }
+    }
+    void stored_size_is_rounded_half_to_even_and_an_untagged_one_down_data() {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<int>("kilobytes");
+        QTest::newRow("1500499") << QByteArray("1500499") << 1500;
+        QTest::newRow("1500500") << QByteArray("1500500") << 1500;
+        QTest::newRow("1500501") << QByteArray("1500501") << 1501;
+        QTest::newRow("1501500") << QByteArray("1501500") << 1502;
+    }
+    void stored_size_is_rounded_half_to_even_and_an_untagged_one_down() {
+        QFETCH(QByteArray, stored);
+        QFETCH(int, kilobytes);
+        id3->ReadRomTag(file(image(3000) + tagLine(stored)), panel);
+        QCOMPARE(id3->RomTag.SizeKB, kilobytes);
+        id3->ReadRomTag(file(image(1500999)), panel);
+        QCOMPARE(panel.format, QStringLiteral("GameBoy [1500KB]"));
+    }
+    void a_size_that_is_no_number_makes_the_file_untagged_data() {
+        QTest::addColumn<QByteArray>("stored");
+        for (const char* text : {"", "abc", "12x", "inf", "nan", "99999999999999999"}) {
+            QTest::newRow(text) << QByteArray(text);
+        }
+    }
+    void a_size_that_is_no_number_makes_the_file_untagged() {
+        QFETCH(QByteArray, stored);
+        id3->ReadRomTag(file(image(3000) + tagLine(stored)), panel);
+        QVERIFY(!panel.tagged);
+        QCOMPARE(id3->RomTag.Company, QString());
+        QCOMPARE(panel.title, QStringLiteral("globals/nodisp"));
+    }
+    void only_a_lower_case_zip_is_an_archive() {
+        id3->ReadRomTag(file(image(100), QStringLiteral("PACK.zip")), panel);
+        QCOMPARE(id3->RomTag.Format, QStringLiteral("Formato .ZIP"));
+        QCOMPARE(id3->RomTag.Extension, QStringLiteral(".zip"));
+        id3->RomTag.Format = QStringLiteral("Former");
+        id3->ReadRomTag(file(image(100), QStringLiteral("GAME.ZIP")), panel);
+        QCOMPARE(id3->RomTag.Format, QStringLiteral("Former"));
+        QCOMPARE(id3->RomTag.Extension, QStringLiteral("ZIP"));
+    }
+    void an_archive_with_a_tag_is_an_archive_and_one_without_goes_by_its_size() {
+        id3->ReadRomTag(file(image(3000) + tagLine("1500000"), QStringLiteral("a.zip")), panel);
+        QCOMPARE(id3->RomTag.Format, QStringLiteral("Formato .ZIP"));
+        id3->ReadRomTag(file(image(1500000), QStringLiteral("a.zip")), panel);
+        QCOMPARE(id3->RomTag.Format, QStringLiteral("GameBoy"));
+    }
+    void a_dot_in_a_folder_name_takes_the_place_of_the_extension() {
+        id3->ReadRomTag(file(image(100), QStringLiteral("games.zip/plain.gb")), panel);
+        QCOMPARE(id3->RomTag.Extension, QStringLiteral("zip/plain"));
+    }
+    void the_shifted_form_is_read_with_the_marker_as_company() {
+        id3->ReadRomTag(file(image(3000) + tagLine("1500000", "V\xF6\xA7R\xE4N")), panel);
+        QCOMPARE(panel.company, QStringLiteral("Vö§RäN"));
+        QCOMPARE(panel.title, QStringLiteral("Title"));
+        QCOMPARE(id3->RomTag.SizeKB, 1500);
+    }
+    void a_tag_of_the_shifted_form_saved_from_the_panel_reads_as_the_shifted_form_again() {
+        const QString path = file(image(3000) + tagLine("3000", "V\xF6\xA7R\xE4N"));
+        id3->ReadRomTag(path, panel);
+        fillNew();
+        id3->NewCompany = panel.company;
+        id3->SaveRomTag(path, [] {});
+        id3->ReadRomTag(path, panel);
+        QCOMPARE(panel.company, QStringLiteral("Vö§RäN"));
+        QCOMPARE(panel.title, QStringLiteral("Title"));
+        QVERIFY(folder.read(QStringLiteral("game.gb")).startsWith(image(3000) + "\r\nID3TAG\xA7V\xF6\xA7R\xE4N\xA7Title"));
+    }
+    void a_separator_inside_a_field_shifts_the_later_ones() {
+        const QString path = file(image(3000));
+        fillNew("Ac§me", "Title", "7000");
+        id3->AppendRomTag(path);
+        id3->ReadRomTag(path, panel);
+        QCOMPARE(panel.company, QStringLiteral("Ac"));
+        QCOMPARE(panel.title, QStringLiteral("me"));
+        QCOMPARE(panel.info, QStringLiteral("21/11/26"));
+        QCOMPARE(id3->RomTag.SizeKB, 7);
+    }
+    void stripping_keeps_the_image_and_a_line_end() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        ID3::StripRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\n");
+    }
+    void stripping_the_shifted_form_takes_its_own_size_piece() {
+        const QString path = file(image(3000) + tagLine("2990", "V\xF6\xA7R\xE4N"));
+        ID3::StripRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(2990) + "\r\n");
+    }
+    void stripping_cuts_at_a_marker_inside_the_image() {
+        const QString path = file("abcID3TAG\xA7" + image(10) + tagLine("3000"));
+        QCOMPARE(failureOf([&] { ID3::StripRomTag(path); }), std::optional<int>(RuntimeFailure::subscript));
+        const QString numbered = file("abcID3TAG\xA7"
+                                      "1\xA7"
+                                      "2\xA7"
+                                      "3\xA7"
+                                      "4\xA7"
+                                      "2\xA7" +
+                                      image(10) + tagLine("3000"));
+        ID3::StripRomTag(numbered);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), QByteArray("ab\r\n"));
+    }
+    void stripping_an_untagged_file_fails_and_leaves_it_alone() {
+        const QString path = file(image(3000));
+        QCOMPARE(failureOf([&] { ID3::StripRomTag(path); }), std::optional<int>(RuntimeFailure::subscript));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000));
+    }
+    void stripping_gives_back_all_256_byte_values() {
+        QByteArray bytes;
+        for (int i = 0; i < 256; ++i) bytes.append(static_cast<char>(i));
+        const QString path = file(bytes + tagLine("256"));
+        ID3::StripRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes + "\r\n");
+    }
+    void a_rom_of_n_bytes_saved_twice_has_size_n_plus_2_and_a_line_end_behind_the_image() {
+        const QString path = file(image(3000));
+        fillNew();
+        id3->SaveRomTag(path, [] {});
+        id3->SaveRomTag(path, [] {});
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\nID3TAG\xA7"
+                                                           "Acme\xA7Title\xA7"
+                                                           "21/11/26\xA7Info\xA7"
+                                                           "3002\xA7\r\n");
+    }
+    void saving_yields_once_between_strip_and_append() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        fillNew();
+        QByteArrayList seen;
+        id3->SaveRomTag(path, [&] { seen.append(folder.read(QStringLiteral("game.gb"))); });
+        QCOMPARE(seen, QByteArrayList{image(3000) + "\r\n"});
+    }
+    void replacing_keeps_only_what_stood_in_the_window() {
+        const QByteArray tag = tagLine("5000");
+        const QString path = file(image(5000) + tag);
+        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QString(), QStringLiteral("I"));
+        const qsizetype remnant = 1024 - (tag.size() - 1);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(remnant) + "\r\nID3TAG\xA7"
+                                                              "C\xA7T\xA7\xA7I\xA7"
+                                                              "5000\xA7\r\n");
+    }
+    void replacing_keeps_at_most_the_stored_size_and_an_empty_argument_stays_empty() {
+        const QString path = file(image(5000) + tagLine("7", "V\xF6\xA7R\xE4N"));
+        id3->ReplaceRomTag(path, QString(), QString(), QString(), QString());
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(7) + "\r\nID3TAG\xA7\xA7\xA7\xA7\xA7"
+                                                        "7\xA7\r\n");
+        QCOMPARE(id3->NewTitle, QStringLiteral(" "));
+    }
+    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone() {
+        const QByteArray bytes = image(1900) + tagLine("1900");
+        const QString path = file(bytes);
+        QVERIFY(bytes.size() < 2048);
+        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"), QStringLiteral("I"));
+        QCOMPARE(messages.boxes.size(), 1);
+        QCOMPARE(messages.last(), QStringLiteral("0: "));
+        QCOMPARE(messages.boxes[0].flags, MsgBoxFlags::okOnly);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
+    }
+    void a_tag_cut_at_any_byte_is_read_without_harm() {
+        const QByteArray tag = tagLine("1500000");
+        for (qsizetype length = 0; length <= tag.size(); ++length) {
+            id3->ReadRomTag(file(image(3000) + tag.first(length)), panel);
+            // Nothing but the two bytes of the line end and the last separator can go without a trace.
+            if (length >= tag.size() - 2) QVERIFY(panel.tagged);
+            if (length < tag.size() - 9) QVERIFY2(!panel.tagged, QByteArray::number(length).constData());
+        }
+    }
+    void files_of_every_small_length_are_untagged_and_do_no_harm() {
+        for (const qsizetype length : {0, 1, 1023, 1024, 2047, 2048, 2049}) {
+            id3->ReadRomTag(file(image(length)), panel);
+            QVERIFY(!panel.tagged);
+            QCOMPARE(id3->RomTag.SizeKB, static_cast<qint32>(length / 1000));
+        }
+    }
+    void a_missing_file_shows_as_untagged_and_empty() {
+        id3->ReadRomTag(folder.path(QStringLiteral("gone.gb")), panel);
+        QVERIFY(!panel.tagged);
+        QCOMPARE(panel.format, QStringLiteral(" [0KB]"));
+        QVERIFY(failureOf([&] { (void)id3->HasRomTag(folder.path(QStringLiteral("gone.gb"))); }).has_value());
+        QVERIFY(!QFile::exists(folder.path(QStringLiteral("gone.gb"))));
+    }
+    void an_unreadable_file_shows_as_untagged() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        chmod(QFile::encodeName(path).constData(), 0);
+        const OrdinaryUser user;
+        id3->ReadRomTag(path, panel);
+        QVERIFY(!panel.tagged);
+    }
+    void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before_data() {
+        QTest::addColumn<qint64>("room");
+        QTest::newRow("no room for the stripped image") << qint64(1000);
+        QTest::newRow("room for the stripped image but not for the tag") << qint64(3010);
+    }
+    void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before() {
+        QFETCH(qint64, room);
+        const QByteArray before = image(3000) + tagLine("3000");
+        const QString path = file(before, QStringLiteral("full/game.gb"));
+        fillNew("Another", "Longer title");
+        std::optional<int> failure;
+        {
+            const FullDisk full(static_cast<rlim_t>(room));
+            failure = failureOf([&] { id3->SaveRomTag(path, [] {}); });
+        }
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::diskFull));
+        QCOMPARE(folder.read(QStringLiteral("full/game.gb")), before);
+        QCOMPARE(folder.entries(QStringLiteral("full")), QStringList{QStringLiteral("game.gb")});
+    }
+    void a_full_disk_during_an_append_leaves_the_file_as_before() {
+        const QString path = file(image(3000));
+        fillNew();
+        std::optional<int> failure;
+        {
+            const FullDisk full(3010);
+            failure = failureOf([&] { id3->AppendRomTag(path); });
+        }
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::diskFull));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000));
+    }
+    void a_save_in_a_read_only_folder_is_told_and_leaves_the_file_as_before() {
+        const QByteArray before = image(3000) + tagLine("3000");
+        const QString path = file(before, QStringLiteral("locked/game.gb"));
+        const QByteArray locked = QFile::encodeName(folder.path(QStringLiteral("locked")));
+        chmod(QFile::encodeName(path).constData(), 0666);
+        chmod(locked.constData(), 0555);
+        chmod(QFile::encodeName(folder.path()).constData(), 0755);
+        fillNew();
+        std::optional<int> failure;
+        {
+            const OrdinaryUser user;
+            failure = failureOf([&] { id3->SaveRomTag(path, [] {}); });
+        }
+        chmod(locked.constData(), 0755);
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::permissionDenied));
+        QCOMPARE(folder.read(QStringLiteral("locked/game.gb")), before);
+    }
+    void any_bytes_are_read_without_harm() {
+        std::srand(7);
+        for (int round = 0; round < 400; ++round) {
+            QByteArray bytes(std::rand() % 4000, '\0');
+            for (char& c : bytes) c = static_cast<char>(std::rand());
+            for (int n = std::rand() % 3; n > 0 && !bytes.isEmpty(); --n) {
+                bytes.insert(std::rand() % bytes.size(), std::rand() % 2 ? TagLine::marker
+                                                                         : QByteArray("\xA7" "12\xA7"));
+            }
+            const QString path = file(bytes);
+            id3->ReadRomTag(path, panel);
+            QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
+            if (id3->HasRomTag(path)) failureOf([&] { ID3::StripRomTag(path); });
+        }
+    }
+    void written_then_read_gives_the_same_for_any_storable_text() {
+        std::srand(11);
+        for (int round = 0; round < 300; ++round) {
+            const auto text = [] {
+                QByteArray bytes(1 + std::rand() % 120, '\0');
+                for (char& c : bytes) {
+                    do {
+                        c = static_cast<char>(std::rand());
+                    } while (c == TagLine::separator);
+                }
+                return CodePage1252::fromBytes(bytes);
+            };
+            const QString path = file(image(2100));
+            id3->NewCompany = text();
+            id3->NewTitle = text();
+            id3->NewInfo = text();
+            id3->NewDate = QStringLiteral("1.1.26");
+            id3->AppendRomTag(path);
+            id3->ReadRomTag(path, panel);
+            QVERIFY(panel.tagged);
+            QCOMPARE(panel.company, id3->NewCompany);
+            QCOMPARE(panel.title, id3->NewTitle);
+            QCOMPARE(panel.info, id3->NewInfo);
+        }
+    }
+    void a_64_mib_file_is_read_by_its_tail_alone() {
+        const QString path = file("");
+        QFile huge(path);
+        QVERIFY(huge.resize(64 << 20));
+        QVERIFY(huge.open(QIODevice::Append));
+        huge.write(tagLine("67108864"));
+        huge.close();
+        id3->ReadRomTag(path, panel);
+        QCOMPARE(panel.format, QStringLiteral("GameBoy Advance [67109KB]"));
+    }
+};
+
+QTEST_GUILESS_MAIN(ID3Test)
+#include "ID3Test.moc"

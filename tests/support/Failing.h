@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Checks on failures, and conditions under which the system makes a file operation fail.
+#pragma once
+
+#include "platform/base/RuntimeFailure.h"
+
+#include <csignal>
+#include <optional>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace torvane {
+
+/// The number of the failure that a statement raises; nothing if it raises none.
+template <typename Statement>
+std::optional<int> failureOf(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeFailure& failure) {
+        return failure.number();
+    }
+    return std::nullopt;
+}
+
+/// While it lives no file of this process may grow beyond a size: the nearest thing to a full disk that
+/// needs no disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t largestFile) {
+        getrlimit(RLIMIT_FSIZE, &m_former);
+        m_formerSignal = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{largestFile, m_former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_formerSignal);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_former{};
+    void (*m_formerSignal)(int) = nullptr;
+};
+
+/// While it lives the process has the rights of an ordinary user, for whom read-only means read-only.
+class OrdinaryUser {
+public:
+    OrdinaryUser() {
+        if (geteuid() == 0) m_changed = seteuid(nobody) == 0;
+    }
+    ~OrdinaryUser() {
+        if (m_changed && seteuid(0) != 0) _exit(99);
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+    bool m_changed = false;
+};
+
+} // namespace torvane
