@@ -24,9 +24,7 @@ void listDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     panel.plate(between(tools.left() - 2, tools.top() - 3, next.right() + 2, totals.bottom() + 7));
     panel.seat(tools);
     const QRectF heading = between(tools.right() + 3, tools.top() + 1, next.right() - 1, tools.bottom() - 1);
-    const QRectF count = catalogue.rect(window, "Label2");
-    const QRectF tab = between(count.left() - 4, count.top() + 2, count.right() + 6, heading.bottom());
-    panel.slot(rounded(heading).united(rounded(tab)));
+    panel.slot(heading);
     panel.well(list);
     panel.seat(back);
     panel.seat(next);

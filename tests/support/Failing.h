@@ -44,14 +44,15 @@ private:
     void (*m_formerSignal)(int) = nullptr;
 };
 
-/// While it lives the process has the rights of an ordinary user, for whom read-only means read-only.
+/// While it lives the process has the rights of an ordinary user, for whom read-only means read-only. The
+/// real user changes too, since access(2) goes by that one.
 class OrdinaryUser {
 public:
     OrdinaryUser() {
-        if (geteuid() == 0) m_changed = seteuid(nobody) == 0;
+        if (geteuid() == 0) m_changed = setresuid(nobody, nobody, 0) == 0;
     }
     ~OrdinaryUser() {
-        if (m_changed && seteuid(0) != 0) _exit(99);
+        if (m_changed && setresuid(0, 0, 0) != 0) _exit(99);
     }
     OrdinaryUser(const OrdinaryUser&) = delete;
     OrdinaryUser& operator=(const OrdinaryUser&) = delete;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A folder of a test's own, gone at its end, with short ways to put files into it and to read them.
+// A folder of a test's own, gone at its end, with short ways to put files into it and to read them. Every
+// user may enter it, for the tests that go on as another one.
 #pragma once
 
 #include "platform/base/NativeText.h"
@@ -8,12 +9,17 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <cstdio>
+#include <sys/stat.h>
 
 namespace torvane {
 
 class TestFolder {
 public:
-    TestFolder() { QVERIFY2(m_dir.isValid(), "no temporary folder"); }
+    TestFolder() {
+        QVERIFY2(m_dir.isValid(), "no temporary folder");
+        setMode(QStringLiteral("."), 0755);
+    }
 
     QString path() const { return m_dir.path(); }
     QString path(const QString& relative) const { return m_dir.filePath(relative); }
@@ -28,6 +34,19 @@ public:
     QByteArray read(const QString& relative) const {
         QFile file(path(relative));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+    }
+    /// The path of a name that may be any bytes, for system calls.
+    QByteArray native(QByteArrayView name) const { return QFile::encodeName(path()) + '/' + name; }
+    /// Makes a file with a name of any bytes; gives its spelled path.
+    QString writeNative(const QByteArray& name, const QByteArray& bytes) const {
+        std::FILE* file = std::fopen(native(name).constData(), "wb");
+        if (!file) qFatal("can't make the file");
+        std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), file);
+        std::fclose(file);
+        return NativeText::fromNative(native(name));
+    }
+    void setMode(const QString& relative, mode_t mode) const {
+        if (chmod(QFile::encodeName(path(relative)).constData(), mode) != 0) qFatal("can't set the mode");
     }
     void makeFolder(const QString& relative) const { QDir(path()).mkpath(relative); }
     /// All names in a folder, hidden ones too.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -65,7 +66,12 @@ QByteArray File::readAt(qint64 position, qint64 count) const {
     return bytes;
 }
 
-QByteArray File::readAll() const { return readAt(0, length()); }
+QByteArray File::readAll() const {
+    const qint64 all = length();
+    // No game is that large; a disk image that lies among them must not take the whole memory.
+    if (all > std::numeric_limits<qint32>::max()) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    return readAt(0, all);
+}
 
 void File::append(const QByteArray& bytes) {
     const qint64 former = length();

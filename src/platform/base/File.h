@@ -24,7 +24,7 @@ public:
     qint64 length() const;
     /// At most `count` bytes from a position counted from 0; fewer at the end of the file.
     QByteArray readAt(qint64 position, qint64 count) const;
-    /// All bytes of the file.
+    /// All bytes of the file; one of 2 GiB or more is refused as too much for the memory.
     QByteArray readAll() const;
     /// Writes at the end and syncs; on a failure the file is cut back to its former length.
     void append(const QByteArray& bytes);

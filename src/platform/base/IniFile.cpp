@@ -15,34 +15,48 @@ namespace {
 // More than any language file or settings file ever holds: a wrong path must not fill the memory.
 constexpr qint64 sizeLimit = 4 << 20;
 
-void load(CSimpleIniA& ini, const QString& file) {
+QByteArray contentOf(const QString& file) {
+    const File opened(file);
+    if (opened.length() > sizeLimit) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    return opened.readAll().replace('\0', ' '); // the reader takes a zero byte for the end
+}
+
+QByteArray contentToChange(const QString& file) {
+    try {
+        return contentOf(file);
+    } catch (const RuntimeFailure& failure) {
+        // Taking any other failure for an empty file would lose what is in it.
+        if (failure.number() != RuntimeFailure::fileNotFound) throw;
+        return {};
+    }
+}
+
+std::optional<QByteArray> valueIn(const QByteArray& bytes, const QByteArray& section, const QByteArray& key) {
+    CSimpleIniA ini;
     ini.SetUnicode(false);
-    // Values with line breaks or outer blanks (a folder may be called so) survive as multi-line data.
-    ini.SetMultiLine(true);
-    // Lines without "=" are somebody's, even if they mean nothing here.
-    ini.SetAllowKeyOnly(true);
-    ignoring([&] {
-        QByteArray bytes = File(file).readAt(0, sizeLimit);
-        bytes.replace('\0', ' '); // the reader takes a zero byte for the end
-        ini.LoadData(bytes.constData(), static_cast<size_t>(bytes.size()));
-    });
+    ini.LoadData(bytes.constData(), static_cast<size_t>(bytes.size()));
+    const char* found = ini.GetValue(section.constData(), key.constData());
+    return found ? std::optional<QByteArray>(found) : std::nullopt;
 }
 } // namespace
 
 std::optional<QByteArray> value(const QString& file, const QByteArray& section, const QByteArray& key) {
-    CSimpleIniA ini;
-    load(ini, file);
-    const char* found = ini.GetValue(section.constData(), key.constData());
-    return found ? std::optional<QByteArray>(found) : std::nullopt;
+    QByteArray bytes;
+    ignoring([&] { bytes = contentOf(file); });
+    return valueIn(bytes, section, key);
 }
 
 void setValue(const QString& file, const QByteArray& section, const QByteArray& key, const QByteArray& value) {
+    const QByteArray former = contentToChange(file);
     CSimpleIniA ini;
-    load(ini, file);
+    ini.SetUnicode(false);
+    ini.LoadData(former.constData(), static_cast<size_t>(former.size()));
     ini.SetValue(section.constData(), key.constData(), value.constData());
     std::string text;
     if (ini.Save(text) < 0) throw RuntimeFailure(RuntimeFailure::deviceError);
-    SafeFile::replace(file, QByteArray::fromStdString(text));
+    const QByteArray bytes = QByteArray::fromStdString(text);
+    if (valueIn(bytes, section, key) != value) throw RuntimeFailure(RuntimeFailure::invalidCall);
+    SafeFile::replace(file, bytes);
 }
 
 } // namespace torvane::IniFile

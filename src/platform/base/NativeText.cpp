@@ -35,6 +35,9 @@ qsizetype sequenceLength(QByteArrayView bytes) {
 
 QString fromNative(QByteArrayView name) {
     if (std::all_of(name.begin(), name.end(), isPlain)) return QString::fromLatin1(name);
+    // A byte order mark is a character like others: in a name no order is to be marked.
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text;
     text.reserve(name.size());
     while (!name.isEmpty()) {
@@ -42,7 +45,7 @@ QString fromNative(QByteArrayView name) {
         if (length == 0) {
             text.append(QChar(static_cast<char16_t>(escapeBase + static_cast<uchar>(name.front()))));
         } else {
-            text.append(QString::fromUtf8(name.first(length)));
+            text.append(QString(decoder.decode(name.first(length))));
         }
         name = name.sliced(std::max<qsizetype>(length, 1));
     }

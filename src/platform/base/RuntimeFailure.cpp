@@ -19,6 +19,7 @@ RuntimeFailure RuntimeFailure::fromErrno(int error) {
     case EPERM: return RuntimeFailure(permissionDenied);
     case EROFS:
     case EISDIR:
+    case ENXIO: // a pipe or socket in place of a file, with nobody at its other end
     case ENAMETOOLONG:
     case ELOOP: return RuntimeFailure(pathAccess);
     default: return RuntimeFailure(deviceError);
@@ -30,6 +31,7 @@ QString RuntimeFailure::describe(Number number) {
     case none: return QString();
     case invalidCall: return QStringLiteral("Invalid procedure call or argument");
     case overflow: return QStringLiteral("Overflow");
+    case outOfMemory: return QStringLiteral("Out of memory");
     case subscript: return QStringLiteral("Subscript out of range");
     case typeMismatch: return QStringLiteral("Type mismatch");
     case fileNotFound: return QStringLiteral("File not found");

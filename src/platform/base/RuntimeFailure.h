@@ -17,6 +17,7 @@ public:
         none = 0,
         invalidCall = 5,
         overflow = 6,
+        outOfMemory = 7,
         subscript = 9,
         typeMismatch = 13,
         fileNotFound = 53,

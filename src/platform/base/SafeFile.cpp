@@ -16,6 +16,7 @@ namespace torvane::SafeFile {
 
 namespace {
 constexpr size_t copyBlock = 1 << 20;
+constexpr int mostLinks = 40; // as many as the kernel follows
 
 [[noreturn]] void failWithErrno() { throw RuntimeFailure::fromErrno(errno); }
 
@@ -35,10 +36,17 @@ QByteArray folderOf(const QByteArray& path) {
     return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.first(slash);
 }
 
-// The place that a rename has to hit: behind all symbolic links, if there are any.
-QByteArray behindLinks(const QByteArray& path) {
-    std::array<char, PATH_MAX> resolved{};
-    return realpath(path.constData(), resolved.data()) ? QByteArray(resolved.data()) : path;
+// The place that a rename has to hit: behind all symbolic links, if there are any. A link may lead to a
+// file that is still to be made.
+QByteArray behindLinks(QByteArray path) {
+    for (int links = 0; links < mostLinks; ++links) {
+        std::array<char, PATH_MAX> target{};
+        const ssize_t length = readlink(path.constData(), target.data(), target.size());
+        if (length < 0) return path;
+        const QByteArray next(target.data(), static_cast<qsizetype>(length));
+        path = next.startsWith('/') ? next : folderOf(path) + '/' + next;
+    }
+    throw RuntimeFailure::fromErrno(ELOOP);
 }
 
 // A name that no list shows; it is not lengthened with the file's own name, which may be at the limit.
@@ -54,10 +62,13 @@ void writeAll(int handle, const char* bytes, size_t count) {
     }
 }
 
+// Not every folder can be synced (some may be written but not read, some network file systems have no
+// such call). The rename stands all the same, and a failure would say that the old file is still there.
 void syncFolder(const QByteArray& folder) {
-    const Handle handle(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // Some network file systems can't sync a folder and say EINVAL; the rename stands all the same.
-    if (fsync(handle.number) != 0 && errno != EINVAL) failWithErrno();
+    const int handle = open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return;
+    fsync(handle);
+    close(handle);
 }
 
 mode_t newFileMode() {
@@ -100,7 +111,11 @@ private:
 };
 
 void refuseUnlessWritable(const QByteArray& target) {
-    if (access(target.constData(), F_OK) == 0 && access(target.constData(), W_OK) != 0) failWithErrno();
+    struct stat info {};
+    if (stat(target.constData(), &info) != 0) return;
+    // A rename would put a file in the place of a device or a pipe.
+    if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    if (access(target.constData(), W_OK) != 0) failWithErrno();
 }
 
 void refuseSameFile(int source, const QByteArray& target) {
@@ -154,7 +169,10 @@ RestorePoint::~RestorePoint() {
 }
 
 void RestorePoint::restore() {
-    if (!m_kept.isEmpty() && rename(m_kept.constData(), m_path.constData()) == 0) m_kept.clear();
+    if (m_kept.isEmpty() || rename(m_kept.constData(), m_path.constData()) != 0) return;
+    // Two names of one file make rename(2) do nothing: then the second one is still there.
+    unlink(m_kept.constData());
+    m_kept.clear();
 }
 
 } // namespace torvane::SafeFile

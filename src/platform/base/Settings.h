@@ -10,7 +10,7 @@ namespace torvane {
 class Settings {
 public:
     /// The store below a configuration folder (real path; the desktop's own, $XDG_CONFIG_HOME, as a rule).
-    explicit Settings(QString configurationFolder);
+    explicit Settings(const QString& configurationFolder);
 
     /// The stored text; `absent` if there is no such key. Unreadable files count as empty ones.
     QString GetSetting(const QString& application, const QString& section, const QString& key,
