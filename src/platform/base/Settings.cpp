@@ -18,7 +18,9 @@ namespace {
 constexpr char16_t innerBackslash = 0xDC5C;
 
 bool isEscape(const QString& text, qsizetype at) {
-    const auto isHex = [&](qsizetype i) { return i < text.size() && std::isxdigit(text[i].toLatin1()); };
+    const auto isHex = [&](qsizetype i) {
+        return i < text.size() && std::isxdigit(static_cast<uchar>(text[i].toLatin1())) != 0;
+    };
     return text[at] == QLatin1Char('%') && isHex(at + 1) && isHex(at + 2);
 }
 

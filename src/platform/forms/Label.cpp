@@ -9,7 +9,7 @@ namespace torvane {
 
 Label::Label(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
     : Control(parent, name, rect), m_caption(QString::fromUtf8(look.caption)), m_fore(look.fore),
-      m_back(look.back), m_align(look.align), m_transparent(look.transparent) {
+      m_back(look.back), m_align(look.align), m_transparent(look.transparent), m_wrapWidth(width()) {
     setFontSpec(look.font);
 }
 
@@ -18,6 +18,7 @@ Label::Label(QWidget& parent, const char* name, const DesignRect& rect, Label& s
             {"", source.fontSpec(), Colours::black, source.m_align, true, Colours::buttonFace}) {
     m_caption = source.m_caption;
     m_isShadow = true;
+    m_wrapWidth = source.m_wrapWidth;
     setAttribute(Qt::WA_TransparentForMouseEvents);
     stackUnder(&source);
 }
@@ -43,7 +44,7 @@ void Label::paintEvent(QPaintEvent*) {
     if (!m_transparent) painter.fillRect(rect(), Colours::toQColor(m_back));
     if (m_caption.isEmpty()) return;
     painter.setPen(Colours::toQColor(m_fore));
-    painter.drawText(rect(), static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
+    painter.drawText(QRect(0, 0, m_wrapWidth, height()), static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
 }
 
 void Label::mousePressEvent(QMouseEvent* event) {

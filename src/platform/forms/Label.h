@@ -61,6 +61,7 @@ private:
     Qt::Alignment m_align;
     bool m_transparent;
     bool m_isShadow = false;
+    int m_wrapWidth; ///< pixels at which lines break: a shadow breaks them where its source does
 };
 
 } // namespace torvane
