@@ -15,8 +15,8 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
       menuing([this] { return std::make_unique<Menuing>(runtime); }),
       selLangStartUp([this] { return std::make_unique<SelLangStartUp>(runtime, desk, globals); }),
       splash([this] { return std::make_unique<Splash>(runtime, desk, globals); }), mainFrm([this] {
-          return std::make_unique<MainFrm>(MainFrmParts{runtime, desk, globals, language, hosts, funciones,
-                                                        emulators, shell, id3});
+          return std::make_unique<MainFrm>(
+              MainFrmParts{runtime, desk, globals, language, hosts, funciones, emulators, shell, id3});
       }),
       torvMsg([this] {
           return std::make_unique<TorvMsg>(runtime, desk, language,

@@ -10,7 +10,7 @@ namespace torvane {
 
 namespace {
 enum class Opening {
-    hidesOpener, ///< the opener is hidden; the opened one brings it back when it closes
+    hidesOpener,   ///< the opener is hidden; the opened one brings it back when it closes
     ownedByOpener, ///< the opener stays, and the opened window stands above it
 };
 
@@ -37,12 +37,18 @@ constexpr std::array ways = {
 // The other windows are not part of the program yet; their rows wait in the table.
 Form* TorvaneDesk::form(Window window) {
     switch (window) {
-    case Window::SelLangStartUp: return &m_program.selLangStartUp.get();
-    case Window::Splash: return &m_program.splash.get();
-    case Window::MainFrm: return &m_program.mainFrm.get();
-    case Window::Menuing: return &m_program.menuing.get();
-    case Window::TorvMsg: return &m_program.torvMsg.get();
-    default: return nullptr;
+    case Window::SelLangStartUp:
+        return &m_program.selLangStartUp.get();
+    case Window::Splash:
+        return &m_program.splash.get();
+    case Window::MainFrm:
+        return &m_program.mainFrm.get();
+    case Window::Menuing:
+        return &m_program.menuing.get();
+    case Window::TorvMsg:
+        return &m_program.torvMsg.get();
+    default:
+        return nullptr;
     }
 }
 
@@ -56,8 +62,10 @@ bool TorvaneDesk::exists(Window window) const {
     case Window::Splash:
     case Window::MainFrm:
     case Window::Menuing:
-    case Window::TorvMsg: return true;
-    default: return false;
+    case Window::TorvMsg:
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -78,7 +86,8 @@ void TorvaneDesk::startApplication() {
         Config::application, Config::section, QStringLiteral("Language"),
         globals.AppPath + QStringLiteral("\\data\\lang\\lang_esp.tvl"));
     pumpEvents();
-    globals.LanguageName = m_program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname"));
+    globals.LanguageName =
+        m_program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname"));
     if (numberSetting("Intro", "1") != 0) {
         form(Window::Splash)->Show();
         return;
@@ -117,13 +126,17 @@ void TorvaneDesk::makeMSG(const QString& message, const QString& action, const Q
     m_program.torvMsg.get().MakeMSG(message, action, data);
 }
 
+Form* TorvaneDesk::visibleMainWindow() const {
+    Form* window = formIfLoaded(Window::MainFrm);
+    return window != nullptr && window->isVisible() ? window : nullptr;
+}
+
 void TorvaneDesk::disableMainWindow() {
     if (Form* window = formIfLoaded(Window::MainFrm)) window->setEnabled(false);
 }
 
 void TorvaneDesk::enableVisibleMainWindow() {
-    Form* window = formIfLoaded(Window::MainFrm);
-    if (window != nullptr && window->isVisible()) window->setEnabled(true);
+    if (Form* window = visibleMainWindow()) window->setEnabled(true);
 }
 
 void TorvaneDesk::endProgram() { m_program.runtime.end(); }

@@ -7,7 +7,6 @@
 namespace torvane {
 
 class Program;
-class Form;
 
 class TorvaneDesk : public Desk {
 public:
@@ -19,6 +18,7 @@ public:
     void introEnded() override;
     void reopenMainWindow() override;
     void makeMSG(const QString& message, const QString& action, const QString& data) override;
+    Form* visibleMainWindow() const override;
     void disableMainWindow() override;
     void enableVisibleMainWindow() override;
     void endProgram() override;

@@ -8,6 +8,8 @@
 #include "platform/forms/DesktopDialogs.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QTimer>
 #include <cstdio>
 #include <unistd.h>
 
@@ -25,6 +27,16 @@ QString configurationFolder() {
     return torvane::Paths::spelled(given.startsWith('/') ? given : qgetenv("HOME") + "/.config");
 }
 
+// The window icon in all sizes that window managers ask for; set when the first window stands, since
+// nobody waits for it.
+void setWindowIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/art/torvane-%1.png").arg(size), QSize(size, size));
+    }
+    QApplication::setWindowIcon(icon);
+}
+
 [[noreturn]] void endProcess() {
     std::fflush(nullptr);
     _exit(0);
@@ -35,7 +47,6 @@ int main(int argc, char** argv) {
     preferX11();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Torvane"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Torvane"));
     QApplication::setApplicationVersion(QStringLiteral(TORVANE_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     torvane::initArtResources();
@@ -48,5 +59,6 @@ int main(int argc, char** argv) {
     torvane::Runtime runtime{messages, dialogs, browser, processes, settings, endProcess};
     torvane::Program program(runtime, torvane::Paths::applicationFolder());
     program.start();
+    QTimer::singleShot(0, &application, setWindowIcon);
     return QApplication::exec();
 }

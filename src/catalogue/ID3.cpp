@@ -53,9 +53,7 @@ void setFormat(RomTagRecord& tag, const GameFormat& first, const GameFormat& sec
 }
 } // namespace
 
-bool ID3::HasRomTag(const QString& path) const {
-    return File::contentOf(path).contains(TagLine::marker);
-}
+bool ID3::HasRomTag(const QString& path) const { return File::contentOf(path).contains(TagLine::marker); }
 
 void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
     RomTag.Extension = secondPiece(path);
@@ -120,8 +118,9 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
         const qint64 length = file.length();
         if (isTooShort(length)) {
             // The runtime's last error number and its description: none has occurred.
-            m_messages.MsgBox(QStringLiteral("%1: %2").arg(RuntimeFailure::none).arg(
-                RuntimeFailure::describe(RuntimeFailure::none)));
+            m_messages.MsgBox(QStringLiteral("%1: %2")
+                                  .arg(RuntimeFailure::none)
+                                  .arg(RuntimeFailure::describe(RuntimeFailure::none)));
             return;
         }
         window = tailWindow(file, length);
@@ -130,10 +129,10 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
     const QByteArray size = TagLine::storedSizeText(tag);
     const QByteArray remnant = atMost(TagLine::imagePart(window), TagLine::number(size));
     fillBlanks();
-    SafeFile::replace(path, remnant + TagLine::lineEnd +
-                                TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
-                                                CodePage1252::toBytes(date), CodePage1252::toBytes(info),
-                                                size}));
+    SafeFile::replace(path,
+                      remnant + TagLine::lineEnd +
+                          TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
+                                          CodePage1252::toBytes(date), CodePage1252::toBytes(info), size}));
 }
 
 void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {

@@ -35,7 +35,8 @@ public:
 
 class ID3 {
 public:
-    ID3(const LanguageTables& language, MessageBoxes& messages) : m_language(language), m_messages(messages) {}
+    ID3(const LanguageTables& language, MessageBoxes& messages)
+        : m_language(language), m_messages(messages) {}
 
     RomTagRecord RomTag;
     /// What the next AppendRomTag writes; the caller fills them, and they stay set.
@@ -54,8 +55,8 @@ public:
     static void StripRomTag(const QString& path);
     /// Puts a tag of the four values in the place of the present one. Of the image only what stands in
     /// the last 1024 bytes survives. A file shorter than 2048 bytes is left alone, with a message.
-    void ReplaceRomTag(const QString& path, const QString& title, const QString& company,
-                       const QString& date, const QString& info);
+    void ReplaceRomTag(const QString& path, const QString& title, const QString& company, const QString& date,
+                       const QString& info);
     /// Saves the New values: an old tag is stripped, `yield` is called, the new tag is appended. If the
     /// second step fails the file is put back to what it was before the first.
     void SaveRomTag(const QString& path, const std::function<void()>& yield);

@@ -7,6 +7,8 @@
 
 namespace torvane {
 
+class Form;
+
 /// All windows that can be asked for, by their names.
 enum class Window {
     SelLangStartUp,
@@ -43,6 +45,8 @@ public:
     /// Asks a question in the program's own window; returns at once. Action words: "exit", "delete" with a
     /// path as data, "msg".
     virtual void makeMSG(const QString& message, const QString& action, const QString& data) = 0;
+    /// The main window if the user can see it, else null.
+    virtual Form* visibleMainWindow() const = 0;
     /// Keeps the main window from taking input, or lets it take input again if it is visible.
     virtual void disableMainWindow() = 0;
     virtual void enableVisibleMainWindow() = 0;

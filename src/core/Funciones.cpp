@@ -24,9 +24,10 @@ void Funciones::DeleteRom(const QString& path) {
 void Funciones::OpenURL(const QString& url) { m_mainWindow.followLink(url); }
 
 void Funciones::ShowFatalError() {
-    m_parts.messages.MsgBox(QStringLiteral("Torvane ha encontrado un error y será cerrado. Ahora se abrirá el "
-                                           "navegador y cargará el FAQ de la página web de Torvane."),
-                            MsgBoxFlags::critical, QStringLiteral("KESTRA Halyard Kernel"));
+    m_parts.messages.MsgBox(
+        QStringLiteral("Torvane ha encontrado un error y será cerrado. Ahora se abrirá el "
+                       "navegador y cargará el FAQ de la página web de Torvane."),
+        MsgBoxFlags::critical, QStringLiteral("KESTRA Halyard Kernel"));
     OpenURL(m_parts.hosts.address(Hosts::Host::web, QStringLiteral("/modules.php?name=FAQ")));
 }
 

@@ -30,7 +30,9 @@ void SelLangStartUp::wireControls() {
 }
 
 void SelLangStartUp::Load() {
-    if (!runtime().settings.GetSetting(Config::application, Config::section, languageKey, QString()).isEmpty()) {
+    if (!runtime()
+             .settings.GetSetting(Config::application, Config::section, languageKey, QString())
+             .isEmpty()) {
         Unload();
         m_desk.startApplication();
         return;
@@ -45,9 +47,12 @@ void SelLangStartUp::ShowDialog(const QString& text) {
 }
 
 void SelLangStartUp::Timer1_Tick() {
-    Label7.setCaption(Label7.Caption() + PendingText.left(1));
-    pumpEvents();
+    // Taken before the events run: a click among them may put another text in the place of this one, and
+    // that one shall keep its first character.
+    const QString next = PendingText.left(1);
     PendingText.remove(0, 1);
+    Label7.setCaption(Label7.Caption() + next);
+    pumpEvents();
     if (PendingText.isEmpty()) Timer1.setEnabled(false);
 }
 
@@ -88,10 +93,11 @@ void SelLangStartUp::no_Click() {
 
 void SelLangStartUp::ok_Click() {
     runtime().settings.SaveSetting(Config::application, Config::section, languageKey,
-                                   m_globals.AppPath + QStringLiteral("\\data\\lang\\lang_") + ChosenLanguage +
-                                       QStringLiteral(".tvl"));
+                                   m_globals.AppPath + QStringLiteral("\\data\\lang\\lang_") +
+                                       ChosenLanguage + QStringLiteral(".tvl"));
     setAnswersVisible(false);
-    for (Label* label : {&Label4, &Label5, &Label6}) label->setVisible(false);
+    for (Label* label : {&Label4, &Label5, &Label6})
+        label->setVisible(false);
     // The image is a hidden store; what the user sees is the window's own picture.
     Image1.setPicture(Pictures::load(QStringLiteral("SelLangStartUp-second.jpg"), devicePixelRatioF()));
     setPicture(Image1.Picture());
@@ -108,8 +114,7 @@ QString SelLangStartUp::thanks() const {
         return QStringLiteral(
             "Gràcies! Si necessites res, crida'm. Estaré a la Configuració. Que gaudeixis de Torvane!");
     }
-    return QStringLiteral(
-        "Thanks! If you need me, i'll be in Configuration. I hope you will enjoy Torvane!");
+    return QStringLiteral("Thanks! If you need me, i'll be in Configuration. I hope you will enjoy Torvane!");
 }
 
 void SelLangStartUp::Timer2_Tick() {

@@ -11,9 +11,8 @@ Splash::Splash(Runtime& runtime, Desk& desk, const Globals& globals)
     : SplashDesign(runtime), m_desk(desk), m_globals(globals) {
     wire(Timer1, &Timer::Tick, this, &Splash::Timer1_Tick);
     wire(Flash, &MoviePlayer::readyStateChanged, this, &Splash::Flash_ReadyStateChange);
-    connect(&Picture1, &Panel::keyPressed, this, [this](int keyCode) {
-        this->runtime().guarded([&] { Picture1_KeyPressed(keyCode); });
-    });
+    connect(&Picture1, &Panel::keyPressed, this,
+            [this](int keyCode) { this->runtime().guarded([&] { Picture1_KeyPressed(keyCode); }); });
     Picture1.setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -34,7 +33,8 @@ void Splash::Flash_ReadyStateChange() { Picture1.setFocus(); }
 void Splash::Picture1_KeyPressed(int keyCode) { keyHandler(keyCode, 1); }
 
 void Splash::keyPressEvent(QKeyEvent* event) {
-    runtime().guarded([&] { keyHandler(event->key(), static_cast<int>(event->modifiers() != Qt::NoModifier)); });
+    runtime().guarded(
+        [&] { keyHandler(event->key(), static_cast<int>(event->modifiers() != Qt::NoModifier)); });
 }
 
 void Splash::mousePressEvent(QMouseEvent* event) {

@@ -87,8 +87,7 @@ void MainFrm::copyGame() {
 
 void MainFrm::deleteGame() {
     if (Games.FileName().isEmpty()) return;
-    const QString question =
-        m.language.LangText(QStringLiteral("Globals"), QStringLiteral("suretodelete"));
+    const QString question = m.language.LangText(QStringLiteral("Globals"), QStringLiteral("suretodelete"));
     const int answer = m.runtime.messages.MsgBox(question, MsgBoxFlags::question | MsgBoxFlags::yesNo,
                                                  QStringLiteral("Torvane..."));
     if (answer != MsgBoxFlags::answerYes) return;
@@ -99,13 +98,18 @@ void MainFrm::deleteGame() {
 
 void MainFrm::Label15_Click() {
     const LaunchWay way = ShellAndClose::launchWay(Games.FileName(), [this] {
-        return Settings::toNumber(m.runtime.settings.GetSetting(
-            Config::application, QStringLiteral("config"), QStringLiteral("zip"), QStringLiteral("0")));
+        return Settings::toNumber(m.runtime.settings.GetSetting(Config::application, QStringLiteral("config"),
+                                                                QStringLiteral("zip"), QStringLiteral("0")));
     });
     switch (way) {
-    case LaunchWay::nothing: break;
-    case LaunchWay::zipViewer: m.desk.go(Window::MainFrm, Window::ZIP_Viewer); break;
-    case LaunchWay::straight: launch(Games.filePath()); break;
+    case LaunchWay::nothing:
+        break;
+    case LaunchWay::zipViewer:
+        m.desk.go(Window::MainFrm, Window::ZIP_Viewer);
+        break;
+    case LaunchWay::straight:
+        launch(Games.filePath());
+        break;
     case LaunchWay::withMinimising: {
         const State former = windowStateWord();
         setWindowStateWord(minimised);
@@ -130,9 +134,7 @@ void MainFrm::scrollDown() {
     if (limit < ListView1.Top()) ListView1.setTop(ListView1.Top() - Picture2.height());
 }
 
-void MainFrm::askForExit() {
-    m.desk.makeMSG(mainMenu("suretoend"), QStringLiteral("exit"), QString());
-}
+void MainFrm::askForExit() { m.desk.makeMSG(mainMenu("suretoend"), QStringLiteral("exit"), QString()); }
 
 // The window manager's close asks the same question; while it stands, there is nothing more to ask.
 void MainFrm::queryUnload() {

@@ -13,7 +13,8 @@ const QString quotes = QStringLiteral("» ");
 // A number as the panel shows it: no exponent, no more digits than needed.
 QString plainNumber(double value) {
     QString text = QString::number(value, 'f', 15);
-    while (text.endsWith(QLatin1Char('0'))) text.chop(1);
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
     if (text.endsWith(QLatin1Char('.'))) text.chop(1);
     return text;
 }
@@ -42,7 +43,7 @@ void MainFrm::Load() {
     Picture1_2.setVisible(false);
     if (ListView1.rowCount() > 0) {
         ListView1.setCurrentRow(0);
-        ListView1_RowClick(0);
+        selectGame(0);
     }
     if (Games.ListCount() == 0) m.desk.go(Window::MainFrm, Window::NewAssistant);
     ShockwaveFlash1.setMovie(m.hosts.address(Hosts::Host::web, QStringLiteral("/banner.swf")));
@@ -51,6 +52,7 @@ void MainFrm::Load() {
     Label41.setCaption(QStringLiteral("#1/") + QString::number(Games.ListCount()));
     ID3_Menu_Click();
     ignoring([this] { Games_Click(); });
+    ListView1.setFocus();
     pumpEvents();
 }
 
@@ -69,7 +71,8 @@ void MainFrm::setCaptions() {
     Label9.setCaption(mainMenu("size"));
     Label16.setCaption(mainMenu("totalrom"));
     // These four belong to menu entries that this window does not have; looking them up does no harm.
-    for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"}) mainMenu(key);
+    for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"})
+        mainMenu(key);
     const auto globals = [this](const char* key) {
         return m.language.LangText(QStringLiteral("globals"), QString::fromLatin1(key));
     };
@@ -108,14 +111,16 @@ void MainFrm::setUpTray() {
 // The setting is a name and a number behind a run of 100 blanks. It is cut at 500 blanks, which never
 // splits it, so that its second piece does not exist and the setting has no effect.
 void MainFrm::readEmulatorSetting() {
-    const QString absent = QStringLiteral("VisualBoy Advance 1.0a") + QString(100, QLatin1Char(' ')) +
-                           QLatin1Char('0');
+    const QString absent =
+        QStringLiteral("VisualBoy Advance 1.0a") + QString(100, QLatin1Char(' ')) + QLatin1Char('0');
     m.runtime.settings.GetSetting(Config::application, Config::section, QStringLiteral("Emulador"), absent);
 }
 
 void MainFrm::GetGameList(const QString& folder, const QString&) {
-    for (FileList* list : {&Games, &File1}) list->setPath(folder.isEmpty() ? libraryFolder() : folder);
+    for (FileList* list : {&Games, &File1})
+        list->setPath(folder.isEmpty() ? libraryFolder() : folder);
     m.emulators.read();
+    Games.readWith(File1);
     const int count = Games.ListCount();
     ListView1.setItems(std::make_shared<GameRows>(File1.names(), count, [this](const QString& name) {
         return File::lengthOf(File1.Path() + QLatin1Char('\\') + name);
@@ -130,17 +135,22 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
 
 void MainFrm::Refresh_Click() {
     ListView1.Clear();
-    for (FileList* list : {&Games, &File1}) list->setPath(libraryFolder() + QLatin1Char('\\'));
+    for (FileList* list : {&Games, &File1})
+        list->setPath(libraryFolder() + QLatin1Char('\\'));
     GetGameList(QString(), QString());
     pumpEvents();
-    selectGame(0);
+    if (Games.ListCount() > 0) Games.setListIndex(0);
 }
 
+// The start goes on whatever is wrong with the first game; a click of the user's tells it.
 void MainFrm::selectGame(int index) {
-    ignoring([&] { Games.setListIndex(index); });
+    ignoring([&] {
+        Games.selectQuietly(index);
+        Games_Click();
+    });
 }
 
-void MainFrm::ListView1_RowClick(int row) { selectGame(row); }
+void MainFrm::ListView1_RowClick(int row) { Games.setListIndex(row); }
 
 void MainFrm::Games_Click() {
     if (Games.FileName().isEmpty()) return;
@@ -149,8 +159,8 @@ void MainFrm::Games_Click() {
         showArchive();
     } else {
         showGame();
-        m.id3.ReadRomTag(Games.filePath(), *this);
     }
+    m.id3.ReadRomTag(Games.filePath(), *this);
     Label41.setCaption(QStringLiteral("#%1/%2").arg(Games.ListIndex() + 1).arg(Games.ListCount()));
 }
 

@@ -44,7 +44,8 @@ public:
     /// Fills the list from a folder, spelled; an empty text stands for the library. The second text has
     /// no meaning. No tag is read and no game is selected.
     void GetGameList(const QString& folder, const QString& second);
-    /// Selects a game by its place in the list; an empty list has none to select, and nothing happens.
+    /// Selects a game by its place in the list and shows it; whatever fails in that is ignored, also that
+    /// there is no such game.
     void selectGame(int index);
 
 protected:

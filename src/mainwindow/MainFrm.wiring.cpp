@@ -24,9 +24,8 @@ QString storable(const QString& entered) {
 void MainFrm::wireControls() {
     wire(Games, &FileList::Click, this, &MainFrm::Games_Click, Failure::told);
     wire(Games, &FileList::DblClick, this, &MainFrm::Label15_Click);
-    connect(&ListView1, &RowList::rowClicked, this, [this](int row) {
-        runtime().telling([&] { ListView1_RowClick(row); });
-    });
+    connect(&ListView1, &RowList::rowClicked, this,
+            [this](int row) { runtime().telling([&] { ListView1_RowClick(row); }); });
     wire(ListView1, &RowList::rowDoubleClicked, this, &MainFrm::Label15_Click);
     wire(Label15, &Label::Click, this, &MainFrm::Label15_Click);
     wire(displayer, &Timer::Tick, this, &MainFrm::displayer_Tick);

@@ -18,7 +18,8 @@ void TorvMsg::Load() {
 
 void TorvMsg::MakeMSG(const QString& Message, const QString& Action, const QString& Data) {
     Label2.setCaption(Message);
-    Show();
+    // Above the main window, which takes no input while the question stands and must not hide it.
+    Show(m_desk.visibleMainWindow());
     m_action = Action.toLower();
     m_data = Data;
     if (m_action == QStringLiteral("exit")) m_desk.disableMainWindow();

@@ -12,11 +12,11 @@ namespace torvane {
 
 /// How each pixel of a picture reaches the surface. The colours are plain 0xBBGGRR words.
 struct BlitRule {
-    std::optional<OleColour> mask; ///< pixels of this colour leave the surface as it is; none: there are none
-    std::optional<OleColour> brush; ///< what the picture's pixels become in place of their own colour
-    bool stencil = false;           ///< with a brush: only dark pixels (sum of channels 384 or less) print
-    bool grey = false;              ///< without a brush: luminance in all three channels
-    bool blend = false;             ///< without a brush and grey: (2 x picture + surface) / 3
+    std::optional<OleColour> mask = {};  ///< pixels of this colour leave the surface as it is
+    std::optional<OleColour> brush = {}; ///< what the picture's pixels become in place of their own colour
+    bool stencil = false; ///< with a brush: only dark pixels (sum of channels 384 or less) print
+    bool grey = false;    ///< without a brush: luminance in all three channels
+    bool blend = false;   ///< without a brush and grey: (2 x picture + surface) / 3
 };
 
 /// Copies the picture's top left part to the rectangle `at` of the target, in the target's own pixels. A

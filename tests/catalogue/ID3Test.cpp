@@ -34,8 +34,10 @@ struct PanelRecord : GamePanel {
 QByteArray image(qsizetype size) { return QByteArray(size, 'r'); }
 
 QByteArray tagLine(const QByteArray& size, const QByteArray& company = "Acme") {
-    return "ID3TAG\xA7" + company + "\xA7Title\xA7"
-                                    "1/2/03\xA7Info\xA7" + size + "\xA7\r\n";
+    return "ID3TAG\xA7" + company +
+           "\xA7Title\xA7"
+           "1/2/03\xA7Info\xA7" +
+           size + "\xA7\r\n";
 }
 } // namespace
 
@@ -73,8 +75,8 @@ private slots:
         fillNew("Señor", "Title", "Info");
         id3->AppendRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "ID3TAG\xA7Se\xF1or\xA7Title\xA7"
-                                                           "21/11/26\xA7Info\xA7"
-                                                           "3000\xA7\r\n");
+                                                                       "21/11/26\xA7Info\xA7"
+                                                                       "3000\xA7\r\n");
     }
     void an_empty_company_title_or_info_is_stored_as_one_blank_and_an_empty_date_as_nothing() {
         const QString path = file(image(10));
@@ -84,7 +86,7 @@ private slots:
         id3->NewDate.clear();
         id3->AppendRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(10) + "ID3TAG\xA7 \xA7 \xA7\xA7 \xA7"
-                                                         "10\xA7\r\n");
+                                                                     "10\xA7\r\n");
         QCOMPARE(id3->NewCompany, QStringLiteral(" "));
         QCOMPARE(id3->NewDate, QString());
     }
@@ -142,10 +144,11 @@ private slots:
         QCOMPARE(id3->RomTag.SizeKB, 1);
     }
     void a_second_marker_ends_the_tag_text() {
-        const QString path = file(image(3000) + "ID3TAG\xA7"
-                                                "a\xA7"
-                                                "b\xA7"
-                                                "c" +
+        const QString path = file(image(3000) +
+                                  "ID3TAG\xA7"
+                                  "a\xA7"
+                                  "b\xA7"
+                                  "c" +
                                   tagLine("5000"));
         id3->ReadRomTag(path, panel);
         QVERIFY(!panel.tagged);
@@ -242,7 +245,8 @@ private slots:
         id3->ReadRomTag(path, panel);
         QCOMPARE(panel.company, QStringLiteral("Vö§RäN"));
         QCOMPARE(panel.title, QStringLiteral("Title"));
-        QVERIFY(folder.read(QStringLiteral("game.gb")).startsWith(image(3000) + "\r\nID3TAG\xA7V\xF6\xA7R\xE4N\xA7Title"));
+        QVERIFY(folder.read(QStringLiteral("game.gb"))
+                    .startsWith(image(3000) + "\r\nID3TAG\xA7V\xF6\xA7R\xE4N\xA7Title"));
     }
     void a_separator_inside_a_field_shifts_the_later_ones() {
         const QString path = file(image(3000));
@@ -284,7 +288,8 @@ private slots:
     }
     void stripping_gives_back_all_256_byte_values() {
         QByteArray bytes;
-        for (int i = 0; i < 256; ++i) bytes.append(static_cast<char>(i));
+        for (int i = 0; i < 256; ++i)
+            bytes.append(static_cast<char>(i));
         const QString path = file(bytes + tagLine("256"));
         ID3::StripRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes + "\r\n");
@@ -295,9 +300,9 @@ private slots:
         id3->SaveRomTag(path, [] {});
         id3->SaveRomTag(path, [] {});
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\nID3TAG\xA7"
-                                                           "Acme\xA7Title\xA7"
-                                                           "21/11/26\xA7Info\xA7"
-                                                           "3002\xA7\r\n");
+                                                                       "Acme\xA7Title\xA7"
+                                                                       "21/11/26\xA7Info\xA7"
+                                                                       "3002\xA7\r\n");
     }
     void saving_yields_once_between_strip_and_append() {
         const QString path = file(image(3000) + tagLine("3000"));
@@ -312,21 +317,22 @@ private slots:
         id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QString(), QStringLiteral("I"));
         const qsizetype remnant = 1024 - (tag.size() - 1);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(remnant) + "\r\nID3TAG\xA7"
-                                                              "C\xA7T\xA7\xA7I\xA7"
-                                                              "5000\xA7\r\n");
+                                                                          "C\xA7T\xA7\xA7I\xA7"
+                                                                          "5000\xA7\r\n");
     }
     void replacing_keeps_at_most_the_stored_size_and_an_empty_argument_stays_empty() {
         const QString path = file(image(5000) + tagLine("7", "V\xF6\xA7R\xE4N"));
         id3->ReplaceRomTag(path, QString(), QString(), QString(), QString());
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(7) + "\r\nID3TAG\xA7\xA7\xA7\xA7\xA7"
-                                                        "7\xA7\r\n");
+                                                                    "7\xA7\r\n");
         QCOMPARE(id3->NewTitle, QStringLiteral(" "));
     }
     void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone() {
         const QByteArray bytes = image(1900) + tagLine("1900");
         const QString path = file(bytes);
         QVERIFY(bytes.size() < 2048);
-        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"), QStringLiteral("I"));
+        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"),
+                           QStringLiteral("I"));
         QCOMPARE(messages.boxes.size(), 1);
         QCOMPARE(messages.last(), QStringLiteral("0: "));
         QCOMPARE(messages.boxes[0].flags, MsgBoxFlags::okOnly);
@@ -413,10 +419,12 @@ private slots:
         std::srand(7);
         for (int round = 0; round < 400; ++round) {
             QByteArray bytes(std::rand() % 4000, '\0');
-            for (char& c : bytes) c = static_cast<char>(std::rand());
+            for (char& c : bytes)
+                c = static_cast<char>(std::rand());
             for (int n = std::rand() % 3; n > 0 && !bytes.isEmpty(); --n) {
                 bytes.insert(std::rand() % bytes.size(), std::rand() % 2 ? TagLine::marker
-                                                                         : QByteArray("\xA7" "12\xA7"));
+                                                                         : QByteArray("\xA7"
+                                                                                      "12\xA7"));
             }
             const QString path = file(bytes);
             id3->ReadRomTag(path, panel);

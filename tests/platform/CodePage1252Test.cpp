@@ -85,9 +85,11 @@ private slots:
         QTest::newRow("Greek") << QStringLiteral("aΩb") << QByteArray("a?b");
         QTest::newRow("Japanese") << QStringLiteral("ポケ") << QByteArray("??");
         QTest::newRow("the character in front of the euro") << QStringLiteral("\u20AB") << QByteArray("?");
-        QTest::newRow("the control that the euro's byte would be") << QStringLiteral("\u0080") << QByteArray("?");
+        QTest::newRow("the control that the euro's byte would be")
+            << QStringLiteral("\u0080") << QByteArray("?");
         QTest::newRow("behind the last byte") << QStringLiteral("\u0100") << QByteArray("?");
-        QTest::newRow("outside the basic plane: one for each half") << QStringLiteral("😀") << QByteArray("??");
+        QTest::newRow("outside the basic plane: one for each half")
+            << QStringLiteral("😀") << QByteArray("??");
         QTest::newRow("half a pair") << QString(QChar(0xD800)) << QByteArray("?");
     }
     void a_character_outside_of_the_code_page_becomes_a_question_mark() {

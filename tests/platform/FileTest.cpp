@@ -30,7 +30,8 @@ private slots:
 
     void all_bytes_are_read_as_they_are() {
         QByteArray bytes;
-        for (int i = 0; i < 1024; ++i) bytes.append(static_cast<char>(i));
+        for (int i = 0; i < 1024; ++i)
+            bytes.append(static_cast<char>(i));
         const QString path = folder->write(QStringLiteral("a.gb"), bytes);
         QCOMPARE(File::contentOf(path), bytes);
         QCOMPARE(File::lengthOf(path), 1024);
@@ -167,7 +168,8 @@ private slots:
         QCOMPARE(failureOf([&] { (void)File::contentOf(at("huge")); }), number(RuntimeFailure::outOfMemory));
     }
     void names_of_any_bytes_are_opened() {
-        for (const char* name : {"no utf8 \xF1.gb", "back\\slash", "%s \"quoted\"", "line\nbreak", " blanks "}) {
+        for (const char* name :
+             {"no utf8 \xF1.gb", "back\\slash", "%s \"quoted\"", "line\nbreak", " blanks "}) {
             QCOMPARE(File::contentOf(folder->writeNative(name, name)), QByteArray(name));
         }
     }

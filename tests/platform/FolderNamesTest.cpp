@@ -15,7 +15,8 @@ class FolderNamesTest : public QObject {
     QByteArrayList names(const char* pattern = "*.gb") const {
         const auto table = FolderNames::read(folder->path(), QString::fromLatin1(pattern));
         QByteArrayList all;
-        for (int i = 0; i < table->count(); ++i) all.append(table->bytes(i).toByteArray());
+        for (int i = 0; i < table->count(); ++i)
+            all.append(table->bytes(i).toByteArray());
         return all;
     }
 
@@ -23,18 +24,23 @@ private slots:
     void init() { folder = std::make_unique<TestFolder>(); }
 
     void names_are_in_order_without_regard_to_case_and_equal_ones_by_their_bytes() {
-        const QByteArrayList ordered = {"10.gb", "9.gb", "A.gb", "a.gb", "A1.gb", "B.gb", "b.gb", "c.GB", "long name a.gb", "Long Name B.gb", "z.gb"};
-        for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
+        const QByteArrayList ordered = {"10.gb", "9.gb", "A.gb",           "a.gb",           "A1.gb", "B.gb",
+                                        "b.gb",  "c.GB", "long name a.gb", "Long Name B.gb", "z.gb"};
+        for (qsizetype i = ordered.size(); i-- > 0;)
+            folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
     void names_that_are_alike_for_many_letters_are_still_in_order() {
-        const QByteArrayList ordered = {"aaaaaaa.gb", "AAAAAAAA.gb", "aaaaaaaa1.gb", "aaaaaaaaA.gb", "aaaaaaaaa.gb", "AAAAAAAAb.gb"};
-        for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
+        const QByteArrayList ordered = {"aaaaaaa.gb",   "AAAAAAAA.gb",  "aaaaaaaa1.gb",
+                                        "aaaaaaaaA.gb", "aaaaaaaaa.gb", "AAAAAAAAb.gb"};
+        for (qsizetype i = ordered.size(); i-- > 0;)
+            folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
     void letters_outside_of_ascii_are_ordered_without_regard_to_case() {
         const QByteArrayList ordered = {"zeta.gb", "Àa.gb", "àb.gb", "ÀC.gb", "Ña.gb", "ñb.gb"};
-        for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
+        for (qsizetype i = ordered.size(); i-- > 0;)
+            folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
     void folders_hidden_files_and_other_kinds_are_left_out() {
@@ -57,12 +63,14 @@ private slots:
     }
     void names_of_any_bytes_are_kept_data() {
         QTest::addColumn<QByteArray>("name");
-        for (const char* name : {"back\\slash.gb", "no utf8 \xF1\xFF\x80.gb", "two  blanks .gb", " front.gb", "quote\"'.gb", "%s%n.gb",
-                                 "line\nbreak.gb", "a.b.c.gb", "dots....gb", "\xEF\xBB\xBFmark.gb", "\xF0\x9F\x98\x80.gb", "-rf.gb"}) {
+        for (const char* name : {"back\\slash.gb", "no utf8 \xF1\xFF\x80.gb", "two  blanks .gb", " front.gb",
+                                 "quote\"'.gb", "%s%n.gb", "line\nbreak.gb", "a.b.c.gb", "dots....gb",
+                                 "\xEF\xBB\xBFmark.gb", "\xF0\x9F\x98\x80.gb", "-rf.gb"}) {
             QTest::newRow(name) << QByteArray(name);
         }
         QTest::newRow("the longest name") << QByteArray(252, 'n') + ".gb";
-        QTest::newRow("the longest name that folding lengthens") << QByteArray("\xCE\x90").repeated(126) + ".gb";
+        QTest::newRow("the longest name that folding lengthens")
+            << QByteArray("\xCE\x90").repeated(126) + ".gb";
     }
     void names_of_any_bytes_are_kept() {
         QFETCH(QByteArray, name);
@@ -96,7 +104,9 @@ private slots:
     }
     void the_folder_is_found_without_regard_to_case_and_with_a_separator_at_its_end() {
         folder->write(QStringLiteral("Roms/a.gb"), "x");
-        QCOMPARE(FolderNames::read(folder->path() + QStringLiteral("\\ROMS\\"), QStringLiteral("*.gb"))->count(), 1);
+        QCOMPARE(
+            FolderNames::read(folder->path() + QStringLiteral("\\ROMS\\"), QStringLiteral("*.gb"))->count(),
+            1);
     }
     void a_table_stays_as_it_was_read() {
         folder->write(QStringLiteral("a.gb"), "x");

@@ -16,7 +16,8 @@ private slots:
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<bool>("expected");
         const auto row = [](const char* pattern, const char* name, bool expected) {
-            QTest::addRow("%s on %s", pattern, name) << QString::fromUtf8(pattern) << QByteArray(name) << expected;
+            QTest::addRow("%s on %s", pattern, name)
+                << QString::fromUtf8(pattern) << QByteArray(name) << expected;
         };
         row("", "anything", true);
         row("", "", true);
@@ -79,7 +80,8 @@ private slots:
     }
     void no_pattern_hangs_on_a_long_name() {
         QString pattern;
-        for (int i = 0; i < 60; ++i) pattern += QStringLiteral("*a");
+        for (int i = 0; i < 60; ++i)
+            pattern += QStringLiteral("*a");
         pattern += QStringLiteral("*b");
         QElapsedTimer clock;
         clock.start();

@@ -19,9 +19,12 @@ private slots:
         QTest::newRow("UTF-8 of two bytes") << QByteArray("Se\xC3\xB1or") << QStringLiteral("Señor");
         QTest::newRow("of three bytes") << QByteArray("\xE3\x83\x9D") << QStringLiteral("ポ");
         QTest::newRow("of four bytes") << QByteArray("\xF0\x9F\x98\x80") << QStringLiteral("😀");
-        QTest::newRow("last character of all") << QByteArray("\xF4\x8F\xBF\xBF") << QStringLiteral("\U0010FFFF");
-        QTest::newRow("byte order mark in front") << QByteArray("\xEF\xBB\xBFgame") << QStringLiteral("\uFEFFgame");
-        QTest::newRow("byte order mark inside") << QByteArray("a\xEF\xBB\xBF.gb") << QStringLiteral("a\uFEFF.gb");
+        QTest::newRow("last character of all")
+            << QByteArray("\xF4\x8F\xBF\xBF") << QStringLiteral("\U0010FFFF");
+        QTest::newRow("byte order mark in front")
+            << QByteArray("\xEF\xBB\xBFgame") << QStringLiteral("\uFEFFgame");
+        QTest::newRow("byte order mark inside")
+            << QByteArray("a\xEF\xBB\xBF.gb") << QStringLiteral("a\uFEFF.gb");
         QTest::newRow("signs of other languages than ours")
             << QByteArray("a b\n%s\"'$(x).gb") << QStringLiteral("a b\n%s\"'$(x).gb");
     }
@@ -96,7 +99,8 @@ private slots:
     void any_bytes_come_back() {
         std::mt19937 random(5);
         // Bytes around the limits of UTF-8 occur far more often than by chance.
-        const QByteArray limits("\x7F\x80\x8F\x90\x9F\xA0\xBB\xBF\xC0\xC1\xC2\xDF\xE0\xED\xEF\xF0\xF4\xF5\xFF\\");
+        const QByteArray limits(
+            "\x7F\x80\x8F\x90\x9F\xA0\xBB\xBF\xC0\xC1\xC2\xDF\xE0\xED\xEF\xF0\xF4\xF5\xFF\\");
         for (int round = 0; round < 20000; ++round) {
             QByteArray bytes(static_cast<qsizetype>(random() % 12), '\0');
             for (char& c : bytes) {

@@ -53,8 +53,9 @@ private slots:
     }
     void a_name_of_any_bytes_is_reached_by_its_spelled_path_data() {
         QTest::addColumn<QByteArray>("name");
-        for (const char* name : {"back\\slash.gb", "\\front.gb", "no utf8 \xF1\xFF.gb", "two  blanks .gb",
-                                 " outer ", "quote\"'.gb", "%s%n.gb", "line\nbreak.gb", "..dots..gb", "\xEF\xBB\xBFmark"}) {
+        for (const char* name :
+             {"back\\slash.gb", "\\front.gb", "no utf8 \xF1\xFF.gb", "two  blanks .gb", " outer ",
+              "quote\"'.gb", "%s%n.gb", "line\nbreak.gb", "..dots..gb", "\xEF\xBB\xBFmark"}) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -75,8 +76,9 @@ private slots:
     }
     void steps_up_are_followed() {
         folder.write(QStringLiteral("Up/a.gb"), "x");
-        QCOMPARE(QFileInfo(QFile::decodeName(realOf(QStringLiteral("\\Up\\..\\UP\\A.gb")))).canonicalFilePath(),
-                 QFileInfo(folder.path(QStringLiteral("Up/a.gb"))).canonicalFilePath());
+        QCOMPARE(
+            QFileInfo(QFile::decodeName(realOf(QStringLiteral("\\Up\\..\\UP\\A.gb")))).canonicalFilePath(),
+            QFileInfo(folder.path(QStringLiteral("Up/a.gb"))).canonicalFilePath());
     }
     void a_relative_path_is_looked_for_in_the_working_folder() {
         folder.write(QStringLiteral("Here/a.gb"), "x");

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cstdio>
+#include <filesystem>
 #include <sys/stat.h>
 
 namespace torvane {
@@ -20,6 +21,14 @@ public:
         QVERIFY2(m_dir.isValid(), "no temporary folder");
         setMode(QStringLiteral("."), 0755);
     }
+
+    ~TestFolder() {
+        // The toolkit can't remove files whose names are no text.
+        std::error_code error;
+        std::filesystem::remove_all(m_dir.path().toStdString(), error);
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
 
     QString path() const { return m_dir.path(); }
     QString path(const QString& relative) const { return m_dir.filePath(relative); }
@@ -36,7 +45,7 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
     }
     /// The path of a name that may be any bytes, for system calls.
-    QByteArray native(QByteArrayView name) const { return QFile::encodeName(path()) + '/' + name; }
+    QByteArray native(const QByteArray& name) const { return QFile::encodeName(path()) + '/' + name; }
     /// Makes a file with a name of any bytes; gives its spelled path.
     QString writeNative(const QByteArray& name, const QByteArray& bytes) const {
         std::FILE* file = std::fopen(native(name).constData(), "wb");
@@ -55,7 +64,8 @@ public:
     }
 
 private:
-    QTemporaryDir m_dir;
+    // Without a dot in the path: the program cuts whole paths at the first one.
+    QTemporaryDir m_dir{QDir::tempPath() + QStringLiteral("/torvane-test-XXXXXX")};
 };
 
 } // namespace torvane

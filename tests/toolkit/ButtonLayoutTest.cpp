@@ -26,7 +26,8 @@ private slots:
     void focus_mark_is_inset_by_type_data() {
         QTest::addColumn<int>("type");
         QTest::addColumn<QRect>("expected");
-        for (const int type : {1, 2, 3, 4, 5, 6}) QTest::addRow("%d", type) << type << QRect(4, 4, 32, 12);
+        for (const int type : {1, 2, 3, 4, 5, 6})
+            QTest::addRow("%d", type) << type << QRect(4, 4, 32, 12);
         for (const int type : {7, 8, 9, 10, 11, 12, 13}) {
             QTest::addRow("%d", type) << type << QRect(3, 3, 34, 14);
         }
@@ -81,7 +82,8 @@ private slots:
     }
 
     void picture_without_a_caption_is_centred_at_every_place() {
-        for (const auto place : {PicturePlace::left, PicturePlace::right, PicturePlace::above, PicturePlace::below}) {
+        for (const auto place :
+             {PicturePlace::left, PicturePlace::right, PicturePlace::above, PicturePlace::below}) {
             QCOMPARE(laidOut(place, {16, 16}, {0, 0}, true).picture, QRect(94, 5, 16, 16));
         }
     }
@@ -119,11 +121,13 @@ private slots:
         for (const int type : {3, 4}) {
             const QRegion region = BuildRegion(type, {40, 20});
             for (const QPoint cut : {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(38, 0), QPoint(39, 0),
-                                     QPoint(39, 1), QPoint(0, 19), QPoint(1, 19), QPoint(0, 18), QPoint(38, 19),
-                                     QPoint(39, 19), QPoint(39, 18)}) {
-                QVERIFY2(!region.contains(cut), qPrintable(QStringLiteral("%1,%2").arg(cut.x()).arg(cut.y())));
+                                     QPoint(39, 1), QPoint(0, 19), QPoint(1, 19), QPoint(0, 18),
+                                     QPoint(38, 19), QPoint(39, 19), QPoint(39, 18)}) {
+                QVERIFY2(!region.contains(cut),
+                         qPrintable(QStringLiteral("%1,%2").arg(cut.x()).arg(cut.y())));
             }
-            QVERIFY(region.contains(QPoint(2, 0)) && region.contains(QPoint(0, 2)) && region.contains(QPoint(1, 1)));
+            QVERIFY(region.contains(QPoint(2, 0)) && region.contains(QPoint(0, 2)) &&
+                    region.contains(QPoint(1, 1)));
             QVERIFY(region.contains(QPoint(37, 19)) && region.contains(QPoint(39, 17)));
         }
     }

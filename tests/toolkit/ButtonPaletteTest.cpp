@@ -12,7 +12,9 @@ class ButtonPaletteTest : public QObject {
 private slots:
     void shift_adds_to_each_channel() { QCOMPARE(ShiftRgb(0x644D4E, 31), OleColour(0x836C6D)); }
     void shift_of_minus_192_turns_darker_colours_black() { QCOMPARE(ShiftRgb(0xBF1080, -192), OleColour(0)); }
-    void shift_of_minus_192_leaves_what_lies_above() { QCOMPARE(ShiftRgb(0xC5C0FF, -192), OleColour(0x05003F)); }
+    void shift_of_minus_192_leaves_what_lies_above() {
+        QCOMPARE(ShiftRgb(0xC5C0FF, -192), OleColour(0x05003F));
+    }
     void shift_stops_at_white() { QCOMPARE(ShiftRgb(0xF0E0D0, 47), OleColour(0xFFFFFF)); }
 
     void blue_rule_moves_blue_by_its_own_share() {
@@ -120,7 +122,8 @@ private slots:
 
     void any_other_scheme_is_the_systems_data() {
         QTest::addColumn<int>("scheme");
-        for (const int scheme : {1, 0, 5, -3}) QTest::addRow("%d", scheme) << scheme;
+        for (const int scheme : {1, 0, 5, -3})
+            QTest::addRow("%d", scheme) << scheme;
     }
 
     void any_other_scheme_is_the_systems() {

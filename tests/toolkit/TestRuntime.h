@@ -36,7 +36,7 @@ struct TestRuntime {
     RecordingBrowser browser;
     Processes processes;
     Settings settings{folder.path()};
-    Runtime runtime{messages, dialogs, browser, processes, settings, [] {}};
+    Runtime doors{messages, dialogs, browser, processes, settings, [] {}};
 };
 
 /// A frameless window of 400 x 300 pixels in the colour of the dark panels.
@@ -44,11 +44,11 @@ struct TestForm : TestRuntime, Form {
     static constexpr OleColour back = 0x4A3933;
 
     TestForm()
-        : Form(runtime, {.name = "TestForm",
-                         .title = "Test",
-                         .clientSize = {400, 300},
-                         .start = FormDesign::systemDefault,
-                         .backColour = back}) {}
+        : Form(doors, {.name = "TestForm",
+                       .title = "Test",
+                       .clientSize = {400, 300},
+                       .start = FormDesign::systemDefault,
+                       .backColour = back}) {}
 
     void showAndWait() {
         Show();

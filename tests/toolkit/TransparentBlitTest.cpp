@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The masked copy, pixel by pixel.
-#include "TestRuntime.h"
 #include "toolkit/TransparentBlit.h"
-
-#include <QPainter>
+#include "TestRuntime.h"
 
 using namespace torvane;
 
@@ -48,9 +46,7 @@ private slots:
         COMPARE_PIXEL(blitted(0xC0C0C1, {.mask = mask}), 3, 1, 0xC0C0C1U);
     }
 
-    void without_a_mask_the_whole_picture_shows() {
-        COMPARE_PIXEL(blitted(0x0000FF, {}), 2, 1, mask);
-    }
+    void without_a_mask_the_whole_picture_shows() { COMPARE_PIXEL(blitted(0x0000FF, {}), 2, 1, mask); }
 
     void brush_colours_every_pixel_but_the_mask() {
         const QImage target = blitted(0xFFFFFF, {.mask = mask, .brush = 0x00FF00});

@@ -14,12 +14,17 @@
 namespace torvane {
 
 namespace {
+constexpr qsizetype pieceSize = 8;
+
 struct Entry {
-    quint64 front;  // the first eight bytes of the key, so that most comparisons touch no further memory
-    quint32 start;  // of the name in `names`, and of its key in `keys`
-    quint16 length; // of the name in bytes; the kernel's limit is 255
+    quint64 piece; // eight bytes of the key, those by which the sorting goes on at the moment
+    quint32 start; // of the name in `names`, and of its key in `keys`
     quint32 keyStart;
+    quint32 matches; // a bit for each pattern that the name matches
+    quint16 length;  // of the name in bytes; the kernel's limit is 255
     quint16 keyLength;
+
+    bool matchesPattern(size_t number) const { return (matches >> number & 1) != 0; }
 };
 
 bool isFile(int folder, const dirent& entry) {
@@ -32,22 +37,24 @@ bool isFile(int folder, const dirent& entry) {
 // The form of a name that decides its place: lower case, as UTF-8.
 void appendKey(QByteArray& keys, QByteArrayView name) {
     const qsizetype start = keys.size();
-    for (const char c : name) {
-        if (static_cast<uchar>(c) >= 0x80) {
-            keys.truncate(start);
-            keys.append(NativeText::toNative(NativeText::fromNative(name).toCaseFolded()));
-            return;
-        }
-        keys.append(c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c);
+    keys.append(name);
+    const auto isAscii = [](char c) { return static_cast<uchar>(c) < 0x80; };
+    if (std::all_of(name.begin(), name.end(), isAscii)) {
+        std::transform(name.begin(), name.end(), keys.data() + start,
+                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
+    } else {
+        keys.truncate(start);
+        keys.append(NativeText::toNative(NativeText::fromNative(name).toCaseFolded()));
     }
 }
 
-quint64 frontOf(QByteArrayView key) {
-    quint64 front = 0;
-    for (qsizetype i = 0; i < 8; ++i) {
-        front = front << 8 | (i < key.size() ? static_cast<uchar>(key[i]) : 0);
+// Eight bytes of a key from a place on, as a number of the same order; zeros stand behind its end.
+quint64 pieceOf(QByteArrayView key, qsizetype from) {
+    quint64 piece = 0;
+    for (qsizetype i = from; i < from + pieceSize; ++i) {
+        piece = piece << 8 | (i < key.size() ? static_cast<uchar>(key[i]) : 0);
     }
-    return front;
+    return piece;
 }
 
 struct Reading {
@@ -55,49 +62,96 @@ struct Reading {
     QByteArray keys;
     std::vector<Entry> entries;
 
-    void add(QByteArrayView name) {
-        Entry entry{0, static_cast<quint32>(names.size()), static_cast<quint16>(name.size()),
-                    static_cast<quint32>(keys.size()), 0};
+    void add(QByteArrayView name, quint32 matches) {
+        Entry entry{0,       static_cast<quint32>(names.size()), static_cast<quint32>(keys.size()),
+                    matches, static_cast<quint16>(name.size()),  0};
         names.append(name);
         appendKey(keys, name);
         entry.keyLength = static_cast<quint16>(keys.size() - entry.keyStart);
-        entry.front = frontOf(QByteArrayView(keys).sliced(entry.keyStart, entry.keyLength));
         entries.push_back(entry);
     }
 
     QByteArrayView name(const Entry& e) const { return QByteArrayView(names).sliced(e.start, e.length); }
     QByteArrayView key(const Entry& e) const { return QByteArrayView(keys).sliced(e.keyStart, e.keyLength); }
 
-    void sort() {
-        std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
-            if (a.front != b.front) return a.front < b.front;
-            const int order = key(a).compare(key(b));
-            return order != 0 ? order < 0 : name(a).compare(name(b)) < 0;
+    void sort() { sortFrom(0, entries.begin(), entries.end()); }
+
+    using Place = std::vector<Entry>::iterator;
+
+    // Sorts entries that are alike up to a place of their keys: by the next eight bytes, which are compared
+    // as numbers, and those that are alike in them, too, by what follows. Names of one series are alike for
+    // many letters; a comparison from their beginning would read all of them again and again.
+    void sortFrom(qsizetype from, Place first, Place last) {
+        std::for_each(first, last, [&](Entry& entry) { entry.piece = pieceOf(key(entry), from); });
+        std::sort(first, last, [](const Entry& a, const Entry& b) { return a.piece < b.piece; });
+        while (first != last) {
+            const quint64 piece = first->piece;
+            const Place end = std::find_if(first, last, [&](const Entry& e) { return e.piece != piece; });
+            const bool keysEnd = (piece & 0xFF) == 0; // no name holds a zero byte
+            if (end - first > 1) keysEnd ? sortByName(first, end) : sortFrom(from + pieceSize, first, end);
+            first = end;
+        }
+    }
+
+    // Whether two patterns match the same names.
+    bool isAlike(size_t one, size_t other) const {
+        return std::all_of(entries.begin(), entries.end(), [=](const Entry& entry) {
+            return entry.matchesPattern(one) == entry.matchesPattern(other);
         });
     }
+
+private:
+    void sortByName(Place first, Place last) {
+        std::sort(first, last,
+                  [this](const Entry& a, const Entry& b) { return name(a).compare(name(b)) < 0; });
+    }
 };
+
+void readInto(Reading& reading, const QString& folder, const std::vector<NamePattern>& patterns) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(Paths::real(folder).constData()), closedir);
+    if (!dir) return;
+    while (const dirent* entry = readdir(dir.get())) {
+        const QByteArrayView name(entry->d_name, static_cast<qsizetype>(std::strlen(entry->d_name)));
+        if (name.front() == '.') continue;
+        quint32 matches = 0;
+        for (size_t i = 0; i < patterns.size(); ++i)
+            matches |= quint32{patterns[i].matches(name)} << i;
+        if (matches != 0 && isFile(dirfd(dir.get()), *entry)) reading.add(name, matches);
+    }
+}
 } // namespace
 
 std::shared_ptr<const FolderNames> FolderNames::read(const QString& folder, const QString& pattern) {
-    auto table = std::make_shared<FolderNames>();
-    const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(Paths::real(folder).constData()), closedir);
-    if (!dir) return table;
-    const NamePattern matcher(pattern);
+    return read(folder, QStringList(pattern)).front();
+}
+
+std::vector<std::shared_ptr<const FolderNames>> FolderNames::read(const QString& folder,
+                                                                  const QStringList& patterns) {
     Reading reading;
-    while (const dirent* entry = readdir(dir.get())) {
-        const QByteArrayView name(entry->d_name, static_cast<qsizetype>(std::strlen(entry->d_name)));
-        if (name.front() != '.' && matcher.matches(name) && isFile(dirfd(dir.get()), *entry)) {
-            reading.add(name);
-        }
-    }
+    readInto(reading, folder, {patterns.begin(), patterns.end()});
     reading.sort();
-    table->m_text.reserve(reading.names.size());
-    table->m_ends.reserve(reading.entries.size());
-    for (const Entry& entry : reading.entries) {
-        table->m_text.append(reading.name(entry));
-        table->m_ends.push_back(static_cast<quint32>(table->m_text.size()));
+    std::vector<std::shared_ptr<const FolderNames>> tables;
+    for (size_t own = 0; own < static_cast<size_t>(patterns.size()); ++own) {
+        size_t like = 0;
+        while (like < own && !reading.isAlike(like, own))
+            ++like;
+        if (like < own) {
+            tables.push_back(tables[like]);
+            continue;
+        }
+        auto table = std::make_shared<FolderNames>();
+        table->m_text.reserve(reading.names.size());
+        for (const Entry& entry : reading.entries) {
+            if (entry.matchesPattern(own)) table->append(reading.name(entry));
+        }
+        tables.push_back(std::move(table));
     }
-    return table;
+    return tables;
+}
+
+void FolderNames::append(QByteArrayView name) {
+    m_text.append(name);
+    m_ends.push_back(static_cast<quint32>(m_text.size()));
 }
 
 QByteArrayView FolderNames::bytes(int index) const {

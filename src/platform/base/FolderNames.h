@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <vector>
 
@@ -17,6 +18,10 @@ public:
     /// names without regard to case, equal ones by their bytes. A folder that is missing or can't be
     /// read gives an empty table.
     static std::shared_ptr<const FolderNames> read(const QString& folder, const QString& pattern);
+    /// The same for several patterns (32 at most), with one look at the folder: a table for each of them,
+    /// and one and the same table for those that match the same names.
+    static std::vector<std::shared_ptr<const FolderNames>> read(const QString& folder,
+                                                                const QStringList& patterns);
 
     int count() const { return static_cast<int>(m_ends.size()); }
     /// The bytes of a name, valid as long as the table; the index must be in range.
@@ -25,6 +30,8 @@ public:
     QString name(int index) const;
 
 private:
+    void append(QByteArrayView name);
+
     QByteArray m_text;
     std::vector<quint32> m_ends;
 };

@@ -46,7 +46,8 @@ std::optional<QByteArray> value(const QString& file, const QByteArray& section, 
     return valueIn(bytes, section, key);
 }
 
-void setValue(const QString& file, const QByteArray& section, const QByteArray& key, const QByteArray& value) {
+void setValue(const QString& file, const QByteArray& section, const QByteArray& key,
+              const QByteArray& value) {
     const QByteArray former = contentToChange(file);
     CSimpleIniA ini;
     ini.SetUnicode(false);

@@ -44,7 +44,8 @@ bool wildcardMatches(QStringView form, QStringView name) {
             return false;
         }
     }
-    while (f < form.size() && form[f] == QLatin1Char('*')) ++f;
+    while (f < form.size() && form[f] == QLatin1Char('*'))
+        ++f;
     return f == form.size();
 }
 } // namespace
@@ -52,8 +53,8 @@ bool wildcardMatches(QStringView form, QStringView name) {
 NamePattern::NamePattern(const QString& pattern) {
     const QString all = pattern.isEmpty() ? QStringLiteral("*") : pattern;
     for (const QString& piece : all.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-        const QString form = piece.trimmed() == QStringLiteral("*.*") ? QStringLiteral("*")
-                                                                      : piece.trimmed().toCaseFolded();
+        const QString form =
+            piece.trimmed() == QStringLiteral("*.*") ? QStringLiteral("*") : piece.trimmed().toCaseFolded();
         const bool isEnding = form.size() > 1 && form.front() == QLatin1Char('*') &&
                               isAsciiLiteral(QStringView(form).sliced(1));
         m_pieces.push_back({isEnding ? form.sliced(1).toLatin1() : QByteArray(), form});

@@ -16,8 +16,7 @@ namespace torvane {
 
 bool NativeProcess::isProgram(const QByteArray& path) {
     struct stat info {};
-    return stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode) &&
-           access(path.constData(), X_OK) == 0;
+    return stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode) && access(path.constData(), X_OK) == 0;
 }
 
 void NativeProcess::runAndWait(const QByteArray& program, const QByteArrayList& arguments) {
@@ -25,7 +24,8 @@ void NativeProcess::runAndWait(const QByteArray& program, const QByteArrayList& 
     words.prepend(program);
     std::vector<char*> argv;
     argv.reserve(static_cast<size_t>(words.size()) + 1);
-    for (QByteArray& word : words) argv.push_back(word.data());
+    for (QByteArray& word : words)
+        argv.push_back(word.data());
     argv.push_back(nullptr);
     pid_t child = 0;
     if (posix_spawn(&child, program.constData(), nullptr, nullptr, argv.data(), environ) != 0) return;

@@ -31,6 +31,29 @@ qsizetype sequenceLength(QByteArrayView bytes) {
     const bool outside = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
     return overlong || outside ? 0 : length;
 }
+
+// How many bytes at the front are text that needs no escape.
+qsizetype wellFormedLength(QByteArrayView bytes) {
+    qsizetype length = 0;
+    while (length < bytes.size() && bytes[length] != '\\') {
+        const qsizetype step = sequenceLength(bytes.sliced(length));
+        if (step == 0) break;
+        length += step;
+    }
+    return length;
+}
+
+// How many units at the front are text that has no surrogate of its own.
+qsizetype wellFormedLength(QStringView text) {
+    qsizetype length = 0;
+    while (length < text.size()) {
+        const bool isPair =
+            text[length].isHighSurrogate() && length + 1 < text.size() && text[length + 1].isLowSurrogate();
+        if (text[length].isSurrogate() && !isPair) break;
+        length += isPair ? 2 : 1;
+    }
+    return length;
+}
 } // namespace
 
 QString fromNative(QByteArrayView name) {
@@ -41,13 +64,12 @@ QString fromNative(QByteArrayView name) {
     QString text;
     text.reserve(name.size());
     while (!name.isEmpty()) {
-        const qsizetype length = name.front() == '\\' ? 0 : sequenceLength(name);
-        if (length == 0) {
-            text.append(QChar(static_cast<char16_t>(escapeBase + static_cast<uchar>(name.front()))));
-        } else {
-            text.append(QString(decoder.decode(name.first(length))));
-        }
-        name = name.sliced(std::max<qsizetype>(length, 1));
+        const qsizetype length = wellFormedLength(name);
+        if (length > 0) text.append(QString(decoder.decode(name.first(length))));
+        name = name.sliced(length);
+        if (name.isEmpty()) break;
+        text.append(QChar(static_cast<char16_t>(escapeBase + static_cast<uchar>(name.front()))));
+        name = name.sliced(1);
     }
     return text;
 }
@@ -55,17 +77,14 @@ QString fromNative(QByteArrayView name) {
 QByteArray toNative(QStringView text) {
     QByteArray bytes;
     bytes.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c.unicode() < 0x80) {
-            bytes.append(static_cast<char>(c.unicode()));
-        } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            bytes.append(text.sliced(i++, 2).toUtf8());
-        } else if (isEscape(c.unicode())) {
-            bytes.append(static_cast<char>(c.unicode() - escapeBase));
-        } else {
-            bytes.append(c.isSurrogate() ? QByteArrayLiteral("?") : QStringView(&c, 1).toUtf8());
-        }
+    while (!text.isEmpty()) {
+        const qsizetype length = wellFormedLength(text);
+        bytes.append(text.first(length).toUtf8());
+        text = text.sliced(length);
+        if (text.isEmpty()) break;
+        const char16_t unit = text.front().unicode();
+        bytes.append(isEscape(unit) ? static_cast<char>(unit - escapeBase) : '?');
+        text = text.sliced(1);
     }
     return bytes;
 }

@@ -123,8 +123,7 @@ void refuseSameFile(int source, const QByteArray& target) {
     struct stat b {};
     if (fstat(source, &a) != 0) failWithErrno();
     if (!S_ISREG(a.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    const bool same =
-        stat(target.constData(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+    const bool same = stat(target.constData(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
     if (same) throw RuntimeFailure(RuntimeFailure::permissionDenied);
 }
 } // namespace

@@ -60,9 +60,10 @@ Settings::Settings(const QString& configurationFolder)
     : m_folder(Paths::spelled(NativeText::toNative(configurationFolder))) {}
 
 QString Settings::fileOf(const QString& application) const {
-    // An application's name is no path: a separator in it must not lead elsewhere.
+    // An application's name is no path: neither a separator nor ".." must lead elsewhere.
     QString name = application;
     name.replace(QLatin1Char('/'), QLatin1Char('_')).replace(QLatin1Char('\\'), QLatin1Char('_'));
+    if (name.startsWith(QLatin1Char('.'))) name.front() = QLatin1Char('_');
     return m_folder + QLatin1Char('/') + name + QLatin1Char('/') + name + QStringLiteral(".conf");
 }
 

@@ -50,6 +50,8 @@ void Control::setFontSpec(const FontSpec& spec) {
 
 Form& Control::form() const { return *static_cast<Form*>(window()); }
 
-Component::Component(Form& form, const char* name) : QObject(&form) { setObjectName(QString::fromUtf8(name)); }
+Component::Component(Form& form, const char* name) : QObject(&form) {
+    setObjectName(QString::fromUtf8(name));
+}
 
 } // namespace torvane

@@ -58,6 +58,13 @@ std::shared_ptr<const FolderNames> FileList::names() const {
     return m_names;
 }
 
+void FileList::readWith(const FileList& other) const {
+    if (m_path != other.m_path) return;
+    const auto tables = FolderNames::read(m_path, {Pattern(), other.Pattern()});
+    m_names = tables.front();
+    other.m_names = tables.back();
+}
+
 QString FileList::List(int index) const {
     if (index < 0 || index >= ListCount()) throw RuntimeFailure(RuntimeFailure::invalidProperty);
     return table().name(index);

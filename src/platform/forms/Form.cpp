@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Windows of fixed design on top of the toolkit's widgets.
 #include "Form.h"
-#include "Pictures.h"
 #include "Screen.h"
 
 #include <QCloseEvent>
@@ -22,8 +21,7 @@ Qt::WindowFlags flagsOf(const FormDesign& design) {
 } // namespace
 
 Form::Form(Runtime& runtime, const FormDesign& design)
-    : QWidget(nullptr, flagsOf(design)), m_runtime(runtime), m_design(design),
-      m_picture(Pictures::load(QString::fromLatin1(design.picture), devicePixelRatioF())) {
+    : QWidget(nullptr, flagsOf(design)), m_runtime(runtime), m_design(design), m_picture(design.picture) {
     setObjectName(QString::fromUtf8(design.name));
     setWindowTitle(QString::fromUtf8(design.title));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -77,7 +75,7 @@ void Form::moveTo(int leftTwips, int topTwips) {
 }
 
 void Form::setPicture(const QPixmap& picture) {
-    m_picture = picture;
+    m_picture.replace(picture);
     update();
 }
 
@@ -85,20 +83,20 @@ void Form::takeStartPosition() {
     m_placed = true;
     if (m_design.start != FormDesign::centreOfScreen) return;
     const QRect screen = Screen::geometry();
-    move(screen.center() - QPoint(width() / 2, height() / 2));
+    move(screen.topLeft() + QPoint((screen.width() - width()) / 2, (screen.height() - height()) / 2));
 }
 
 void Form::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    const QSizeF covered = m_picture.deviceIndependentSize();
-    if (m_picture.isNull() || m_picture.hasAlpha() || covered.width() < width() ||
-        covered.height() < height()) {
+    const QPixmap& shown = picture();
+    const QSizeF covered = shown.deviceIndependentSize();
+    if (shown.isNull() || shown.hasAlpha() || covered.width() < width() || covered.height() < height()) {
         painter.fillRect(event->rect(), Colours::toQColor(m_design.backColour));
     }
-    if (m_picture.isNull()) return;
+    if (shown.isNull()) return;
     const QRectF target = QRectF(event->rect()) & QRectF(QPointF(), covered);
-    const qreal ratio = m_picture.devicePixelRatio();
-    painter.drawPixmap(target, m_picture, QRectF(target.topLeft() * ratio, target.size() * ratio));
+    const qreal ratio = shown.devicePixelRatio();
+    painter.drawPixmap(target, shown, QRectF(target.topLeft() * ratio, target.size() * ratio));
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Colours.h"
+#include "Pictures.h"
 #include "Runtime.h"
 
 #include <QPixmap>
@@ -59,7 +60,7 @@ public:
     void moveTo(int leftTwips, int topTwips);
 
     /// The background picture: the design's at first. A null pixmap leaves the back colour.
-    const QPixmap& picture() const { return m_picture; }
+    const QPixmap& picture() const { return m_picture.picture(devicePixelRatioF()); }
     void setPicture(const QPixmap& picture);
 
     /// The next place in the tab order; for controls under construction.
@@ -99,7 +100,7 @@ private:
 
     Runtime& m_runtime;
     FormDesign m_design;
-    QPixmap m_picture;
+    Pictures::Deferred m_picture;
     int m_tabPlaces = 0;
     bool m_placed = false;
     bool m_unloaded = false;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Control.h"
+#include "Pictures.h"
 
 #include <QPixmap>
 
@@ -18,14 +19,14 @@ public:
 
     QString kind() const override { return QStringLiteral("image"); }
     QAccessible::Role accessibleRole() const override { return QAccessible::Graphic; }
-    const QPixmap& Picture() const { return m_picture; }
+    const QPixmap& Picture() const { return m_picture.picture(devicePixelRatioF()); }
     void setPicture(const QPixmap& picture);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPixmap m_picture;
+    Pictures::Deferred m_picture;
 };
 
 } // namespace torvane

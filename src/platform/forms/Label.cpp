@@ -44,7 +44,8 @@ void Label::paintEvent(QPaintEvent*) {
     if (!m_transparent) painter.fillRect(rect(), Colours::toQColor(m_back));
     if (m_caption.isEmpty()) return;
     painter.setPen(Colours::toQColor(m_fore));
-    painter.drawText(QRect(0, 0, m_wrapWidth, height()), static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
+    painter.drawText(QRect(0, 0, m_wrapWidth, height()),
+                     static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
 }
 
 void Label::mousePressEvent(QMouseEvent* event) {

@@ -35,7 +35,10 @@ public:
     QString kind() const override { return QStringLiteral("list view"); }
 
     /// Replaces all rows.
-    void setItems(std::shared_ptr<const RowSource> rows) { setRows(std::move(rows)); settle(); }
+    void setItems(std::shared_ptr<const RowSource> rows) {
+        setRows(std::move(rows));
+        settle();
+    }
     /// Removes all rows.
     void Clear() { setItems(nullptr); }
 

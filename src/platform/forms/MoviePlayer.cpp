@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QTimer>
+#include <utility>
 
 namespace torvane {
 
@@ -19,7 +20,7 @@ const QString fileScheme = QStringLiteral("file://");
 // The name of the toolkit's reader for the content; empty for what the player doesn't show.
 QByteArray formatOf(const QByteArray& bytes) {
     if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a")) return QByteArrayLiteral("gif");
-    if (bytes.startsWith("RIFF") && bytes.sliced(8).startsWith("WEBP")) return QByteArrayLiteral("webp");
+    if (bytes.startsWith("RIFF") && bytes.mid(8).startsWith("WEBP")) return QByteArrayLiteral("webp");
     return {};
 }
 
@@ -42,6 +43,7 @@ void MoviePlayer::setMovie(const QString& location) {
     m_location = location;
     m_movie.reset();
     m_bytes.reset();
+    m_roundHasFrames = false;
     update();
 }
 
@@ -69,12 +71,22 @@ void MoviePlayer::start(const QByteArray& bytes) {
         m_bytes->open(QIODevice::ReadOnly);
         m_movie = std::make_unique<QMovie>(m_bytes.get(), format);
         m_movie->setCacheMode(QMovie::CacheNone);
-        connect(m_movie.get(), &QMovie::frameChanged, this, [this] { update(); });
-        // Some movies ask for one round; here they go on for as long as the window stands.
-        connect(m_movie.get(), &QMovie::finished, m_movie.get(), &QMovie::start);
+        connect(m_movie.get(), &QMovie::frameChanged, this, &MoviePlayer::showFrame);
+        connect(m_movie.get(), &QMovie::finished, this, &MoviePlayer::goOn);
         m_movie->start();
     }
     emit readyStateChanged();
+}
+
+void MoviePlayer::showFrame() {
+    m_roundHasFrames = true;
+    update();
+}
+
+// Some movies ask for one round; here they go on for as long as the window stands. A round without a
+// frame means that the movie is broken: it would end again at once, and for ever.
+void MoviePlayer::goOn() {
+    if (std::exchange(m_roundHasFrames, false)) m_movie->start();
 }
 
 void MoviePlayer::paintEvent(QPaintEvent*) {

@@ -42,9 +42,12 @@ protected:
 private:
     void load();
     void start(const QByteArray& bytes);
+    void showFrame();
+    void goOn();
 
     QString m_location;
     bool m_wanted = false;
+    bool m_roundHasFrames = false;
     std::unique_ptr<QBuffer> m_bytes;
     std::unique_ptr<QMovie> m_movie;
 };

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <utility>
 
 namespace torvane::Pictures {
 
@@ -28,6 +29,17 @@ QPixmap load(const QString& name, qreal devicePixelRatio) {
         }
     }
     return loadFile(file);
+}
+
+const QPixmap& Deferred::picture(qreal devicePixelRatio) const {
+    if (m_name != nullptr)
+        m_picture = load(QString::fromLatin1(std::exchange(m_name, nullptr)), devicePixelRatio);
+    return m_picture;
+}
+
+void Deferred::replace(const QPixmap& picture) {
+    m_name = nullptr;
+    m_picture = picture;
 }
 
 } // namespace torvane::Pictures

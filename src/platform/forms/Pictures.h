@@ -12,4 +12,21 @@ namespace torvane::Pictures {
 /// empty name and for what is not there.
 QPixmap load(const QString& name, qreal devicePixelRatio = 1.0);
 
+/// A picture of a window's design, loaded when it is first asked for: many windows and controls are made
+/// and never seen.
+class Deferred {
+public:
+    /// The name lives as long as the program.
+    explicit Deferred(const char* name) : m_name(name) {}
+
+    /// The picture; the ratio is that of the first question.
+    const QPixmap& picture(qreal devicePixelRatio) const;
+    /// Another picture in its place, which may be null.
+    void replace(const QPixmap& picture);
+
+private:
+    mutable const char* m_name; // null when there is nothing left to load
+    mutable QPixmap m_picture;
+};
+
 } // namespace torvane::Pictures

@@ -12,7 +12,7 @@ namespace torvane {
 
 namespace {
 constexpr int rowsPerWheelStep = 3;
-constexpr int wheelStep = 120;            // eighths of a degree, see QWheelEvent
+constexpr int wheelStep = 120; // eighths of a degree, see QWheelEvent
 constexpr qint64 typeAheadMilliseconds = 1000;
 } // namespace
 
@@ -22,9 +22,7 @@ RowList::RowList(QWidget& parent, const char* name, const DesignRect& rect, int 
     setFocusPolicy(Qt::StrongFocus);
 }
 
-QString RowList::accessibleText() const {
-    return m_current < 0 ? objectName() : m_rows->text(m_current);
-}
+QString RowList::accessibleText() const { return m_current < 0 ? objectName() : m_rows->text(m_current); }
 
 void RowList::setRows(std::shared_ptr<const RowSource> rows) {
     m_rows = std::move(rows);
@@ -55,7 +53,8 @@ void RowList::paintEvent(QPaintEvent* event) {
     const int origin = rowRect(0).top();
     const int first = std::max(0, (event->rect().top() - origin) / m_rowHeight);
     const int last = std::min(rowCount() - 1, (event->rect().bottom() - origin) / m_rowHeight);
-    for (int row = first; row <= last; ++row) paintRow(painter, row, rowRect(row));
+    for (int row = first; row <= last; ++row)
+        paintRow(painter, row, rowRect(row));
 }
 
 void RowList::mousePressEvent(QMouseEvent* event) {
@@ -82,13 +81,20 @@ void RowList::wheelEvent(QWheelEvent* event) {
 int RowList::rowAfterKey(int key) const {
     const int last = rowCount() - 1;
     switch (key) {
-    case Qt::Key_Up: return std::max(0, m_current - 1);
-    case Qt::Key_Down: return std::min(last, m_current + 1);
-    case Qt::Key_PageUp: return std::max(0, m_current - rowsPerPage());
-    case Qt::Key_PageDown: return std::min(last, m_current + rowsPerPage());
-    case Qt::Key_Home: return 0;
-    case Qt::Key_End: return last;
-    default: return -1;
+    case Qt::Key_Up:
+        return std::max(0, m_current - 1);
+    case Qt::Key_Down:
+        return std::min(last, m_current + 1);
+    case Qt::Key_PageUp:
+        return std::max(0, m_current - rowsPerPage());
+    case Qt::Key_PageDown:
+        return std::min(last, m_current + rowsPerPage());
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return last;
+    default:
+        return -1;
     }
 }
 

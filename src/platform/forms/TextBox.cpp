@@ -18,7 +18,8 @@ struct Insertion {
 Insertion insertionBetween(const QString& former, const QString& present) {
     const qsizetype shorter = std::min(former.size(), present.size());
     qsizetype front = 0;
-    while (front < shorter && former[front] == present[front]) ++front;
+    while (front < shorter && former[front] == present[front])
+        ++front;
     qsizetype back = 0;
     while (back < shorter - front && former[former.size() - 1 - back] == present[present.size() - 1 - back]) {
         ++back;
@@ -76,7 +77,8 @@ void TextBox::show(const QString& text, qsizetype cursor) {
     } else {
         m_area->setPlainText(text);
         QTextCursor place = m_area->textCursor();
-        place.setPosition(static_cast<int>(std::min<qsizetype>(cursor, m_area->document()->characterCount() - 1)));
+        place.setPosition(
+            static_cast<int>(std::min<qsizetype>(cursor, m_area->document()->characterCount() - 1)));
         m_area->setTextCursor(place);
     }
     m_shown = shownText();

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// The program as its main makes it, on a folder and settings of the benchmark's choice.
+#pragma once
+
+#include "app/Program.h"
+#include "art/ArtResources.h"
+#include "platform/base/NativeProcess.h"
+#include "platform/base/Paths.h"
+#include "platform/forms/DesktopDialogs.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace torvane::bench {
+
+struct ProgramUnderBench {
+    /// Both folders are real paths.
+    ProgramUnderBench(const char* programFolder, const char* configurationFolder)
+        : settings(Paths::spelled(configurationFolder)), program(runtime, Paths::spelled(programFolder)) {
+        initArtResources();
+    }
+
+    /// The main window after a start without intro; where there is none, nothing can be measured.
+    MainFrm& startedMainWindow() {
+        program.start();
+        MainFrm* window = program.mainFrm.ifLoaded();
+        if (window == nullptr) {
+            std::fputs("The program did not start with its main window.\n", stderr);
+            _exit(3);
+        }
+        return *window;
+    }
+
+    DesktopMessageBoxes messages;
+    DesktopFileDialogs dialogs;
+    DesktopBrowser browser;
+    NativeProcess processes;
+    Settings settings;
+    Runtime runtime{messages, dialogs, browser, processes, settings, [] { _exit(3); }};
+    Program program;
+};
+
+} // namespace torvane::bench

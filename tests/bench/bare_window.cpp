@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// The least that a window of the main window's size can be: the same background picture and one line of
+// text, straight on the toolkit. What it needs is what Torvane's start is measured by.
+// Usage: bench_bare_window MILLISECONDS, the time that the window stays.
+#include "FirstFrame.h"
+#include "WindowPlace.h"
+#include "art/ArtResources.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QWidget>
+#include <cstdlib>
+
+namespace {
+class BareWindow : public QWidget {
+public:
+    BareWindow() : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        setFixedSize(torvane::bench::windowSize);
+        move(torvane::bench::cornerOn(screen()->geometry()));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.drawPixmap(0, 0, m_picture);
+        painter.setPen(Qt::white);
+        painter.drawText(26, 15, QStringLiteral("Torvane 1.1"));
+    }
+
+private:
+    QPixmap m_picture{QStringLiteral(":/art/MainFrm.jpg")};
+};
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    torvane::initArtResources();
+    BareWindow window;
+    torvane::bench::FirstFrame frame(window, argc > 1 ? std::atoi(argv[1]) : 0, [] { return true; });
+    window.show();
+    return QApplication::exec();
+}

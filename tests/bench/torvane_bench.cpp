@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+// Runs all benchmarks on two libraries of its own and prints one table. Times differ from machine to
+// machine and from minute to minute, so most limits are ratios of medians whose samples were taken in turns.
+// Ends with 0 if all limits were kept, 1 if one was missed, 3 if something could not be measured.
+#include "Child.h"
+#include "GameLibrary.h"
+#include "Report.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+
+namespace torvane::bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+constexpr int rounds = 7;
+constexpr const char* holdMilliseconds = "1000";
+
+std::string format(const char* pattern, double a, double b) {
+    char text[128];
+    std::snprintf(text, sizeof text, pattern, a, b);
+    return text;
+}
+
+// A folder that is gone with its contents at the end.
+class ScratchFolder {
+public:
+    ScratchFolder() {
+        std::string name = (fs::temp_directory_path() / "torvane-bench-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for temporary files");
+        m_path = name;
+    }
+    ~ScratchFolder() {
+        std::error_code ignored;
+        fs::remove_all(m_path, ignored);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    const fs::path& path() const { return m_path; }
+
+private:
+    fs::path m_path;
+};
+
+/// A program folder with a library, and the settings that go with it.
+struct Library {
+    std::string name; ///< begins the names of its series
+    fs::path folder;
+    fs::path configuration;
+
+    Library(std::string libraryName, const fs::path& scratch, int games)
+        : name(std::move(libraryName)), folder(scratch / std::to_string(games) / "torvane"),
+          configuration(scratch / std::to_string(games) / "config") {
+        makeLibrary(TORVANE_FOLDER, folder, games);
+        makeSettings(configuration, folder);
+    }
+};
+
+class Benchmarks {
+public:
+    Benchmarks(const fs::path& programs, const fs::path& scratch)
+        : m_programs(programs), m_small("10,000", scratch, 10'000), m_large("100,000", scratch, 100'000) {}
+
+    bool runAll() {
+        for (int round = 0; round <= rounds; ++round)
+            takeStarts(round > 0);
+        for (int round = 0; round <= rounds; ++round)
+            takeStartsFromOutside(round > 0);
+        for (int round = 0; round <= rounds; ++round)
+            takeSelections(round > 0);
+        Report::printHead();
+        reportStarts();
+        reportMemory();
+        reportSelections();
+        reportNames();
+        return m_report.allKept();
+    }
+
+private:
+    std::string program(const char* name) const { return (m_programs / name).string(); }
+
+    // One round of every start; the first round only warms up.
+    void takeStarts(bool counts) {
+        const auto take = [&](const std::string& series, const Values& values) {
+            if (!counts) return;
+            m_report.sample(series + " start", (values.at("painted") - values.at("started")) / 1e6);
+            m_report.sample(series + " painted", values.at("painted-kB") / 1024);
+            m_report.sample(series + " settled", values.at("settled-kB") / 1024);
+        };
+        take("bare", run({program("bench_bare_window"), holdMilliseconds}, m_small.configuration));
+        for (const Library* library : {&m_small, &m_large}) {
+            take(library->name, run({program("bench_main_window"), library->folder, library->configuration,
+                                     holdMilliseconds},
+                                    library->configuration));
+        }
+    }
+
+    void takeStartsFromOutside(bool counts) {
+        const auto take = [&](const std::string& series, std::vector<std::string> command,
+                              const Library& library) {
+            command.insert(command.begin(), program("bench_from_outside"));
+            const Values values = run(command, library.configuration);
+            if (counts) m_report.sample(series + " shown", values.at("shown") / 1e6);
+        };
+        take("bare", {program("bench_bare_window"), "20000"}, m_small);
+        for (const Library* library : {&m_small, &m_large}) {
+            take(library->name, {library->folder / "torvane"}, *library);
+        }
+    }
+
+    void takeSelections(bool counts) {
+        for (const Library* library : {&m_small, &m_large}) {
+            const Values values = run({program("bench_selections"), library->folder, library->configuration},
+                                      library->configuration);
+            if (!counts) continue;
+            for (const char* name : {"most-bytes", "mean-bytes", "opens", "processor"}) {
+                m_report.sample(library->name + ' ' + name, values.at(name));
+            }
+        }
+    }
+
+    void rowAgainstBare(const std::string& what, const Library& library, const char* series, double limit,
+                        const char* pattern) {
+        const double own = m_report.median(library.name + ' ' + series);
+        const double bare = m_report.median(std::string("bare ") + series);
+        m_report.row(what + ", " + library.name + " games", own / bare, limit, format(pattern, own, bare));
+    }
+
+    void reportStarts() {
+        const char* pattern = "%.1f ms against %.1f ms of a bare window";
+        rowAgainstBare("Start to the painted window", m_small, "start", 2.0, pattern);
+        rowAgainstBare("Start to the painted window", m_large, "start", 3.5, pattern);
+        rowAgainstBare("The same seen from outside", m_small, "shown", 2.0, pattern);
+        rowAgainstBare("The same seen from outside", m_large, "shown", 3.5, pattern);
+    }
+
+    void reportMemory() {
+        const char* pattern = "%.1f MB against %.1f MB of a bare window";
+        rowAgainstBare("Peak memory when painted", m_small, "painted", 1.6, pattern);
+        rowAgainstBare("Peak memory when painted", m_large, "painted", 2.2, pattern);
+        rowAgainstBare("Peak memory with the banner", m_small, "settled", 1.6, pattern);
+        rowAgainstBare("Peak memory with the banner", m_large, "settled", 2.2, pattern);
+    }
+
+    void reportSelections() {
+        const auto of = [this](const Library& library, const char* name) {
+            return m_report.median(library.name + ' ' + name);
+        };
+        for (const Library* library : {&m_small, &m_large}) {
+            const std::string games = ", " + library->name + " games";
+            m_report.row("Bytes read at a selection" + games, of(*library, "most-bytes"), 1024,
+                         format("the most of 1,000; %.1f on average, %.2f opened files",
+                                of(*library, "mean-bytes"), of(*library, "opens")));
+            m_report.row("Milliseconds of a selection" + games, of(*library, "processor") / 1e6, 1,
+                         "processor time with the repaint, mean of 1,000");
+        }
+        m_report.row("Selection in 100,000 games against 10,000",
+                     of(m_large, "processor") / of(m_small, "processor"), 1.3, "processor time");
+    }
+
+    void reportNames() {
+        const Values values = run({program("bench_names"), m_large.folder / "roms", std::to_string(rounds)},
+                                  m_large.configuration);
+        const double table = values.at("table") / 1e6;
+        const double plain = values.at("plain") / 1e6;
+        m_report.row("The list of 100,000 names", table / plain, 3,
+                     format("%.1f ms against %.1f ms of reading and sorting plainly", table, plain));
+    }
+
+    fs::path m_programs;
+    Library m_small;
+    Library m_large;
+    Report m_report;
+};
+} // namespace
+
+int runBenchmarks() {
+    try {
+        const ScratchFolder scratch;
+        // A folder that the toolkit asks for, and that a machine without a desktop does not have.
+        setenv("XDG_RUNTIME_DIR", scratch.path().c_str(), 0);
+        return Benchmarks(fs::read_symlink("/proc/self/exe").parent_path(), scratch.path()).runAll() ? 0 : 1;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 3;
+    }
+}
+
+} // namespace torvane::bench
+
+int main() { return torvane::bench::runBenchmarks(); }

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// The tag line in bytes: how it is found, cut and built.
+#include "catalogue/TagLine.h"
+#include "support/Failing.h"
+
+#include <QtTest>
+
+using namespace torvane;
+
+namespace {
+std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
+
+// A line of plain text with "$" in place of the separator.
+QByteArray bytes(const char* text) { return QByteArray(text).replace('$', TagLine::separator); }
+
+QByteArrayList listOf(const TagLine::Fields& f) { return {f.company, f.title, f.date, f.info, f.size}; }
+} // namespace
+
+class TagLineTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void the_fixed_texts_have_the_told_bytes() {
+        QCOMPARE(TagLine::marker.toHex(), QByteArray("494433544147a7"));
+        QCOMPARE(TagLine::shiftedCompany.toHex(), QByteArray("56f6a752e44e"));
+        QCOMPARE(TagLine::separator, '\xA7');
+        QCOMPARE(TagLine::lineEnd.toHex(), QByteArray("0d0a"));
+    }
+    void a_line_is_built_byte_by_byte() {
+        QCOMPARE(TagLine::build({"Acme", "Title", "1/2/03", "Info", "3000"}),
+                 bytes("ID3TAG$Acme$Title$1/2/03$Info$3000$\r\n"));
+        QCOMPARE(TagLine::build({}), bytes("ID3TAG$$$$$$\r\n"));
+        QCOMPARE(TagLine::build({" ", " ", "", " ", "0"}), bytes("ID3TAG$ $ $$ $0$\r\n"));
+    }
+    void image_and_tag_are_cut_at_the_first_marker_and_the_tag_ends_at_the_second_data() {
+        QTest::addColumn<QByteArray>("all");
+        QTest::addColumn<QByteArray>("image");
+        QTest::addColumn<QByteArray>("tag");
+        const auto row = [](const char* name, const char* all, const char* image, const char* tag) {
+            QTest::newRow(name) << bytes(all) << bytes(image) << bytes(tag);
+        };
+        row("one tag", "romID3TAG$a$b", "rom", "a$b");
+        row("no image", "ID3TAG$a", "", "a");
+        row("nothing behind", "romID3TAG$", "rom", "");
+        row("two tags", "romID3TAG$a$ID3TAG$b$ID3TAG$c", "rom", "a$");
+        row("two markers in a row", "ID3TAG$ID3TAG$a", "", "");
+        row("a marker that begins twice", "ID3ID3TAG$a", "ID3", "a");
+        row("nearly a marker in front", "id3tag$ID3TAGID3TAG$a", "id3tag$ID3TAG", "a");
+    }
+    void image_and_tag_are_cut_at_the_first_marker_and_the_tag_ends_at_the_second() {
+        QFETCH(QByteArray, all);
+        QFETCH(QByteArray, image);
+        QFETCH(QByteArray, tag);
+        QCOMPARE(TagLine::imagePart(all), image);
+        QCOMPARE(TagLine::tagPart(all), tag);
+    }
+    void without_a_marker_everything_is_image_and_there_is_no_tag_data() {
+        QTest::addColumn<QByteArray>("all");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("lower case") << bytes("id3tag$a$b$c$d$1$");
+        QTest::newRow("without the sign") << QByteArray("ID3TAG");
+        QTest::newRow("sign in UTF-8") << QByteArray("ID3TAG\xC2\xA7"
+                                                     "a");
+        QTest::newRow("zero byte inside") << QByteArray("ID3\0TAG\xA7", 8);
+    }
+    void without_a_marker_everything_is_image_and_there_is_no_tag() {
+        QFETCH(QByteArray, all);
+        QCOMPARE(TagLine::imagePart(all), all);
+        QCOMPARE(failureOf([&] { (void)TagLine::tagPart(all); }), number(RuntimeFailure::subscript));
+    }
+    void zero_bytes_in_the_image_are_bytes_like_others() {
+        const QByteArray rom("a\0\0b", 4);
+        QCOMPARE(TagLine::imagePart(rom + TagLine::marker), rom);
+        QCOMPARE(TagLine::tagPart(rom + TagLine::marker + rom), rom);
+    }
+    void fields_are_the_pieces_between_separators_data() {
+        QTest::addColumn<QByteArray>("tag");
+        QTest::addColumn<QByteArrayList>("fields");
+        const auto row = [](const char* name, const char* tag, const QByteArrayList& fields) {
+            QTest::newRow(name) << bytes(tag) << fields;
+        };
+        row("plain form", "c$t$d$i$42$\r\n", {"c", "t", "d", "i", "42"});
+        row("without the last separator", "c$t$d$i$42", {"c", "t", "d", "i", "42"});
+        row("without the last separator but with the line end", "c$t$d$i$42\r\n",
+            {"c", "t", "d", "i", "42\r\n"});
+        row("all empty", "$$$$", {"", "", "", "", ""});
+        row("more pieces than needed", "c$t$d$i$42$x$y", {"c", "t", "d", "i", "42"});
+        row("a separator in the title shifts the rest", "c$t1$t2$d$i$42$", {"c", "t1", "t2", "d", "i"});
+        row("shifted form", "V\xF6$R\xE4N$t$d$i$42$", {"V\xF6\xA7R\xE4N", "t", "d", "i", "42"});
+        row("shifted form begins the company only", "V\xF6$R\xE4Nx$t$d$i$42$",
+            {"V\xF6\xA7R\xE4N", "t", "d", "i", "42"});
+        row("shifted form not in front", " V\xF6$R\xE4N$t$d$i$42$", {" V\xF6", "R\xE4N", "t", "d", "i"});
+        row("shifted form in other case", "v\xF6$R\xE4N$t$d$i$", {"v\xF6", "R\xE4N", "t", "d", "i"});
+        row("signs of other languages", "%s$\"'$\\$<b>$7$", {"%s", "\"'", "\\", "<b>", "7"});
+    }
+    void fields_are_the_pieces_between_separators() {
+        QFETCH(QByteArray, tag);
+        QFETCH(QByteArrayList, fields);
+        QCOMPARE(listOf(TagLine::fields(tag)), fields);
+        QCOMPARE(TagLine::storedSizeText(tag), fields.last());
+    }
+    void too_few_pieces_fail_data() {
+        QTest::addColumn<QByteArray>("tag");
+        for (const char* tag : {"", "c", "c$t$d$i", "$$$", "V\xF6$R\xE4N", "V\xF6$R\xE4N$t$d$i"})
+            QTest::newRow(tag) << bytes(tag);
+    }
+    void too_few_pieces_fail() {
+        QFETCH(QByteArray, tag);
+        QCOMPARE(failureOf([&] { (void)TagLine::fields(tag); }), number(RuntimeFailure::subscript));
+        QCOMPARE(failureOf([&] { (void)TagLine::storedSizeText(tag); }), number(RuntimeFailure::subscript));
+    }
+    void a_text_is_a_number_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<double>("value");
+        const auto row = [](const char* text, double value) {
+            QTest::newRow(text) << QByteArray(text) << value;
+        };
+        row("0", 0);
+        row("3000", 3000);
+        row("0003000", 3000);
+        row(" 3000 ", 3000);
+        row("3000\r\n", 3000);
+        row("\t7", 7);
+        row("-5", -5);
+        row("+5", 5);
+        row("1.5", 1.5);
+        row("1e3", 1000);
+        row("99999999999999", 99999999999999.0);
+    }
+    void a_text_is_a_number() {
+        QFETCH(QByteArray, text);
+        QFETCH(double, value);
+        QCOMPARE(TagLine::number(text), value);
+    }
+    void other_texts_are_no_numbers_data() {
+        QTest::addColumn<QByteArray>("text");
+        for (const char* text : {"", " ", "abc", "12x", "x12", "1 2", "inf", "-inf", "nan", "0x10", "1e999",
+                                 "--1", "1,5", "\xB2", "%d"})
+            QTest::newRow(text) << QByteArray(text);
+        QTest::newRow("zero byte behind") << QByteArray("12\0", 3);
+        QTest::newRow("zero byte inside") << QByteArray("1\0"
+                                                        "2",
+                                                        3);
+        QTest::newRow("ten thousand letters") << QByteArray(10000, 'x');
+    }
+    void other_texts_are_no_numbers() {
+        QFETCH(QByteArray, text);
+        QCOMPARE(failureOf([&] { (void)TagLine::number(text); }), number(RuntimeFailure::typeMismatch));
+    }
+    void a_built_line_gives_its_fields_back() {
+        std::srand(41);
+        for (int round = 0; round < 2000; ++round) {
+            QByteArrayList values;
+            for (int i = 0; i < 5; ++i) {
+                QByteArray value(std::rand() % 20, '\0');
+                for (char& c : value) {
+                    do {
+                        c = static_cast<char>(std::rand());
+                    } while (c == TagLine::separator);
+                }
+                values.append(value);
+            }
+            const QByteArray line = TagLine::build({values[0], values[1], values[2], values[3], values[4]});
+            QVERIFY(line.endsWith("\xA7\r\n"));
+            QCOMPARE(listOf(TagLine::fields(TagLine::tagPart("rom" + line))), values);
+        }
+    }
+};
+
+QTEST_APPLESS_MAIN(TagLineTest)
+#include "TagLineTest.moc"

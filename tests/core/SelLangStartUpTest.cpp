@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+// The first start: the window that asks for the language, from the request to the main window.
+#include "support/OpenedProgram.h"
+
+using namespace torvane;
+
+namespace {
+const QString request = QStringLiteral("Escoge Idioma\r\nSel·lecciona Llengua\r\nSelect Your Language");
+constexpr OleColour redText = 255;
+constexpr OleColour whiteText = 16777215;
+} // namespace
+
+class SelLangStartUpTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedProgram> opened;
+
+    SelLangStartUp& window() const { return *opened->program->selLangStartUp.ifLoaded(); }
+    Label& label(const QString& name) const { return *window().findChild<Label*>(name); }
+    /// Lets the typewriter come to its end without waiting for it.
+    QString typed() const {
+        for (int tick = 0; window().Timer1.Enabled() && tick < 1000; ++tick) emit window().Timer1.Tick();
+        return window().Label7.Caption();
+    }
+
+private slots:
+    void init() {
+        opened = std::make_unique<OpenedProgram>();
+        opened->world.setSetting("Language", QString());
+        opened->start();
+        QVERIFY(opened->program->selLangStartUp.ifLoaded() != nullptr);
+        QVERIFY(QTest::qWaitForWindowExposed(&window()));
+    }
+    void cleanup() { opened.reset(); }
+
+    void an_empty_store_shows_the_language_window_and_no_other() {
+        OpenedProgram fresh;
+        QVERIFY(QFile::remove(fresh.world.settings.fileOf(QStringLiteral("Torvane"))));
+        Program& program = fresh.start();
+        QVERIFY(program.selLangStartUp.ifLoaded()->isVisible());
+        QVERIFY(!program.splash.ifLoaded());
+        QVERIFY(!program.mainFrm.ifLoaded());
+        QCOMPARE(fresh.world.setting("Language"), QStringLiteral("(absent)"));
+    }
+    void the_request_is_typed_one_character_a_tick_every_75_milliseconds() {
+        QCOMPARE(window().Timer1.Interval(), 75);
+        window().ShowDialog(request);
+        QCOMPARE(window().Label7.Caption(), QString());
+        emit window().Timer1.Tick();
+        QCOMPARE(window().Label7.Caption(), QStringLiteral("E"));
+        emit window().Timer1.Tick();
+        QCOMPARE(window().Label7.Caption(), QStringLiteral("Es"));
+        QCOMPARE(typed(), request);
+    }
+    void the_typewriter_runs_by_itself_and_stops_after_the_last_character() {
+        window().ShowDialog(QStringLiteral("ab"));
+        QTRY_COMPARE_WITH_TIMEOUT(window().Label7.Caption(), QStringLiteral("ab"), 2000);
+        QVERIFY(!window().Timer1.Enabled());
+    }
+    void before_a_choice_there_are_three_white_languages_and_no_answers() {
+        for (const char* name : {"Label4", "Label5", "Label6"}) {
+            QVERIFY(isSeen(label(QString::fromLatin1(name))));
+            QCOMPARE(label(QString::fromLatin1(name)).ForeColor(), whiteText);
+        }
+        QCOMPARE(window().Label4.Caption(), QStringLiteral("Español"));
+        QCOMPARE(window().Label5.Caption(), QStringLiteral("Català"));
+        QCOMPARE(window().Label6.Caption(), QStringLiteral("English"));
+        QCOMPARE(window().Label1.Caption(), QStringLiteral("Torvane 1.1"));
+        QVERIFY(!isSeen(window().ok));
+        QVERIFY(!isSeen(window().no));
+    }
+
+    void a_click_on_a_language_asks_in_it_and_leaves_it_the_only_one_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("question");
+        QTest::newRow("Spanish") << QStringLiteral("Label4") << QStringLiteral("Español. ¿Bien?");
+        QTest::newRow("Catalan") << QStringLiteral("Label5") << QStringLiteral("Català. Bé?");
+        QTest::newRow("English") << QStringLiteral("Label6") << QStringLiteral("English. OK?");
+    }
+    void a_click_on_a_language_asks_in_it_and_leaves_it_the_only_one() {
+        QFETCH(QString, name);
+        QFETCH(QString, question);
+        typed();
+        click(label(name));
+        QCOMPARE(window().Label7.Caption(), QString());
+        QCOMPARE(typed(), question);
+        QVERIFY(isSeen(window().ok));
+        QVERIFY(isSeen(window().no));
+        for (const char* other : {"Label4", "Label5", "Label6"}) {
+            const bool chosen = name == QLatin1String(other);
+            QCOMPARE(label(QString::fromLatin1(other)).ForeColor(), chosen ? redText : whiteText);
+            QCOMPARE(label(QString::fromLatin1(other)).isEnabled(), chosen);
+        }
+        QCOMPARE(opened->world.setting("Language"), QString());
+    }
+    void a_language_that_is_switched_off_takes_no_click() {
+        click(window().Label4);
+        QCOMPARE(typed(), QStringLiteral("Español. ¿Bien?"));
+        click(window().Label6);
+        QCOMPARE(typed(), QStringLiteral("Español. ¿Bien?"));
+        QCOMPARE(window().Label6.ForeColor(), whiteText);
+    }
+    void a_second_click_on_the_same_language_types_nothing_new() {
+        click(window().Label5);
+        emit window().Timer1.Tick();
+        emit window().Timer1.Tick();
+        click(window().Label5);
+        QCOMPARE(window().Label7.Caption(), QStringLiteral("Ca"));
+        QCOMPARE(typed(), QStringLiteral("Català. Bé?"));
+        click(window().Label5);
+        QVERIFY(!window().Timer1.Enabled());
+        QCOMPARE(window().Label7.Caption(), QStringLiteral("Català. Bé?"));
+    }
+    void a_question_that_is_asked_in_the_midst_of_a_tick_is_typed_whole() {
+        emit window().Timer1.Tick();
+        QTimer::singleShot(0, &window(), [this] { emit window().Label4.Click(); });
+        emit window().Timer1.Tick();
+        QCOMPARE(typed(), QStringLiteral("Español. ¿Bien?"));
+    }
+
+    void no_types_the_request_anew_and_keeps_the_languages_available() {
+        click(window().Label6);
+        typed();
+        click(window().no);
+        QVERIFY(!isSeen(window().ok));
+        QVERIFY(!isSeen(window().no));
+        QCOMPARE(typed(), request);
+        for (const char* name : {"Label4", "Label5", "Label6"}) {
+            QVERIFY(isSeen(label(QString::fromLatin1(name))));
+            QVERIFY(label(QString::fromLatin1(name)).isEnabled());
+            QCOMPARE(label(QString::fromLatin1(name)).ForeColor(), whiteText);
+        }
+        click(window().Label4);
+        QCOMPARE(typed(), QStringLiteral("Español. ¿Bien?"));
+    }
+    void after_no_the_same_language_shows_the_answers_but_asks_nothing_new() {
+        click(window().Label6);
+        typed();
+        click(window().no);
+        typed();
+        click(window().Label6);
+        QCOMPARE(typed(), request);
+        QCOMPARE(window().Label6.ForeColor(), redText);
+        QVERIFY(isSeen(window().ok));
+        click(window().ok);
+        QVERIFY(opened->world.setting("Language").endsWith(QStringLiteral("lang_eng.tvl")));
+    }
+
+    void ok_stores_the_language_and_thanks_in_it_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("thanks");
+        QTest::newRow("Spanish") << QStringLiteral("Label4") << QStringLiteral("esp")
+                                 << QStringLiteral("¡Gracias! Si necesitas algo, llámame. Estaré en "
+                                                   "Configuración. ¡Que disfrutes de Torvane!");
+        QTest::newRow("Catalan") << QStringLiteral("Label5") << QStringLiteral("cat")
+                                 << QStringLiteral("Gràcies! Si necessites res, crida'm. Estaré a la "
+                                                   "Configuració. Que gaudeixis de Torvane!");
+        QTest::newRow("English") << QStringLiteral("Label6") << QStringLiteral("eng")
+                                 << QStringLiteral("Thanks! If you need me, i'll be in Configuration. I "
+                                                   "hope you will enjoy Torvane!");
+    }
+    void ok_stores_the_language_and_thanks_in_it() {
+        QFETCH(QString, name);
+        QFETCH(QString, code);
+        QFETCH(QString, thanks);
+        const QImage before = window().picture().toImage();
+        click(label(name));
+        click(window().ok);
+        QCOMPARE(opened->world.setting("Language"),
+                 opened->world.appPath() + QStringLiteral("\\data\\lang\\lang_") + code + QStringLiteral(".tvl"));
+        for (const char* gone : {"ok", "no", "Label4", "Label5", "Label6"}) {
+            QVERIFY2(!isSeen(label(QString::fromLatin1(gone))), gone);
+        }
+        QVERIFY(window().picture().toImage() != before);
+        QCOMPARE(window().Image1.Picture().toImage(), window().picture().toImage());
+        QCOMPARE(typed(), thanks);
+        QVERIFY(isSeen(window()));
+        QVERIFY(window().Timer2.Enabled());
+        QCOMPARE(window().Timer2.Interval(), 15000);
+    }
+    void the_thanks_end_in_the_program_and_the_window_is_gone() {
+        click(window().Label6);
+        click(window().ok);
+        emit window().Timer2.Tick();
+        QVERIFY(opened->program->selLangStartUp.ifLoaded() == nullptr);
+        QVERIFY(opened->main().isVisible());
+        QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("English"));
+    }
+    void quitting_before_the_15_seconds_have_passed_leaves_the_language_set_and_the_next_start_goes_on() {
+        click(window().Label5);
+        click(window().ok);
+        QVERIFY(!opened->program->mainFrm.ifLoaded());
+        opened->close();
+        Program& next = opened->start();
+        QVERIFY(!next.selLangStartUp.ifLoaded());
+        QVERIFY(next.mainFrm.ifLoaded()->isVisible());
+        QCOMPARE(next.globals.LanguageName, QStringLiteral("Català"));
+    }
+    void a_choice_that_was_not_confirmed_is_asked_for_again() {
+        click(window().Label5);
+        opened->close();
+        opened->start();
+        QVERIFY(opened->program->selLangStartUp.ifLoaded() != nullptr);
+        QCOMPARE(typed(), request);
+    }
+    void a_settings_store_that_cannot_be_written_is_told_and_ends_the_program() {
+        const QString store = opened->world.settings.fileOf(QStringLiteral("Torvane"));
+        QVERIFY(QFile::remove(store));
+        QVERIFY(QDir().mkdir(store));
+        click(window().Label4);
+        click(window().ok);
+        QCOMPARE(opened->world.messages.boxes.size(), 1);
+        QVERIFY(opened->world.messages.last().startsWith(QStringLiteral("Run-time error '")));
+        QCOMPARE(opened->world.messages.boxes.last().flags, 16);
+        QCOMPARE(opened->world.ends, 1);
+    }
+    void the_typed_text_does_not_cover_the_languages() {
+        // All of a label that the user sees reacts, also where the text field lies over it.
+        for (const Label* language : {&window().Label4, &window().Label5, &window().Label6}) {
+            const QRect place = language->geometry();
+            QCOMPARE(window().childAt(place.topLeft()), language);
+            QCOMPARE(window().childAt(place.center()), language);
+        }
+    }
+    void closing_the_window_by_the_window_manager_ends_the_program() {
+        window().close();
+        QCOMPARE(opened->world.ends, 1);
+        QCOMPARE(opened->world.setting("Language"), QString());
+    }
+};
+
+QTEST_MAIN(SelLangStartUpTest)
+#include "SelLangStartUpTest.moc"

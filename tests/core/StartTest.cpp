@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+// The start with a language chosen: the program's texts, which window comes first, and what goes wrong.
+#include "support/Failing.h"
+#include "support/OpenedProgram.h"
+
+using namespace torvane;
+
+class StartTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedProgram> opened;
+    FakeWorld& world() const { return opened->world; }
+
+private slots:
+    void init() { opened = std::make_unique<OpenedProgram>(); }
+    void cleanup() { opened.reset(); }
+
+    void a_set_language_goes_straight_on_and_the_language_window_is_gone() {
+        Program& program = opened->start();
+        QVERIFY(program.selLangStartUp.ifLoaded() == nullptr);
+        QVERIFY(program.mainFrm.ifLoaded()->isVisible());
+    }
+    void the_texts_of_every_window_are_set() {
+        const Globals& globals = opened->start().globals;
+        QCOMPARE(globals.VersionText, QStringLiteral("1.1"));
+        QCOMPARE(globals.TitlePrefix, QStringLiteral("Torvane 1.1 » "));
+        QCOMPARE(globals.LanguageFile, world().appPath() + QStringLiteral("\\data\\lang\\lang_eng.tvl"));
+        QCOMPARE(globals.LanguageName, QStringLiteral("English"));
+    }
+    void each_language_names_itself_data() {
+        QTest::addColumn<QByteArray>("code");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("esp") << QByteArray("esp") << QStringLiteral("Español");
+        QTest::newRow("cat") << QByteArray("cat") << QStringLiteral("Català");
+        QTest::newRow("eng") << QByteArray("eng") << QStringLiteral("English");
+    }
+    void each_language_names_itself() {
+        QFETCH(QByteArray, code);
+        QFETCH(QString, name);
+        world().useLanguage(code.constData());
+        QCOMPARE(opened->start().globals.LanguageName, name);
+    }
+
+    void intro_decides_between_the_intro_and_the_main_window_data() {
+        QTest::addColumn<QString>("intro");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("0") << QStringLiteral("0") << false;
+        QTest::newRow("1") << QStringLiteral("1") << true;
+        QTest::newRow("2") << QStringLiteral("2") << true;
+        QTest::newRow("-1") << QStringLiteral("-1") << true;
+    }
+    void intro_decides_between_the_intro_and_the_main_window() {
+        QFETCH(QString, intro);
+        QFETCH(bool, shown);
+        world().setSetting("Intro", intro);
+        Program& program = opened->start();
+        QCOMPARE(program.splash.ifLoaded() != nullptr, shown);
+        QCOMPARE(program.mainFrm.ifLoaded() != nullptr, !shown);
+    }
+    void without_an_intro_setting_the_intro_is_shown() {
+        QVERIFY(QFile::remove(world().settings.fileOf(QStringLiteral("Torvane"))));
+        world().useLanguage("eng");
+        Program& program = opened->start();
+        QVERIFY(program.splash.ifLoaded() != nullptr);
+        QVERIFY(program.splash.ifLoaded()->isVisible());
+    }
+    void an_intro_setting_that_is_no_number_takes_the_default_failure_path() {
+        world().setSetting("Intro", QStringLiteral("yes"));
+        Program& program = opened->start();
+        QCOMPARE(world().messages.boxes.size(), 1);
+        QCOMPARE(world().messages.last(), QStringLiteral("Run-time error '13':\n\nType mismatch"));
+        QCOMPARE(world().messages.boxes.last().flags, 16);
+        QCOMPARE(world().ends, 1);
+        QVERIFY(!program.splash.ifLoaded());
+        QVERIFY(!program.mainFrm.ifLoaded());
+    }
+    void a_start_setting_that_is_no_number_takes_the_default_failure_path() {
+        world().setSetting("Start", QStringLiteral("1x"));
+        opened->start();
+        QCOMPARE(world().messages.last(), QStringLiteral("Run-time error '13':\n\nType mismatch"));
+        QCOMPARE(world().ends, 1);
+    }
+    void a_start_setting_of_1_opens_the_main_window_for_as_long_as_there_is_no_compact_one() {
+        world().setSetting("Start", QStringLiteral("1"));
+        Program& program = opened->start();
+        if (program.desk.exists(Window::Torvette)) {
+            QVERIFY(program.mainFrm.ifLoaded() == nullptr);
+        } else {
+            QVERIFY(program.mainFrm.ifLoaded()->isVisible());
+        }
+        QCOMPARE(world().ends, 0);
+    }
+    void any_other_start_setting_opens_the_main_window_data() {
+        QTest::addColumn<QString>("start");
+        QTest::newRow("0") << QStringLiteral("0");
+        QTest::newRow("2") << QStringLiteral("2");
+        QTest::newRow("-1") << QStringLiteral("-1");
+    }
+    void any_other_start_setting_opens_the_main_window() {
+        QFETCH(QString, start);
+        world().setSetting("Start", start);
+        QVERIFY(opened->start().mainFrm.ifLoaded()->isVisible());
+    }
+    void the_main_window_stands_on_its_first_game() {
+        opened->games(3);
+        opened->start();
+        QCOMPARE(opened->main().Games.ListIndex(), 0);
+        QCOMPARE(opened->main().ListView1.currentRow(), 0);
+    }
+    void an_empty_library_is_no_obstacle() {
+        opened->start();
+        QVERIFY(opened->main().isVisible());
+        QCOMPARE(opened->main().Games.ListIndex(), -1);
+        QCOMPARE(world().messages.boxes.size(), 0);
+        QCOMPARE(world().ends, 0);
+    }
+    void failures_of_the_first_selection_are_ignored_at_the_start() {
+        // A link that leads nowhere is left out of the list, so an archive has to vanish another way.
+        const QString path = opened->game(QStringLiteral("a.zip"));
+        world().folder.setMode(QStringLiteral("roms/a.zip"), 0);
+        const OrdinaryUser user;
+        opened->start();
+        QCOMPARE(opened->main().Games.ListCount(), 1);
+        QVERIFY(opened->main().isVisible());
+        QCOMPARE(world().messages.boxes.size(), 0);
+        QCOMPARE(world().ends, 0);
+    }
+
+    void with_a_missing_language_file_captions_are_empty_and_the_program_runs() {
+        world().setSetting("Language", world().appPath() + QStringLiteral("\\data\\lang\\lang_gone.tvl"));
+        opened->games(1);
+        MainFrm& window = opened->open();
+        QCOMPARE(opened->program->globals.LanguageName, QString());
+        QCOMPARE(window.Label13.Caption(), QStringLiteral("» "));
+        QCOMPARE(window.Lbl_ID3Title.Caption(), QString());
+        QCOMPARE(window.Label16.Caption(), QString());
+        QCOMPARE(window.ChameleonButton16.Caption(), QString());
+        QCOMPARE(window.Label1.Caption(), QStringLiteral("Torvane 1.1 » "));
+        click(window.Edit_Menu);
+        QCOMPARE(window.Label17.Caption(), QStringLiteral("» "));
+        click(window.chameleonButton1);
+        QCOMPARE(opened->program->torvMsg.ifLoaded()->Label2.Caption(), QString());
+        QCOMPARE(world().messages.boxes.size(), 0);
+        QCOMPARE(world().ends, 0);
+    }
+    void a_folder_in_the_place_of_the_language_file_counts_as_missing() {
+        world().setSetting("Language", world().appPath() + QStringLiteral("\\data\\lang"));
+        QCOMPARE(opened->open().Label16.Caption(), QString());
+        QCOMPARE(world().ends, 0);
+    }
+    void without_a_stored_language_the_spanish_file_is_the_default() {
+        // As when the key goes between the two looks at it: the desk has a default of its own.
+        opened->start();
+        QVERIFY(QFile::remove(world().settings.fileOf(QStringLiteral("Torvane"))));
+        world().setSetting("Intro", QStringLiteral("0"));
+        opened->program->desk.startApplication();
+        QCOMPARE(opened->program->globals.LanguageFile,
+                 world().appPath() + QStringLiteral("\\data\\lang\\lang_esp.tvl"));
+        QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("Español"));
+    }
+    void a_look_up_before_any_window_creates_the_window_that_holds_the_reader() {
+        Program program(world().runtime, world().appPath());
+        program.globals.LanguageFile = world().appPath() + QStringLiteral("\\data\\lang\\lang_eng.tvl");
+        QVERIFY(!program.menuing.ifLoaded());
+        QCOMPARE(program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname")),
+                 QStringLiteral("English"));
+        QVERIFY(program.menuing.ifLoaded() != nullptr);
+        QVERIFY(!program.menuing.ifLoaded()->isVisible());
+        QVERIFY(!program.mainFrm.ifLoaded());
+    }
+    void look_ups_are_not_cached_and_take_sections_and_keys_in_any_case() {
+        opened->start();
+        LanguageTables& tables = opened->program->language;
+        QCOMPARE(tables.LangText(QStringLiteral("Globals"), QStringLiteral("na")), QStringLiteral("No data"));
+        QCOMPARE(tables.LangTextCopy(QStringLiteral("globals"), QStringLiteral("na")), QStringLiteral("No data"));
+        opened->program->globals.LanguageFile =
+            world().folder.write(QStringLiteral("data/lang/own.tvl"), "[gLobals]\r\nna=N\xF6 data\r\n");
+        QCOMPARE(tables.LangText(QStringLiteral("Globals"), QStringLiteral("na")), QStringLiteral("Nö data"));
+    }
+
+    void open_url_goes_through_the_main_windows_link_which_is_created_for_it() {
+        Program program(world().runtime, world().appPath());
+        program.funciones.OpenURL(QStringLiteral("http://one.example/?a=<b>&c=%20"));
+        QCOMPARE(world().browser.urls, QStringList{QStringLiteral("http://one.example/?a=<b>&c=%20")});
+        QVERIFY(program.mainFrm.ifLoaded() != nullptr);
+        QVERIFY(!program.mainFrm.ifLoaded()->isVisible());
+        QCOMPARE(program.mainFrm.ifLoaded()->URL_Linker.URL(), QStringLiteral("http://one.example/?a=<b>&c=%20"));
+    }
+    void the_fatal_error_is_told_in_fixed_spanish_and_opens_the_page_of_questions() {
+        world().folder.write(QStringLiteral("data/hosts.ini"), "[Hosts]\nweb=https://web.example/\n");
+        opened->start();
+        opened->program->funciones.ShowFatalError();
+        QCOMPARE(world().messages.boxes.size(), 1);
+        const FakeMessages::Box& box = world().messages.boxes.last();
+        QCOMPARE(box.text, QStringLiteral("Torvane ha encontrado un error y será cerrado. Ahora se abrirá el "
+                                          "navegador y cargará el FAQ de la página web de Torvane."));
+        QCOMPARE(box.title, QStringLiteral("KESTRA Halyard Kernel"));
+        QCOMPARE(box.flags, 16);
+        QCOMPARE(world().browser.urls, QStringList{QStringLiteral("https://web.example/modules.php?name=FAQ")});
+        QCOMPARE(world().ends, 0);
+        QVERIFY(opened->main().isVisible());
+    }
+};
+
+QTEST_MAIN(StartTest)
+#include "StartTest.moc"

@@ -1,0 +1,366 @@
+// SPDX-License-Identifier: MIT
+// The main window: its load, the selection of games and archives, hints, tools, and its place on the screen.
+#include "platform/forms/Screen.h"
+#include "support/Failing.h"
+#include "support/OpenedProgram.h"
+
+using namespace torvane;
+
+class MainFrmTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedProgram> opened;
+    MainFrm& window() const { return opened->main(); }
+    FakeMessages& messages() const { return opened->world.messages; }
+    void expectToldAndGoingOn(const char* number) {
+        QCOMPARE(messages().boxes.size(), 1);
+        QVERIFY2(messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
+                 qPrintable(messages().last()));
+        QCOMPARE(messages().boxes.last().flags, 16);
+        QCOMPARE(opened->world.ends, 0);
+        QVERIFY(window().isVisible());
+    }
+
+private slots:
+    void init() { opened = std::make_unique<OpenedProgram>(); }
+    void cleanup() { opened.reset(); }
+
+    // Load
+    void the_title_is_the_prefix_and_the_languages_text() {
+        QCOMPARE(opened->open().Label1.Caption(), QStringLiteral("Torvane 1.1 » Main menu"));
+    }
+    void an_empty_library_leaves_the_panel_at_its_texts_for_nothing() {
+        MainFrm& main = opened->open();
+        QCOMPARE(main.Label41.Caption(), QStringLiteral("#1/0"));
+        QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0000"));
+        QCOMPARE(main.ListView1.rowCount(), 0);
+        QCOMPARE(main.GameTitle.Caption(), QStringLiteral("Not available"));
+        QCOMPARE(main.GameAutor.Caption(), QStringLiteral("Not available"));
+        QCOMPARE(main.GameDate.Caption(), QStringLiteral("Not available"));
+        QCOMPARE(main.GameFormat.Caption(), QStringLiteral("Unknown"));
+        QCOMPARE(main.GameInfo.Caption(), QStringLiteral("No data"));
+        QVERIFY(isSeen(main.Picture1_0));
+        QVERIFY(!isSeen(main.Picture1_1));
+        QVERIFY(!isSeen(main.Picture1_2));
+        QCOMPARE(messages().boxes.size(), 0);
+    }
+    void a_missing_library_folder_counts_as_an_empty_one() {
+        opened->world.folder.makeFolder(QStringLiteral("roms"));
+        QVERIFY(QDir(opened->world.folder.path(QStringLiteral("roms"))).removeRecursively());
+        QCOMPARE(opened->open().TotalRom.Caption(), QStringLiteral("0000"));
+        QCOMPARE(window().Label41.Caption(), QStringLiteral("#1/0"));
+        QCOMPARE(messages().boxes.size(), 0);
+    }
+    void the_load_selects_the_first_game_and_shows_the_view_face() {
+        opened->games(3);
+        MainFrm& main = opened->open();
+        QCOMPARE(main.Games.ListIndex(), 0);
+        QCOMPARE(main.ListView1.currentRow(), 0);
+        QCOMPARE(main.Label41.Caption(), QStringLiteral("#1/3"));
+        QCOMPARE(main.Label17.Caption(), QStringLiteral("» ROM.TAG Info"));
+        QCOMPARE(main.GameTitle.Caption(), QStringLiteral("Not available"));
+        QCOMPARE(main.GameAutor.Caption(), QString());
+        QCOMPARE(main.GameFormat.Caption(), QStringLiteral(" [3KB]"));
+    }
+    void an_archive_that_comes_first_shows_the_archives_face() {
+        opened->game(QStringLiteral("a.zip"));
+        opened->game(QStringLiteral("b.gb"));
+        MainFrm& main = opened->open();
+        QVERIFY(isSeen(main.Picture1_2));
+        QCOMPARE(main.Label17.Caption(), QStringLiteral("» ZIP Info"));
+        QVERIFY(!isSeen(main.ID3_Menu));
+    }
+    void the_banner_comes_from_the_projects_web_server() {
+        opened->world.folder.write(QStringLiteral("data/hosts.ini"), "[Hosts]\nweb=https://web.example\n");
+        QCOMPARE(opened->open().ShockwaveFlash1.Movie(), QStringLiteral("https://web.example/banner.swf"));
+    }
+    void a_twin_shows_the_same_text_after_any_change() {
+        opened->game(QStringLiteral("a.gb"));
+        opened->game(QStringLiteral("b.zip"));
+        const QList<QPair<const char*, const char*>> twins = {
+            {"GameAutor", "Label33"},     {"GameDate", "Label31"},      {"GameFormat", "Label29"},
+            {"GameInfo", "Label18"},      {"GameTitle", "Label35"},     {"Label11", "Label12"},
+            {"Label13", "Label38"},       {"Label16", "Label40"},       {"Label17", "Label37"},
+            {"Label2", "Label3"},         {"Label41", "Label42"},       {"Label43", "Label44"},
+            {"Label45", "Label56"},       {"Label46", "Label55"},       {"Label57", "Label58"},
+            {"Label9", "Label19"},        {"Lbl_ID3Author", "Label34"}, {"Lbl_ID3Date", "Label32"},
+            {"Lbl_ID3Format", "Label30"}, {"Lbl_ID3Info", "Label28"},   {"Lbl_ID3Title", "Label36"},
+            {"TotalRom", "Label39"}};
+        MainFrm& main = opened->open();
+        const auto label = [&](const char* name) { return main.findChild<Label*>(QString::fromLatin1(name)); };
+        const auto compareAll = [&] {
+            for (const auto& [source, twin] : twins) {
+                QVERIFY2(label(source)->Caption() == label(twin)->Caption(), source);
+            }
+        };
+        compareAll();
+        opened->chooseRow(1);
+        compareAll();
+        opened->chooseRow(0);
+        click(main.Edit_Menu);
+        compareAll();
+        for (const auto& [source, twin] : twins) {
+            label(source)->setCaption(QString::fromLatin1(source) + QStringLiteral(" 1"));
+            QCOMPARE(label(twin)->Caption(), QString::fromLatin1(source) + QStringLiteral(" 1"));
+            label(source)->setCaption(QString());
+            QCOMPARE(label(twin)->Caption(), QString());
+        }
+    }
+
+    // Selection
+    void an_archive_shows_its_name_and_size_and_hides_the_tabs() {
+        opened->game(QStringLiteral("a.gb"));
+        opened->game(QStringLiteral("pack.zip"), QByteArray(1572864, 'z'));
+        MainFrm& main = opened->open();
+        opened->chooseRow(1);
+        QVERIFY(isSeen(main.Zipper));
+        QVERIFY(isSeen(main.Picture1_2));
+        QVERIFY(!isSeen(main.Edit_Menu));
+        QVERIFY(!isSeen(main.ID3_Menu));
+        QCOMPARE(main.Label10.Caption(), QStringLiteral("pack.zip"));
+        QCOMPARE(main.Label14.Caption(), QStringLiteral("pack.zip"));
+        QCOMPARE(main.Label17.Caption(), QStringLiteral("» ZIP Info"));
+        QCOMPARE(main.Label8.Caption(), QStringLiteral("1.5MB"));
+        QCOMPARE(main.Label20.Caption(), QStringLiteral("1.5MB"));
+        QCOMPARE(main.Label41.Caption(), QStringLiteral("#2/2"));
+    }
+    void the_size_of_an_archive_is_cut_to_five_characters_data() {
+        QTest::addColumn<int>("bytes");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("nothing") << 0 << QStringLiteral("0MB");
+        QTest::newRow("one byte") << 1 << QStringLiteral("0.000MB");
+        QTest::newRow("a third") << 349525 << QStringLiteral("0.333MB");
+        QTest::newRow("one") << 1048576 << QStringLiteral("1MB");
+        QTest::newRow("ten and something") << 11258999 << QStringLiteral("10.73MB");
+    }
+    void the_size_of_an_archive_is_cut_to_five_characters() {
+        QFETCH(int, bytes);
+        QFETCH(QString, text);
+        opened->game(QStringLiteral("pack.zip"), QByteArray(bytes, 'z'));
+        QCOMPARE(opened->open().Label8.Caption(), text);
+    }
+    void the_next_game_brings_the_tabs_back() {
+        opened->game(QStringLiteral("a.zip"));
+        opened->game(QStringLiteral("b.gb"));
+        MainFrm& main = opened->open();
+        opened->chooseRow(1);
+        QVERIFY(!isSeen(main.Zipper));
+        QVERIFY(!isSeen(main.Picture1_2));
+        QVERIFY(isSeen(main.Edit_Menu));
+        QVERIFY(isSeen(main.ID3_Menu));
+        QVERIFY(isSeen(main.Picture1_0));
+        QCOMPARE(main.Label17.Caption(), QStringLiteral("» ROM.TAG Info"));
+    }
+    void a_game_behind_an_archive_keeps_the_edit_face_and_its_heading() {
+        opened->game(QStringLiteral("a.gb"));
+        opened->game(QStringLiteral("b.zip"));
+        MainFrm& main = opened->open();
+        click(main.Edit_Menu);
+        opened->chooseRow(1);
+        QCOMPARE(main.Label17.Caption(), QStringLiteral("» ZIP Info"));
+        opened->chooseRow(0);
+        QVERIFY(isSeen(main.Picture1_1));
+        QCOMPARE(main.Label17.Caption(), QStringLiteral("» Edit ROM.TAG"));
+    }
+    void the_tag_record_follows_an_archive_too() {
+        opened->game(QStringLiteral("a.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7" "Acme\xA7T\xA7" "1\xA7I\xA7" "3000\xA7\r\n");
+        opened->game(QStringLiteral("b.zip"), QByteArray(5000, 'z'));
+        MainFrm& main = opened->open();
+        QCOMPARE(opened->program->id3.RomTag.Company, QStringLiteral("Acme"));
+        opened->chooseRow(1);
+        QCOMPARE(opened->program->id3.RomTag.Company, QString());
+        QCOMPARE(opened->program->id3.RomTag.Format, QStringLiteral("Formato .ZIP"));
+        QCOMPARE(main.EditID3Company.Text(), QString());
+    }
+    void an_extension_in_upper_case_is_no_archive_for_the_panel() {
+        opened->game(QStringLiteral("A.ZIP"));
+        QVERIFY(!isSeen(opened->open().Picture1_2));
+        QVERIFY(isSeen(window().ID3_Menu));
+    }
+
+    void an_archive_that_vanished_is_told_and_the_program_goes_on() {
+        opened->game(QStringLiteral("a.gb"));
+        const QString path = opened->game(QStringLiteral("b.zip"));
+        opened->open();
+        QVERIFY(QFile::remove(path));
+        opened->chooseRow(1);
+        expectToldAndGoingOn("53");
+        opened->chooseRow(0);
+        QVERIFY(isSeen(window().ID3_Menu));
+        QCOMPARE(messages().boxes.size(), 1);
+    }
+    void an_archive_that_cannot_be_read_is_told_and_the_program_goes_on() {
+        opened->game(QStringLiteral("a.gb"));
+        opened->game(QStringLiteral("b.zip"));
+        opened->world.folder.setMode(QStringLiteral("roms/b.zip"), 0);
+        opened->open();
+        const OrdinaryUser user;
+        opened->chooseRow(1);
+        expectToldAndGoingOn("70");
+    }
+    void a_game_that_vanished_or_cannot_be_read_shows_as_one_without_a_tag() {
+        opened->game(QStringLiteral("a.gb"));
+        const QString path = opened->game(QStringLiteral("b.gb"));
+        opened->game(QStringLiteral("c.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7" "Acme\xA7T\xA7" "1\xA7I\xA7" "3000\xA7\r\n");
+        opened->open();
+        QVERIFY(QFile::remove(path));
+        opened->world.folder.setMode(QStringLiteral("roms/c.gb"), 0);
+        const OrdinaryUser user;
+        for (const int row : {1, 2}) {
+            opened->chooseRow(row);
+            QCOMPARE(window().GameTitle.Caption(), QStringLiteral("Not available"));
+            QCOMPARE(window().GameAutor.Caption(), QString());
+            QCOMPARE(window().Label41.Caption(), QStringLiteral("#%1/3").arg(row + 1));
+        }
+        QCOMPARE(messages().boxes.size(), 0);
+        QCOMPARE(opened->world.ends, 0);
+    }
+
+    // Hints and tools
+    void the_pointer_over_refresh_gives_a_hint_and_the_displayer_puts_the_heading_back() {
+        MainFrm& main = opened->open();
+        QCOMPARE(main.Label13.Caption(), QStringLiteral("» Game list"));
+        QCOMPARE(main.displayer.Interval(), 1000);
+        QVERIFY(!main.displayer.Enabled());
+        hover(main.Refresh);
+        QCOMPARE(main.Label13.Caption(), QStringLiteral("» Refresh the list"));
+        QVERIFY(main.displayer.Enabled());
+        QTRY_COMPARE_WITH_TIMEOUT(main.Label13.Caption(), QStringLiteral("» Game list"), 3000);
+        QVERIFY(!main.displayer.Enabled());
+    }
+    void the_hints_of_the_other_tools_come_in_the_same_way() {
+        MainFrm& main = opened->open();
+        emit main.Searcher.MouseMove(0, 0, 1, 1);
+        QCOMPARE(main.Label13.Caption(), QStringLiteral("» Advanced search"));
+        emit main.Zipper.MouseMove(0, 0, 1, 1);
+        QCOMPARE(main.Label13.Caption(), QStringLiteral("» ZIP contents"));
+        emit main.displayer.Tick();
+        QCOMPARE(main.Label13.Caption(), QStringLiteral("» Game list"));
+        QVERIFY(!main.displayer.Enabled());
+    }
+    void a_button_of_a_window_that_the_program_lacks_is_switched_off() {
+        opened->game(QStringLiteral("a.zip"));
+        MainFrm& main = opened->open();
+        const QList<QPair<chameleonButton*, Window>> tools = {
+            {&main.chameleonButton3, Window::EditDB},    {&main.chameleonButton4, Window::Compartir},
+            {&main.chameleonButton5, Window::Aboutfrm},  {&main.chameleonButton6, Window::SearchROM},
+            {&main.chameleonButton7, Window::URL},       {&main.chameleonButton8, Window::ConfigNew},
+            {&main.ChameleonButton12, Window::Torvette}, {&main.Searcher, Window::AdvSearch},
+            {&main.Zipper, Window::ZIP_Viewer},          {&main.ChameleonButton13, Window::ZIP_Viewer}};
+        for (const auto& [button, opens] : tools) {
+            const bool there = opened->program->desk.exists(opens);
+            QCOMPARE(button->Enabled(), there);
+            QCOMPARE(button->isEnabled(), there);
+            if (there) continue;
+            click(*button);
+            QVERIFY(main.isVisible());
+        }
+        for (const chameleonButton* button : {&main.Refresh, &main.chameleonButton1, &main.chameleonButton2,
+                                              &main.chameleonButton14, &main.chameleonButton15}) {
+            QVERIFY2(button->isEnabled(), qPrintable(button->objectName()));
+        }
+    }
+    void minimise_puts_the_window_into_the_task_bar() {
+        MainFrm& main = opened->open();
+        click(main.chameleonButton2);
+        QCOMPARE(main.windowStateWord(), Form::minimised);
+        QVERIFY(main.design().inTaskBar);
+    }
+
+    // The tray
+    void the_tray_icon_is_shown_unless_the_user_does_not_want_it_data() {
+        QTest::addColumn<QString>("tray");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("absent") << QString() << true;
+        QTest::newRow("True") << QStringLiteral("True") << true;
+        QTest::newRow("1") << QStringLiteral("1") << true;
+        QTest::newRow("False") << QStringLiteral("False") << false;
+        QTest::newRow("0") << QStringLiteral("0") << false;
+    }
+    void the_tray_icon_is_shown_unless_the_user_does_not_want_it() {
+        QFETCH(QString, tray);
+        QFETCH(bool, shown);
+        if (!tray.isEmpty()) opened->world.setSetting("Tray", tray);
+        QCOMPARE(opened->open().TrayIcon1.isShown(), shown);
+        QCOMPARE(opened->world.ends, 0);
+    }
+    void the_icon_setting_names_the_picture_of_the_tray_icon() {
+        QImage blue(16, 16, QImage::Format_RGB32);
+        blue.fill(Qt::blue);
+        QVERIFY(blue.save(opened->world.folder.path(QStringLiteral("data/tray/3.dat")), "PNG"));
+        opened->world.setSetting("Icon", QStringLiteral("3"));
+        const QPixmap picture = opened->open().TrayIcon1.picture();
+        QCOMPARE(picture.toImage().pixelColor(5, 5), QColor(Qt::blue));
+    }
+    void a_missing_icon_is_no_obstacle_data() {
+        QTest::addColumn<QString>("icon");
+        QTest::newRow("no such number") << QStringLiteral("99");
+        QTest::newRow("a path out of the folder") << QStringLiteral("..\\..\\roms\\a");
+        QTest::newRow("nothing") << QStringLiteral(" ");
+    }
+    void a_missing_icon_is_no_obstacle() {
+        QFETCH(QString, icon);
+        opened->world.setSetting("Icon", icon);
+        QVERIFY(opened->open().TrayIcon1.picture().isNull());
+        QVERIFY(window().isVisible());
+        QCOMPARE(messages().boxes.size(), 0);
+    }
+    void the_emulator_setting_has_no_effect() {
+        opened->world.setSetting("Emulador", QStringLiteral("Other") + QString(600, QLatin1Char(' ')) +
+                                                 QStringLiteral("1"));
+        opened->game(QStringLiteral("a.gb"));
+        opened->open();
+        QCOMPARE(opened->program->emulators.EmulatorCommand,
+                 opened->world.appPath() + QStringLiteral("\\emuladores\\mgba.sh"));
+        QCOMPARE(messages().boxes.size(), 0);
+    }
+
+    // The place on the screen
+    void the_title_band_moves_the_window() {
+        MainFrm& main = opened->open();
+        main.moveTo(100 * twipsPerPixel, 90 * twipsPerPixel);
+        const QPoint hold = main.Label1.geometry().center();
+        QTest::mousePress(main.windowHandle(), Qt::LeftButton, {}, hold);
+        QCOMPARE(main.cursor().shape(), Qt::SizeAllCursor);
+        QTest::mouseMove(main.windowHandle(), hold + QPoint(20, 30));
+        QCOMPARE(main.pos(), QPoint(120, 120));
+        QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, hold);
+        QCOMPARE(main.pos(), QPoint(120, 120));
+        QCOMPARE(main.cursor().shape(), Qt::ArrowCursor);
+        QTest::mouseMove(main.windowHandle(), hold + QPoint(5, 5));
+        QCOMPARE(main.pos(), QPoint(120, 120));
+    }
+    void a_window_that_is_let_go_outside_comes_back_inside_data() {
+        QTest::addColumn<QPoint>("by");
+        QTest::addColumn<bool>("leftEdge");
+        QTest::addColumn<bool>("topEdge");
+        QTest::newRow("left and above") << QPoint(-500, -400) << true << true;
+        QTest::newRow("right and below") << QPoint(5000, 5000) << false << false;
+    }
+    void a_window_that_is_let_go_outside_comes_back_inside() {
+        QFETCH(QPoint, by);
+        QFETCH(bool, leftEdge);
+        QFETCH(bool, topEdge);
+        MainFrm& main = opened->open();
+        main.moveTo(100 * twipsPerPixel, 90 * twipsPerPixel);
+        const QPoint hold = main.Label1.geometry().center();
+        QTest::mousePress(main.windowHandle(), Qt::LeftButton, {}, hold);
+        QTest::mouseMove(main.windowHandle(), hold + by);
+        QCOMPARE(main.pos(), QPoint(100, 90) + by);
+        QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, hold);
+        const QRect screen = Screen::geometry();
+        QCOMPARE(main.x(), leftEdge ? 0 : screen.width() - main.width());
+        QCOMPARE(main.y(), topEdge ? 0 : screen.height() - main.height());
+    }
+    void the_next_start_centres_the_window_again() {
+        const QPoint centred = opened->open().pos();
+        window().moveTo(0, 0);
+        opened->close();
+        QCOMPARE(opened->open().pos(), centred);
+        const QRect screen = Screen::geometry();
+        QVERIFY(qAbs(window().geometry().center().x() - screen.center().x()) <= 1);
+    }
+};
+
+QTEST_MAIN(MainFrmTest)
+#include "MainFrmTest.moc"

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// Reading of includes and the table of layers.
+#include "IncludeRules.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QRegularExpression>
+
+namespace torvane {
+
+using namespace Qt::StringLiterals;
+
+int IncludeRules::readFolder(const QString& folder) {
+    const QDir root(folder);
+    QDirIterator files(folder, {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        if (file.open(QIODevice::ReadOnly)) {
+            add(root.relativeFilePath(file.fileName()), QString::fromUtf8(file.readAll()));
+        }
+    }
+    return static_cast<int>(m_texts.size());
+}
+
+void IncludeRules::add(const QString& path, const QString& text) { m_texts[path] = text; }
+
+QString IncludeRules::windowOf(const QString& path) const {
+    const QString stem = path.section(u'/', -1).section(u'.', 0, 0);
+    return m_windows.contains(stem) ? stem : QString();
+}
+
+IncludeRules::Layer IncludeRules::layerOf(const QString& path) const {
+    if (path.startsWith(u"platform/base/"_s)) return base;
+    if (path.startsWith(u"platform/"_s)) return forms;
+    if (path.startsWith(u"app/"_s)) return app;
+    if (!windowOf(path).isEmpty()) return window;
+    if (path.startsWith(u"toolkit/"_s)) return controls;
+    return path.startsWith(u"core/"_s) ? core : module;
+}
+
+bool IncludeRules::mayInclude(Layer from, Layer to) {
+    switch (from) {
+    case base:
+        return to == base;
+    case forms:
+        return to == base || to == forms;
+    case controls:
+        return to == base || to == forms || to == controls;
+    case core:
+        return to == base || to == core;
+    case module:
+        return to == base || to == core || to == module;
+    case window:
+        return to != app;
+    case app:
+        return true;
+    }
+    return false;
+}
+
+QString IncludeRules::resolved(const QString& from, const QString& name) const {
+    const QString beside = QDir::cleanPath(QFileInfo(from).path() + u'/' + name);
+    if (m_texts.contains(beside)) return beside;
+    return m_texts.contains(QDir::cleanPath(name)) ? QDir::cleanPath(name) : QString();
+}
+
+QList<IncludeRules::Include> IncludeRules::includesOf(const QString& path) const {
+    static const QRegularExpression form(uR"(^\s*#\s*include\s*(["<])([^">]+)[">])"_s);
+    QList<Include> includes;
+    int line = 0;
+    for (const QString& text : m_texts[path].split(u'\n')) {
+        ++line;
+        const QRegularExpressionMatch match = form.match(text);
+        if (!match.hasMatch()) continue;
+        const QString name = match.captured(2);
+        includes.append({line, name, match.captured(1) == u"<"_s, resolved(path, name)});
+    }
+    return includes;
+}
+
+// Asked of the installed library itself, so that no list of classes can be incomplete.
+bool IncludeRules::isOfQtCore(const QString& header) {
+    const QDir headers(QLibraryInfo::path(QLibraryInfo::HeadersPath));
+    if (header.startsWith(u"QtCore/"_s)) return headers.exists(header);
+    return headers.exists(u"QtCore/"_s + header);
+}
+
+QString IncludeRules::faultOfForeign(Layer from, const Include& include) const {
+    const bool isOfQt = include.name.startsWith(u'Q') || include.name.startsWith(u'q');
+    const bool isWithoutWidgets = from == base || from == core || from == module;
+    if (isOfQt) {
+        return isWithoutWidgets && !isOfQtCore(include.name) ? u"a module may use Qt Core only"_s : QString();
+    }
+    if (include.isBracketed || include.name.endsWith(u".moc"_s)) return {};
+    if (include.name.startsWith(u"art/"_s)) {
+        return from == app ? QString() : u"only app/ reaches the artwork"_s;
+    }
+    return u"there is no such file"_s;
+}
+
+QString IncludeRules::faultOf(const QString& from, const Include& include) const {
+    const Layer layer = layerOf(from);
+    if (include.target.isEmpty()) return faultOfForeign(layer, include);
+    const Layer target = layerOf(include.target);
+    if (target == window && layer != app && windowOf(from) != windowOf(include.target)) {
+        return u"only app/ includes a window"_s;
+    }
+    return mayInclude(layer, target) ? QString() : u"this layer lies above or beside"_s;
+}
+
+void IncludeRules::findCircles(const QString& path, QStringList& way, QSet<QString>& done,
+                               QStringList& found) const {
+    if (done.contains(path)) return;
+    way.append(path);
+    for (const Include& include : includesOf(path)) {
+        if (include.target.isEmpty()) continue;
+        const qsizetype start = way.indexOf(include.target);
+        if (start < 0) {
+            findCircles(include.target, way, done, found);
+        } else {
+            found.append(
+                u"%1:%2: \"%3\": a circle: %4"_s.arg(path)
+                    .arg(include.line)
+                    .arg(include.name, (way.sliced(start) + QStringList{include.target}).join(u" > "_s)));
+        }
+    }
+    way.removeLast();
+    done.insert(path);
+}
+
+QStringList IncludeRules::faults() const {
+    QStringList found;
+    QStringList way;
+    QSet<QString> done;
+    for (const QString& path : m_texts.keys()) {
+        for (const Include& include : includesOf(path)) {
+            const QString fault = faultOf(path, include);
+            if (fault.isEmpty()) continue;
+            found.append(u"%1:%2: \"%3\": %4"_s.arg(path).arg(include.line).arg(include.name, fault));
+        }
+        findCircles(path, way, done, found);
+    }
+    return found;
+}
+
+} // namespace torvane

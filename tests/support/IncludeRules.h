@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// The layers of the sources and which of them may include which. Reads a tree of sources and tells every
+// include that breaks a rule; knows nothing of what the files do.
+#pragma once
+
+#include <QMap>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+namespace torvane {
+
+class IncludeRules {
+public:
+    /// `windows`: the names of all windows; a file whose name up to its first dot is one of them is a part
+    /// of that window.
+    explicit IncludeRules(const QStringList& windows) : m_windows(windows.begin(), windows.end()) {}
+
+    /// Reads all C++ sources below a folder. Gives the number of files.
+    int readFolder(const QString& folder);
+    /// Adds one file: path from the root of the sources, and its text.
+    void add(const QString& path, const QString& text);
+
+    /// One line for each fault: "file:line: what is wrong". Empty if all rules are kept.
+    QStringList faults() const;
+
+private:
+    enum Layer { base, forms, controls, core, module, window, app };
+    struct Include {
+        int line = 0;
+        QString name; // as it is written
+        bool isBracketed = false;
+        QString target; // the file in the tree; empty for one outside of it
+    };
+
+    QString windowOf(const QString& path) const;
+    Layer layerOf(const QString& path) const;
+    QString resolved(const QString& from, const QString& name) const;
+    QList<Include> includesOf(const QString& path) const;
+    QString faultOf(const QString& from, const Include& include) const;
+    QString faultOfForeign(Layer from, const Include& include) const;
+    static bool mayInclude(Layer from, Layer to);
+    static bool isOfQtCore(const QString& header);
+    void findCircles(const QString& path, QStringList& way, QSet<QString>& done, QStringList& found) const;
+
+    QSet<QString> m_windows;
+    QMap<QString, QString> m_texts;
+};
+
+} // namespace torvane

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The program on a world of its own, and the hands of its user: clicks and keys that go through the
+// window system, so that a control that is covered, hidden or switched off gets none.
+#pragma once
+
+#include "FakeWorld.h"
+#include "app/Program.h"
+#include "art/ArtResources.h"
+
+#include <QKeyEvent>
+
+namespace torvane {
+
+/// A click in the middle of a control, or at a place in it.
+inline void click(const QWidget& control, QPoint place = {}, Qt::MouseButton button = Qt::LeftButton) {
+    QWidget* window = control.window();
+    const QPoint inside = place.isNull() ? control.rect().center() : place;
+    QTest::mouseClick(window->windowHandle(), button, {}, control.mapTo(window, inside));
+}
+inline void doubleClick(const QWidget& control, QPoint place) {
+    QWidget* window = control.window();
+    QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, control.mapTo(window, place));
+}
+/// Moves the pointer onto a control.
+inline void hover(const QWidget& control) {
+    QWidget* window = control.window();
+    QTest::mouseMove(window->windowHandle(), control.mapTo(window, control.rect().center()));
+}
+/// Types a text into the field that has the focus, one key a character, also those that no plain keyboard has.
+inline void typeText(QWidget& field, const QString& text) {
+    for (const QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
+        QCoreApplication::sendEvent(&field, &press);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
+        QCoreApplication::sendEvent(&field, &release);
+    }
+}
+/// What the user sees of a control: it is shown, its window is, and its containers are.
+inline bool isSeen(const QWidget& control) { return control.isVisible(); }
+
+/// Lets the windows go that have unloaded.
+inline void collectGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+class OpenedProgram {
+    // The name of the temporary folder begins with the application's: a dot in it would count as the dot
+    // in front of an extension.
+    struct PlainName {
+        PlainName() { QCoreApplication::setApplicationName(QStringLiteral("torvane-test")); }
+    } m_plainName;
+
+public:
+    FakeWorld world;
+    std::unique_ptr<Program> program;
+
+    /// English, without the intro; a test changes that before it opens the program.
+    OpenedProgram() {
+        initArtResources();
+        world.useLanguage("eng");
+        world.setSetting("Intro", QStringLiteral("0"));
+    }
+    ~OpenedProgram() { close(); }
+    OpenedProgram(const OpenedProgram&) = delete;
+    OpenedProgram& operator=(const OpenedProgram&) = delete;
+
+    /// A file of the library.
+    QString game(const QString& name, const QByteArray& bytes = QByteArray(3000, 'r')) const {
+        return world.folder.write(QStringLiteral("roms/") + name, bytes);
+    }
+    void games(int count) const {
+        for (int i = 1; i <= count; ++i)
+            game(QStringLiteral("g%1.gb").arg(i, 3, 10, QLatin1Char('0')));
+    }
+    QByteArray bytesOf(const QString& name) const {
+        return world.folder.read(QStringLiteral("roms/") + name);
+    }
+
+    /// Runs the start of the program as the process does.
+    Program& start() {
+        program = std::make_unique<Program>(world.runtime, world.appPath());
+        program->start();
+        return *program;
+    }
+    /// The same up to the shown main window.
+    MainFrm& open() {
+        start();
+        MainFrm& window = main();
+        if (!QTest::qWaitForWindowExposed(&window)) qFatal("no main window");
+        return window;
+    }
+    MainFrm& main() const { return program->mainFrm.get(); }
+    void close() {
+        program.reset();
+        collectGone();
+    }
+    /// The text of a key in English.
+    QString text(const char* section, const char* key) const {
+        return program->language.LangText(QString::fromLatin1(section), QString::fromLatin1(key));
+    }
+    /// A click on a row of the game list, which has to be in sight.
+    void chooseRow(int row) const { click(main().ListView1, rowPlace(row)); }
+    QPoint rowPlace(int row) const { return {100, row * main().ListView1.rowHeight() + 10}; }
+};
+
+} // namespace torvane

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// Keyboard and focus of the skinned button.
+#include "ButtonsOnForm.h"
+
+#include <QSignalSpy>
+
+using namespace torvane;
+
+class chameleonButtonKeysTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void space_presses_and_its_release_clicks() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.first, &chameleonButton::Click);
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        QCOMPARE(form.corner(), pressedCorner);
+        QCOMPARE(clicks.size(), 0);
+        QTest::keyRelease(&form.first, Qt::Key_Space);
+        QCOMPARE(form.corner(), raisedCorner);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void a_held_space_clicks_once() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.first, &chameleonButton::Click);
+        const QString blank = QStringLiteral(" ");
+        for (int i = 0; i < 3; ++i) {
+            QKeyEvent down(QEvent::KeyPress, Qt::Key_Space, {}, blank, i > 0);
+            QKeyEvent up(QEvent::KeyRelease, Qt::Key_Space, {}, blank, i < 2);
+            QCoreApplication::sendEvent(&form.first, &down);
+            QCoreApplication::sendEvent(&form.first, &up);
+        }
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void space_pressed_on_one_button_and_released_on_another_clicks_neither() {
+        ButtonForm form;
+        QSignalSpy firstClicks(&form.first, &chameleonButton::Click);
+        QSignalSpy secondClicks(&form.second, &chameleonButton::Click);
+        QTest::keyClick(&form.second, Qt::Key_Space);
+        QCOMPARE(secondClicks.size(), 1);
+        form.second.setFocus();
+        form.first.setFocus();
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        form.second.setFocus();
+        QTest::keyRelease(&form.second, Qt::Key_Space);
+        QCOMPARE(firstClicks.size(), 0);
+        QCOMPARE(secondClicks.size(), 1);
+    }
+
+    void space_after_another_key_does_not_click() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.first, &chameleonButton::Click);
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        QTest::keyPress(&form.first, Qt::Key_A);
+        QTest::keyRelease(&form.first, Qt::Key_Space);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void arrow_keys_walk_the_tab_order() {
+        ButtonForm form;
+        QTest::keyClick(&form.first, Qt::Key_Right);
+        QVERIFY(form.second.hasFocus());
+        QTest::keyClick(&form.second, Qt::Key_Down);
+        QVERIFY(form.third.hasFocus());
+        QTest::keyClick(&form.third, Qt::Key_Up);
+        QVERIFY(form.second.hasFocus());
+        QTest::keyClick(&form.second, Qt::Key_Left);
+        QVERIFY(form.first.hasFocus());
+    }
+
+    void keys_are_told_with_their_codes() {
+        ButtonForm form;
+        QSignalSpy downs(&form.first, &chameleonButton::KeyDown);
+        QSignalSpy presses(&form.first, &chameleonButton::KeyPress);
+        QSignalSpy ups(&form.first, &chameleonButton::KeyUp);
+        QTest::keyClick(&form.first, Qt::Key_A, Qt::ShiftModifier);
+        QCOMPARE(downs.last(), (QList<QVariant>{65, 1}));
+        QCOMPARE(presses.size(), 1);
+        QCOMPARE(ups.first()[0].toInt(), 65);
+    }
+
+    void keys_do_not_reach_the_window_behind() {
+        ButtonForm form;
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, {});
+        QCoreApplication::sendEvent(&form.first, &key);
+        QVERIFY(key.isAccepted());
+    }
+
+    void access_key_with_alt_clicks_without_moving_the_focus() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.second, &chameleonButton::Click);
+        QTest::keyClick(&form.first, Qt::Key_D, Qt::AltModifier);
+        QCOMPARE(clicks.size(), 1);
+        QVERIFY(form.first.hasFocus());
+        QTest::keyClick(&form.first, Qt::Key_D);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void access_key_follows_the_caption() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.second, &chameleonButton::Click);
+        form.second.setCaption(QStringLiteral("C&uatro && más"));
+        form.first.setCaption(QString());
+        QTest::keyClick(&form.first, Qt::Key_D, Qt::AltModifier);
+        QCOMPARE(clicks.size(), 0);
+        QTest::keyClick(&form.first, Qt::Key_U, Qt::AltModifier);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void focus_mark_comes_and_goes_with_the_focus() {
+        ButtonForm form;
+        const QImage without = form.first.grab().toImage();
+        form.first.setShowFocusRect(true);
+        QVERIFY(form.first.grab().toImage() != without);
+        form.second.setFocus();
+        QCOMPARE(form.first.grab().toImage(), without);
+    }
+};
+
+QTEST_MAIN(chameleonButtonKeysTest)
+#include "chameleonButtonKeysTest.moc"

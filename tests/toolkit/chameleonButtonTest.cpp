@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+// The skinned button's properties and what they show.
+#include "toolkit/chameleonButton.h"
+#include "TestRuntime.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+using namespace torvane;
+
+namespace {
+constexpr OleColour face = 0x644D4E;
+constexpr OleColour highlight = 0x937C7D;
+
+struct ButtonForm : TestForm {
+    chameleonButton button{
+        *this,
+        "chameleonButton1",
+        {20, 20, 100, 30},
+        {.type = 7, .back = face, .backOver = 0x808080, .fore = Colours::white, .caption = "&Salir"}};
+
+    QImage picture() { return button.grab().toImage(); }
+};
+
+QPixmap filled(int width, int height, QColor colour) {
+    QPixmap picture(width, height);
+    picture.fill(colour);
+    return picture;
+}
+} // namespace
+
+class chameleonButtonTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void design_gives_what_every_button_of_the_program_has() {
+        ButtonForm form;
+        const chameleonButton& button = form.button;
+        QCOMPARE(button.objectName(), QStringLiteral("chameleonButton1"));
+        QCOMPARE(button.geometry(), QRect(20, 20, 100, 30));
+        QCOMPARE(button.ButtonType(), 7);
+        QCOMPARE(button.ColorScheme(), 2);
+        QCOMPARE(button.PicturePosition(), 0);
+        QCOMPARE(button.MousePointer(), 1);
+        QVERIFY(button.UseMaskColor() && button.UseGreyscale() && button.Enabled());
+        QVERIFY(!button.HandPointer() && !button.CheckBoxBehaviour() && !button.Value() &&
+                !button.ShowFocusRect());
+        QCOMPARE(button.BackOver(), OleColour(0x808080));
+        QCOMPARE(button.ForeOver(), Colours::white); // the fore colour, for want of another
+        QCOMPARE(button.Version(), QStringLiteral("2.0.6"));
+    }
+
+    void fresh_button_has_its_name_as_caption_and_the_systems_colours() {
+        TestForm form;
+        const chameleonButton button(form, "Command1");
+        QCOMPARE(button.Caption(), QStringLiteral("Command1"));
+        QCOMPARE(button.size(), QSize(320, 240));
+        QCOMPARE(button.ButtonType(), 2);
+        QCOMPARE(button.ColorScheme(), 1);
+        QVERIFY(button.Enabled() && button.ShowFocusRect() && button.UseMaskColor() &&
+                !button.UseGreyscale());
+        QCOMPARE(button.BackColor(), Colours::translate(Colours::system(15)));
+        QCOMPARE(button.BackOver(), button.BackColor());
+        QCOMPARE(button.ForeColor(), Colours::translate(Colours::system(18)));
+        QCOMPARE(button.ForeOver(), button.ForeColor());
+        QCOMPARE(button.MaskColor(), OleColour(0xC0C0C0));
+    }
+
+    void assistive_tools_hear_the_caption_or_the_tool_tip_or_the_name() {
+        ButtonForm form;
+        QCOMPARE(form.button.accessibleRole(), QAccessible::Button);
+        QCOMPARE(form.button.accessibleText(), QStringLiteral("Salir"));
+        form.button.setToolTip(QStringLiteral("Minimizar"));
+        form.button.setCaption(QStringLiteral("  "));
+        QCOMPARE(form.button.accessibleText(), QStringLiteral("Minimizar"));
+        form.button.setToolTip(QString());
+        QCOMPARE(form.button.accessibleText(), QStringLiteral("chameleonButton1"));
+    }
+
+    void saved_state_is_applied_on_reading() {
+        ButtonForm form;
+        PropertyBag bag;
+        form.button.WriteProperties(bag);
+        bag.WriteProperty(QStringLiteral("TX"), QStringLiteral("&Nuevo"));
+        bag.WriteProperty(QStringLiteral("ENAB"), false);
+        bag.WriteProperty(QStringLiteral("HAND"), true);
+        bag.WriteProperty(QStringLiteral("MPTR"), 99);
+        form.button.ReadProperties(bag);
+        QCOMPARE(form.button.Caption(), QStringLiteral("&Nuevo"));
+        QCOMPARE(form.button.accessKey(), QChar(u'n'));
+        QVERIFY(!form.button.isEnabled());
+        QCOMPARE(form.button.cursor().shape(), Qt::PointingHandCursor);
+        QCOMPARE(form.button.ButtonType(), 7);
+    }
+
+    void colours_are_painted_when_they_change() {
+        ButtonForm form;
+        COMPARE_PIXEL(form.picture(), 2, 2, face);
+        form.button.setBackColor(0x102030);
+        COMPARE_PIXEL(form.picture(), 2, 2, 0x102030U);
+        const QImage before = form.picture();
+        form.button.setForeColor(0x0000FF);
+        QVERIFY(form.picture() != before);
+    }
+
+    void text_properties_lay_the_caption_out_anew() {
+        ButtonForm form;
+        QImage before = form.picture();
+        const auto changed = [&] {
+            const QImage now = form.picture();
+            return std::exchange(before, now) != now;
+        };
+        form.button.setCaption(QStringLiteral("Entrar"));
+        QVERIFY(changed());
+        form.button.setFontBold(false);
+        QVERIFY(changed() && !form.button.FontBold());
+        form.button.setFontItalic(true);
+        QVERIFY(changed() && form.button.FontItalic());
+        form.button.setFontUnderline(true);
+        QVERIFY(changed() && form.button.FontUnderline());
+        form.button.setFontSize(12);
+        QVERIFY(changed());
+        QCOMPARE(form.button.FontSize(), 12);
+        form.button.setFontName(QStringLiteral("Courier New"));
+        QVERIFY(changed());
+        QCOMPARE(form.button.FontName(), QStringLiteral("Courier New"));
+        form.button.setFontName(QStringLiteral("Unheard Of"));
+        QCOMPARE(form.button.FontName(), QStringLiteral("Courier New"));
+    }
+
+    void caption_as_wide_as_the_button_stays_inside() {
+        ButtonForm form;
+        form.button.setCaption(QStringLiteral("Una leyenda que no cabe en una sola línea"));
+        const QImage image = form.picture();
+        for (int x = 0; x < 99; ++x)
+            COMPARE_PIXEL(image, x, 0, highlight);
+    }
+
+    void picture_appears_beside_the_caption_and_over_picture_only_under_the_mouse() {
+        ButtonForm form;
+        form.button.setUseGreyscale(false);
+        form.button.setCaption(QString());
+        form.button.setPictureNormal(filled(16, 16, Qt::red));
+        form.button.setPictureOver(filled(16, 16, Qt::green));
+        COMPARE_PIXEL(form.picture(), 50, 15, 0x0000FFU);
+        COMPARE_PIXEL(form.picture(), 41, 15, face);
+        form.button.setUseGreyscale(true);
+        COMPARE_PIXEL(form.picture(), 50, 15, 0x4C4C4CU);
+        form.button.setPictureNormal(QPixmap());
+        COMPARE_PIXEL(form.picture(), 50, 15, face);
+    }
+
+    void mask_colour_can_be_changed_and_left_out() {
+        ButtonForm form;
+        form.button.setUseGreyscale(false);
+        form.button.setCaption(QString());
+        form.button.setPictureNormal(filled(16, 16, QColor(0xC0, 0xC0, 0xC0)));
+        COMPARE_PIXEL(form.picture(), 50, 15, face);
+        form.button.setUseMaskColor(false);
+        COMPARE_PIXEL(form.picture(), 50, 15, 0xC0C0C0U);
+        form.button.setUseMaskColor(true);
+        form.button.setMaskColor(0x000000);
+        COMPARE_PIXEL(form.picture(), 50, 15, 0xC0C0C0U);
+    }
+
+    void disabled_look_holds_even_if_pressed() {
+        ButtonForm form;
+        form.button.setEnabled(false);
+        const QImage disabled = form.picture();
+        form.button.setCheckBoxBehaviour(true);
+        form.button.setValue(true);
+        QCOMPARE(form.picture(), disabled);
+        QVERIFY(!form.button.isEnabled());
+    }
+
+    void a_disabled_window_does_not_give_its_buttons_the_disabled_look() {
+        ButtonForm form;
+        const QImage before = form.picture();
+        static_cast<QWidget&>(form).setEnabled(false);
+        QCOMPARE(form.picture(), before);
+        QVERIFY(form.button.Enabled());
+    }
+
+    void value_presses_a_check_box_button_and_lets_it_go() {
+        ButtonForm form;
+        const QImage normal = form.picture();
+        form.button.setValue(true);
+        QCOMPARE(form.picture(), normal);
+        form.button.setCheckBoxBehaviour(true);
+        QVERIFY(form.picture() != normal);
+        form.button.setValue(false);
+        QCOMPARE(form.picture(), normal);
+    }
+
+    void scheme_4_takes_the_windows_back_colour() {
+        ButtonForm form;
+        form.button.setColorScheme(4);
+        COMPARE_PIXEL(form.picture(), 2, 2, TestForm::back);
+    }
+
+    void pointer_and_hand() {
+        ButtonForm form;
+        QCOMPARE(form.button.cursor().shape(), Qt::ArrowCursor);
+        form.button.setHandPointer(true);
+        QCOMPARE(form.button.MousePointer(), 99);
+        QCOMPARE(form.button.cursor().shape(), Qt::PointingHandCursor);
+        form.button.setHandPointer(false);
+        QCOMPARE(form.button.MousePointer(), 1);
+        QCOMPARE(form.button.cursor().shape(), Qt::ArrowCursor);
+        form.button.setMouseIcon(filled(8, 8, Qt::red));
+        form.button.setMousePointer(99);
+        QCOMPARE(form.button.cursor().shape(), Qt::BitmapCursor);
+    }
+
+    void tool_tip_is_shown_as_plain_text() {
+        ButtonForm form;
+        form.showAndWait();
+        form.button.setToolTip(QStringLiteral("<b>Borrar</b>"));
+        QHelpEvent help(QEvent::ToolTip, {5, 5}, form.button.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&form.button, &help);
+        QVERIFY(QToolTip::text().contains(QStringLiteral("&lt;b&gt;Borrar")));
+        QToolTip::hideText();
+    }
+};
+
+QTEST_MAIN(chameleonButtonTest)
+#include "chameleonButtonTest.moc"
