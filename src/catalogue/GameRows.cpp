@@ -5,6 +5,7 @@
 #include "platform/base/RuntimeFailure.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace torvane {
 
@@ -20,7 +21,7 @@ QByteArrayView secondPieceOf(QByteArrayView name) {
 }
 
 // The picture by kind; none for kinds that have none, "bin" among them. Upper case is no kind.
-GameIcon iconOfKind(QByteArrayView kind) {
+GameIcon iconOfKind(std::string_view kind) {
     if (kind == "zip") return GameIcon::archive;
     if (kind == "gb") return GameIcon::classic;
     if (kind == "gbc" || kind == "cgb") return GameIcon::colour;
@@ -50,7 +51,7 @@ GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
     GameIcon icon = GameIcon::none;
     for (int row = 0; row < rows; ++row) {
         const QByteArrayView kind = secondPieceOf(m_names->bytes(row));
-        GameIcon own = iconOfKind(kind);
+        GameIcon own = iconOfKind({kind.data(), static_cast<size_t>(kind.size())});
         if (kind == "bin") ignoring([&] { own = iconOfSize(lengthOf(m_names->name(row))); });
         if (own != GameIcon::none) icon = own;
         m_icons.push_back(static_cast<quint8>(icon));

@@ -96,8 +96,7 @@ void SelLangStartUp::ok_Click() {
                                    m_globals.AppPath + QStringLiteral("\\data\\lang\\lang_") +
                                        ChosenLanguage + QStringLiteral(".tvl"));
     setAnswersVisible(false);
-    for (Label* label : {&Label4, &Label5, &Label6})
-        label->setVisible(false);
+    for (Label* label : {&Label4, &Label5, &Label6}) label->setVisible(false);
     // The image is a hidden store; what the user sees is the window's own picture.
     Image1.setPicture(Pictures::load(QStringLiteral("SelLangStartUp-second.jpg"), devicePixelRatioF()));
     setPicture(Image1.Picture());

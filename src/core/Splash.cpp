@@ -14,6 +14,8 @@ Splash::Splash(Runtime& runtime, Desk& desk, const Globals& globals)
     connect(&Picture1, &Panel::keyPressed, this,
             [this](int keyCode) { this->runtime().guarded([&] { Picture1_KeyPressed(keyCode); }); });
     Picture1.setFocusPolicy(Qt::StrongFocus);
+    // A click on the movie is a click in the window.
+    Flash.setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void Splash::Load() {

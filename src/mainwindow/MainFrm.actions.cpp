@@ -6,6 +6,7 @@
 
 #include <QDate>
 #include <QLocale>
+#include <algorithm>
 
 namespace torvane {
 
@@ -125,8 +126,10 @@ void MainFrm::launch(const QString& path) {
     m.shell.RunAndWait(m.emulators.EmulatorCommand + QLatin1Char(' ') + path);
 }
 
+// A page up or down. From places between the pages, where wheel and keys lead, the upper end is the limit.
 void MainFrm::scrollUp() {
-    if (ListView1.Top() < -3) ListView1.setTop(ListView1.Top() + Picture2.height());
+    if (ListView1.Top() >= -3) return;
+    ListView1.setTop(std::min(ListView1.Top() + Picture2.height(), qRound(ListView1.designRect().top)));
 }
 
 void MainFrm::scrollDown() {

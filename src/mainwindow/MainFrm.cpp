@@ -13,8 +13,7 @@ const QString quotes = QStringLiteral("» ");
 // A number as the panel shows it: no exponent, no more digits than needed.
 QString plainNumber(double value) {
     QString text = QString::number(value, 'f', 15);
-    while (text.endsWith(QLatin1Char('0')))
-        text.chop(1);
+    while (text.endsWith(QLatin1Char('0'))) text.chop(1);
     if (text.endsWith(QLatin1Char('.'))) text.chop(1);
     return text;
 }
@@ -71,8 +70,7 @@ void MainFrm::setCaptions() {
     Label9.setCaption(mainMenu("size"));
     Label16.setCaption(mainMenu("totalrom"));
     // These four belong to menu entries that this window does not have; looking them up does no harm.
-    for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"})
-        mainMenu(key);
+    for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"}) mainMenu(key);
     const auto globals = [this](const char* key) {
         return m.language.LangText(QStringLiteral("globals"), QString::fromLatin1(key));
     };
@@ -117,8 +115,7 @@ void MainFrm::readEmulatorSetting() {
 }
 
 void MainFrm::GetGameList(const QString& folder, const QString&) {
-    for (FileList* list : {&Games, &File1})
-        list->setPath(folder.isEmpty() ? libraryFolder() : folder);
+    for (FileList* list : {&Games, &File1}) list->setPath(folder.isEmpty() ? libraryFolder() : folder);
     m.emulators.read();
     Games.readWith(File1);
     const int count = Games.ListCount();
@@ -135,8 +132,7 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
 
 void MainFrm::Refresh_Click() {
     ListView1.Clear();
-    for (FileList* list : {&Games, &File1})
-        list->setPath(libraryFolder() + QLatin1Char('\\'));
+    for (FileList* list : {&Games, &File1}) list->setPath(libraryFolder() + QLatin1Char('\\'));
     GetGameList(QString(), QString());
     pumpEvents();
     if (Games.ListCount() > 0) Games.setListIndex(0);

@@ -153,7 +153,10 @@ void ButtonSurface::paintEvent(QPaintEvent* event) {
     QPainter(this).drawImage(area, m_surface, QRectF(area.topLeft() * ratio, area.size() * ratio));
 }
 
-void ButtonSurface::resizeEvent(QResizeEvent*) { takeSize(); }
+void ButtonSurface::resizeEvent(QResizeEvent*) {
+    // The toolkit also tells of the size at the first show, when nothing has changed.
+    if (size() != m_layout.client) takeSize();
+}
 
 void ButtonSurface::showEvent(QShowEvent*) {
     if (m_p.buttonType == 11) GrabParentBackground();

@@ -17,8 +17,8 @@ namespace {
 constexpr int gamesWithContent = 1200;
 
 constexpr std::array first = {"Amber", "Brass",  "Café",   "Dusty", "Élan",     "Frozen", "Golden", "Hidden",
-                              "Ivory", "Jagged", "Kite",   "Lost",  "Midnight", "Niño",   "Outer",  "Paper",
-                              "Quick", "Rusty",  "Silent", "Tiny",  "Über",     "Velvet", "Wild",   "Zinc"};
+                              "Ivory", "Jagged", "Kite",   "Lost",  "Midnight", "Noble",  "Outer",  "Paper",
+                              "Quick", "Rusty",  "Silent", "Tiny",  "Upper",    "Velvet", "Wild",   "Zinc"};
 constexpr std::array second = {"Anchor",  "Bridge",  "Castle",  "Dungeon", "Engine",  "Forest",   "Garden",
                                "Harbour", "Island",  "Journey", "Kingdom", "Lantern", "Mountain", "Nest",
                                "Orchard", "Pirates", "Quest",   "Racers",  "Signal",  "Tower"};

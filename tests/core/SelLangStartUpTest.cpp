@@ -167,8 +167,9 @@ private slots:
         const QImage before = window().picture().toImage();
         click(label(name));
         click(window().ok);
-        QCOMPARE(opened->world.setting("Language"),
-                 opened->world.appPath() + QStringLiteral("\\data\\lang\\lang_") + code + QStringLiteral(".tvl"));
+        QCOMPARE(opened->world.setting("Language"), opened->world.appPath() +
+                                                        QStringLiteral("\\data\\lang\\lang_") + code +
+                                                        QStringLiteral(".tvl"));
         for (const char* gone : {"ok", "no", "Label4", "Label5", "Label6"}) {
             QVERIFY2(!isSeen(label(QString::fromLatin1(gone))), gone);
         }

@@ -84,6 +84,11 @@ private slots:
         QVERIFY(introIsOver());
         QVERIFY(opened->main().isVisible());
     }
+    void a_click_on_the_movie_ends_the_intro() {
+        const QPoint onMovie = splash().Flash.mapTo(&splash(), splash().Flash.rect().center());
+        QTest::mouseClick(splash().windowHandle(), Qt::LeftButton, {}, onMovie);
+        QVERIFY(introIsOver());
+    }
     void the_main_window_comes_up_on_its_first_game() {
         QTest::keyClick(&splash(), Qt::Key_Return);
         QCOMPARE(opened->main().Games.ListIndex(), 0);

@@ -115,8 +115,7 @@ private slots:
         QCOMPARE(world().ends, 0);
     }
     void failures_of_the_first_selection_are_ignored_at_the_start() {
-        // A link that leads nowhere is left out of the list, so an archive has to vanish another way.
-        const QString path = opened->game(QStringLiteral("a.zip"));
+        opened->game(QStringLiteral("a.zip"));
         world().folder.setMode(QStringLiteral("roms/a.zip"), 0);
         const OrdinaryUser user;
         opened->start();
@@ -172,7 +171,8 @@ private slots:
         opened->start();
         LanguageTables& tables = opened->program->language;
         QCOMPARE(tables.LangText(QStringLiteral("Globals"), QStringLiteral("na")), QStringLiteral("No data"));
-        QCOMPARE(tables.LangTextCopy(QStringLiteral("globals"), QStringLiteral("na")), QStringLiteral("No data"));
+        QCOMPARE(tables.LangTextCopy(QStringLiteral("globals"), QStringLiteral("na")),
+                 QStringLiteral("No data"));
         opened->program->globals.LanguageFile =
             world().folder.write(QStringLiteral("data/lang/own.tvl"), "[gLobals]\r\nna=N\xF6 data\r\n");
         QCOMPARE(tables.LangText(QStringLiteral("Globals"), QStringLiteral("na")), QStringLiteral("Nö data"));
@@ -184,7 +184,8 @@ private slots:
         QCOMPARE(world().browser.urls, QStringList{QStringLiteral("http://one.example/?a=<b>&c=%20")});
         QVERIFY(program.mainFrm.ifLoaded() != nullptr);
         QVERIFY(!program.mainFrm.ifLoaded()->isVisible());
-        QCOMPARE(program.mainFrm.ifLoaded()->URL_Linker.URL(), QStringLiteral("http://one.example/?a=<b>&c=%20"));
+        QCOMPARE(program.mainFrm.ifLoaded()->URL_Linker.URL(),
+                 QStringLiteral("http://one.example/?a=<b>&c=%20"));
     }
     void the_fatal_error_is_told_in_fixed_spanish_and_opens_the_page_of_questions() {
         world().folder.write(QStringLiteral("data/hosts.ini"), "[Hosts]\nweb=https://web.example/\n");
@@ -196,7 +197,8 @@ private slots:
                                           "navegador y cargará el FAQ de la página web de Torvane."));
         QCOMPARE(box.title, QStringLiteral("KESTRA Halyard Kernel"));
         QCOMPARE(box.flags, 16);
-        QCOMPARE(world().browser.urls, QStringList{QStringLiteral("https://web.example/modules.php?name=FAQ")});
+        QCOMPARE(world().browser.urls,
+                 QStringList{QStringLiteral("https://web.example/modules.php?name=FAQ")});
         QCOMPARE(world().ends, 0);
         QVERIFY(opened->main().isVisible());
     }

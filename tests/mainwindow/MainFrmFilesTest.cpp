@@ -14,8 +14,9 @@ class MainFrmFilesTest : public QObject {
     FakeDialogs& dialogs() const { return opened->world.dialogs; }
     void expectTold(const char* number) {
         QCOMPARE(messages().boxes.size(), 1);
-        QVERIFY2(messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
-                 qPrintable(messages().last()));
+        QVERIFY2(
+            messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
+            qPrintable(messages().last()));
         QCOMPARE(opened->world.ends, 0);
     }
     /// The copy button of the edit face.
@@ -121,7 +122,8 @@ private slots:
         }
         expectTold("61");
         QCOMPARE(opened->world.folder.read(QStringLiteral("copy.gb")), QByteArray("former"));
-        for (const QString& name : opened->world.folder.entries()) QVERIFY(!name.startsWith(QStringLiteral(".")));
+        for (const QString& name : opened->world.folder.entries())
+            QVERIFY(!name.startsWith(QStringLiteral(".")));
     }
     void a_copy_of_a_game_that_vanished_is_told() {
         const QString path = opened->game(QStringLiteral("a.gb"));

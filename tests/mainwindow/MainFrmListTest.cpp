@@ -40,8 +40,8 @@ class MainFrmListTest : public QObject {
     void wheel(int steps) const {
         ListView& list = window().ListView1;
         const QPointF place(50, 50 - list.Top());
-        QWheelEvent event(place, list.mapToGlobal(place), {}, {0, -120 * steps}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent event(place, list.mapToGlobal(place), {}, {0, -120 * steps}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&list, &event);
     }
     void key(Qt::Key code) const {
@@ -59,8 +59,8 @@ private slots:
         }
         opened->world.folder.makeFolder(QStringLiteral("roms/folder.gb"));
         opened->open();
-        const QStringList expected = {QStringLiteral("Alpha"), QStringLiteral("beta"), QStringLiteral("delta"),
-                                      QStringLiteral("gamma")};
+        const QStringList expected = {QStringLiteral("Alpha"), QStringLiteral("beta"),
+                                      QStringLiteral("delta"), QStringLiteral("gamma")};
         QCOMPARE(RowTexts(window().ListView1).all(), expected);
         QCOMPARE(window().TotalRom.Caption(), QStringLiteral("0004"));
     }
@@ -210,7 +210,7 @@ private slots:
         click(main.chameleonButton14);
         QCOMPARE(main.ListView1.Top(), 1);
     }
-    void the_upper_button_needs_a_top_below_minus_3() {
+    void the_upper_button_needs_a_top_below_minus_3_and_goes_no_further_than_the_upper_end() {
         opened->games(40);
         MainFrm& main = opened->open();
         main.ListView1.setTop(-3);
@@ -218,7 +218,10 @@ private slots:
         QCOMPARE(main.ListView1.Top(), -3);
         main.ListView1.setTop(-4);
         click(main.chameleonButton14);
-        QCOMPARE(main.ListView1.Top(), 326);
+        QCOMPARE(main.ListView1.Top(), 1);
+        main.ListView1.setTop(-400);
+        click(main.chameleonButton14);
+        QCOMPARE(main.ListView1.Top(), -70);
     }
     void the_lower_button_scrolls_on_the_press_already() {
         opened->games(40);

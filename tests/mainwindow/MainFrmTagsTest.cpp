@@ -19,7 +19,8 @@ QByteArray today() {
 
 /// The line that a save writes.
 QByteArray savedLine(const QByteArray& company, const QByteArray& title, const QByteArray& info, int size) {
-    return tagLine(company + '\xA7' + title + '\xA7' + today() + '\xA7' + info + '\xA7' + QByteArray::number(size));
+    return tagLine(company + '\xA7' + title + '\xA7' + today() + '\xA7' + info + '\xA7' +
+                   QByteArray::number(size));
 }
 const QString gameName = QStringLiteral("a.gb");
 } // namespace
@@ -52,8 +53,9 @@ class MainFrmTagsTest : public QObject {
     void clear() { click(window().chameleonButton11); }
     void expectToldAndFormKept(const char* number) {
         QCOMPARE(messages().boxes.size(), 1);
-        QVERIFY2(messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
-                 qPrintable(messages().last()));
+        QVERIFY2(
+            messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
+            qPrintable(messages().last()));
         QCOMPARE(opened->world.ends, 0);
         QCOMPARE(window().EditID3Title.Text(), QStringLiteral("New title"));
         QCOMPARE(window().EditID3Company.Text(), QStringLiteral("New company"));
@@ -85,7 +87,9 @@ private slots:
         QCOMPARE(main.Edit_Menu.ForeColor(), 8421504U);
     }
     void a_tag_is_shown_on_both_faces() {
-        MainFrm& main = openOn(image(1500000) + tagLine("Acme\xA7Title\xA7" "1/2/03\xA7Info\xA7" "1500000"));
+        MainFrm& main = openOn(image(1500000) + tagLine("Acme\xA7Title\xA7"
+                                                        "1/2/03\xA7Info\xA7"
+                                                        "1500000"));
         QCOMPARE(main.GameAutor.Caption(), QStringLiteral("Acme"));
         QCOMPARE(main.GameTitle.Caption(), QStringLiteral("Title"));
         QCOMPARE(main.GameDate.Caption(), QStringLiteral("1/2/03"));
@@ -97,7 +101,9 @@ private slots:
         QCOMPARE(main.Label2.Caption(), QStringLiteral("121"));
     }
     void a_text_of_a_file_is_shown_as_it_stands() {
-        MainFrm& main = openOn(image() + tagLine("100%s & %n\xA7<b>T</b> &amp;\xA7" "1\xA7<img src='x'>\xA7" "3000"));
+        MainFrm& main = openOn(image() + tagLine("100%s & %n\xA7<b>T</b> &amp;\xA7"
+                                                 "1\xA7<img src='x'>\xA7"
+                                                 "3000"));
         QCOMPARE(main.GameTitle.Caption(), QStringLiteral("<b>T</b> &amp;"));
         QCOMPARE(main.GameAutor.Caption(), QStringLiteral("100%s & %n"));
         QCOMPARE(main.EditID3Info.Text(), QStringLiteral("<img src='x'>"));
@@ -112,7 +118,10 @@ private slots:
         for (int byte = 0x20; byte < 0x100; ++byte) {
             if (byte != 0xA7) odd += static_cast<char>(byte);
         }
-        openOn(image() + tagLine("c" + odd + "\xA7t" + odd + "\xA7" "1\xA7short\xA7" "3000"));
+        openOn(image() + tagLine("c" + odd + "\xA7t" + odd +
+                                 "\xA7"
+                                 "1\xA7short\xA7"
+                                 "3000"));
         enter(window().EditID3Info, QStringLiteral("new"));
         save();
         QCOMPARE(opened->bytesOf(gameName), image() + "\r\n" + savedLine("c" + odd, "t" + odd, "new", 3002));
@@ -122,7 +131,8 @@ private slots:
         openOn(image());
         enterAll("The title", "Señor & Co.", "What it is");
         save();
-        QCOMPARE(opened->bytesOf(gameName), image() + savedLine("Se\xF1or & Co.", "The title", "What it is", 3000));
+        QCOMPARE(opened->bytesOf(gameName),
+                 image() + savedLine("Se\xF1or & Co.", "The title", "What it is", 3000));
         QCOMPARE(messages().boxes.size(), 1);
         QCOMPARE(messages().last(), QStringLiteral("TAG Completado"));
         QCOMPARE(messages().boxes.last().flags, 0);
@@ -156,7 +166,8 @@ private slots:
         QTest::newRow("no company") << QByteArray("T") << QByteArray() << QByteArray("I");
         QTest::newRow("no info") << QByteArray("T") << QByteArray("C") << QByteArray();
         QTest::newRow("nothing") << QByteArray() << QByteArray() << QByteArray();
-        QTest::newRow("title not available") << QByteArray("Not available") << QByteArray("C") << QByteArray("I");
+        QTest::newRow("title not available")
+            << QByteArray("Not available") << QByteArray("C") << QByteArray("I");
     }
     void an_incomplete_form_is_told_and_writes_nothing() {
         QFETCH(QByteArray, title);
@@ -179,12 +190,15 @@ private slots:
         QCOMPARE(opened->bytesOf(gameName), image() + savedLine(" ", " ", " ", 3000));
     }
     void the_company_of_the_shifted_form_survives_a_save() {
-        openOn(image() + tagLine("V\xF6\xA7R\xE4N\xA7Title\xA7" "1\xA7Info\xA7" "3000"));
+        openOn(image() + tagLine("V\xF6\xA7R\xE4N\xA7Title\xA7"
+                                 "1\xA7Info\xA7"
+                                 "3000"));
         QCOMPARE(window().GameAutor.Caption(), QStringLiteral("Vö§RäN"));
         QCOMPARE(window().GameTitle.Caption(), QStringLiteral("Title"));
         enter(window().EditID3Title, QStringLiteral("Other"));
         save();
-        QCOMPARE(opened->bytesOf(gameName), image() + "\r\n" + savedLine("V\xF6\xA7R\xE4N", "Other", "Info", 3002));
+        QCOMPARE(opened->bytesOf(gameName),
+                 image() + "\r\n" + savedLine("V\xF6\xA7R\xE4N", "Other", "Info", 3002));
         QCOMPARE(window().GameTitle.Caption(), QStringLiteral("Other"));
         QCOMPARE(window().GameAutor.Caption(), QStringLiteral("Vö§RäN"));
     }
@@ -192,7 +206,9 @@ private slots:
     // Deletion of a tag
     void deleting_a_tag_leaves_the_image_and_a_line_end_and_keeps_the_game_selected() {
         opened->games(2);
-        opened->game(QStringLiteral("z.gb"), image() + tagLine("C\xA7T\xA7" "1\xA7I\xA7" "3000"));
+        opened->game(QStringLiteral("z.gb"), image() + tagLine("C\xA7T\xA7"
+                                                               "1\xA7I\xA7"
+                                                               "3000"));
         MainFrm& main = opened->open();
         opened->chooseRow(2);
         click(main.Edit_Menu);
@@ -209,7 +225,9 @@ private slots:
     }
     void deleting_a_tag_keeps_a_far_game_in_sight() {
         opened->games(40);
-        opened->game(QStringLiteral("z.gb"), image() + tagLine("C\xA7T\xA7" "1\xA7I\xA7" "3000"));
+        opened->game(QStringLiteral("z.gb"), image() + tagLine("C\xA7T\xA7"
+                                                               "1\xA7I\xA7"
+                                                               "3000"));
         MainFrm& main = opened->open();
         main.ListView1.setFocus();
         QTest::keyClick(&main.ListView1, Qt::Key_End);
@@ -245,7 +263,9 @@ private slots:
     void a_save_for_which_there_is_no_room_is_told_and_leaves_file_and_form_data() {
         QTest::addColumn<QByteArray>("before");
         QTest::addColumn<int>("largestFile");
-        const QByteArray tagged = image() + tagLine("C\xA7T\xA7" "1\xA7I\xA7" "3000");
+        const QByteArray tagged = image() + tagLine("C\xA7T\xA7"
+                                                    "1\xA7I\xA7"
+                                                    "3000");
         QTest::newRow("no tag, no room") << image() << 3000;
         QTest::newRow("no tag, room for half a line") << image() << 3010;
         QTest::newRow("tag, no room for the image") << tagged << 2000;
@@ -266,7 +286,9 @@ private slots:
     void a_save_into_a_read_only_library_is_told_and_leaves_file_and_form_data() {
         QTest::addColumn<QByteArray>("before");
         QTest::newRow("no tag") << image();
-        QTest::newRow("tag") << image() + tagLine("C\xA7T\xA7" "1\xA7I\xA7" "3000");
+        QTest::newRow("tag") << image() + tagLine("C\xA7T\xA7"
+                                                  "1\xA7I\xA7"
+                                                  "3000");
     }
     void a_save_into_a_read_only_library_is_told_and_leaves_file_and_form() {
         QFETCH(QByteArray, before);
@@ -294,7 +316,9 @@ private slots:
         QCOMPARE(opened->world.ends, 0);
     }
     void a_deletion_that_fails_is_told_and_leaves_file_and_form() {
-        const QByteArray before = image() + tagLine("C\xA7T\xA7" "1\xA7I\xA7" "3000");
+        const QByteArray before = image() + tagLine("C\xA7T\xA7"
+                                                    "1\xA7I\xA7"
+                                                    "3000");
         openOn(before);
         enterAll("New title", "New company", "New info");
         {
@@ -305,7 +329,9 @@ private slots:
         expectToldAndFormKept("61");
     }
     void a_tag_that_cannot_be_understood_is_told_and_not_deleted() {
-        const QByteArray before = image() + tagLine("C\xA7T\xA7" "1\xA7I\xA7" "many");
+        const QByteArray before = image() + tagLine("C\xA7T\xA7"
+                                                    "1\xA7I\xA7"
+                                                    "many");
         openOn(before);
         enterAll("New title", "New company", "New info");
         clear();

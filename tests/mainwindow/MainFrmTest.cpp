@@ -14,8 +14,9 @@ class MainFrmTest : public QObject {
     FakeMessages& messages() const { return opened->world.messages; }
     void expectToldAndGoingOn(const char* number) {
         QCOMPARE(messages().boxes.size(), 1);
-        QVERIFY2(messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
-                 qPrintable(messages().last()));
+        QVERIFY2(
+            messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
+            qPrintable(messages().last()));
         QCOMPARE(messages().boxes.last().flags, 16);
         QCOMPARE(opened->world.ends, 0);
         QVERIFY(window().isVisible());
@@ -87,7 +88,9 @@ private slots:
             {"Lbl_ID3Format", "Label30"}, {"Lbl_ID3Info", "Label28"},   {"Lbl_ID3Title", "Label36"},
             {"TotalRom", "Label39"}};
         MainFrm& main = opened->open();
-        const auto label = [&](const char* name) { return main.findChild<Label*>(QString::fromLatin1(name)); };
+        const auto label = [&](const char* name) {
+            return main.findChild<Label*>(QString::fromLatin1(name));
+        };
         const auto compareAll = [&] {
             for (const auto& [source, twin] : twins) {
                 QVERIFY2(label(source)->Caption() == label(twin)->Caption(), source);
@@ -163,7 +166,10 @@ private slots:
         QCOMPARE(main.Label17.Caption(), QStringLiteral("» Edit ROM.TAG"));
     }
     void the_tag_record_follows_an_archive_too() {
-        opened->game(QStringLiteral("a.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7" "Acme\xA7T\xA7" "1\xA7I\xA7" "3000\xA7\r\n");
+        opened->game(QStringLiteral("a.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7"
+                                                                     "Acme\xA7T\xA7"
+                                                                     "1\xA7I\xA7"
+                                                                     "3000\xA7\r\n");
         opened->game(QStringLiteral("b.zip"), QByteArray(5000, 'z'));
         MainFrm& main = opened->open();
         QCOMPARE(opened->program->id3.RomTag.Company, QStringLiteral("Acme"));
@@ -201,7 +207,10 @@ private slots:
     void a_game_that_vanished_or_cannot_be_read_shows_as_one_without_a_tag() {
         opened->game(QStringLiteral("a.gb"));
         const QString path = opened->game(QStringLiteral("b.gb"));
-        opened->game(QStringLiteral("c.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7" "Acme\xA7T\xA7" "1\xA7I\xA7" "3000\xA7\r\n");
+        opened->game(QStringLiteral("c.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7"
+                                                                     "Acme\xA7T\xA7"
+                                                                     "1\xA7I\xA7"
+                                                                     "3000\xA7\r\n");
         opened->open();
         QVERIFY(QFile::remove(path));
         opened->world.folder.setMode(QStringLiteral("roms/c.gb"), 0);

@@ -28,8 +28,7 @@ class FileListTest : public QObject {
     QString roms() const { return world->folder.path() + u"\\roms"_s; }
     QStringList listed(const FileList& files) const {
         QStringList names;
-        for (int i = 0; i < files.ListCount(); ++i)
-            names.append(files.List(i));
+        for (int i = 0; i < files.ListCount(); ++i) names.append(files.List(i));
         return names;
     }
     std::unique_ptr<FileList> makeList(const char* pattern) const {
@@ -160,6 +159,29 @@ private slots:
         list->Refresh();
         QCOMPARE(names->count(), 1);
         QCOMPARE(list->names()->count(), 2);
+    }
+
+    void two_lists_of_one_folder_can_be_read_together_each_by_its_pattern() {
+        for (const char* name : {"a.gb", "b.zip", "c.agb"}) {
+            world->folder.write(u"roms/"_s + QString::fromLatin1(name), "x");
+        }
+        const auto other = makeList("*.agb;*.zip");
+        list->setPath(roms());
+        other->setPath(roms());
+        list->readWith(*other);
+        // Both are read now, not at the first question.
+        world->folder.write(u"roms/d.zip"_s, "x");
+        QCOMPARE(listed(*list), (QStringList{u"a.gb"_s, u"b.zip"_s}));
+        QCOMPARE(listed(*other), (QStringList{u"b.zip"_s, u"c.agb"_s}));
+    }
+    void lists_of_different_folders_are_not_read_together() {
+        makeGames(1);
+        const auto other = makeList("*.*");
+        list->setPath(roms());
+        other->setPath(world->folder.path() + u"\\emuladores"_s);
+        list->readWith(*other);
+        QCOMPARE(listed(*list), QStringList{u"g000.gb"_s});
+        QCOMPARE(listed(*other), QStringList{u"emus.dat"_s});
     }
 
     // The current file

@@ -220,6 +220,7 @@ private slots:
             QCOMPARE(failureOf([&] { IniFile::setValue(path, "S", "j", "2"); }),
                      number(RuntimeFailure::permissionDenied));
         }
+        folder->setMode(QStringLiteral("a.ini"), 0644);
         QCOMPARE(content(), QByteArray("[S]\nk=1\n"));
         QCOMPARE(mkfifo(folder->native("pipe").constData(), 0666), 0);
         QCOMPARE(failureOf([&] { IniFile::setValue(folder->path(QStringLiteral("pipe")), "S", "j", "2"); }),

@@ -57,6 +57,8 @@ private slots:
         row("a*b*c", "abc", true);
         row("*ab", "aab", true);
         row("*a*ab", "xaab", true);
+        row("x*aab", "xaaab", true);
+        row("x*aab?", "xaaaabz", true);
         row("**.gb", "x.gb", true);
         row("ab*", "ab", true);
         row("ab*", "a", false);
@@ -80,8 +82,7 @@ private slots:
     }
     void no_pattern_hangs_on_a_long_name() {
         QString pattern;
-        for (int i = 0; i < 60; ++i)
-            pattern += QStringLiteral("*a");
+        for (int i = 0; i < 60; ++i) pattern += QStringLiteral("*a");
         pattern += QStringLiteral("*b");
         QElapsedTimer clock;
         clock.start();

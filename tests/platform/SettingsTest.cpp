@@ -192,6 +192,7 @@ private slots:
             QCOMPARE(failureOf([&] { set("Start", QStringLiteral("1")); }),
                      number(RuntimeFailure::permissionDenied));
         }
+        folder->setMode(QStringLiteral("config/Torvane/Torvane.conf"), 0644);
         QCOMPARE(get("Intro"), QStringLiteral("0"));
     }
     void a_store_that_can_not_be_kept_is_told() {

@@ -26,7 +26,8 @@ inline void hover(const QWidget& control) {
     QWidget* window = control.window();
     QTest::mouseMove(window->windowHandle(), control.mapTo(window, control.rect().center()));
 }
-/// Types a text into the field that has the focus, one key a character, also those that no plain keyboard has.
+/// Types a text into the field that has the focus, one key a character, also those that no plain keyboard
+/// has.
 inline void typeText(QWidget& field, const QString& text) {
     for (const QChar c : text) {
         QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
@@ -67,8 +68,7 @@ public:
         return world.folder.write(QStringLiteral("roms/") + name, bytes);
     }
     void games(int count) const {
-        for (int i = 1; i <= count; ++i)
-            game(QStringLiteral("g%1.gb").arg(i, 3, 10, QLatin1Char('0')));
+        for (int i = 1; i <= count; ++i) game(QStringLiteral("g%1.gb").arg(i, 3, 10, QLatin1Char('0')));
     }
     QByteArray bytesOf(const QString& name) const {
         return world.folder.read(QStringLiteral("roms/") + name);

@@ -58,6 +58,14 @@ private slots:
         QCOMPARE(clicks.size(), 0);
     }
 
+    void a_press_while_painting_is_not_allowed_is_not_remembered() {
+        ButtonForm form;
+        form.first.DisableRefresh();
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        form.first.Refresh();
+        QCOMPARE(form.corner(), raisedCorner);
+    }
+
     void arrow_keys_walk_the_tab_order() {
         ButtonForm form;
         QTest::keyClick(&form.first, Qt::Key_Right);

@@ -119,10 +119,22 @@ private slots:
         PaintCounter counter;
         form.first.installEventFilter(&counter);
         QSignalSpy moves(&form.first, &chameleonButton::MouseMove);
-        for (int x = 40; x < 60; ++x)
-            form.point({x, 15});
+        for (int x = 40; x < 60; ++x) form.point({x, 15});
         QTest::qWait(20);
         QVERIFY(moves.size() >= 20);
+        QCOMPARE(counter.paints, 0);
+    }
+
+    void moves_with_the_button_held_paint_nothing_more() {
+        ButtonForm form;
+        form.point(middle);
+        form.press();
+        form.point({51, 15}, Qt::LeftButton);
+        QTest::qWait(20);
+        PaintCounter counter;
+        form.first.installEventFilter(&counter);
+        for (int x = 40; x < 60; ++x) form.point({x, 15}, Qt::LeftButton);
+        QTest::qWait(20);
         QCOMPARE(counter.paints, 0);
     }
 
@@ -204,6 +216,15 @@ private slots:
         connect(&form.first, &chameleonButton::Click, this, [&] { paintsAtClick = counter.paints; });
         form.release();
         QVERIFY(paintsAtClick >= 1);
+    }
+
+    void a_button_that_is_disabled_by_its_own_release_does_not_click() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.first, &chameleonButton::Click);
+        connect(&form.first, &chameleonButton::MouseUp, &form.first, [&] { form.first.setEnabled(false); });
+        form.press();
+        form.release();
+        QCOMPARE(clicks.size(), 0);
     }
 
     void a_disabled_button_takes_neither_mouse_nor_keys() {

@@ -132,8 +132,7 @@ private slots:
         ButtonForm form;
         form.button.setCaption(QStringLiteral("Una leyenda que no cabe en una sola línea"));
         const QImage image = form.picture();
-        for (int x = 0; x < 99; ++x)
-            COMPARE_PIXEL(image, x, 0, highlight);
+        for (int x = 0; x < 99; ++x) COMPARE_PIXEL(image, x, 0, highlight);
     }
 
     void picture_appears_beside_the_caption_and_over_picture_only_under_the_mouse() {

@@ -5,6 +5,7 @@
 #include "NativeText.h"
 #include "Paths.h"
 
+#include <QtEndian>
 #include <algorithm>
 #include <cstring>
 #include <dirent.h>
@@ -18,7 +19,7 @@ constexpr qsizetype pieceSize = 8;
 
 struct Entry {
     quint64 piece; // eight bytes of the key, those by which the sorting goes on at the moment
-    quint32 start; // of the name in `names`, and of its key in `keys`
+    quint32 start; // of the name in the bytes read
     quint32 keyStart;
     quint32 matches; // a bit for each pattern that the name matches
     quint16 length;  // of the name in bytes; the kernel's limit is 255
@@ -34,45 +35,49 @@ bool isFile(int folder, const dirent& entry) {
     return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISREG(info.st_mode);
 }
 
-// The form of a name that decides its place: lower case, as UTF-8.
-void appendKey(QByteArray& keys, QByteArrayView name) {
-    const qsizetype start = keys.size();
-    keys.append(name);
-    const auto isAscii = [](char c) { return static_cast<uchar>(c) < 0x80; };
-    if (std::all_of(name.begin(), name.end(), isAscii)) {
-        std::transform(name.begin(), name.end(), keys.data() + start,
-                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
-    } else {
-        keys.truncate(start);
-        keys.append(NativeText::toNative(NativeText::fromNative(name).toCaseFolded()));
-    }
+bool isAscii(QByteArrayView name) {
+    return std::all_of(name.begin(), name.end(), [](char c) { return static_cast<uchar>(c) < 0x80; });
+}
+
+// Eight bytes at once with A to Z in lower case: a byte's top bit is set in `letters` if it is one of them.
+quint64 lowered(quint64 bytes) {
+    constexpr quint64 each = 0x0101010101010101;
+    const quint64 low = bytes & 0x7F * each;
+    const quint64 fromA = low + (0x80 - 'A') * each;
+    const quint64 behindZ = low + (0x7F - 'Z') * each;
+    const quint64 letters = (fromA ^ behindZ) & ~bytes & 0x80 * each;
+    return bytes | letters >> 2;
 }
 
 // Eight bytes of a key from a place on, as a number of the same order; zeros stand behind its end.
 quint64 pieceOf(QByteArrayView key, qsizetype from) {
-    quint64 piece = 0;
-    for (qsizetype i = from; i < from + pieceSize; ++i) {
-        piece = piece << 8 | (i < key.size() ? static_cast<uchar>(key[i]) : 0);
-    }
-    return piece;
+    const qsizetype rest = key.size() - from;
+    if (rest >= pieceSize) return lowered(qFromBigEndian<quint64>(key.data() + from));
+    char bytes[pieceSize] = {};
+    if (rest > 0) std::memcpy(bytes, key.data() + from, static_cast<size_t>(rest));
+    return lowered(qFromBigEndian<quint64>(bytes));
 }
 
 struct Reading {
-    QByteArray names;
-    QByteArray keys;
+    QByteArray bytes;
     std::vector<Entry> entries;
 
+    // The key, which decides the place, is the name in lower case. Most names are ASCII: their pieces are
+    // made lower when they are compared. Others have a key of their own.
     void add(QByteArrayView name, quint32 matches) {
-        Entry entry{0,       static_cast<quint32>(names.size()), static_cast<quint32>(keys.size()),
-                    matches, static_cast<quint16>(name.size()),  0};
-        names.append(name);
-        appendKey(keys, name);
-        entry.keyLength = static_cast<quint16>(keys.size() - entry.keyStart);
+        Entry entry{0, static_cast<quint32>(bytes.size()), 0, matches, static_cast<quint16>(name.size()), 0};
+        bytes.append(name);
+        entry.keyStart = entry.start;
+        if (!isAscii(name)) {
+            entry.keyStart = static_cast<quint32>(bytes.size());
+            bytes.append(NativeText::toNative(NativeText::fromNative(name).toCaseFolded()));
+        }
+        entry.keyLength = static_cast<quint16>(bytes.size() - entry.keyStart);
         entries.push_back(entry);
     }
 
-    QByteArrayView name(const Entry& e) const { return QByteArrayView(names).sliced(e.start, e.length); }
-    QByteArrayView key(const Entry& e) const { return QByteArrayView(keys).sliced(e.keyStart, e.keyLength); }
+    QByteArrayView name(const Entry& e) const { return {bytes.constData() + e.start, e.length}; }
+    QByteArrayView key(const Entry& e) const { return {bytes.constData() + e.keyStart, e.keyLength}; }
 
     void sort() { sortFrom(0, entries.begin(), entries.end()); }
 
@@ -114,8 +119,7 @@ void readInto(Reading& reading, const QString& folder, const std::vector<NamePat
         const QByteArrayView name(entry->d_name, static_cast<qsizetype>(std::strlen(entry->d_name)));
         if (name.front() == '.') continue;
         quint32 matches = 0;
-        for (size_t i = 0; i < patterns.size(); ++i)
-            matches |= quint32{patterns[i].matches(name)} << i;
+        for (size_t i = 0; i < patterns.size(); ++i) matches |= quint32{patterns[i].matches(name)} << i;
         if (matches != 0 && isFile(dirfd(dir.get()), *entry)) reading.add(name, matches);
     }
 }
@@ -133,14 +137,13 @@ std::vector<std::shared_ptr<const FolderNames>> FolderNames::read(const QString&
     std::vector<std::shared_ptr<const FolderNames>> tables;
     for (size_t own = 0; own < static_cast<size_t>(patterns.size()); ++own) {
         size_t like = 0;
-        while (like < own && !reading.isAlike(like, own))
-            ++like;
+        while (like < own && !reading.isAlike(like, own)) ++like;
         if (like < own) {
             tables.push_back(tables[like]);
             continue;
         }
         auto table = std::make_shared<FolderNames>();
-        table->m_text.reserve(reading.names.size());
+        table->m_text.reserve(reading.bytes.size());
         for (const Entry& entry : reading.entries) {
             if (entry.matchesPattern(own)) table->append(reading.name(entry));
         }

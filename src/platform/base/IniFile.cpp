@@ -31,6 +31,31 @@ QByteArray contentToChange(const QString& file) {
     }
 }
 
+// The section that a line begins; nothing if it begins none.
+std::optional<QByteArrayView> sectionBegunBy(QByteArrayView line) {
+    line = line.trimmed();
+    const qsizetype end = line.indexOf(']');
+    if (!line.startsWith('[') || end < 0) return std::nullopt;
+    return line.sliced(1, end - 1).trimmed();
+}
+
+// The part of a file that can hold a section's keys: it is often a small one, and taking in the rest, too,
+// would be most of the time that a look-up takes.
+QByteArray partFor(const QByteArray& section, const QByteArray& bytes) {
+    QByteArray part;
+    bool wanted = true;
+    for (qsizetype start = 0; start < bytes.size();) {
+        const qsizetype lineEnd = bytes.indexOf('\n', start);
+        const qsizetype next = lineEnd < 0 ? bytes.size() : lineEnd + 1;
+        const QByteArrayView line = QByteArrayView(bytes).sliced(start, next - start);
+        const auto begun = sectionBegunBy(line);
+        if (begun) wanted = begun->compare(section, Qt::CaseInsensitive) == 0;
+        if (wanted) part.append(line);
+        start = next;
+    }
+    return part;
+}
+
 std::optional<QByteArray> valueIn(const QByteArray& bytes, const QByteArray& section, const QByteArray& key) {
     CSimpleIniA ini;
     ini.SetUnicode(false);
@@ -43,7 +68,7 @@ std::optional<QByteArray> valueIn(const QByteArray& bytes, const QByteArray& sec
 std::optional<QByteArray> value(const QString& file, const QByteArray& section, const QByteArray& key) {
     QByteArray bytes;
     ignoring([&] { bytes = contentOf(file); });
-    return valueIn(bytes, section, key);
+    return valueIn(partFor(section, bytes), section, key);
 }
 
 void setValue(const QString& file, const QByteArray& section, const QByteArray& key,

@@ -36,6 +36,7 @@ void FileList::setPath(const QString& path) {
     while (m_path.endsWith(QLatin1Char('\\')) || (m_path.size() > 1 && m_path.endsWith(QLatin1Char('/')))) {
         m_path.chop(1);
     }
+    if (m_path.isEmpty() && !path.isEmpty()) m_path = QStringLiteral("/");
     // A folder that bears the name in other letters ("ROMs") is taken as the disk spells it: other
     // programs, which get paths from here, do look at case.
     const QByteArray real = Paths::real(m_path);
@@ -58,7 +59,9 @@ std::shared_ptr<const FolderNames> FileList::names() const {
     return m_names;
 }
 
-void FileList::readWith(const FileList& other) const {
+void FileList::readWith(FileList& other) {
+    Refresh();
+    other.Refresh();
     if (m_path != other.m_path) return;
     const auto tables = FolderNames::read(m_path, {Pattern(), other.Pattern()});
     m_names = tables.front();

@@ -46,8 +46,8 @@ public:
     QString FileName() const;
     /// The spelled path of the current file: folder, "\" and name.
     QString filePath() const { return m_path + QLatin1Char('\\') + FileName(); }
-    /// Reads the folder now for this list and for another one with the same path, once for both.
-    void readWith(const FileList& other) const;
+    /// Refreshes this list and another one; if both have the same path, the folder is read once for both.
+    void readWith(FileList& other);
     /// The names of this moment, to be kept by who shows them.
     std::shared_ptr<const FolderNames> names() const;
 

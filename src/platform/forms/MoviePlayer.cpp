@@ -57,7 +57,9 @@ void MoviePlayer::load() {
         const QByteArray path = m_location.sliced(fileScheme.size()).toUtf8();
         start(contentOf(Paths::spelled(QByteArray::fromPercentEncoding(path))));
     } else if (m_location.contains(QStringLiteral("://"))) {
-        Download::start(*this, m_location, largestMovie, [this](const QByteArray& bytes) { start(bytes); });
+        Download::start(*this, m_location, largestMovie, [this, asked = m_location](const QByteArray& bytes) {
+            if (asked == m_location) start(bytes); // else another movie has been set meanwhile
+        });
     } else {
         start(contentOf(m_location));
     }

@@ -17,9 +17,6 @@ void Panel::paintEvent(QPaintEvent* event) {
     QPainter(this).fillRect(event->rect(), Colours::toQColor(m_look.back));
 }
 
-void Panel::keyPressEvent(QKeyEvent* event) {
-    emit keyPressed(event->key());
-    QWidget::keyPressEvent(event);
-}
+void Panel::keyPressEvent(QKeyEvent* event) { emit keyPressed(event->key()); }
 
 } // namespace torvane

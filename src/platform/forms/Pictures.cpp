@@ -11,8 +11,10 @@ namespace torvane::Pictures {
 namespace {
 QPixmap loadFile(const QString& file) {
     if (!QFile::exists(file)) return {};
-    // The format is told by the name, so that no other image plugin is loaded just to look.
+    // The format is told by the name, and the reader asked not to doubt it: else it would load all image
+    // plugins that there are, one after the other, to ask them.
     QImageReader reader(file, file.section(QLatin1Char('.'), -1).toLatin1());
+    reader.setAutoDetectImageFormat(false);
     return QPixmap::fromImageReader(&reader);
 }
 } // namespace

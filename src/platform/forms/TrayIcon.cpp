@@ -5,7 +5,9 @@
 #include "../base/RuntimeFailure.h"
 #include "Form.h"
 
+#include <QBuffer>
 #include <QIcon>
+#include <QImageReader>
 #include <QSystemTrayIcon>
 #include <QTimer>
 
@@ -13,7 +15,26 @@ namespace torvane {
 
 namespace {
 constexpr qint64 largestPicture = 4 << 20;
+
+// The name of the toolkit's reader for the content; empty for what is no picture of these kinds.
+QByteArray formatOf(const QByteArray& bytes) {
+    if (bytes.startsWith("\x89PNG")) return "png";
+    if (bytes.startsWith("GIF8")) return "gif";
+    if (bytes.startsWith("\xFF\xD8\xFF")) return "jpg";
+    return bytes.startsWith("BM") ? "bmp" : "";
 }
+
+// A null pixmap for what is no picture.
+QPixmap pictureOf(QByteArray& bytes) {
+    const QByteArray format = formatOf(bytes);
+    if (format.isEmpty()) return {};
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false); // else it would load all image plugins, to ask them
+    return QPixmap::fromImageReader(&reader);
+}
+} // namespace
 
 TrayIcon::TrayIcon(Form& form, const char* name, const char* toolTip)
     : Component(form, name), m_toolTip(QString::fromUtf8(toolTip)) {}
@@ -21,10 +42,9 @@ TrayIcon::TrayIcon(Form& form, const char* name, const char* toolTip)
 TrayIcon::~TrayIcon() = default;
 
 void TrayIcon::setPicture(const QString& path) {
-    QPixmap picture;
-    if (!picture.loadFromData(File(path).readAt(0, largestPicture))) {
-        throw RuntimeFailure(RuntimeFailure::invalidPicture);
-    }
+    QByteArray bytes = File(path).readAt(0, largestPicture);
+    const QPixmap picture = pictureOf(bytes);
+    if (picture.isNull()) throw RuntimeFailure(RuntimeFailure::invalidPicture);
     m_picture = picture;
     settle();
 }

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+// The words on the built windows in all three languages: whole on the screen, in the fonts that they were
+// measured for, and out of the language file that is set.
+#include "support/OpenedProgram.h"
+#include "toolkit/ButtonLayout.h"
+
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
+
+using namespace torvane;
+
+namespace {
+/// What of a control lies inside its container.
+QRect shownPart(const QWidget& control) {
+    return control.geometry().intersected(control.parentWidget()->rect()).translated(-control.pos());
+}
+
+/// The flags of a label's drawing, but with nothing cut off.
+int drawnLike(Qt::Alignment alignment) {
+    return static_cast<int>(alignment | Qt::AlignTop) | Qt::TextWordWrap | Qt::TextDontClip;
+}
+
+/// Whether a caption, drawn as labels draw it, has all its ink inside what is shown of its control.
+bool isWhole(const QString& text, const QFont& font, Qt::Alignment alignment, const QWidget& control) {
+    constexpr int margin = 300;
+    QImage paper(control.size() + QSize(2 * margin, 2 * margin), QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    painter.translate(margin, margin);
+    painter.setFont(font);
+    painter.drawText(control.rect(), drawnLike(alignment), text);
+    painter.fillRect(shownPart(control), Qt::white);
+    painter.end();
+    // What is left lies outside; a breath of grey at an edge is no missing part of a letter.
+    const auto* pixels = reinterpret_cast<const QRgb*>(paper.constBits());
+    return std::all_of(pixels, pixels + qsizetype{paper.width()} * paper.height(),
+                       [](QRgb pixel) { return qGray(pixel) > 160; });
+}
+
+/// The same for a button: the text beside the picture, both within the button.
+bool isWhole(const chameleonButton& button) {
+    const QFontMetrics metrics(button.font());
+    const QSize picture = button.PictureNormal().isNull()
+                              ? QSize(0, 0)
+                              : button.PictureNormal().deviceIndependentSize().toSize();
+    ButtonLayout layout;
+    LayoutCaption(
+        layout, {button.size(), picture, static_cast<PicturePlace>(button.PicturePosition()), false},
+        [&](int width) {
+            return metrics.boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, button.Caption()).size();
+        });
+    const QRect inside = button.rect().adjusted(1, 1, -1, -1);
+    const bool textFits = inside.contains(layout.captionMoved) &&
+                          layout.caption.width() >= metrics.horizontalAdvance(button.Caption().trimmed());
+    return textFits && (picture.isEmpty() || inside.contains(layout.picture));
+}
+} // namespace
+
+class MainFrmCaptionsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedProgram> opened;
+    MainFrm& window() const { return opened->main(); }
+
+    /// Checks what is seen of a window now; counts the captions, so that an empty window can't pass.
+    int checkSeen(const QWidget& form, const QStringList& fromFiles = {}) {
+        int captions = 0;
+        for (const Label* label : form.findChildren<Label*>()) {
+            if (!isSeen(*label) || label->Caption().isEmpty() || fromFiles.contains(label->objectName()))
+                continue;
+            if (!form.rect().intersects(QRect(label->mapTo(&form, QPoint()), label->size()))) continue;
+            ++captions;
+            if (!isWhole(label->Caption(), label->font(), label->alignment(), *label))
+                complain(*label, label->Caption());
+        }
+        for (const chameleonButton* button : form.findChildren<chameleonButton*>()) {
+            if (!isSeen(*button) || button->Caption().trimmed().isEmpty()) continue;
+            ++captions;
+            if (!isWhole(*button)) complain(*button, button->Caption());
+        }
+        return captions;
+    }
+    QStringList cut;
+    void complain(const QWidget& control, const QString& text) {
+        cut << control.window()->objectName() + QLatin1Char('.') + control.objectName() +
+                   QStringLiteral(": ") + text;
+    }
+    static void languageRows() {
+        QTest::addColumn<QByteArray>("code");
+        for (const char* code : {"esp", "cat", "eng"}) QTest::newRow(code) << QByteArray(code);
+    }
+    void openIn(const QByteArray& code) {
+        opened->world.useLanguage(code.constData());
+        opened->game(QStringLiteral("a.gb"));
+        opened->game(QStringLiteral("b.zip"));
+        opened->open();
+    }
+
+private slots:
+    void init() {
+        opened = std::make_unique<OpenedProgram>();
+        cut.clear();
+    }
+    void cleanup() { opened.reset(); }
+
+    void the_stand_ins_of_all_fonts_are_installed_data() {
+        QTest::addColumn<int>("face");
+        for (const int face : {FontSpec::Verdana, FontSpec::MSSansSerif, FontSpec::Tahoma,
+                               FontSpec::TrebuchetMS, FontSpec::CourierNew}) {
+            QTest::newRow(Fonts::standIn(static_cast<FontSpec::Face>(face)).designFace) << face;
+        }
+    }
+    void the_stand_ins_of_all_fonts_are_installed() {
+        QFETCH(int, face);
+        const auto spec = static_cast<FontSpec::Face>(face);
+        const Fonts::StandIn standIn = Fonts::standIn(spec);
+        const QFontInfo found(Fonts::of({spec, 8.25}));
+        QVERIFY2(found.family() == QString::fromLatin1(standIn.family),
+                 qPrintable(QStringLiteral("%1 in place of %2 (package %3)")
+                                .arg(found.family(), QString::fromLatin1(standIn.family),
+                                     QString::fromLatin1(standIn.debianPackage))));
+        QCOMPARE(found.pixelSize(), 11);
+    }
+    void the_check_finds_a_caption_that_is_cut() {
+        openIn("eng");
+        checkSeen(window());
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+        window().Lbl_ID3Title.setCaption(QString(60, QLatin1Char('m')));
+        window().ChameleonButton16.setCaption(QString(60, QLatin1Char('m')));
+        checkSeen(window());
+        QCOMPARE(cut.size(), 3); // the label, its twin and the button
+    }
+
+    void every_caption_of_the_main_window_is_whole_data() { languageRows(); }
+    void every_caption_of_the_main_window_is_whole() {
+        QFETCH(QByteArray, code);
+        openIn(code);
+        const QStringList fromFiles = {QStringLiteral("Label10"), QStringLiteral("Label14")};
+        QVERIFY(checkSeen(window()) > 25);
+        click(window().Edit_Menu);
+        QVERIFY(checkSeen(window()) > 20);
+        opened->chooseRow(1);
+        QVERIFY(checkSeen(window(), fromFiles) > 15);
+        for (chameleonButton* tool : {&window().Refresh, &window().Searcher, &window().Zipper}) {
+            emit tool->MouseMove(0, 0, 1, 1);
+            checkSeen(window(), fromFiles);
+        }
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+    }
+    void the_texts_for_nothing_are_whole_data() { languageRows(); }
+    void the_texts_for_nothing_are_whole() {
+        QFETCH(QByteArray, code);
+        opened->world.useLanguage(code.constData());
+        opened->open();
+        QVERIFY(checkSeen(window()) > 20);
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+    }
+    void the_hint_on_refused_input_is_whole() {
+        openIn("eng");
+        click(window().Edit_Menu);
+        emit window().EditID3Title.inputRefused();
+        checkSeen(window());
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+    }
+    void the_largest_numbers_are_whole() {
+        openIn("eng");
+        window().TotalRom.setCaption(QStringLiteral("+9999"));
+        window().Label41.setCaption(QStringLiteral("#100000/100000"));
+        window().GameFormat.setCaption(QStringLiteral("GameBoy Advance [33554KB]"));
+        checkSeen(window());
+        click(window().Edit_Menu);
+        window().Label2.setCaption(QStringLiteral("-175"));
+        // The panel ends one pixel in front of the end of the counter's shadow.
+        checkSeen(window(), {QStringLiteral("Label3")});
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+    }
+    void every_caption_of_the_question_is_whole_data() { languageRows(); }
+    void every_caption_of_the_question_is_whole() {
+        QFETCH(QByteArray, code);
+        openIn(code);
+        click(window().chameleonButton1);
+        const TorvMsg& question = *opened->program->torvMsg.ifLoaded();
+        QVERIFY(QTest::qWaitForWindowExposed(opened->program->torvMsg.ifLoaded()));
+        QVERIFY(checkSeen(question) >= 2);
+        if (!isWhole(question.Label2.Caption(), Fonts::of(Fonts::V8b), Qt::AlignLeft, question.Label2)) {
+            complain(question.Label2, question.Label2.Caption());
+        }
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+    }
+    void every_text_of_the_language_window_is_whole_data() {
+        QTest::addColumn<int>("language");
+        for (const int language : {0, 1, 2}) QTest::addRow("%d", language) << language;
+    }
+    void every_text_of_the_language_window_is_whole() {
+        QFETCH(int, language);
+        opened->world.setSetting("Language", QString());
+        opened->start();
+        SelLangStartUp& first = *opened->program->selLangStartUp.ifLoaded();
+        QVERIFY(QTest::qWaitForWindowExposed(&first));
+        const auto type = [&] {
+            while (first.Timer1.Enabled()) emit first.Timer1.Tick();
+            checkSeen(first);
+        };
+        type();
+        QList<Label*> languages = {&first.Label4, &first.Label5, &first.Label6};
+        click(*languages[language]);
+        type();
+        QVERIFY(checkSeen(first) >= 7);
+        click(first.ok);
+        type();
+        QVERIFY(!first.Label7.Caption().isEmpty());
+        QCOMPARE(cut.join(QLatin1Char('\n')), QString());
+    }
+
+    void the_words_of_the_design_are_replaced_data() { languageRows(); }
+    void the_words_of_the_design_are_replaced() {
+        QFETCH(QByteArray, code);
+        openIn(code);
+        const QList<QPair<QString, const char*>> words = {{window().Lbl_ID3Title.Caption(), "gametitle"},
+                                                          {window().Lbl_ID3Author.Caption(), "gamecompany"},
+                                                          {window().Lbl_ID3Date.Caption(), "gamedate"},
+                                                          {window().Lbl_ID3Info.Caption(), "gameinfo"},
+                                                          {window().Lbl_ID3Format.Caption(), "gameformat"},
+                                                          {window().Label46.Caption(), "editid3"},
+                                                          {window().Label45.Caption(), "gametitle"},
+                                                          {window().Label43.Caption(), "gamecompany"},
+                                                          {window().Label57.Caption(), "gameinfo"},
+                                                          {window().Label11.Caption(), "ziptitle"},
+                                                          {window().Label9.Caption(), "size"},
+                                                          {window().Label16.Caption(), "totalrom"},
+                                                          {window().ChameleonButton17.Caption(), "delzip"},
+                                                          {window().ChameleonButton18.Caption(), "copyzip"},
+                                                          {window().ChameleonButton13.Caption(), "loadzip"},
+                                                          {window().ChameleonButton16.Caption(), "loadrom"},
+                                                          {window().chameleonButton11.Caption(), "deltag"},
+                                                          {window().chameleonButton9.Caption(), "delrom"},
+                                                          {window().chameleonButton10.Caption(), "copyrom"},
+                                                          {window().chameleonButton19.Caption(), "edittag"}};
+        for (const auto& [shown, key] : words) {
+            QVERIFY2(!shown.isEmpty(), key);
+            QCOMPARE(shown, opened->text("MainMenu", key));
+        }
+    }
+    void another_language_shows_when_the_main_window_loads_anew() {
+        openIn("esp");
+        QCOMPARE(window().Lbl_ID3Title.Caption(), QStringLiteral("Título del juego"));
+        opened->program->globals.LanguageFile =
+            opened->world.appPath() + QStringLiteral("\\data\\lang\\lang_cat.tvl");
+        QCOMPARE(window().Lbl_ID3Title.Caption(), QStringLiteral("Título del juego"));
+        // What is looked up at the moment it is shown is new at once.
+        click(window().Edit_Menu);
+        QCOMPARE(window().Label17.Caption(), QStringLiteral("» Edita el ROM.TAG"));
+        opened->program->desk.reopenMainWindow();
+        QCOMPARE(window().Lbl_ID3Title.Caption(), QStringLiteral("Títol del joc"));
+        QCOMPARE(window().Label1.Caption(), QStringLiteral("Torvane 1.1 » Menú principal"));
+        QCOMPARE(window().Label13.Caption(), QStringLiteral("» Llista de jocs"));
+    }
+};
+
+QTEST_MAIN(MainFrmCaptionsTest)
+#include "MainFrmCaptionsTest.moc"
