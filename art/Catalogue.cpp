@@ -57,8 +57,7 @@ QRectF Catalogue::rect(const QString& window, const QString& name) const {
 
 QRectF Catalogue::united(const QString& window, const QStringList& names) const {
     QRectF all;
-    for (const QString& name : names)
-        all |= rect(window, name);
+    for (const QString& name : names) all |= rect(window, name);
     return all;
 }
 

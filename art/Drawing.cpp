@@ -74,8 +74,7 @@ Drawing::Drawing(QByteArray svg, const QString& path) : source(std::move(svg)), 
 
 Drawing Drawing::recoloured(const QList<std::pair<QByteArray, QByteArray>>& colours) const {
     QByteArray text = source;
-    for (const auto& [from, to] : colours)
-        text.replace(from, to);
+    for (const auto& [from, to] : colours) text.replace(from, to);
     return Drawing(text, name);
 }
 
@@ -112,8 +111,7 @@ QImage Drawing::hardEdged(int pixels, int outlineWidth) const {
     const QImage large = smooth(pixels * samples).convertToFormat(QImage::Format_ARGB32);
     QImage plain(pixels, pixels, QImage::Format_ARGB32);
     for (int y = 0; y < pixels; ++y) {
-        for (int x = 0; x < pixels; ++x)
-            plain.setPixel(x, y, vote(large, x, y));
+        for (int x = 0; x < pixels; ++x) plain.setPixel(x, y, vote(large, x, y));
     }
     return outlined(plain, outlineWidth);
 }

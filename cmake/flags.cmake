@@ -2,7 +2,6 @@
 # Compiler flags in one place: link torvane_flags to get them.
 add_library(torvane_flags INTERFACE)
 target_compile_options(torvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
-target_compile_definitions(torvane_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 if(TORVANE_SANITIZE)
   target_compile_options(torvane_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                                                  -fno-omit-frame-pointer)

@@ -37,18 +37,12 @@ constexpr std::array ways = {
 // The other windows are not part of the program yet; their rows wait in the table.
 Form* TorvaneDesk::form(Window window) {
     switch (window) {
-    case Window::SelLangStartUp:
-        return &m_program.selLangStartUp.get();
-    case Window::Splash:
-        return &m_program.splash.get();
-    case Window::MainFrm:
-        return &m_program.mainFrm.get();
-    case Window::Menuing:
-        return &m_program.menuing.get();
-    case Window::TorvMsg:
-        return &m_program.torvMsg.get();
-    default:
-        return nullptr;
+    case Window::SelLangStartUp: return &m_program.selLangStartUp.get();
+    case Window::Splash: return &m_program.splash.get();
+    case Window::MainFrm: return &m_program.mainFrm.get();
+    case Window::Menuing: return &m_program.menuing.get();
+    case Window::TorvMsg: return &m_program.torvMsg.get();
+    default: return nullptr;
     }
 }
 
@@ -62,10 +56,8 @@ bool TorvaneDesk::exists(Window window) const {
     case Window::Splash:
     case Window::MainFrm:
     case Window::Menuing:
-    case Window::TorvMsg:
-        return true;
-    default:
-        return false;
+    case Window::TorvMsg: return true;
+    default: return false;
     }
 }
 

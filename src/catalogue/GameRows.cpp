@@ -13,11 +13,12 @@ namespace {
 constexpr qsizetype longestRowText = 30;
 
 // The second piece of a name in bytes; empty if there is none.
-QByteArrayView secondPieceOf(QByteArrayView name) {
-    const qsizetype first = name.indexOf('.');
-    if (first < 0) return {};
-    const qsizetype second = name.indexOf('.', first + 1);
-    return second < 0 ? name.sliced(first + 1) : name.sliced(first + 1, second - first - 1);
+std::string_view secondPieceOf(QByteArrayView bytes) {
+    const std::string_view name(bytes.data(), static_cast<size_t>(bytes.size()));
+    const size_t first = name.find('.');
+    if (first == name.npos) return {};
+    const size_t second = name.find('.', first + 1);
+    return name.substr(first + 1, second == name.npos ? second : second - first - 1);
 }
 
 // The picture by kind; none for kinds that have none, "bin" among them. Upper case is no kind.
@@ -50,8 +51,8 @@ GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
     // A file without a picture of its own takes that of the file in front of it.
     GameIcon icon = GameIcon::none;
     for (int row = 0; row < rows; ++row) {
-        const QByteArrayView kind = secondPieceOf(m_names->bytes(row));
-        GameIcon own = iconOfKind({kind.data(), static_cast<size_t>(kind.size())});
+        const std::string_view kind = secondPieceOf(m_names->bytes(row));
+        GameIcon own = iconOfKind(kind);
         if (kind == "bin") ignoring([&] { own = iconOfSize(lengthOf(m_names->name(row))); });
         if (own != GameIcon::none) icon = own;
         m_icons.push_back(static_cast<quint8>(icon));

@@ -9,12 +9,9 @@ namespace torvane {
 namespace {
 QByteArray keyOf(Hosts::Host host) {
     switch (host) {
-    case Hosts::Host::update:
-        return QByteArrayLiteral("update");
-    case Hosts::Host::web:
-        return QByteArrayLiteral("web");
-    case Hosts::Host::search:
-        return QByteArrayLiteral("search");
+    case Hosts::Host::update: return QByteArrayLiteral("update");
+    case Hosts::Host::web: return QByteArrayLiteral("web");
+    case Hosts::Host::search: return QByteArrayLiteral("search");
     }
     return {};
 }
@@ -31,8 +28,7 @@ QString Hosts::address(Host host, const QString& path) const {
     QString value = QString::fromUtf8(
         IniFile::value(file, QByteArrayLiteral("Hosts"), keyOf(host)).value_or(QByteArray()));
     if (value.isEmpty()) value = QStringLiteral("data/site");
-    while (value.endsWith(QLatin1Char('/')))
-        value.chop(1);
+    while (value.endsWith(QLatin1Char('/'))) value.chop(1);
     if (value.contains(QStringLiteral("://"))) return value + path;
     return fileAddress(m_globals.AppPath + QLatin1Char('\\') + value) + path;
 }

@@ -16,8 +16,7 @@ constexpr qint64 longestLine = 16 << 10;
 QByteArray firstLine(const QString& file) {
     const QByteArray bytes = File(file).readAt(0, longestLine);
     qsizetype end = 0;
-    while (end < bytes.size() && bytes[end] != '\r' && bytes[end] != '\n')
-        ++end;
+    while (end < bytes.size() && bytes[end] != '\r' && bytes[end] != '\n') ++end;
     return bytes.first(end);
 }
 } // namespace

@@ -103,14 +103,9 @@ void MainFrm::Label15_Click() {
                                                                 QStringLiteral("zip"), QStringLiteral("0")));
     });
     switch (way) {
-    case LaunchWay::nothing:
-        break;
-    case LaunchWay::zipViewer:
-        m.desk.go(Window::MainFrm, Window::ZIP_Viewer);
-        break;
-    case LaunchWay::straight:
-        launch(Games.filePath());
-        break;
+    case LaunchWay::nothing: break;
+    case LaunchWay::zipViewer: m.desk.go(Window::MainFrm, Window::ZIP_Viewer); break;
+    case LaunchWay::straight: launch(Games.filePath()); break;
     case LaunchWay::withMinimising: {
         const State former = windowStateWord();
         setWindowStateWord(minimised);

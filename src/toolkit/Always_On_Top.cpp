@@ -21,7 +21,8 @@ void rewritePlaceAndSize(Form& window) {
 void SetTopMost(Form& window, bool NotTopMost) {
     Qt::WindowFlags flags = window.windowFlags();
     flags.setFlag(Qt::WindowStaysOnTopHint, !NotTopMost);
-    // The ordinary way of a widget would hide a shown window to change its flags.
+    // The ordinary way of a widget would hide a shown window to change its flags. This one asks the window
+    // manager at once; the next hide and show gives the window a new native handle, with the flag in it.
     window.overrideWindowFlags(flags);
     if (QWindow* handle = window.windowHandle()) handle->setFlag(Qt::WindowStaysOnTopHint, !NotTopMost);
     rewritePlaceAndSize(window);

@@ -39,12 +39,9 @@ void ButtonPainter::fillHandDrawn() {
 
 void ButtonPainter::frameHandDrawn() {
     switch (m_face.type) {
-    case 3:
-        return frameWarm();
-    case 4:
-        return frameRound();
-    default:
-        return frameNotched();
+    case 3: return frameWarm();
+    case 4: return frameRound();
+    default: return frameNotched();
     }
 }
 
@@ -66,8 +63,7 @@ void ButtonPainter::frameWarm() {
     }
     fillOrFrame({0, 0, m_width, m_height}, deepEdge, true);
     for (const int x : {1, m_width - 2}) {
-        for (const int y : {1, m_height - 2})
-            paintPixel(x, y, cornerEdge);
+        for (const int y : {1, m_height - 2}) paintPixel(x, y, cornerEdge);
     }
 }
 
@@ -76,8 +72,7 @@ void ButtonPainter::frameRound() {
     if (m_face.over && m_face.enabled && !m_face.pressed) paintRim(blueLight, blueDark);
     fillOrFrame({0, 0, m_width, m_height}, edge, true);
     for (const int x : {1, m_width - 2}) {
-        for (const int y : {1, m_height - 2})
-            paintPixel(x, y, shifted(edge, 48));
+        for (const int y : {1, m_height - 2}) paintPixel(x, y, shifted(edge, 48));
     }
 }
 

@@ -21,16 +21,11 @@ Edges textArea(const CaptionSource& source) {
     const int p = source.picture.width();
     const int q = source.picture.height();
     switch (source.place) {
-    case PicturePlace::right:
-        return {1, 1, width - 2 - p, height - 2};
-    case PicturePlace::above:
-        return {1, q + 1, width - 2, height - 2};
-    case PicturePlace::below:
-        return {1, 1, width - 2, height - 2 - q};
-    case PicturePlace::behind:
-        return {1, 1, width - 2, height - 2};
-    default:
-        return {p + 1, 1, width - 2, height - 2};
+    case PicturePlace::right: return {1, 1, width - 2 - p, height - 2};
+    case PicturePlace::above: return {1, q + 1, width - 2, height - 2};
+    case PicturePlace::below: return {1, 1, width - 2, height - 2 - q};
+    case PicturePlace::behind: return {1, 1, width - 2, height - 2};
+    default: return {p + 1, 1, width - 2, height - 2};
     }
 }
 
@@ -47,16 +42,11 @@ QPoint picturePlace(const CaptionSource& source, const QRect& caption) {
     const int centredY = (source.client.height() - source.picture.height()) / 2;
     if (source.blankCaption) return {centredX, centredY};
     switch (source.place) {
-    case PicturePlace::right:
-        return {caption.x() + caption.width() + 4, centredY};
-    case PicturePlace::above:
-        return {centredX, caption.y() - source.picture.height() - 2};
-    case PicturePlace::below:
-        return {centredX, caption.y() + caption.height() + 2};
-    case PicturePlace::behind:
-        return {centredX, centredY};
-    default:
-        return {caption.x() - source.picture.width() - 4, centredY};
+    case PicturePlace::right: return {caption.x() + caption.width() + 4, centredY};
+    case PicturePlace::above: return {centredX, caption.y() - source.picture.height() - 2};
+    case PicturePlace::below: return {centredX, caption.y() + caption.height() + 2};
+    case PicturePlace::behind: return {centredX, centredY};
+    default: return {caption.x() - source.picture.width() - 4, centredY};
     }
 }
 
@@ -72,10 +62,8 @@ QRegion roundCorners(QSize size) {
     const int lastX = size.width() - 1;
     const int lastY = size.height() - 1;
     QRegion blocks;
-    for (const int y : {0, lastY})
-        blocks += QRegion(0, y, 2, 1) + QRegion(lastX - 1, y, 2, 1);
-    for (const int y : {1, lastY - 1})
-        blocks += QRegion(0, y, 1, 1) + QRegion(lastX, y, 1, 1);
+    for (const int y : {0, lastY}) blocks += QRegion(0, y, 2, 1) + QRegion(lastX - 1, y, 2, 1);
+    for (const int y : {1, lastY - 1}) blocks += QRegion(0, y, 1, 1) + QRegion(lastX, y, 1, 1);
     return blocks;
 }
 } // namespace
@@ -101,17 +89,12 @@ QRegion BuildRegion(int buttonType, QSize client) {
     const QRegion whole(QRect(QPoint(), client));
     switch (buttonType) {
     case 1:
-    case 14:
-        return whole - cornerPixels(client);
+    case 14: return whole - cornerPixels(client);
     case 3:
-    case 4:
-        return whole - roundCorners(client);
-    case 5:
-        return whole - QRegion(0, client.height() - 1, 1, 1) - QRegion(client.width() - 1, 0, 1, 1);
-    case 13:
-        return QRegion(QRect(QPoint(), client), QRegion::Ellipse);
-    default:
-        return whole;
+    case 4: return whole - roundCorners(client);
+    case 5: return whole - QRegion(0, client.height() - 1, 1, 1) - QRegion(client.width() - 1, 0, 1, 1);
+    case 13: return QRegion(QRect(QPoint(), client), QRegion::Ellipse);
+    default: return whole;
     }
 }
 

@@ -13,13 +13,13 @@ void ButtonPainter::paint() {
     fillOrFrame({0, 0, m_width, m_height}, m_colours.face, false);
     if (!m_face.enabled) {
         paintDisabled();
-        paintPicture(2);
+        paintPicture(Branch::disabled);
     } else if (m_face.pressed) {
         paintPressed();
-        paintPicture(1);
+        paintPicture(Branch::pressed);
     } else {
         paintNormal();
-        paintPicture(0);
+        paintPicture(Branch::normal);
     }
 }
 
@@ -36,17 +36,10 @@ void ButtonPainter::paintCaption(Look look) {
     case down:
         paintCaptionEffect(second);
         return paintText(second, m_face.type == 4 ? m_colours.light : m_colours.textOver);
-    case dead:
-        paintText(second, m_colours.highlight);
-        return paintText(first, m_colours.shadow);
-    case deadFlat:
-        paintCaptionEffect(first);
-        return paintText(first, m_colours.shadow);
-    case deadWarm:
-        return paintText(first, shifted(m_colours.deepFace, -104, true));
-    case deadSmooth:
-        paintText(second, m_colours.highlight);
-        return paintText(first, m_colours.face);
+    case dead: paintText(second, m_colours.highlight); return paintText(first, m_colours.shadow);
+    case deadFlat: paintCaptionEffect(first); return paintText(first, m_colours.shadow);
+    case deadWarm: return paintText(first, shifted(m_colours.deepFace, -104, true));
+    case deadSmooth: paintText(second, m_colours.highlight); return paintText(first, m_colours.face);
     case downSmooth:
         paintText(second, shifted(m_colours.shadow, -50));
         return paintText(first, m_colours.highlight);
@@ -74,17 +67,17 @@ void ButtonPainter::paintText(const QRect& place, OleColour colour) {
     m_painter.drawText(area, captionFlags | Qt::AlignHCenter, m_face.caption);
 }
 
-void ButtonPainter::paintPicture(int branch) {
+void ButtonPainter::paintPicture(Branch branch) {
     if (m_face.normalPicture.isNull()) return;
     const bool hasOver = !m_face.overPicture.isNull();
     const QImage& chosen =
-        hasOver && (branch == 1 || m_face.over) ? m_face.overPicture : m_face.normalPicture;
-    if (branch == 2) {
+        hasOver && (branch == Branch::pressed || m_face.over) ? m_face.overPicture : m_face.normalPicture;
+    if (branch == Branch::disabled) {
         paintDisabledPicture();
     } else {
-        const bool stays = branch == 0 || m_face.type == 5 || m_face.type == 9;
+        const bool stays = branch == Branch::normal || m_face.type == 5 || m_face.type == 9;
         paintPictureEffect(chosen, stays ? 0 : 1);
-        copyPicture(chosen, stays ? 0 : 1, branch == 0 && !m_face.over && m_face.useGreyscale);
+        copyPicture(chosen, stays ? 0 : 1, branch == Branch::normal && !m_face.over && m_face.useGreyscale);
     }
     if (m_face.place == PicturePlace::behind) paintCaption(m_captionLook);
 }
@@ -100,12 +93,10 @@ void ButtonPainter::paintPictureEffect(const QImage& picture, int offset) {
 void ButtonPainter::paintDisabledPicture() {
     const QImage& picture = m_face.normalPicture;
     switch (m_face.type) {
-    case 3:
-        return stencilPicture(picture, {1, 1}, m_colours.deepFace);
+    case 3: return stencilPicture(picture, {1, 1}, m_colours.deepFace);
     case 5:
     case 6:
-    case 9:
-        return stencilPicture(picture, {0, 0}, m_colours.shadow);
+    case 9: return stencilPicture(picture, {0, 0}, m_colours.shadow);
     default:
         stencilPicture(picture, {1, 1}, m_colours.highlight);
         return stencilPicture(picture, {0, 0}, m_colours.shadow);

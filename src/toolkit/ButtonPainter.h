@@ -53,6 +53,7 @@ private:
         OleColour bottomRightInner = 0;
     };
     enum class Depth { flat, full };
+    enum class Branch { normal, pressed, disabled };
     enum Look {
         normal = 0,
         under = 1,
@@ -64,21 +65,21 @@ private:
         downSmooth = 7
     };
 
-    // ButtonPainter.cpp: the order of one paint, and what all types share.
-    void paintNormal();
-    void paintPressed();
-    void paintDisabled();
+    // ButtonPainter.cpp: what all types share.
     void paintCaption(Look look);
     void paintCaptionEffect(const QRect& place);
     void paintText(const QRect& place, OleColour colour);
-    void paintPicture(int branch);
+    void paintPicture(Branch branch);
     void paintPictureEffect(const QImage& picture, int offset);
     void paintDisabledPicture();
     void stencilPicture(const QImage& picture, QPoint offset, OleColour colour);
     void copyPicture(const QImage& picture, int offset, bool grey);
     void paintFocus();
 
-    // ButtonStyles.cpp: what lies under the caption and what frames it, by type.
+    // ButtonStyles.cpp: the three branches of a paint, and what lies under and around the caption by type.
+    void paintNormal();
+    void paintPressed();
+    void paintDisabled();
     void paintGround();
     void paintFrame(bool isDown);
     void paintBevel(const BevelColours& colours, int offset, Depth depth);

@@ -82,14 +82,10 @@ ButtonPalette systemScheme() {
 
 ButtonPalette schemeOf(const PaletteSource& source) {
     switch (source.colorScheme) {
-    case 2:
-        return customScheme(source);
-    case 3:
-        return fixedScheme();
-    case 4:
-        return containerScheme(source);
-    default:
-        return systemScheme();
+    case 2: return customScheme(source);
+    case 3: return fixedScheme();
+    case 4: return containerScheme(source);
+    default: return systemScheme();
     }
 }
 } // namespace

@@ -32,14 +32,10 @@ void ButtonPainter::paintDisabled() {
 
 ButtonPainter::Look ButtonPainter::deadLook() const {
     switch (m_face.type) {
-    case 3:
-        return deadWarm;
-    case 6:
-        return deadFlat;
-    case 14:
-        return deadSmooth;
-    default:
-        return dead;
+    case 3: return deadWarm;
+    case 6: return deadFlat;
+    case 14: return deadSmooth;
+    default: return dead;
     }
 }
 
@@ -47,43 +43,28 @@ void ButtonPainter::paintGround() {
     switch (m_face.type) {
     case 3:
     case 4:
-    case 5:
-        return fillHandDrawn();
-    case 9:
-        return fillFlat();
-    case 11:
-        return m_painter.drawImage(0, 0, m_face.background);
-    case 13:
-        return fillEllipse();
-    case 14:
-        return fillSmooth();
-    default:
-        return;
+    case 5: return fillHandDrawn();
+    case 9: return fillFlat();
+    case 11: return m_painter.drawImage(0, 0, m_face.background);
+    case 13: return fillEllipse();
+    case 14: return fillSmooth();
+    default: return;
     }
 }
 
 void ButtonPainter::paintFrame(bool isDown) {
     switch (m_face.type) {
-    case 1:
-        return frameClassic(isDown);
-    case 2:
-        return frameTwoLevel(isDown);
+    case 1: return frameClassic(isDown);
+    case 2: return frameTwoLevel(isDown);
     case 3:
     case 4:
-    case 5:
-        return frameHandDrawn();
-    case 6:
-        return frameTwoTone(isDown);
-    case 7:
-        return frameThin(isDown);
-    case 8:
-        return m_face.over ? frameThin(isDown) : void();
-    case 12:
-        return m_face.over ? frameTwoLevel(isDown) : void();
-    case 14:
-        return frameSmooth();
-    default:
-        return;
+    case 5: return frameHandDrawn();
+    case 6: return frameTwoTone(isDown);
+    case 7: return frameThin(isDown);
+    case 8: return m_face.over ? frameThin(isDown) : void();
+    case 12: return m_face.over ? frameTwoLevel(isDown) : void();
+    case 14: return frameSmooth();
+    default: return;
     }
 }
 

@@ -9,14 +9,10 @@ namespace torvane::InputWords {
 
 int button(Qt::MouseButton button) {
     switch (button) {
-    case Qt::LeftButton:
-        return leftButton;
-    case Qt::RightButton:
-        return rightButton;
-    case Qt::MiddleButton:
-        return middleButton;
-    default:
-        return 0;
+    case Qt::LeftButton: return leftButton;
+    case Qt::RightButton: return rightButton;
+    case Qt::MiddleButton: return middleButton;
+    default: return 0;
     }
 }
 
@@ -40,47 +36,27 @@ int keyCode(int toolkitKey) {
     if (isPlain) return toolkitKey;
     if (toolkitKey >= Qt::Key_F1 && toolkitKey <= Qt::Key_F16) return 112 + toolkitKey - Qt::Key_F1;
     switch (toolkitKey) {
-    case Qt::Key_Backspace:
-        return 8;
-    case Qt::Key_Tab:
-        return 9;
+    case Qt::Key_Backspace: return 8;
+    case Qt::Key_Tab: return 9;
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return 13;
-    case Qt::Key_Shift:
-        return 16;
-    case Qt::Key_Control:
-        return 17;
-    case Qt::Key_Alt:
-        return 18;
-    case Qt::Key_Pause:
-        return 19;
-    case Qt::Key_CapsLock:
-        return 20;
-    case Qt::Key_Escape:
-        return 27;
-    case Qt::Key_PageUp:
-        return 33;
-    case Qt::Key_PageDown:
-        return 34;
-    case Qt::Key_End:
-        return 35;
-    case Qt::Key_Home:
-        return 36;
-    case Qt::Key_Left:
-        return keyLeft;
-    case Qt::Key_Up:
-        return keyUp;
-    case Qt::Key_Right:
-        return keyRight;
-    case Qt::Key_Down:
-        return keyDown;
-    case Qt::Key_Insert:
-        return 45;
-    case Qt::Key_Delete:
-        return 46;
-    default:
-        return 0;
+    case Qt::Key_Enter: return 13;
+    case Qt::Key_Shift: return 16;
+    case Qt::Key_Control: return 17;
+    case Qt::Key_Alt: return 18;
+    case Qt::Key_Pause: return 19;
+    case Qt::Key_CapsLock: return 20;
+    case Qt::Key_Escape: return 27;
+    case Qt::Key_PageUp: return 33;
+    case Qt::Key_PageDown: return 34;
+    case Qt::Key_End: return 35;
+    case Qt::Key_Home: return 36;
+    case Qt::Key_Left: return keyLeft;
+    case Qt::Key_Up: return keyUp;
+    case Qt::Key_Right: return keyRight;
+    case Qt::Key_Down: return keyDown;
+    case Qt::Key_Insert: return 45;
+    case Qt::Key_Delete: return 46;
+    default: return 0;
     }
 }
 
@@ -92,33 +68,20 @@ int keyAscii(const QKeyEvent& event) {
 QCursor pointer(int number, const QPixmap& icon) {
     if (number == customPointer && !icon.isNull()) return QCursor(icon, 0, 0);
     switch (number) {
-    case 2:
-        return Qt::CrossCursor;
-    case 3:
-        return Qt::IBeamCursor;
+    case 2: return Qt::CrossCursor;
+    case 3: return Qt::IBeamCursor;
     case 5:
-    case 15:
-        return Qt::SizeAllCursor;
-    case 6:
-        return Qt::SizeBDiagCursor;
-    case 7:
-        return Qt::SizeVerCursor;
-    case 8:
-        return Qt::SizeFDiagCursor;
-    case 9:
-        return Qt::SizeHorCursor;
-    case 10:
-        return Qt::UpArrowCursor;
-    case 11:
-        return Qt::WaitCursor;
-    case 12:
-        return Qt::ForbiddenCursor;
-    case 13:
-        return Qt::BusyCursor;
-    case 14:
-        return Qt::WhatsThisCursor;
-    default:
-        return Qt::ArrowCursor;
+    case 15: return Qt::SizeAllCursor;
+    case 6: return Qt::SizeBDiagCursor;
+    case 7: return Qt::SizeVerCursor;
+    case 8: return Qt::SizeFDiagCursor;
+    case 9: return Qt::SizeHorCursor;
+    case 10: return Qt::UpArrowCursor;
+    case 11: return Qt::WaitCursor;
+    case 12: return Qt::ForbiddenCursor;
+    case 13: return Qt::BusyCursor;
+    case 14: return Qt::WhatsThisCursor;
+    default: return Qt::ArrowCursor;
     }
 }
 

@@ -22,8 +22,7 @@ void PropertyBag::WriteProperty(const QString& name, const QVariant& value, cons
 
 QStringList PropertyBag::names() const {
     QStringList names;
-    for (const auto& [name, value] : m_values)
-        names << name;
+    for (const auto& [name, value] : m_values) names << name;
     return names;
 }
 

@@ -59,8 +59,7 @@ void TransparentBlit(QImage& target, const QRect& at, const QImage& picture, con
     for (int y = area.top(); y <= area.bottom(); ++y) {
         const auto* from = reinterpret_cast<const QRgb*>(source.constScanLine(y - at.y()));
         auto* onto = reinterpret_cast<QRgb*>(target.scanLine(y));
-        for (int x = area.left(); x <= area.right(); ++x)
-            onto[x] = pixel(from[x - shift], onto[x]);
+        for (int x = area.left(); x <= area.right(); ++x) onto[x] = pixel(from[x - shift], onto[x]);
     }
 }
 

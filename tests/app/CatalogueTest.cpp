@@ -191,19 +191,16 @@ void CatalogueTest::a_window_has_as_many_controls_of_each_kind_as_the_catalogue_
         expected[count.section(u' ', 1)] = count.section(u' ', 0, 0).toInt();
     }
     QMap<QString, int> counted;
-    for (const QObject* part : partsOf(form()))
-        ++counted[kindOf(part)];
+    for (const QObject* part : partsOf(form())) ++counted[kindOf(part)];
     QCOMPARE(counted, expected);
 }
 
 void CatalogueTest::a_window_has_no_control_that_the_catalogue_has_not() {
     QFETCH(Row, row);
     QStringList expected;
-    for (const Row& known : rowsOf(row[u"window"_s]))
-        expected.append(known[u"control"_s]);
+    for (const Row& known : rowsOf(row[u"window"_s])) expected.append(known[u"control"_s]);
     QStringList present;
-    for (const QObject* part : partsOf(form()))
-        present.append(part->objectName());
+    for (const QObject* part : partsOf(form())) present.append(part->objectName());
     expected.sort();
     present.sort();
     QCOMPARE(present, expected);
@@ -216,8 +213,7 @@ void CatalogueTest::the_tab_key_goes_in_the_order_of_tab_places() {
         if (control && control->tabIndex() >= 0) places.append(control->tabIndex());
     }
     QVERIFY(!places.isEmpty());
-    for (int place = 0; place < places.size(); ++place)
-        QCOMPARE(places[place], place);
+    for (int place = 0; place < places.size(); ++place) QCOMPARE(places[place], place);
 }
 
 // Controls

@@ -17,8 +17,7 @@ class IncludesTest : public QObject {
 
     QStringList faultsOf(const Tree& tree) const {
         IncludeRules rules(windows);
-        for (auto file = tree.begin(); file != tree.end(); ++file)
-            rules.add(file.key(), file.value());
+        for (auto file = tree.begin(); file != tree.end(); ++file) rules.add(file.key(), file.value());
         return rules.faults();
     }
 

@@ -41,8 +41,7 @@ QImage pixelsOf(const QString& path) {
 int countOf(const QImage& image, QRgb colour) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            count += image.pixel(x, y) == colour ? 1 : 0;
+        for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == colour ? 1 : 0;
     }
     return count;
 }
@@ -50,8 +49,7 @@ int countOf(const QImage& image, QRgb colour) {
 QSet<int> alphasOf(const QImage& image) {
     QSet<int> alphas;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            alphas << qAlpha(image.pixel(x, y));
+        for (int x = 0; x < image.width(); ++x) alphas << qAlpha(image.pixel(x, y));
     }
     return alphas;
 }
@@ -109,8 +107,7 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
         row(QString(icon) + ".png", "PNG", {24, 24});
         row(QString(icon) + "-over.png", "PNG", {24, 24});
     }
-    for (const char* icon : {"apply-24", "yes-24", "no-24"})
-        row(QString(icon) + ".png", "PNG", {24, 24});
+    for (const char* icon : {"apply-24", "yes-24", "no-24"}) row(QString(icon) + ".png", "PNG", {24, 24});
     for (const char* icon : {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32",
                              "console-color-32", "console-archive-32", "cursor-hand", "cursor-link"}) {
         row(QString(icon) + ".png", "PNG", {32, 32});
@@ -133,8 +130,7 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales() {
 void ArtworkTest::a_masked_icon_is_opaque_and_stands_on_its_mask_colour_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QRgb>("mask");
-    for (const char* icon : {"compact-16", "close-16", "minimise-16"})
-        QTest::newRow(icon) << icon << silver;
+    for (const char* icon : {"compact-16", "close-16", "minimise-16"}) QTest::newRow(icon) << icon << silver;
     for (const char* icon :
          {"archive-16",      "refresh-16",    "search-16",          "up-16",           "down-16",
           "delete-16",       "copy-16",       "tag-delete-16",      "database-24",     "gallery-24",
@@ -234,8 +230,7 @@ void ArtworkTest::the_intro_outline_is_neither_empty_nor_a_rectangle() {
     int inside = 0;
     for (int y = 0; y < splash.height(); ++y) {
         int width = 0;
-        for (int x = 0; x < splash.width(); ++x)
-            width += splash.pixel(x, y) != mask ? 1 : 0;
+        for (int x = 0; x < splash.width(); ++x) width += splash.pixel(x, y) != mask ? 1 : 0;
         widths << width;
         inside += width;
     }
@@ -246,8 +241,7 @@ void ArtworkTest::the_intro_outline_is_neither_empty_nor_a_rectangle() {
 }
 
 void ArtworkTest::the_intro_never_shows_the_colour_that_ends_a_row() {
-    for (int scale : {1, 2})
-        QCOMPARE(countOf(pixelsOf(scaled(":/art/Splash.bmp", scale)), buttonFace), 0);
+    for (int scale : {1, 2}) QCOMPARE(countOf(pixelsOf(scaled(":/art/Splash.bmp", scale)), buttonFace), 0);
 }
 
 void ArtworkTest::the_intro_screen_lies_inside_of_the_device() {
@@ -289,8 +283,7 @@ void ArtworkTest::a_movie_is_animated_and_keeps_its_size() {
     const int delay = movie.nextFrameDelay();
     QVERIFY2(delay >= 50 && delay <= 84,
              qPrintable(QString("%1 ms is not 12 to 20 frames a second").arg(delay)));
-    for (int frame = 1; frame < movie.frameCount() / 2; ++frame)
-        QVERIFY(movie.jumpToNextFrame());
+    for (int frame = 1; frame < movie.frameCount() / 2; ++frame) QVERIFY(movie.jumpToNextFrame());
     QCOMPARE(movie.currentImage().size(), size);
     QVERIFY(movie.currentImage() != first);
 }

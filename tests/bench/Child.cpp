@@ -17,8 +17,7 @@ namespace torvane::bench {
 namespace {
 pid_t start(const std::vector<std::string>& command, int output) {
     std::vector<char*> words;
-    for (const std::string& word : command)
-        words.push_back(const_cast<char*>(word.c_str()));
+    for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
     words.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -35,8 +34,7 @@ Values readValues(int handle) {
     Values values;
     char name[64];
     double value = 0;
-    while (std::fscanf(output.get(), "%63s %lf", name, &value) == 2)
-        values[name] = value;
+    while (std::fscanf(output.get(), "%63s %lf", name, &value) == 2) values[name] = value;
     return values;
 }
 } // namespace

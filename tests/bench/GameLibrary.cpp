@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace {
 constexpr int gamesWithContent = 1200;
 
-constexpr std::array first = {"Amber", "Brass",  "Café",   "Dusty", "Élan",     "Frozen", "Golden", "Hidden",
+constexpr std::array first = {"Amber", "Brass",  "Café",   "Dusty", "Elder",    "Frozen", "Golden", "Hidden",
                               "Ivory", "Jagged", "Kite",   "Lost",  "Midnight", "Noble",  "Outer",  "Paper",
                               "Quick", "Rusty",  "Silent", "Tiny",  "Upper",    "Velvet", "Wild",   "Zinc"};
 constexpr std::array second = {"Anchor",  "Bridge",  "Castle",  "Dungeon", "Engine",  "Forest",   "Garden",
@@ -66,16 +66,14 @@ void writeFile(const fs::path& path, const std::string& content) {
 
 void makeGames(const fs::path& roms, int count) {
     std::vector<int> order(static_cast<size_t>(count));
-    for (int i = 0; i < count; ++i)
-        order[static_cast<size_t>(i)] = i;
+    for (int i = 0; i < count; ++i) order[static_cast<size_t>(i)] = i;
     std::shuffle(order.begin(), order.end(), std::mt19937(1));
     const int every = count / gamesWithContent;
     for (const int number : order) {
         const bool hasContent = number % every == 0;
         writeFile(roms / gameName(number), hasContent ? gameContent(number / every) : std::string());
     }
-    for (int i = 0; i < count / 50; ++i)
-        writeFile(roms / (gameName(i) + ".sav"), {});
+    for (int i = 0; i < count / 50; ++i) writeFile(roms / (gameName(i) + ".sav"), {});
     writeFile(roms / "read me.txt", "Not a game.\r\n");
 }
 } // namespace

@@ -21,8 +21,7 @@ size_t plainNames(const char* folder) {
     std::vector<std::string> names;
     DIR* dir = opendir(folder);
     if (dir == nullptr) return 0;
-    while (const dirent* entry = readdir(dir))
-        names.emplace_back(entry->d_name);
+    while (const dirent* entry = readdir(dir)) names.emplace_back(entry->d_name);
     closedir(dir);
     std::sort(names.begin(), names.end());
     return names.size();

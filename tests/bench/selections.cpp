@@ -29,8 +29,7 @@ public:
     }
     void awaitOne() {
         m_painted = false;
-        while (!m_painted)
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        while (!m_painted) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 
 private:

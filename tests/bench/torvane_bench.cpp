@@ -64,12 +64,9 @@ public:
         : m_programs(programs), m_small("10,000", scratch, 10'000), m_large("100,000", scratch, 100'000) {}
 
     bool runAll() {
-        for (int round = 0; round <= rounds; ++round)
-            takeStarts(round > 0);
-        for (int round = 0; round <= rounds; ++round)
-            takeStartsFromOutside(round > 0);
-        for (int round = 0; round <= rounds; ++round)
-            takeSelections(round > 0);
+        for (int round = 0; round <= rounds; ++round) takeStarts(round > 0);
+        for (int round = 0; round <= rounds; ++round) takeStartsFromOutside(round > 0);
+        for (int round = 0; round <= rounds; ++round) takeSelections(round > 0);
         Report::printHead();
         reportStarts();
         reportMemory();

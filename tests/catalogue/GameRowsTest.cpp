@@ -25,8 +25,7 @@ class GameRowsTest : public QObject {
     std::unique_ptr<TestFolder> folder;
 
     void make(const QByteArrayList& names) const {
-        for (const QByteArray& name : names)
-            folder->writeNative(name, "x");
+        for (const QByteArray& name : names) folder->writeNative(name, "x");
     }
     GameRows rows(const QString& pattern = QString()) const {
         const auto names = FolderNames::read(folder->path(), pattern);
@@ -36,8 +35,7 @@ class GameRowsTest : public QObject {
     }
     static QList<int> icons(const GameRows& rows) {
         QList<int> all;
-        for (int i = 0; i < rows.count(); ++i)
-            all.append(rows.icon(i));
+        for (int i = 0; i < rows.count(); ++i) all.append(rows.icon(i));
         return all;
     }
     void makeSized(const char* name, qint64 size) const {
@@ -239,8 +237,7 @@ private slots:
         QCOMPARE(totalText(count), text);
     }
     void a_library_of_10000_games_has_10000_rows_and_shows_plus_9999() {
-        for (int i = 0; i < 10000; ++i)
-            folder->writeNative(QByteArray::number(i) + ".gb", "");
+        for (int i = 0; i < 10000; ++i) folder->writeNative(QByteArray::number(i) + ".gb", "");
         const GameRows list = rows(namedPattern);
         QCOMPARE(list.count(), 10000);
         QCOMPARE(list.icon(9999), classic);

@@ -30,8 +30,7 @@ private slots:
 
     void all_bytes_are_read_as_they_are() {
         QByteArray bytes;
-        for (int i = 0; i < 1024; ++i)
-            bytes.append(static_cast<char>(i));
+        for (int i = 0; i < 1024; ++i) bytes.append(static_cast<char>(i));
         const QString path = folder->write(QStringLiteral("a.gb"), bytes);
         QCOMPARE(File::contentOf(path), bytes);
         QCOMPARE(File::lengthOf(path), 1024);

@@ -15,8 +15,7 @@ class FolderNamesTest : public QObject {
     QByteArrayList names(const char* pattern = "*.gb") const {
         const auto table = FolderNames::read(folder->path(), QString::fromLatin1(pattern));
         QByteArrayList all;
-        for (int i = 0; i < table->count(); ++i)
-            all.append(table->bytes(i).toByteArray());
+        for (int i = 0; i < table->count(); ++i) all.append(table->bytes(i).toByteArray());
         return all;
     }
 
@@ -26,21 +25,18 @@ private slots:
     void names_are_in_order_without_regard_to_case_and_equal_ones_by_their_bytes() {
         const QByteArrayList ordered = {"10.gb", "9.gb", "A.gb",           "a.gb",           "A1.gb", "B.gb",
                                         "b.gb",  "c.GB", "long name a.gb", "Long Name B.gb", "z.gb"};
-        for (qsizetype i = ordered.size(); i-- > 0;)
-            folder->writeNative(ordered[i], "x");
+        for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
     void names_that_are_alike_for_many_letters_are_still_in_order() {
         const QByteArrayList ordered = {"aaaaaaa.gb",   "AAAAAAAA.gb",  "aaaaaaaa1.gb",
                                         "aaaaaaaaA.gb", "aaaaaaaaa.gb", "AAAAAAAAb.gb"};
-        for (qsizetype i = ordered.size(); i-- > 0;)
-            folder->writeNative(ordered[i], "x");
+        for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
     void letters_outside_of_ascii_are_ordered_without_regard_to_case() {
         const QByteArrayList ordered = {"zeta.gb", "Àa.gb", "àb.gb", "ÀC.gb", "Ña.gb", "ñb.gb"};
-        for (qsizetype i = ordered.size(); i-- > 0;)
-            folder->writeNative(ordered[i], "x");
+        for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
     void folders_hidden_files_and_other_kinds_are_left_out() {

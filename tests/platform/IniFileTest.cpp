@@ -111,8 +111,7 @@ private slots:
     void other_values_and_comments_are_kept() {
         const QString path = file("; about this file\n\nloose=0\n; about S\n[S]\n# about "
                                   "k\nk=1\nempty=\nlast=2\n; about T\n[T]\nk=other\n");
-        for (int round = 0; round < 3; ++round)
-            IniFile::setValue(path, "S", "k", QByteArray::number(round));
+        for (int round = 0; round < 3; ++round) IniFile::setValue(path, "S", "k", QByteArray::number(round));
         QCOMPARE(content().simplified(), QByteArray("; about this file loose = 0 ; about S [S] # about k k = "
                                                     "2 empty = last = 2 ; about T [T] k = other"));
     }
@@ -245,8 +244,7 @@ private slots:
         const QByteArray signs("[]=;#\n\r \t<\"\\kS\0\xFF\xEF\xBB\xBF", 19);
         for (int round = 0; round < 300; ++round) {
             QByteArray bytes(std::rand() % 200, '\0');
-            for (char& c : bytes)
-                c = signs[static_cast<qsizetype>(std::rand() % signs.size())];
+            for (char& c : bytes) c = signs[static_cast<qsizetype>(std::rand() % signs.size())];
             const QString path = file(bytes);
             (void)IniFile::value(path, "S", "k");
             if (!failureOf([&] { IniFile::setValue(path, "S", "k", "v"); })) {

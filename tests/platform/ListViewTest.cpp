@@ -191,12 +191,10 @@ private slots:
         wheel(-60);
         wheel(-60);
         QCOMPARE(list->Top(), 1 - 6 * rowHeight);
-        for (int i = 0; i < 10; ++i)
-            wheel(-120);
+        for (int i = 0; i < 10; ++i) wheel(-120);
         QVERIFY(isInSight(19));
         QCOMPARE(list->Top() + 20 * rowHeight, panelHeight);
-        for (int i = 0; i < 20; ++i)
-            wheel(120);
+        for (int i = 0; i < 20; ++i) wheel(120);
         QCOMPARE(list->Top(), 1);
         QCOMPARE(list->currentRow(), -1);
     }

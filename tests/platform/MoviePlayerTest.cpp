@@ -165,8 +165,7 @@ private slots:
     }
     void a_movie_that_is_cut_off_does_no_harm() {
         const QByteArray gif = twoColours();
-        for (qsizetype length = 0; length < gif.size(); ++length)
-            QVERIFY(play(gif.first(length)));
+        for (qsizetype length = 0; length < gif.size(); ++length) QVERIFY(play(gif.first(length)));
         const QByteArray webp = introBytes();
         QVERIFY(webp.size() > 1000);
         for (const qsizetype length : {webp.size() / 10, webp.size() / 2, webp.size() - 1}) {

@@ -178,6 +178,7 @@ private slots:
             const OrdinaryUser user;
             QCOMPARE(replaceFailure("shut/a.gb"), number(RuntimeFailure::permissionDenied));
         }
+        folder->setMode(QStringLiteral("shut"), 0755);
         QCOMPARE(read("shut/a.gb"), QByteArray("former"));
         QCOMPARE(folder->entries(QStringLiteral("shut")), QStringList{QStringLiteral("a.gb")});
     }
@@ -216,8 +217,7 @@ private slots:
         QFETCH(int, size);
         QByteArray bytes(size, '\0');
         std::mt19937 random(3);
-        for (char& c : bytes)
-            c = static_cast<char>(random());
+        for (char& c : bytes) c = static_cast<char>(random());
         const QString source = write("source.gb", bytes);
         SafeFile::copy(source, at("new.gb"));
         SafeFile::copy(source, write("old.gb", "former"));
@@ -308,6 +308,7 @@ private slots:
             SafeFile::RestorePoint point(path);
             point.restore();
         }
+        folder->setMode(QStringLiteral("shut"), 0755);
         QCOMPARE(folder->entries(QStringLiteral("shut")), QStringList{QStringLiteral("a.gb")});
     }
 

@@ -201,9 +201,12 @@ private slots:
         folder->makeFolder(QStringLiteral("shut"));
         folder->setMode(QStringLiteral("shut"), 0555);
         Settings shut(folder->path(QStringLiteral("shut/config")));
-        const OrdinaryUser user;
-        QCOMPARE(failureOf([&] { shut.SaveSetting(app, config, QStringLiteral("k"), absent); }),
-                 number(RuntimeFailure::permissionDenied));
+        {
+            const OrdinaryUser user;
+            QCOMPARE(failureOf([&] { shut.SaveSetting(app, config, QStringLiteral("k"), absent); }),
+                     number(RuntimeFailure::permissionDenied));
+        }
+        folder->setMode(QStringLiteral("shut"), 0755);
     }
     void a_kill_during_a_save_loses_nothing() {
         set("Language", QStringLiteral("kept"));
@@ -212,8 +215,7 @@ private slots:
         for (int round = 0; round < 30; ++round) {
             const pid_t child = fork();
             if (child == 0) {
-                for (int i = 0;; ++i)
-                    set("Capturas", QString::number(i).repeated(1000));
+                for (int i = 0;; ++i) set("Capturas", QString::number(i).repeated(1000));
             }
             QVERIFY(child > 0);
             usleep(500 + random() % 8000);

@@ -40,8 +40,7 @@ private slots:
 
     void a_picture_is_taken_whatever_its_kind_and_name_data() {
         QTest::addColumn<QByteArray>("format");
-        for (const char* format : {"PNG", "BMP", "JPEG"})
-            QTest::newRow(format) << QByteArray(format);
+        for (const char* format : {"PNG", "BMP", "JPEG"}) QTest::newRow(format) << QByteArray(format);
     }
     void a_picture_is_taken_whatever_its_kind_and_name() {
         QFETCH(QByteArray, format);

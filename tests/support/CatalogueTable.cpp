@@ -18,8 +18,7 @@ QList<QMap<QString, QString>> tableRows(const QString& file) {
     for (const QString& line : lines) {
         const QStringList cells = line.split(u'\t');
         QMap<QString, QString> row;
-        for (qsizetype i = 0; i < names.size(); ++i)
-            row[names[i]] = cells.value(i);
+        for (qsizetype i = 0; i < names.size(); ++i) row[names[i]] = cells.value(i);
         rows.append(row);
     }
     return rows;
@@ -29,8 +28,7 @@ CatalogueNotes::CatalogueNotes(const QString& notes) {
     // A comma inside of quotes separates nothing.
     static const QRegularExpression piece(uR"((?:[^,"]|"[^"]*")+)"_s);
     auto pieces = piece.globalMatch(notes);
-    while (pieces.hasNext())
-        m_pieces.append(pieces.next().captured().trimmed());
+    while (pieces.hasNext()) m_pieces.append(pieces.next().captured().trimmed());
 }
 
 bool CatalogueNotes::take(const QString& word) { return m_pieces.removeOne(word); }

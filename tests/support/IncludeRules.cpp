@@ -43,20 +43,13 @@ IncludeRules::Layer IncludeRules::layerOf(const QString& path) const {
 
 bool IncludeRules::mayInclude(Layer from, Layer to) {
     switch (from) {
-    case base:
-        return to == base;
-    case forms:
-        return to == base || to == forms;
-    case controls:
-        return to == base || to == forms || to == controls;
-    case core:
-        return to == base || to == core;
-    case module:
-        return to == base || to == core || to == module;
-    case window:
-        return to != app;
-    case app:
-        return true;
+    case base: return to == base;
+    case forms: return to == base || to == forms;
+    case controls: return to == base || to == forms || to == controls;
+    case core: return to == base || to == core;
+    case module: return to == base || to == core || to == module;
+    case window: return to != app;
+    case app: return true;
     }
     return false;
 }

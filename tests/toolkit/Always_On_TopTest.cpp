@@ -54,8 +54,7 @@ private slots:
         form.showAndWait();
         const QRect before = form.geometry();
         QCOMPARE(before.topLeft(), QPoint(123, 77));
-        for (const bool notTopMost : {false, true, true})
-            SetTopMost(form, notTopMost);
+        for (const bool notTopMost : {false, true, true}) SetTopMost(form, notTopMost);
         QCOMPARE(form.geometry(), before);
     }
 

@@ -26,8 +26,7 @@ private slots:
     void focus_mark_is_inset_by_type_data() {
         QTest::addColumn<int>("type");
         QTest::addColumn<QRect>("expected");
-        for (const int type : {1, 2, 3, 4, 5, 6})
-            QTest::addRow("%d", type) << type << QRect(4, 4, 32, 12);
+        for (const int type : {1, 2, 3, 4, 5, 6}) QTest::addRow("%d", type) << type << QRect(4, 4, 32, 12);
         for (const int type : {7, 8, 9, 10, 11, 12, 13}) {
             QTest::addRow("%d", type) << type << QRect(3, 3, 34, 14);
         }

@@ -122,8 +122,7 @@ private slots:
 
     void any_other_scheme_is_the_systems_data() {
         QTest::addColumn<int>("scheme");
-        for (const int scheme : {1, 0, 5, -3})
-            QTest::addRow("%d", scheme) << scheme;
+        for (const int scheme : {1, 0, 5, -3}) QTest::addRow("%d", scheme) << scheme;
     }
 
     void any_other_scheme_is_the_systems() {

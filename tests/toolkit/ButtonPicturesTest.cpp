@@ -197,8 +197,7 @@ private slots:
         const auto textPixels = [](const QImage& image) {
             int count = 0;
             for (int x = 0; x < image.width(); ++x) {
-                for (int y = 0; y < image.height(); ++y)
-                    count += colourAt(image, x, y) == 0x00FFFF;
+                for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == 0x00FFFF;
             }
             return count;
         };

@@ -22,8 +22,7 @@ class PropertyBagTest : public QObject {
 private slots:
     void names_keep_the_order_of_writing() {
         PropertyBag bag;
-        for (const char* each : {"Z", "A", "M"})
-            bag.WriteProperty(name(each), 1);
+        for (const char* each : {"Z", "A", "M"}) bag.WriteProperty(name(each), 1);
         QCOMPARE(bag.names(), (QStringList{name("Z"), name("A"), name("M")}));
     }
 

@@ -29,8 +29,7 @@ QImage imageOf(const QList<const char*>& rows) {
 QByteArray drawn(const QRegion& shape, QSize size) {
     QByteArray rows;
     for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            rows += shape.contains(QPoint(x, y)) ? '#' : '.';
+        for (int x = 0; x < size.width(); ++x) rows += shape.contains(QPoint(x, y)) ? '#' : '.';
         rows += ' ';
     }
     return rows.trimmed();

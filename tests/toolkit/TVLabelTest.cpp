@@ -26,8 +26,7 @@ struct LabelForm : TestForm {
 int countOf(const QImage& image, OleColour colour) {
     int count = 0;
     for (int x = 0; x < image.width(); ++x) {
-        for (int y = 0; y < image.height(); ++y)
-            count += colourAt(image, x, y) == colour;
+        for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == colour;
     }
     return count;
 }

@@ -153,8 +153,7 @@ private slots:
     void initTestCase_data() {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("other");
-        for (const auto& [language, other] : languages)
-            QTest::newRow(language) << language << other;
+        for (const auto& [language, other] : languages) QTest::newRow(language) << language << other;
     }
 
     void initTestCase() {

@@ -16,6 +16,8 @@ namespace torvane {
 
 namespace {
 constexpr qsizetype pieceSize = 8;
+constexpr off_t mostRoom = 16 << 20;
+constexpr size_t usualEntrySize = 32;
 
 struct Entry {
     quint64 piece; // eight bytes of the key, those by which the sorting goes on at the moment
@@ -35,8 +37,16 @@ bool isFile(int folder, const dirent& entry) {
     return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISREG(info.st_mode);
 }
 
-bool isAscii(QByteArrayView name) {
-    return std::all_of(name.begin(), name.end(), [](char c) { return static_cast<uchar>(c) < 0x80; });
+bool isAscii(char c) { return static_cast<uchar>(c) < 0x80; }
+
+// Appends a name with all that is not ASCII in it in lower case.
+void appendFolded(std::string& text, QByteArrayView name) {
+    for (auto run = name.begin(); run != name.end();) {
+        const auto foreign = std::find_if_not(run, name.end(), isAscii);
+        text.append(run, foreign);
+        run = std::find_if(foreign, name.end(), isAscii);
+        text += NativeText::toNative(NativeText::fromNative({foreign, run}).toCaseFolded()).toStdString();
+    }
 }
 
 // Eight bytes at once with A to Z in lower case: a byte's top bit is set in `letters` if it is one of them.
@@ -59,25 +69,35 @@ quint64 pieceOf(QByteArrayView key, qsizetype from) {
 }
 
 struct Reading {
-    QByteArray bytes;
+    std::string bytes;
     std::vector<Entry> entries;
 
     // The key, which decides the place, is the name in lower case. Most names are ASCII: their pieces are
     // made lower when they are compared. Others have a key of their own.
     void add(QByteArrayView name, quint32 matches) {
         Entry entry{0, static_cast<quint32>(bytes.size()), 0, matches, static_cast<quint16>(name.size()), 0};
-        bytes.append(name);
+        bytes.append(name.data(), static_cast<size_t>(name.size()));
         entry.keyStart = entry.start;
-        if (!isAscii(name)) {
+        if (!std::all_of(name.begin(), name.end(), isAscii)) {
             entry.keyStart = static_cast<quint32>(bytes.size());
-            bytes.append(NativeText::toNative(NativeText::fromNative(name).toCaseFolded()));
+            appendFolded(bytes, name);
         }
         entry.keyLength = static_cast<quint16>(bytes.size() - entry.keyStart);
         entries.push_back(entry);
     }
 
-    QByteArrayView name(const Entry& e) const { return {bytes.constData() + e.start, e.length}; }
-    QByteArrayView key(const Entry& e) const { return {bytes.constData() + e.keyStart, e.keyLength}; }
+    // On most file systems the size of a folder tells how much there is to read. Room that is not needed
+    // costs nothing, and growing step by step costs copies.
+    void makeRoom(int folder) {
+        struct stat info {};
+        if (fstat(folder, &info) != 0) return;
+        const auto size = static_cast<size_t>(std::clamp<off_t>(info.st_size, 0, mostRoom));
+        bytes.reserve(size);
+        entries.reserve(size / usualEntrySize);
+    }
+
+    QByteArrayView name(const Entry& e) const { return {bytes.data() + e.start, e.length}; }
+    QByteArrayView key(const Entry& e) const { return {bytes.data() + e.keyStart, e.keyLength}; }
 
     void sort() { sortFrom(0, entries.begin(), entries.end()); }
 
@@ -115,6 +135,7 @@ private:
 void readInto(Reading& reading, const QString& folder, const std::vector<NamePattern>& patterns) {
     const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(Paths::real(folder).constData()), closedir);
     if (!dir) return;
+    reading.makeRoom(dirfd(dir.get()));
     while (const dirent* entry = readdir(dir.get())) {
         const QByteArrayView name(entry->d_name, static_cast<qsizetype>(std::strlen(entry->d_name)));
         if (name.front() == '.') continue;
@@ -153,14 +174,14 @@ std::vector<std::shared_ptr<const FolderNames>> FolderNames::read(const QString&
 }
 
 void FolderNames::append(QByteArrayView name) {
-    m_text.append(name);
+    m_text.append(name.data(), static_cast<size_t>(name.size()));
     m_ends.push_back(static_cast<quint32>(m_text.size()));
 }
 
 QByteArrayView FolderNames::bytes(int index) const {
     const auto at = static_cast<size_t>(index);
     const quint32 start = at == 0 ? 0 : m_ends[at - 1];
-    return QByteArrayView(m_text).sliced(start, m_ends[at] - start);
+    return {m_text.data() + start, static_cast<qsizetype>(m_ends[at] - start)};
 }
 
 QString FolderNames::name(int index) const { return NativeText::fromNative(bytes(index)); }

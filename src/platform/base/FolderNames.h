@@ -3,10 +3,11 @@
 // is read, so lists can share it; it is kept small, since a library may hold 100,000 games.
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace torvane {
@@ -32,7 +33,7 @@ public:
 private:
     void append(QByteArrayView name);
 
-    QByteArray m_text;
+    std::string m_text;
     std::vector<quint32> m_ends;
 };
 

@@ -5,6 +5,8 @@
 #include "RuntimeFailure.h"
 #include "SafeFile.h"
 
+#include <algorithm>
+
 // The bytes are handed through as they are: no conversion of text is wanted.
 #define SI_NO_CONVERSION
 #include <SimpleIni.h>
@@ -42,12 +44,13 @@ std::optional<QByteArrayView> sectionBegunBy(QByteArrayView line) {
 // The part of a file that can hold a section's keys: it is often a small one, and taking in the rest, too,
 // would be most of the time that a look-up takes.
 QByteArray partFor(const QByteArray& section, const QByteArray& bytes) {
+    const auto endsLine = [](char c) { return c == '\n' || c == '\r'; };
     QByteArray part;
     bool wanted = true;
-    for (qsizetype start = 0; start < bytes.size();) {
-        const qsizetype lineEnd = bytes.indexOf('\n', start);
-        const qsizetype next = lineEnd < 0 ? bytes.size() : lineEnd + 1;
-        const QByteArrayView line = QByteArrayView(bytes).sliced(start, next - start);
+    for (auto start = bytes.begin(); start != bytes.end();) {
+        const auto next = std::find_if_not(std::find_if(start, bytes.end(), endsLine), bytes.end(), endsLine);
+        const QByteArrayView line(start, next);
+        if (line.trimmed() == "[") return bytes; // the reader takes the name from the next line
         const auto begun = sectionBegunBy(line);
         if (begun) wanted = begun->compare(section, Qt::CaseInsensitive) == 0;
         if (wanted) part.append(line);

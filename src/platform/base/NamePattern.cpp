@@ -17,8 +17,9 @@ bool isAsciiLiteral(QStringView text) {
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
+// The last letter, in which most endings differ, is looked at first.
 bool endsWith(QByteArrayView name, const QByteArray& ending) {
-    return name.size() >= ending.size() &&
+    return name.size() >= ending.size() && lower(name.back()) == ending.back() &&
            std::equal(ending.begin(), ending.end(), name.end() - ending.size(),
                       [](char wanted, char c) { return wanted == lower(c); });
 }
@@ -44,8 +45,7 @@ bool wildcardMatches(QStringView form, QStringView name) {
             return false;
         }
     }
-    while (f < form.size() && form[f] == QLatin1Char('*'))
-        ++f;
+    while (f < form.size() && form[f] == QLatin1Char('*')) ++f;
     return f == form.size();
 }
 } // namespace

@@ -24,8 +24,7 @@ void NativeProcess::runAndWait(const QByteArray& program, const QByteArrayList& 
     words.prepend(program);
     std::vector<char*> argv;
     argv.reserve(static_cast<size_t>(words.size()) + 1);
-    for (QByteArray& word : words)
-        argv.push_back(word.data());
+    for (QByteArray& word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
     pid_t child = 0;
     if (posix_spawn(&child, program.constData(), nullptr, nullptr, argv.data(), environ) != 0) return;

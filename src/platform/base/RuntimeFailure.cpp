@@ -10,62 +10,40 @@ RuntimeFailure::RuntimeFailure(Number number) : m_number(number) {}
 
 RuntimeFailure RuntimeFailure::fromErrno(int error) {
     switch (error) {
-    case ENOENT:
-        return RuntimeFailure(fileNotFound);
-    case ENOTDIR:
-        return RuntimeFailure(pathNotFound);
+    case ENOENT: return RuntimeFailure(fileNotFound);
+    case ENOTDIR: return RuntimeFailure(pathNotFound);
     case ENOSPC:
     case EDQUOT:
-    case EFBIG:
-        return RuntimeFailure(diskFull);
+    case EFBIG: return RuntimeFailure(diskFull);
     case EACCES:
-    case EPERM:
-        return RuntimeFailure(permissionDenied);
+    case EPERM: return RuntimeFailure(permissionDenied);
     case EROFS:
     case EISDIR:
     case ENXIO: // a pipe or socket in place of a file, with nobody at its other end
     case ENAMETOOLONG:
-    case ELOOP:
-        return RuntimeFailure(pathAccess);
-    default:
-        return RuntimeFailure(deviceError);
+    case ELOOP: return RuntimeFailure(pathAccess);
+    default: return RuntimeFailure(deviceError);
     }
 }
 
 QString RuntimeFailure::describe(Number number) {
     switch (number) {
-    case none:
-        return QString();
-    case invalidCall:
-        return QStringLiteral("Invalid procedure call or argument");
-    case overflow:
-        return QStringLiteral("Overflow");
-    case outOfMemory:
-        return QStringLiteral("Out of memory");
-    case subscript:
-        return QStringLiteral("Subscript out of range");
-    case typeMismatch:
-        return QStringLiteral("Type mismatch");
-    case fileNotFound:
-        return QStringLiteral("File not found");
-    case deviceError:
-        return QStringLiteral("Device I/O error");
-    case diskFull:
-        return QStringLiteral("Disk full");
-    case permissionDenied:
-        return QStringLiteral("Permission denied");
-    case pathAccess:
-        return QStringLiteral("Path/File access error");
-    case pathNotFound:
-        return QStringLiteral("Path not found");
-    case noObject:
-        return QStringLiteral("Object variable or With block variable not set");
-    case invalidProperty:
-        return QStringLiteral("Invalid property value");
-    case invalidPicture:
-        return QStringLiteral("Invalid picture");
-    case printer:
-        return QStringLiteral("Printer error");
+    case none: return QString();
+    case invalidCall: return QStringLiteral("Invalid procedure call or argument");
+    case overflow: return QStringLiteral("Overflow");
+    case outOfMemory: return QStringLiteral("Out of memory");
+    case subscript: return QStringLiteral("Subscript out of range");
+    case typeMismatch: return QStringLiteral("Type mismatch");
+    case fileNotFound: return QStringLiteral("File not found");
+    case deviceError: return QStringLiteral("Device I/O error");
+    case diskFull: return QStringLiteral("Disk full");
+    case permissionDenied: return QStringLiteral("Permission denied");
+    case pathAccess: return QStringLiteral("Path/File access error");
+    case pathNotFound: return QStringLiteral("Path not found");
+    case noObject: return QStringLiteral("Object variable or With block variable not set");
+    case invalidProperty: return QStringLiteral("Invalid property value");
+    case invalidPicture: return QStringLiteral("Invalid picture");
+    case printer: return QStringLiteral("Printer error");
     }
     return QString();
 }

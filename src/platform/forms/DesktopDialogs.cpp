@@ -17,16 +17,11 @@ constexpr int iconMask = 0x70;
 
 QMessageBox::Icon iconOf(int flags) {
     switch (flags & iconMask) {
-    case MsgBoxFlags::critical:
-        return QMessageBox::Critical;
-    case MsgBoxFlags::question:
-        return QMessageBox::Question;
-    case MsgBoxFlags::exclamation:
-        return QMessageBox::Warning;
-    case MsgBoxFlags::information:
-        return QMessageBox::Information;
-    default:
-        return QMessageBox::NoIcon;
+    case MsgBoxFlags::critical: return QMessageBox::Critical;
+    case MsgBoxFlags::question: return QMessageBox::Question;
+    case MsgBoxFlags::exclamation: return QMessageBox::Warning;
+    case MsgBoxFlags::information: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
     }
 }
 

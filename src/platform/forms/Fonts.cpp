@@ -8,16 +8,11 @@ namespace torvane::Fonts {
 
 StandIn standIn(FontSpec::Face face) {
     switch (face) {
-    case FontSpec::Verdana:
-        return {"Verdana", "DejaVu Sans", "fonts-dejavu-core"};
-    case FontSpec::MSSansSerif:
-        return {"MS Sans Serif", "Liberation Sans", "fonts-liberation"};
-    case FontSpec::Tahoma:
-        return {"Tahoma", "DejaVu Sans Condensed", "fonts-dejavu-extra"};
-    case FontSpec::TrebuchetMS:
-        return {"Trebuchet MS", "Cabin", "fonts-cabin"};
-    case FontSpec::CourierNew:
-        return {"Courier New", "Liberation Mono", "fonts-liberation"};
+    case FontSpec::Verdana: return {"Verdana", "DejaVu Sans", "fonts-dejavu-core"};
+    case FontSpec::MSSansSerif: return {"MS Sans Serif", "Liberation Sans", "fonts-liberation"};
+    case FontSpec::Tahoma: return {"Tahoma", "DejaVu Sans Condensed", "fonts-dejavu-extra"};
+    case FontSpec::TrebuchetMS: return {"Trebuchet MS", "Cabin", "fonts-cabin"};
+    case FontSpec::CourierNew: return {"Courier New", "Liberation Mono", "fonts-liberation"};
     }
     return {"MS Sans Serif", "Liberation Sans", "fonts-liberation"};
 }

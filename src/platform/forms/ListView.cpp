@@ -22,8 +22,7 @@ constexpr OleColour hairline = 0x5A4841;
 
 ImageList::ImageList(Form& form, const char* name, std::initializer_list<const char*> pictures)
     : Component(form, name), m_pictures(pictures.size()), m_ratio(form.devicePixelRatioF()) {
-    for (const char* picture : pictures)
-        m_names.push_back(QString::fromLatin1(picture));
+    for (const char* picture : pictures) m_names.push_back(QString::fromLatin1(picture));
 }
 
 const QPixmap& ImageList::picture(int number) {

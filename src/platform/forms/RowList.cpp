@@ -53,8 +53,7 @@ void RowList::paintEvent(QPaintEvent* event) {
     const int origin = rowRect(0).top();
     const int first = std::max(0, (event->rect().top() - origin) / m_rowHeight);
     const int last = std::min(rowCount() - 1, (event->rect().bottom() - origin) / m_rowHeight);
-    for (int row = first; row <= last; ++row)
-        paintRow(painter, row, rowRect(row));
+    for (int row = first; row <= last; ++row) paintRow(painter, row, rowRect(row));
 }
 
 void RowList::mousePressEvent(QMouseEvent* event) {
@@ -81,20 +80,13 @@ void RowList::wheelEvent(QWheelEvent* event) {
 int RowList::rowAfterKey(int key) const {
     const int last = rowCount() - 1;
     switch (key) {
-    case Qt::Key_Up:
-        return std::max(0, m_current - 1);
-    case Qt::Key_Down:
-        return std::min(last, m_current + 1);
-    case Qt::Key_PageUp:
-        return std::max(0, m_current - rowsPerPage());
-    case Qt::Key_PageDown:
-        return std::min(last, m_current + rowsPerPage());
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return last;
-    default:
-        return -1;
+    case Qt::Key_Up: return std::max(0, m_current - 1);
+    case Qt::Key_Down: return std::min(last, m_current + 1);
+    case Qt::Key_PageUp: return std::max(0, m_current - rowsPerPage());
+    case Qt::Key_PageDown: return std::min(last, m_current + rowsPerPage());
+    case Qt::Key_Home: return 0;
+    case Qt::Key_End: return last;
+    default: return -1;
     }
 }
 

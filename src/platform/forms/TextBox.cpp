@@ -18,8 +18,7 @@ struct Insertion {
 Insertion insertionBetween(const QString& former, const QString& present) {
     const qsizetype shorter = std::min(former.size(), present.size());
     qsizetype front = 0;
-    while (front < shorter && former[front] == present[front])
-        ++front;
+    while (front < shorter && former[front] == present[front]) ++front;
     qsizetype back = 0;
     while (back < shorter - front && former[former.size() - 1 - back] == present[present.size() - 1 - back]) {
         ++back;
