@@ -27,6 +27,8 @@ QString configurationFolder() {
     return torvane::Paths::spelled(given.startsWith('/') ? given : qgetenv("HOME") + "/.config");
 }
 
+constexpr int windowIconDelay = 100; // milliseconds
+
 // The window icon in all sizes that window managers ask for; set when the first window stands, since
 // nobody waits for it.
 void setWindowIcon() {
@@ -59,6 +61,6 @@ int main(int argc, char** argv) {
     torvane::Runtime runtime{messages, dialogs, browser, processes, settings, endProcess};
     torvane::Program program(runtime, torvane::Paths::applicationFolder());
     program.start();
-    QTimer::singleShot(0, &application, setWindowIcon);
+    QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
     return QApplication::exec();
 }

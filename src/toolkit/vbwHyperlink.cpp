@@ -22,7 +22,8 @@ vbwHyperlink::vbwHyperlink(QWidget& parent, const char* name, const DesignRect& 
     setMouseTracking(true);
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    fitToCaption();
+    // A link that is parked outside of its window is never seen: no font is loaded to measure it.
+    if (parent.rect().intersects(geometry())) fitToCaption();
 }
 
 void vbwHyperlink::UserClick() {

@@ -15,6 +15,7 @@ namespace torvane {
 
 namespace {
 constexpr qint64 largestMovie = 16 << 20;
+constexpr int restMilliseconds = 30; // in which the window comes to stand before a movie is looked for
 const QString fileScheme = QStringLiteral("file://");
 
 // The name of the toolkit's reader for the content; empty for what the player doesn't show.
@@ -94,7 +95,7 @@ void MoviePlayer::goOn() {
 void MoviePlayer::paintEvent(QPaintEvent*) {
     if (m_wanted) {
         m_wanted = false;
-        QTimer::singleShot(0, this, &MoviePlayer::load);
+        QTimer::singleShot(restMilliseconds, this, &MoviePlayer::load);
     }
     if (m_movie && m_movie->isValid()) QPainter(this).drawPixmap(rect(), m_movie->currentPixmap());
 }

@@ -30,12 +30,18 @@ Insertion insertionBetween(const QString& former, const QString& present) {
 TextBox::TextBox(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
     : Control(parent, name, rect), m_look(look) {
     setFontSpec(look.font);
-    if (look.multiLine) {
-        makeArea();
-    } else {
-        makeLine();
-    }
     setText(QString::fromUtf8(look.text));
+}
+
+void TextBox::showEvent(QShowEvent* event) {
+    makeField();
+    Control::showEvent(event);
+}
+
+void TextBox::makeField() {
+    if (m_line != nullptr || m_area != nullptr) return;
+    m_look.multiLine ? makeArea() : makeLine();
+    show(m_text, 0);
 }
 
 void TextBox::makeLine() {
@@ -60,10 +66,12 @@ void TextBox::dress(QWidget& field) {
     field.setGeometry(rect());
     field.setAccessibleName(objectName());
     setFocusProxy(&field);
+    setTabOrder(this, &field);
     QPalette palette = field.palette();
     palette.setColor(QPalette::Base, Colours::toQColor(m_look.back));
     palette.setColor(QPalette::Text, Colours::toQColor(m_look.fore));
     field.setPalette(palette);
+    field.show();
 }
 
 QString TextBox::shownText() const { return m_line ? m_line->text() : m_area->toPlainText(); }
@@ -87,7 +95,7 @@ void TextBox::show(const QString& text, qsizetype cursor) {
 void TextBox::setText(const QString& text) {
     const bool changes = text != m_text;
     m_text = text;
-    show(text, 0);
+    if (m_line != nullptr || m_area != nullptr) show(text, 0);
     if (changes) emit Change();
 }
 

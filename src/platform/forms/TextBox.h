@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A field for plain text of one or several lines. What a program sets stays as it is, byte for byte, until
+// A field for plain text of one or several lines. Its editor is made when it is first shown: some fields
+// never are. What a program sets stays as it is, byte for byte, until
 // the user edits it; what the user enters passes a filter first.
 #pragma once
 
@@ -43,7 +44,11 @@ signals:
     /// The filter left out a part of what the user entered.
     void inputRefused();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void makeField();
     void makeLine();
     void makeArea();
     void dress(QWidget& field);

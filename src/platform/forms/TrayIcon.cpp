@@ -15,6 +15,7 @@ namespace torvane {
 
 namespace {
 constexpr qint64 largestPicture = 4 << 20;
+constexpr int restMilliseconds = 100; // in which the first window comes to stand
 
 // The name of the toolkit's reader for the content; empty for what is no picture of these kinds.
 QByteArray formatOf(const QByteArray& bytes) {
@@ -57,7 +58,7 @@ void TrayIcon::setShown(bool shown) {
 void TrayIcon::settle() {
     if (m_settling) return;
     m_settling = true;
-    QTimer::singleShot(0, this, [this] {
+    QTimer::singleShot(restMilliseconds, this, [this] {
         m_settling = false;
         const bool wanted = m_shown && !m_picture.isNull();
         if (!wanted) {
