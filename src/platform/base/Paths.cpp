@@ -47,7 +47,7 @@ QString applicationFolder() {
 QByteArray real(const QString& path) {
     QString slashed = path;
     slashed.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const QByteArray whole = NativeText::toNative(slashed);
+    QByteArray whole = NativeText::toNative(slashed);
     if (whole.isEmpty() || exists(whole)) return whole;
     QByteArray found = whole.startsWith('/') ? "" : ".";
     bool lost = false;
