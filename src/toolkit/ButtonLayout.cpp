@@ -86,7 +86,7 @@ void LayoutCaption(ButtonLayout& layout, const CaptionSource& source, const Text
 }
 
 QRegion BuildRegion(int buttonType, QSize client) {
-    const QRegion whole(QRect(QPoint(), client));
+    QRegion whole(QRect(QPoint(), client));
     switch (buttonType) {
     case 1:
     case 14: return whole - cornerPixels(client);
