@@ -71,7 +71,7 @@ void chameleonButton::ReadProperties(const PropertyBag& bag) {
 }
 
 QString chameleonButton::accessibleText() const {
-    const QString spoken = withoutAccessMarks(m_p.caption).trimmed();
+    QString spoken = withoutAccessMarks(m_p.caption).trimmed();
     if (!spoken.isEmpty()) return spoken;
     return toolTip().isEmpty() ? objectName() : toolTip();
 }

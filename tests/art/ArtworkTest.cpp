@@ -181,7 +181,7 @@ void ArtworkTest::a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours() {
             coolness += warmth(cool.pixel(x, y)) - warmth(warm.pixel(x, y));
         }
     }
-    QVERIFY(coolness < -10 * cool.width() * cool.height());
+    QVERIFY(coolness < -10LL * cool.width() * cool.height());
 }
 
 void ArtworkTest::a_list_icon_has_hard_edges_and_a_clear_corner_data() {
@@ -274,7 +274,7 @@ void ArtworkTest::a_movie_is_animated_and_keeps_its_size() {
     QFETCH(QString, path);
     QFETCH(QSize, size);
     QCOMPARE(kindOf(path), QByteArray("WebP"));
-    QVERIFY(QFile(path).size() < 300 * 1024);
+    QVERIFY(QFile(path).size() < 300LL * 1024);
     QMovie movie(path);
     QVERIFY(movie.jumpToFrame(0));
     QVERIFY(movie.frameCount() >= 10);

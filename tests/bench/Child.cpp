@@ -17,6 +17,7 @@ namespace torvane::bench {
 namespace {
 pid_t start(const std::vector<std::string>& command, int output) {
     std::vector<char*> words;
+    words.reserve(command.size() + 1);
     for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
     words.push_back(nullptr);
     posix_spawn_file_actions_t actions;
