@@ -64,7 +64,7 @@ void TVLabel::ReadProperties(const PropertyBag& bag) {
 }
 
 void TVLabel::WriteProperties(PropertyBag& bag) const {
-    const auto font = [](const FontSpec& spec) { return QVariant::fromValue(spec); };
+    const auto font = [](const FontSpec& named) { return QVariant::fromValue(named); };
     bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, false);
     bag.WriteProperty(QStringLiteral("Font"), font(m_fontNote), font(Fonts::M8));
     bag.WriteProperty(QStringLiteral("Appearance"), m_appearance, 0);

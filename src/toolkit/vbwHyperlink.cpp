@@ -113,7 +113,7 @@ void vbwHyperlink::ReadProperties(const PropertyBag& bag) {
 }
 
 void vbwHyperlink::WriteProperties(PropertyBag& bag) const {
-    const auto font = [](const FontSpec& spec) { return QVariant::fromValue(spec); };
+    const auto font = [](const FontSpec& named) { return QVariant::fromValue(named); };
     bag.WriteProperty(QStringLiteral("HoverColour"), m_hoverColour, hoverRed);
     bag.WriteProperty(QStringLiteral("HoverUnderline"), m_hoverUnderline, true);
     bag.WriteProperty(QStringLiteral("Caption"), m_caption, defaultCaption);

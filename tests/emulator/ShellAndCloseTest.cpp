@@ -27,7 +27,7 @@ class ShellAndCloseTest : public QObject {
 
     // An emulator that writes its arguments into the file "out" beside it.
     QString emulator(const char* name = "emu.sh", mode_t mode = 0755) const {
-        const QString path = folder->writeNative(
+        QString path = folder->writeNative(
             name, "#!/bin/sh\nfor a; do printf '<%s>' \"$a\"; done > \"$(dirname \"$0\")/out\"\n");
         folder->setMode(QString::fromLatin1(name), mode);
         return path;

@@ -114,9 +114,9 @@ private slots:
     }
     void the_stand_ins_of_all_fonts_are_installed() {
         QFETCH(int, face);
-        const auto spec = static_cast<FontSpec::Face>(face);
-        const Fonts::StandIn standIn = Fonts::standIn(spec);
-        const QFontInfo found(Fonts::of({spec, 8.25}));
+        const auto named = static_cast<FontSpec::Face>(face);
+        const Fonts::StandIn standIn = Fonts::standIn(named);
+        const QFontInfo found(Fonts::of({named, 8.25}));
         QVERIFY2(found.family() == QString::fromLatin1(standIn.family),
                  qPrintable(QStringLiteral("%1 in place of %2 (package %3)")
                                 .arg(found.family(), QString::fromLatin1(standIn.family),

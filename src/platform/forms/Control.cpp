@@ -43,9 +43,9 @@ Control::Control(QWidget& parent, const char* name, const DesignRect& rect, bool
     if (takesTabPlace) m_tabIndex = form().takeTabPlace();
 }
 
-void Control::setFontSpec(const FontSpec& spec) {
-    m_fontSpec = spec;
-    setFont(Fonts::of(spec));
+void Control::setFontSpec(const FontSpec& named) {
+    m_fontSpec = named;
+    setFont(Fonts::of(named));
 }
 
 Form& Control::form() const { return *static_cast<Form*>(window()); }

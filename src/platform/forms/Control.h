@@ -43,7 +43,7 @@ public:
 protected:
     /// The parent is a form or a panel of one. A control with `takesTabPlace` gets the next place.
     Control(QWidget& parent, const char* name, const DesignRect& rect, bool takesTabPlace = true);
-    void setFontSpec(const FontSpec& spec);
+    void setFontSpec(const FontSpec& named);
     /// The form that the control lies on, directly or in a panel.
     Form& form() const;
 

@@ -17,12 +17,12 @@ StandIn standIn(FontSpec::Face face) {
     return {"MS Sans Serif", "Liberation Sans", "fonts-liberation"};
 }
 
-QFont of(const FontSpec& spec) {
-    QFont font(QString::fromLatin1(standIn(spec.face).family));
-    font.setPixelSize(qRound(spec.points * 96.0 / 72.0));
-    font.setBold(spec.bold);
-    font.setUnderline(spec.underline);
-    font.setItalic(spec.italic);
+QFont of(const FontSpec& named) {
+    QFont font(QString::fromLatin1(standIn(named.face).family));
+    font.setPixelSize(qRound(named.points * 96.0 / 72.0));
+    font.setBold(named.bold);
+    font.setUnderline(named.underline);
+    font.setItalic(named.italic);
     return font;
 }
 

@@ -30,7 +30,7 @@ constexpr FontSpec M8b{FontSpec::MSSansSerif, 8.25, true};
 constexpr FontSpec T9u{FontSpec::Tahoma, 9.75, false, true};
 
 /// The font to draw with: the stand-in's family, a whole number of pixels (points x 96 / 72).
-QFont of(const FontSpec& spec);
+QFont of(const FontSpec& named);
 /// The family of a face's stand-in and the Debian package that holds it.
 struct StandIn {
     const char* designFace;

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// Stripping, saving and replacing tags: what stands in the file afterwards, also when a write fails.
+#include "catalogue/TagLine.h"
+#include "platform/base/CodePage1252.h"
+#include "support/Failing.h"
+#include "support/ID3Fixture.h"
+
+#include <sys/stat.h>
+
+using namespace torvane;
+
+class ID3WritesTest : public ID3Fixture {
+    Q_OBJECT
+
+private slots:
+    void stripping_keeps_the_image_and_a_line_end() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        ID3::StripRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\n");
+    }
+    void stripping_the_shifted_form_takes_its_own_size_piece() {
+        const QString path = file(image(3000) + tagLine("2990", "V\xF6\xA7R\xE4N"));
+        ID3::StripRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(2990) + "\r\n");
+    }
+    void stripping_cuts_at_a_marker_inside_the_image() {
+        const QString path = file("abcID3TAG\xA7" + image(10) + tagLine("3000"));
+        QCOMPARE(failureOf([&] { ID3::StripRomTag(path); }), std::optional<int>(RuntimeFailure::subscript));
+        const QString numbered = file("abcID3TAG\xA7"
+                                      "1\xA7"
+                                      "2\xA7"
+                                      "3\xA7"
+                                      "4\xA7"
+                                      "2\xA7" +
+                                      image(10) + tagLine("3000"));
+        ID3::StripRomTag(numbered);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), QByteArray("ab\r\n"));
+    }
+    void stripping_an_untagged_file_fails_and_leaves_it_alone() {
+        const QString path = file(image(3000));
+        QCOMPARE(failureOf([&] { ID3::StripRomTag(path); }), std::optional<int>(RuntimeFailure::subscript));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000));
+    }
+    void stripping_gives_back_all_256_byte_values() {
+        QByteArray bytes;
+        for (int i = 0; i < 256; ++i) bytes.append(static_cast<char>(i));
+        const QString path = file(bytes + tagLine("256"));
+        ID3::StripRomTag(path);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes + "\r\n");
+    }
+    void a_rom_of_n_bytes_saved_twice_has_size_n_plus_2_and_a_line_end_behind_the_image() {
+        const QString path = file(image(3000));
+        fillNew();
+        id3->SaveRomTag(path, [] {});
+        id3->SaveRomTag(path, [] {});
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\nID3TAG\xA7"
+                                                                       "Acme\xA7Title\xA7"
+                                                                       "21/11/26\xA7Info\xA7"
+                                                                       "3002\xA7\r\n");
+    }
+    void saving_yields_once_between_strip_and_append() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        fillNew();
+        QByteArrayList seen;
+        id3->SaveRomTag(path, [&] { seen.append(folder.read(QStringLiteral("game.gb"))); });
+        QCOMPARE(seen, QByteArrayList{image(3000) + "\r\n"});
+    }
+    void replacing_keeps_only_what_stood_in_the_window() {
+        const QByteArray tag = tagLine("5000");
+        const QString path = file(image(5000) + tag);
+        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QString(), QStringLiteral("I"));
+        const qsizetype remnant = 1024 - (tag.size() - 1);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(remnant) + "\r\nID3TAG\xA7"
+                                                                          "C\xA7T\xA7\xA7I\xA7"
+                                                                          "5000\xA7\r\n");
+    }
+    void replacing_keeps_at_most_the_stored_size_and_an_empty_argument_stays_empty() {
+        const QString path = file(image(5000) + tagLine("7", "V\xF6\xA7R\xE4N"));
+        id3->ReplaceRomTag(path, QString(), QString(), QString(), QString());
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(7) + "\r\nID3TAG\xA7\xA7\xA7\xA7\xA7"
+                                                                    "7\xA7\r\n");
+        QCOMPARE(id3->NewTitle, QStringLiteral(" "));
+    }
+    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone() {
+        const QByteArray bytes = image(1900) + tagLine("1900");
+        const QString path = file(bytes);
+        QVERIFY(bytes.size() < 2048);
+        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"),
+                           QStringLiteral("I"));
+        QCOMPARE(messages.boxes.size(), 1);
+        QCOMPARE(messages.last(), QStringLiteral("0: "));
+        QCOMPARE(messages.boxes[0].flags, MsgBoxFlags::okOnly);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
+    }
+    void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before_data() {
+        QTest::addColumn<qint64>("room");
+        QTest::newRow("no room for the stripped image") << qint64(1000);
+        QTest::newRow("room for the stripped image but not for the tag") << qint64(3010);
+    }
+    void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before() {
+        QFETCH(qint64, room);
+        const QByteArray before = image(3000) + tagLine("3000");
+        const QString path = file(before, QStringLiteral("full/game.gb"));
+        fillNew("Another", "Longer title");
+        std::optional<int> failure;
+        {
+            const FullDisk full(static_cast<rlim_t>(room));
+            failure = failureOf([&] { id3->SaveRomTag(path, [] {}); });
+        }
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::diskFull));
+        QCOMPARE(folder.read(QStringLiteral("full/game.gb")), before);
+        QCOMPARE(folder.entries(QStringLiteral("full")), QStringList{QStringLiteral("game.gb")});
+    }
+    void a_full_disk_during_an_append_leaves_the_file_as_before() {
+        const QString path = file(image(3000));
+        fillNew();
+        std::optional<int> failure;
+        {
+            const FullDisk full(3010);
+            failure = failureOf([&] { id3->AppendRomTag(path); });
+        }
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::diskFull));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000));
+    }
+    void a_save_in_a_read_only_folder_is_told_and_leaves_the_file_as_before() {
+        const QByteArray before = image(3000) + tagLine("3000");
+        const QString path = file(before, QStringLiteral("locked/game.gb"));
+        const QByteArray locked = QFile::encodeName(folder.path(QStringLiteral("locked")));
+        chmod(QFile::encodeName(path).constData(), 0666);
+        chmod(locked.constData(), 0555);
+        chmod(QFile::encodeName(folder.path()).constData(), 0755);
+        fillNew();
+        std::optional<int> failure;
+        {
+            const OrdinaryUser user;
+            failure = failureOf([&] { id3->SaveRomTag(path, [] {}); });
+        }
+        chmod(locked.constData(), 0755);
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::permissionDenied));
+        QCOMPARE(folder.read(QStringLiteral("locked/game.gb")), before);
+    }
+};
+
+QTEST_GUILESS_MAIN(ID3WritesTest)
+#include "ID3WritesTest.moc"

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// What the tests of tags share: a folder, a tag module with a language and message boxes of its own, and a
+// record of what a read has put on the screen.
+#pragma once
+
+#include "catalogue/ID3.h"
+#include "support/FakeWorld.h"
+
+#include <memory>
+
+namespace torvane {
+
+// What the read has put on the screen.
+struct PanelRecord : GamePanel {
+    QString title, company, date, info, format;
+    bool tagged = false;
+    void showTag(const RomTagRecord& tag) override {
+        tagged = true;
+        title = tag.Title;
+        company = tag.Company;
+        date = tag.Date;
+        info = tag.Info;
+    }
+    void showNoTag(const QString& missing) override {
+        tagged = false;
+        title = info = missing;
+        company.clear();
+        date.clear();
+    }
+    void showFormat(const QString& text) override { format = text; }
+};
+
+inline QByteArray image(qsizetype size) { return QByteArray(size, 'r'); }
+
+inline QByteArray tagLine(const QByteArray& size, const QByteArray& company = "Acme") {
+    return "ID3TAG\xA7" + company +
+           "\xA7Title\xA7"
+           "1/2/03\xA7Info\xA7" +
+           size + "\xA7\r\n";
+}
+
+class ID3Fixture : public QObject {
+    Q_OBJECT
+
+protected:
+    TestFolder folder;
+    FakeMessages messages;
+    Globals globals;
+    LanguageTables language{globals, [](const QString& section, const QString& key, const QString&) {
+                                return section + QLatin1Char('/') + key;
+                            }};
+    std::unique_ptr<ID3> id3;
+    PanelRecord panel;
+
+    QString file(const QByteArray& bytes, const QString& name = QStringLiteral("game.gb")) {
+        return folder.write(name, bytes);
+    }
+    void fillNew(const char* company = "Acme", const char* title = "Title", const char* info = "Info") {
+        id3->NewCompany = QString::fromUtf8(company);
+        id3->NewTitle = QString::fromUtf8(title);
+        id3->NewInfo = QString::fromUtf8(info);
+        id3->NewDate = QStringLiteral("21/11/26");
+    }
+
+protected slots:
+    void init() {
+        id3 = std::make_unique<ID3>(language, messages);
+        panel = {};
+        messages.boxes.clear();
+    }
+};
+
+} // namespace torvane
