@@ -55,7 +55,7 @@ bool IncludeRules::mayInclude(Layer from, Layer to) {
 }
 
 QString IncludeRules::resolved(const QString& from, const QString& name) const {
-    const QString beside = QDir::cleanPath(QFileInfo(from).path() + u'/' + name);
+    QString beside = QDir::cleanPath(QFileInfo(from).path() + u'/' + name);
     if (m_texts.contains(beside)) return beside;
     return m_texts.contains(QDir::cleanPath(name)) ? QDir::cleanPath(name) : QString();
 }
