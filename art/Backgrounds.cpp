@@ -14,34 +14,48 @@ QRectF between(qreal left, qreal top, qreal right, qreal bottom) {
     return {QPointF(left, top), QPointF(right, bottom)};
 }
 
+// The places of some buttons in whole pixels, as the window sets them.
+QList<QRectF> places(const Catalogue& catalogue, const QString& window, const QStringList& buttons) {
+    QList<QRectF> rects;
+    for (const QString& button : buttons) {
+        const QRectF rect = catalogue.rect(window, button);
+        rects << QRectF(qRound(rect.left()), qRound(rect.top()), qRound(rect.width()), qRound(rect.height()));
+    }
+    return rects;
+}
+
 // The left half of the main window: tools, name strip, list of games, page strip, counters.
 void listDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
-    const QRectF tools = catalogue.united(window, {"Refresh", "Searcher", "Zipper"});
+    const QStringList toolButtons = {"Refresh", "Searcher", "Zipper"};
+    const QRectF tools = catalogue.united(window, toolButtons);
     const QRectF back = catalogue.rect(window, "chameleonButton14");
     const QRectF next = catalogue.rect(window, "chameleonButton15");
     const QRectF list = catalogue.rect(window, "Picture2");
     const QRectF totals = catalogue.united(window, {"Label16", "TotalRom"});
     panel.plate(between(tools.left() - 2, tools.top() - 3, next.right() + 2, totals.bottom() + 7));
-    panel.seat(tools);
+    panel.seat(places(catalogue, window, toolButtons));
     const QRectF heading = between(tools.right() + 3, tools.top() + 1, next.right() - 1, tools.bottom() - 1);
     panel.slot(heading);
     panel.well(list);
-    panel.seat(back);
-    panel.seat(next);
+    panel.seat({back});
+    panel.seat({next});
     panel.slot(between(back.right() + 3, back.top() + 1, next.left() - 3, back.bottom() - 1));
     panel.slot(totals.adjusted(-4, -3, 5, 4));
 }
 
 // The right half: the two tabs, name strip, game panel, the six big buttons.
 void gameDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
-    const QRectF tabs = catalogue.united(window, {"ID3_Menu", "Edit_Menu"});
+    const QStringList tabButtons = {"ID3_Menu", "Edit_Menu"};
+    const QStringList barButtons = {"chameleonButton3", "chameleonButton6", "chameleonButton4",
+                                    "chameleonButton7", "chameleonButton8", "chameleonButton5"};
+    const QRectF tabs = catalogue.united(window, tabButtons);
     const QRectF game = catalogue.rect(window, "Picture1(0)");
-    const QRectF bar = catalogue.united(window, {"chameleonButton3", "chameleonButton5"});
+    const QRectF bar = catalogue.united(window, barButtons);
     panel.plate(between(tabs.left() - 1, tabs.top() - 3, bar.right() + 2, bar.bottom() + 2));
-    panel.seat(tabs);
+    panel.seat(places(catalogue, window, tabButtons));
     panel.slot(between(tabs.right() + 3, tabs.top() + 1, bar.right() - 2, tabs.bottom() - 1));
     panel.well(game);
-    panel.seat(bar);
+    panel.seat(places(catalogue, window, barButtons));
 }
 
 } // namespace
@@ -65,14 +79,15 @@ QImage paintTorvMsg(const Workshop& shop) {
     const QString window = "TorvMsg";
     const QSizeF size = shop.catalogue.windowSize(window);
     const QRectF message = shop.catalogue.rect(window, "Label2");
-    const QRectF answers = shop.catalogue.united(window, {"chameleonButton2", "chameleonButton3"});
+    const QStringList answerButtons = {"chameleonButton2", "chameleonButton3"};
+    const QRectF answers = shop.catalogue.united(window, answerButtons);
     const QRectF field = between(message.left() - 2, message.top() - 2, size.width() - 5, answers.top() - 5);
     Panel panel(size.toSize(), shop.scale);
     panel.well(field);
     // The message is an opaque label that is smaller than the field: the field's floor continues its colour.
     panel.painter().fillRect(field.adjusted(2, 2, 0, 0), palette::darkPanel);
     panel.frame();
-    panel.seat(answers);
+    panel.seat(places(shop.catalogue, window, answerButtons));
     return panel.finished();
 }
 

@@ -37,11 +37,13 @@ QRgb vote(const QImage& large, int x, int y) {
     return covered * 2 >= samples * samples ? winner : 0;
 }
 
-bool coveredNear(const QImage& image, int x, int y, int reach) {
+// Whether there is colour near a pixel. Dark lines don't count: at the rim they are outline already.
+bool colourNear(const QImage& image, int x, int y, int reach) {
     for (int dy = -reach; dy <= reach; ++dy) {
         for (int dx = -reach; dx <= reach; ++dx) {
             if (dx * dx + dy * dy > reach * reach || !image.valid(x + dx, y + dy)) continue;
-            if (qAlpha(image.pixel(x + dx, y + dy)) != 0) return true;
+            const QRgb pixel = image.pixel(x + dx, y + dy);
+            if (qAlpha(pixel) != 0 && pixel != palette::outline.rgb()) return true;
         }
     }
     return false;
@@ -51,7 +53,7 @@ QImage outlined(const QImage& plain, int width) {
     QImage result = plain;
     for (int y = 0; y < plain.height(); ++y) {
         for (int x = 0; x < plain.width(); ++x) {
-            if (qAlpha(plain.pixel(x, y)) != 0 || !coveredNear(plain, x, y, width)) continue;
+            if (qAlpha(plain.pixel(x, y)) != 0 || !colourNear(plain, x, y, width)) continue;
             result.setPixel(x, y, palette::outline.rgb());
         }
     }

@@ -23,14 +23,14 @@ struct Icon {
     QString control;
 };
 
-// Twice the 22 pixels of a usual panel: it is shown smaller by an even factor there, and whole on a dense
-// screen.
-constexpr int trayPixels = 44;
+// Four times the 22 pixels of a usual panel, so that the desktop makes clean signs of 16, 22, 24 and 32
+// pixels of it, and sharp ones on dense screens.
+constexpr int trayPixels = 88;
 
 // Normal, strong blue, sky blue, red, lilac, green, gold: the upper and lower tone of the sign's plate.
 constexpr std::pair<const char*, const char*> trayColours[] = {
-    {"#8D96C4", "#474D78"}, {"#3F68F5", "#1230A8"}, {"#62CDFA", "#1C86CC"}, {"#F5574A", "#A81414"},
-    {"#C983EE", "#7A2FAA"}, {"#4CC85A", "#0C6E22"}, {"#F7BE2A", "#B07204"}};
+    {"#8D96C4", "#474D78"}, {"#3F68F5", "#1230A8"}, {"#4ABAF0", "#1470B2"}, {"#F5574A", "#A81414"},
+    {"#BE76E6", "#7028A0"}, {"#3DB84C", "#0A6420"}, {"#EAAA1A", "#945A02"}};
 
 QList<Icon> iconList(const QString& path) {
     QFile file(path);

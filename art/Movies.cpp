@@ -92,29 +92,38 @@ void banner(QPainter& painter, const QRectF& area, qreal turn) {
                 0.9 * std::sin(fullTurn * turn) + 0.25 * std::sin(2 * fullTurn * turn));
 }
 
-void paintMovie(const Output& output, const Movie& movie) {
+QImage paintedFrame(const Movie& movie, int frame, int scale) {
+    QImage image(movie.size * scale, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
+    movie.scene(painter, QRectF(QPointF(0, 0), movie.size), qreal(frame) / movie.frames);
+    return image;
+}
+
+void paintMovie(const Output& output, const Movie& movie, int scale) {
     // Every frame is whole: partial frames would leave old blocks standing in the soft light of the sky.
     QString arguments = QString("-loop 0 -kmin 0 -kmax 1 -lossy -q %1 -m 4 -d %2\n")
                             .arg(movie.quality)
                             .arg(frameMilliseconds);
     for (int frame = 0; frame < movie.frames; ++frame) {
-        QImage image(movie.size, QImage::Format_RGB32);
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        movie.scene(painter, QRectF(QPointF(0, 0), movie.size), qreal(frame) / movie.frames);
-        painter.end();
-        const QString file = QString("frames/%1-%2.png").arg(movie.name).arg(frame, 3, 10, QChar('0'));
-        output.png(file, image);
+        const QString file =
+            scaledName(QString("frames/%1-%2.png").arg(movie.name).arg(frame, 3, 10, QChar('0')), scale);
+        output.png(file, paintedFrame(movie, frame, scale));
         arguments += file + '\n';
     }
-    output.text(movie.name + ".args", arguments + "-o " + movie.target + '\n');
+    arguments += "-o " + scaledName(movie.target, scale) + '\n';
+    output.text(scaledName(movie.name + ".args", scale), arguments);
 }
 
 } // namespace
 
 void paintMovies(const Output& output) {
-    paintMovie(output, {"intro", "tree/data/intro.dat", {192, 122}, framesOfIntro, 88, intro});
-    paintMovie(output, {"banner", "tree/data/site/banner.swf", {468, 60}, framesOfBanner, 80, banner});
+    for (int scale : {1, 2}) {
+        paintMovie(output, {"intro", "tree/data/intro.dat", {192, 122}, framesOfIntro, 88, intro}, scale);
+        paintMovie(output, {"banner", "tree/data/site/banner.swf", {468, 60}, framesOfBanner, 80, banner},
+                   scale);
+    }
 }
 
 } // namespace torvane

@@ -6,8 +6,9 @@
 
 namespace torvane {
 
-/// Draws all frames of the intro (192x122) and the banner (468x60) into frames/ and writes intro.args and
-/// banner.args for img2webp, which is to run in the output folder.
+/// Draws all frames of the intro (192x122) and the banner (468x60) into frames/, at 1x and at 2x, and writes
+/// intro.args, intro@2x.args, banner.args and banner@2x.args for img2webp, which is to run in the output
+/// folder.
 void paintMovies(const Output& output);
 
 } // namespace torvane

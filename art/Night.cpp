@@ -113,7 +113,7 @@ void mist(QPainter& painter, const QRectF& area, qreal turn) {
 }
 
 void aurora(QPainter& painter, const QRectF& area, qreal turn) {
-    constexpr int strips = 117;
+    constexpr int strips = 234;
     const qreal width = area.width() / strips;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false); // strips that meet softly would show their seams

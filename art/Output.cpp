@@ -59,8 +59,7 @@ void Output::resourceList() const {
 
 QString scaledName(const QString& fileName, int scale) {
     if (scale == 1) return fileName;
-    const QFileInfo info(fileName);
-    return QString("%1@%2x.%3").arg(info.completeBaseName()).arg(scale).arg(info.suffix());
+    return QString(fileName).insert(fileName.lastIndexOf('.'), QString("@%1x").arg(scale));
 }
 
 } // namespace torvane

@@ -34,7 +34,7 @@ private:
     QStringList pictures;
 };
 
-/// "name@2x.png" for "name.png" at scale 2, the name itself at scale 1.
+/// "name@2x.png" for "name.png" at scale 2, the name itself at scale 1; folders in front of it stay.
 QString scaledName(const QString& fileName, int scale);
 
 } // namespace torvane

@@ -147,10 +147,31 @@ void Panel::slot(const QPainterPath& shape) {
     brushwork.fillPath(shape - shape.translated(-1, -1), veil(rim, 95));
 }
 
-void Panel::seat(const QRectF& rect) {
-    const QRectF lip = rect.adjusted(-1, -1, 1, 1);
+void Panel::seat(const QList<QRectF>& buttons) {
+    QRectF row;
+    for (const QRectF& button : buttons) row |= button;
+    const QRectF lip = row.adjusted(-1, -1, 1, 1);
     brushwork.fillPath(ring(lip, 1), diagonal(lip, edge, edge.lighter(160)));
-    brushwork.fillRect(rect, cut);
+    brushwork.fillRect(row, veil(cut, 150));
+    for (const QRectF& button : buttons) coverPlate(button);
+}
+
+// Darker than any button and without its bright edge, so that nobody takes it for one.
+void Panel::coverPlate(const QRectF& rect) {
+    const QRectF plate = rect.adjusted(1, 1, -1, -1);
+    brushwork.fillPath(ring(rect, 1), cut);
+    brushwork.fillPath(rounded(plate, 1), vertical(plate, veil(foldOut, 46), veil(buttonBack, 34)));
+    brushwork.fillPath(ring(plate, 1), diagonal(plate, veil(rim, 74), veil(edge, 130)));
+    // Sunk screws in two corners: one at each end would look like a sign on a button.
+    constexpr qreal inset = 3;
+    constexpr qreal head = 3;
+    const QRectF first(plate.left() + inset, plate.top() + inset, head, head);
+    const QRectF second(plate.right() - inset - head, plate.bottom() - inset - head, head, head);
+    for (const QRectF& screw : {first, second}) {
+        brushwork.fillPath(rounded(screw.translated(1, 1), 1), veil(rim, 60));
+        brushwork.fillPath(rounded(screw, 1), veil(cut, 235));
+        brushwork.fillRect(QRectF(screw.center() - QPointF(0.5, 0.5), QSizeF(1, 1)), veil(rim, 90));
+    }
 }
 
 QImage Panel::finished() {

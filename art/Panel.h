@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QLinearGradient>
+#include <QList>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRectF>
@@ -35,8 +36,9 @@ public:
     /// A shallow dark strip under a label, so that its text is calm to read.
     void slot(const QRectF& rect);
     void slot(const QPainterPath& shape);
-    /// The narrow cut around a group of buttons, one pixel outside of `rect`.
-    void seat(const QRectF& rect);
+    /// The narrow cut around a row of buttons, one pixel outside of them, and on its floor a blank cover
+    /// plate for each, which is seen while that button is hidden.
+    void seat(const QList<QRectF>& buttons);
     /// Lays the fine brushed texture over what has been painted so far.
     void brush();
 
@@ -47,6 +49,7 @@ public:
 
 private:
     void base();
+    void coverPlate(const QRectF& rect);
     QLinearGradient fading(const QColor& left, const QColor& right) const;
     QRectF whole() const { return QRectF(QPointF(0, 0), size); }
 

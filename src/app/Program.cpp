@@ -10,8 +10,9 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
                [this](const QString& section, const QString& key, const QString& file) {
                    return menuing.get().INITool1.Read(section, key, file);
                }),
-      hosts(globals), funciones({language, hosts, runtime.messages, runtime.dialogs}, *this),
-      emulators(globals), shell(runtime.processes), id3(language, runtime.messages), desk(*this),
+      hosts(globals),
+      funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, *this),
+      emulators(globals), shell(runtime.processes), id3(globals, language, runtime.messages), desk(*this),
       menuing([this] { return std::make_unique<Menuing>(runtime); }),
       selLangStartUp([this] { return std::make_unique<SelLangStartUp>(runtime, desk, globals); }),
       splash([this] { return std::make_unique<Splash>(runtime, desk, globals); }), mainFrm([this] {

@@ -6,6 +6,8 @@
 #include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 #include "platform/forms/DesktopDialogs.h"
+#include "platform/forms/DesktopLook.h"
+#include "toolkit/DesignWords.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -27,10 +29,17 @@ QString configurationFolder() {
     return torvane::Paths::spelled(given.startsWith('/') ? given : qgetenv("HOME") + "/.config");
 }
 
-constexpr int windowIconDelay = 100; // milliseconds
+constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
+                                         .button = torvane::indigo,
+                                         .field = 0x382B26,
+                                         .text = torvane::white,
+                                         .selection = 0xA37774,
+                                         .faint = 0xB09A93};
 
-// The window icon in all sizes that window managers ask for; set when the first window stands, since
-// nobody waits for it.
+// In milliseconds: what nobody waits for comes when the first window stands.
+constexpr int windowIconDelay = 100;
+
+// The window icon in all sizes that window managers ask for.
 void setWindowIcon() {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
@@ -51,6 +60,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Torvane"));
     QApplication::setApplicationVersion(QStringLiteral(TORVANE_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
+    torvane::applyDesktopLook(nightLook);
     torvane::initArtResources();
 
     torvane::DesktopMessageBoxes messages;

@@ -3,14 +3,15 @@
 // Types 3, 4 and 5 have a file of their own.
 #include "ButtonPainter.h"
 
+#include <QPainterPath>
+
 namespace torvane {
 
 void ButtonPainter::paintNormal() {
-    const bool bold = m_face.type == 14 && m_face.isDefault;
+    // For the whole paint: over a picture behind it the caption is painted once more.
+    m_boldCaption = m_face.type == 14 && m_face.isDefault;
     paintGround();
-    m_boldCaption = bold;
     paintCaption(m_face.over ? under : normal);
-    m_boldCaption = false;
     paintFrame(false);
     paintFocus();
 }
@@ -20,7 +21,8 @@ void ButtonPainter::paintPressed() {
     paintGround();
     paintCaption(down);
     paintFrame(true);
-    if (m_face.type != 7) paintFocus();
+    const bool isThin = m_face.type == 7 || m_face.type == 8 || m_face.type == 12;
+    if (!isThin) paintFocus();
 }
 
 void ButtonPainter::paintDisabled() {
@@ -107,9 +109,9 @@ void ButtonPainter::frameTwoLevel(bool isDown) {
     const auto& c = m_colours;
     const BevelColours raised{c.highlight, c.darkShadow, c.light, c.shadow};
     const BevelColours sunken{c.darkShadow, c.highlight, c.shadow, c.light};
-    if (m_face.type == 12 || !m_face.isDefault || !m_face.showFocusRect) {
-        return paintBevel(isDown ? sunken : raised, 0, Depth::full);
-    }
+    // At rest the default mark shows with the focus mark only, pressed always.
+    const bool isMarked = m_face.type != 12 && m_face.isDefault && (isDown || m_face.showFocusRect);
+    if (!isMarked) return paintBevel(isDown ? sunken : raised, 0, Depth::full);
     fillOrFrame({0, 0, m_width, m_height}, c.darkShadow, true);
     if (isDown) {
         fillOrFrame({1, 1, m_width - 2, m_height - 2}, c.shadow, true);
@@ -129,9 +131,11 @@ void ButtonPainter::fillFlat() {
 void ButtonPainter::fillEllipse() {
     const bool isDown = m_face.pressed && m_face.enabled;
     const OleColour edge = isDown ? m_colours.darkShadow : m_face.over ? m_colours.shadow : m_colours.face;
-    m_painter.setPen(QPen(Colours::toQColor(edge), 2));
-    m_painter.setBrush(Colours::toQColor(isDown ? shifted(m_colours.face, -32) : m_colours.face));
-    m_painter.drawEllipse(1, 1, m_width - 2, m_height - 2);
+    // The outline cuts the edge off outside: what it leaves of it is two pixels wide all round.
+    fillOrFrame({0, 0, m_width, m_height}, edge, false);
+    QPainterPath inside;
+    inside.addEllipse(2, 2, m_width - 4, m_height - 4);
+    m_painter.fillPath(inside, Colours::toQColor(isDown ? shifted(m_colours.face, -32) : m_colours.face));
 }
 
 void ButtonPainter::fillSmooth() {

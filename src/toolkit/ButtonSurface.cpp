@@ -50,7 +50,7 @@ void ButtonSurface::LayoutCaption() {
     };
     const CaptionSource source{size(), logicalSize(m_p.pictureNormal),
                                static_cast<PicturePlace>(m_p.picturePosition),
-                               m_p.caption.trimmed().isEmpty()};
+                               m_p.caption.count(u' ') == m_p.caption.size()};
     torvane::LayoutCaption(m_layout, source, measure);
 }
 

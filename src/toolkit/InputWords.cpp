@@ -2,7 +2,9 @@
 // Tables from the toolkit's input to the controls' numbers.
 #include "InputWords.h"
 #include "platform/base/CodePage1252.h"
+#include "platform/forms/Pictures.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 namespace torvane::InputWords {
@@ -83,6 +85,24 @@ QCursor pointer(int number, const QPixmap& icon) {
     case 14: return Qt::WhatsThisCursor;
     default: return Qt::ArrowCursor;
     }
+}
+
+QPixmap handIcon(Hand hand, qreal devicePixelRatio) {
+    const auto name =
+        hand == Hand::overLink ? QStringLiteral("cursor-link.png") : QStringLiteral("cursor-hand.png");
+    return Pictures::load(name, devicePixelRatio);
+}
+
+QCursor handCursor(const QPixmap& icon) {
+    if (icon.isNull()) return Qt::PointingHandCursor;
+    constexpr QPoint fingerTip(10, 2);
+    const QPoint spot = hotSpot(fingerTip, icon.devicePixelRatio(), QGuiApplication::platformName());
+    return QCursor(icon, spot.x(), spot.y());
+}
+
+QPoint hotSpot(QPoint place, qreal devicePixelRatio, const QString& platform) {
+    // On X11 the toolkit hands the number on as it is, and the display counts the picture's own dots.
+    return platform == QStringLiteral("xcb") ? place * devicePixelRatio : place;
 }
 
 } // namespace torvane::InputWords

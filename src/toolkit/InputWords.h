@@ -36,4 +36,13 @@ constexpr int customPointer = 99;
 /// the arrow.
 QCursor pointer(int number, const QPixmap& icon);
 
+/// The program's own hands: gloves of 32 x 32 pixels that point.
+enum class Hand { overButton, overLink };
+/// The picture of a hand at a screen's density; null where the program's pictures are not linked in.
+QPixmap handIcon(Hand hand, qreal devicePixelRatio);
+/// A hand that points with its finger tip; the platform's own hand for a null icon.
+QCursor handCursor(const QPixmap& icon);
+/// The hot spot as the platform of that name wants to be told it, from its place in pixels of the design.
+QPoint hotSpot(QPoint place, qreal devicePixelRatio, const QString& platform);
+
 } // namespace torvane::InputWords

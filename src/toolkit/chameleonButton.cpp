@@ -67,6 +67,9 @@ void chameleonButton::applyProperties() {
 
 void chameleonButton::ReadProperties(const PropertyBag& bag) {
     m_p = ButtonProperties::read(bag, m_p.font);
+    m_iconIsHand = m_p.handPointer;
+    if (m_iconIsHand && m_p.mouseIcon.isNull())
+        m_p.mouseIcon = InputWords::handIcon(InputWords::Hand::overButton, devicePixelRatioF());
     applyProperties();
 }
 
@@ -78,8 +81,9 @@ QString chameleonButton::accessibleText() const {
 
 void chameleonButton::applyPointer() {
     if (m_p.mousePointer == 0) return unsetCursor();
-    const bool hand = m_p.handPointer && m_p.mousePointer == InputWords::customPointer;
-    setCursor(hand ? QCursor(Qt::PointingHandCursor) : InputWords::pointer(m_p.mousePointer, m_p.mouseIcon));
+    const bool hand = m_iconIsHand && m_p.mousePointer == InputWords::customPointer;
+    setCursor(hand ? InputWords::handCursor(m_p.mouseIcon)
+                   : InputWords::pointer(m_p.mousePointer, m_p.mouseIcon));
 }
 
 void chameleonButton::applyAccessKey() {
@@ -127,37 +131,35 @@ void chameleonButton::setEnabled(bool enabled) {
     change(m_p.enabled, enabled);
 }
 
-void chameleonButton::changeFont(const FontSpec& font) {
+void chameleonButton::setFont(const FontSpec& font) {
     m_p.font = font;
     setFontSpec(font);
     LayoutCaption();
     repaintLastState();
 }
 
-void chameleonButton::setFont(const FontSpec& font) { changeFont(font); }
-
 void chameleonButton::setFontBold(bool bold) {
     FontSpec font = m_p.font;
     font.bold = bold;
-    changeFont(font);
+    setFont(font);
 }
 
 void chameleonButton::setFontItalic(bool italic) {
     FontSpec font = m_p.font;
     font.italic = italic;
-    changeFont(font);
+    setFont(font);
 }
 
 void chameleonButton::setFontUnderline(bool underline) {
     FontSpec font = m_p.font;
     font.underline = underline;
-    changeFont(font);
+    setFont(font);
 }
 
 void chameleonButton::setFontSize(int points) {
     FontSpec font = m_p.font;
     font.points = points;
-    changeFont(font);
+    setFont(font);
 }
 
 QString chameleonButton::FontName() const {
@@ -170,7 +172,7 @@ void chameleonButton::setFontName(const QString& name) {
                             FontSpec::CourierNew}) {
         if (name == QLatin1String(Fonts::standIn(face).designFace)) font.face = face;
     }
-    changeFont(font);
+    setFont(font);
 }
 
 void chameleonButton::setMousePointer(int pointer) {
@@ -180,12 +182,14 @@ void chameleonButton::setMousePointer(int pointer) {
 
 void chameleonButton::setMouseIcon(const QPixmap& icon) {
     m_p.mouseIcon = icon;
+    m_iconIsHand = false;
     applyPointer();
 }
 
 void chameleonButton::setHandPointer(bool hand) {
-    m_p.handPointer = hand;
-    m_p.mouseIcon = QPixmap();
+    m_p.handPointer = m_iconIsHand = hand;
+    m_p.mouseIcon =
+        hand ? InputWords::handIcon(InputWords::Hand::overButton, devicePixelRatioF()) : QPixmap();
     m_p.mousePointer = hand ? InputWords::customPointer : arrowPointer;
     applyPointer();
 }

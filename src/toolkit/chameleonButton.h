@@ -128,7 +128,6 @@ protected:
 private:
     template <typename Field>
     void change(Field& field, const Field& value);
-    void changeFont(const FontSpec& font);
     void construct();
     void applyProperties();
     void applyPointer();
@@ -140,9 +139,10 @@ private:
     void containerClick();
     void toggleIfCheckBox();
 
-    QTimer m_overTimer;
+    QTimer m_overTimer{this};
     QChar m_accessKey;
     int m_shortcutId = 0;
+    bool m_iconIsHand = false; // the mouse icon came with HandPointer
     int m_lastButton = 0;
     int m_lastKeyCode = 0;
 };

@@ -35,12 +35,15 @@ void chameleonButton::changeEvent(QEvent* event) {
 }
 
 bool chameleonButton::cursorIsOver() const {
+    // No pointer is ever over a disabled button: one that its own click disables loses its hover look.
     const QPoint cursor = QCursor::pos();
-    return rect().contains(mapFromGlobal(cursor)) && QApplication::widgetAt(cursor) == this;
+    return isEnabled() && rect().contains(mapFromGlobal(cursor)) && QApplication::widgetAt(cursor) == this;
 }
 
 void chameleonButton::mousePressEvent(QMouseEvent* event) {
-    press(InputWords::button(event->button()), InputWords::shift(event->modifiers()), event->position());
+    const int button = InputWords::button(event->button());
+    // The side buttons of a mouse have no number and press nothing.
+    if (button != 0) press(button, InputWords::shift(event->modifiers()), event->position());
 }
 
 void chameleonButton::press(int button, int shift, QPointF place) {
@@ -83,6 +86,7 @@ void chameleonButton::lookForPointer() {
 
 void chameleonButton::mouseReleaseEvent(QMouseEvent* event) {
     const int button = InputWords::button(event->button());
+    if (button == 0) return;
     const bool inside = rect().contains(event->position().toPoint());
     emit MouseUp(button, InputWords::shift(event->modifiers()), static_cast<float>(event->position().x()),
                  static_cast<float>(event->position().y()));
@@ -90,8 +94,9 @@ void chameleonButton::mouseReleaseEvent(QMouseEvent* event) {
     if (inside && button == InputWords::leftButton) containerClick();
 }
 
-void chameleonButton::mouseDoubleClickEvent(QMouseEvent*) {
+void chameleonButton::mouseDoubleClickEvent(QMouseEvent* event) {
     // The second press of a double click counts like any other; the toolkit holds the mouse by itself.
+    if (InputWords::button(event->button()) == 0) return;
     if (m_lastButton == InputWords::leftButton) press(InputWords::leftButton, 0, {});
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Hover, jump, size and saved state of the link label.
 #include "vbwHyperlink.h"
+#include "InputWords.h"
 #include "platform/forms/Form.h"
 
 #include <QFontMetrics>
@@ -20,9 +21,9 @@ vbwHyperlink::vbwHyperlink(QWidget& parent, const char* name, const DesignRect& 
     : Control(parent, name, rect), m_caption(defaultCaption), m_url(defaultUrl), m_foreColor(look.fore) {
     setFontSpec(look.font);
     setMouseTracking(true);
-    setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    // A link that is parked outside of its window is never seen: no font is loaded to measure it.
+    // A link that is parked outside of its window is never seen: no font is loaded to measure it, and its
+    // hand waits for the pointer.
     if (parent.rect().intersects(geometry())) fitToCaption();
 }
 
@@ -133,6 +134,11 @@ void vbwHyperlink::paintEvent(QPaintEvent*) {
 }
 
 void vbwHyperlink::resizeEvent(QResizeEvent*) { fitToCaption(); }
+
+void vbwHyperlink::enterEvent(QEnterEvent*) {
+    if (testAttribute(Qt::WA_SetCursor)) return;
+    setCursor(InputWords::handCursor(InputWords::handIcon(InputWords::Hand::overLink, devicePixelRatioF())));
+}
 
 void vbwHyperlink::mouseMoveEvent(QMouseEvent* event) {
     // With a button held the moves go on outside.

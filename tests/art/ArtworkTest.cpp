@@ -1,62 +1,50 @@
 // SPDX-License-Identifier: MIT
-// The rendered artwork as the program will load it: every picture is there in its kind and size, masked icons
-// are hard-edged on exactly their mask colour, the intro window has a real outline, the movies move.
+// The rendered artwork as the program will load it: every picture is there in its kind and size, icons are
+// hard-edged and tell something in every state, hidden buttons leave a plate, the intro has a real outline.
+#include "ArtFiles.h"
 #include "art/ArtResources.h"
 
-#include <QFile>
+#include <QDir>
 #include <QImageReader>
-#include <QMovie>
-#include <QSet>
 #include <QTest>
 
 using namespace torvane;
 
 namespace {
 
-const QString tree = QStringLiteral(TORVANE_ART_TREE_DIR);
+constexpr QRgb silver = 0xffc0c0c0U;
+constexpr QRgb black = 0xff000000U;
+constexpr QRgb buttonFace = 0xfff0f0f0U;
 
-// The file's own mark, not its name, tells its kind.
-QByteArray kindOf(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return "missing";
-    const QByteArray head = file.read(16);
-    if (head.startsWith("\xff\xd8\xff")) return "JPEG";
-    if (head.startsWith("\x89PNG\r\n\x1a\n")) return "PNG";
-    if (head.startsWith("BM")) return "BMP";
-    if (head.startsWith("RIFF") && head.mid(8, 4) == "WEBP") return "WebP";
-    return "unknown";
-}
+// As a disabled button prints it: dark pixels only.
+bool isDark(QRgb pixel) { return qRed(pixel) + qGreen(pixel) + qBlue(pixel) <= 384; }
 
-QString scaled(QString path, int scale) {
-    return scale == 1 ? path : path.insert(path.lastIndexOf('.'), "@2x");
-}
-
-// Without regard to the "@2x" in the name, which would make Qt report half the size.
-QImage pixelsOf(const QString& path) {
-    QImage image(path);
-    image.setDevicePixelRatio(1);
-    return image.convertToFormat(QImage::Format_ARGB32);
-}
-
-int countOf(const QImage& image, QRgb colour) {
+// The dark pixels within a shape: those that lie neither on the mask nor beside it.
+int innerLines(const QImage& icon, QRgb mask) {
     int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == colour ? 1 : 0;
+    for (int y = 1; y + 1 < icon.height(); ++y) {
+        for (int x = 1; x + 1 < icon.width(); ++x) {
+            const bool isInside = countOf(icon.copy(x - 1, y - 1, 3, 3), mask) == 0;
+            count += isInside && isDark(icon.pixel(x, y)) ? 1 : 0;
+        }
     }
     return count;
 }
 
-QSet<int> alphasOf(const QImage& image) {
-    QSet<int> alphas;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) alphas << qAlpha(image.pixel(x, y));
+// How much a picture outshines the panel at rest, when a button shows it in grey: what is left of it when
+// one squints.
+int glowOf(const QImage& icon, QRgb mask) {
+    constexpr int panel = 80;
+    int glow = 0;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+            const QRgb pixel = icon.pixel(x, y);
+            const int grey = (30 * qRed(pixel) + 59 * qGreen(pixel) + 11 * qBlue(pixel)) / 100;
+            glow += pixel == mask ? 0 : grey - panel;
+        }
     }
-    return alphas;
+    return glow;
 }
-
-constexpr QRgb silver = 0xffc0c0c0U;
-constexpr QRgb black = 0xff000000U;
-constexpr QRgb buttonFace = 0xfff0f0f0U;
 
 } // namespace
 
@@ -67,20 +55,27 @@ private slots:
     void initTestCase();
     void every_picture_has_its_kind_and_its_size_at_both_scales_data();
     void every_picture_has_its_kind_and_its_size_at_both_scales();
+    void no_picture_exists_at_one_scale_only();
     void a_masked_icon_is_opaque_and_stands_on_its_mask_colour_data();
     void a_masked_icon_is_opaque_and_stands_on_its_mask_colour();
+    void a_disabled_icon_keeps_lines_within_its_outline_data();
+    void a_disabled_icon_keeps_lines_within_its_outline();
+    void launch_is_found_at_once();
     void a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours_data();
     void a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours();
     void a_list_icon_has_hard_edges_and_a_clear_corner_data();
     void a_list_icon_has_hard_edges_and_a_clear_corner();
     void the_title_band_continues_the_main_window_without_a_seam();
+    void a_hidden_button_leaves_a_quiet_cover_plate_data();
+    void a_hidden_button_leaves_a_quiet_cover_plate();
+    void each_hidden_button_has_a_plate_of_its_own();
     void the_intro_bitmap_has_24_bits_a_pixel();
     void the_intro_outline_is_neither_empty_nor_a_rectangle();
     void the_intro_never_shows_the_colour_that_ends_a_row();
     void the_intro_screen_lies_inside_of_the_device();
     void each_tray_colour_is_a_clear_sign_of_its_own();
-    void a_movie_is_animated_and_keeps_its_size_data();
-    void a_movie_is_animated_and_keeps_its_size();
+    void a_tray_sign_can_be_told_in_a_small_tray_data();
+    void a_tray_sign_can_be_told_in_a_small_tray();
 };
 
 void ArtworkTest::initTestCase() { initArtResources(); }
@@ -127,6 +122,19 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales() {
     }
 }
 
+void ArtworkTest::no_picture_exists_at_one_scale_only() {
+    const QStringList names = QDir(":/art").entryList();
+    QVERIFY(names.size() > 80);
+    for (const QString& name : names) {
+        if (name.contains("@2x")) {
+            QVERIFY2(names.contains(QString(name).remove("@2x")), qPrintable(name));
+        } else {
+            const QString twin = scaled(":/art/" + name, 2);
+            QCOMPARE(pixelsOf(twin).size(), pixelsOf(":/art/" + name).size() * 2);
+        }
+    }
+}
+
 void ArtworkTest::a_masked_icon_is_opaque_and_stands_on_its_mask_colour_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QRgb>("mask");
@@ -158,6 +166,35 @@ void ArtworkTest::a_masked_icon_is_opaque_and_stands_on_its_mask_colour() {
         for (int pixel = 0; pixel < all; ++pixel)
             colours << icon.pixel(pixel % icon.width(), pixel / icon.width());
         QVERIFY2(colours.size() <= 6, "soft edges would show as many colours");
+    }
+}
+
+void ArtworkTest::a_disabled_icon_keeps_lines_within_its_outline_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* icon :
+         {"archive-16", "copy-16", "delete-16", "tag-delete-16", "about-24", "apply-24", "database-24",
+          "gallery-24", "settings-24", "web-search-24", "weblist-24", "launch-32", "open-zip-32"}) {
+        QTest::newRow(icon) << icon;
+    }
+}
+
+void ArtworkTest::a_disabled_icon_keeps_lines_within_its_outline() {
+    QFETCH(QString, name);
+    const QImage icon = pixelsOf(":/art/" + name + ".png");
+    const int lines = innerLines(icon, black);
+    QVERIFY2(lines >= icon.width(), qPrintable(QString("only %1 dark pixels").arg(lines)));
+    const QImage dense = pixelsOf(":/art/" + name + "@2x.png");
+    QVERIFY(innerLines(dense, black) >= 2 * dense.width());
+}
+
+void ArtworkTest::launch_is_found_at_once() {
+    for (int scale : {1, 2}) {
+        const int launch = glowOf(pixelsOf(scaled(":/art/launch-32.png", scale)), black);
+        for (const char* icon :
+             {"database-24", "web-search-24", "gallery-24", "weblist-24", "settings-24", "about-24"}) {
+            const QImage other = pixelsOf(scaled(QString(":/art/%1.png").arg(icon), scale));
+            QVERIFY2(launch > 2 * glowOf(other, black), icon);
+        }
     }
 }
 
@@ -213,6 +250,47 @@ void ArtworkTest::the_title_band_continues_the_main_window_without_a_seam() {
     }
 }
 
+void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate_data() {
+    QTest::addColumn<QString>("window");
+    QTest::addColumn<QRect>("button");
+    QTest::newRow("Zipper") << "MainFrm" << QRect(52, 94, 23, 23);
+    QTest::newRow("ID3_Menu") << "MainFrm" << QRect(252, 94, 40, 23);
+    QTest::newRow("Edit_Menu") << "MainFrm" << QRect(292, 94, 40, 23);
+    QTest::newRow("chameleonButton3") << "MainFrm" << QRect(252, 462, 35, 36);
+    QTest::newRow("chameleonButton5") << "MainFrm" << QRect(435, 462, 37, 36);
+    QTest::newRow("chameleonButton15") << "MainFrm" << QRect(225, 452, 23, 23);
+    QTest::newRow("yes") << "TorvMsg" << QRect(0, 41, 151, 27);
+}
+
+void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate() {
+    QFETCH(QString, window);
+    QFETCH(QRect, button);
+    constexpr int slate = 57; // the brightness of the darkest button back
+    for (int scale : {1, 2}) {
+        const QImage picture = pixelsOf(scaled(":/art/" + window + ".jpg", scale));
+        const auto brightness = [&](int x, int y, int width, int height) {
+            return brightnessOf(picture, QRect(x * scale, y * scale, width * scale, height * scale));
+        };
+        const int middle = button.width() - 16;
+        const qreal face = brightness(button.x() + 8, button.y() + 8, middle, button.height() - 16);
+        QVERIFY2(face > 35, "a black hole");
+        QVERIFY2(face < slate, "as bright as a button");
+        QVERIFY(brightness(button.x() + 8, button.y() + 1, middle, 1) > face + 10); // light from above
+        QVERIFY(brightness(button.x() + 8, button.bottom() - 1, middle, 1) < face - 5);
+        QVERIFY(brightness(button.x() + 4, button.y() + 4, 3, 3) < face - 5); // the two screws
+        QVERIFY(brightness(button.right() - 6, button.bottom() - 6, 3, 3) < face - 5);
+    }
+}
+
+void ArtworkTest::each_hidden_button_has_a_plate_of_its_own() {
+    const QImage window = pixelsOf(":/art/MainFrm.jpg");
+    const auto column = [&](int x) { return brightnessOf(window, QRect(x, 99, 1, 13)); };
+    for (int x = 252; x <= 331; ++x) {
+        const bool isGap = x == 252 || x == 291 || x == 292 || x == 331;
+        QCOMPARE(column(x) < 26, isGap);
+    }
+}
+
 void ArtworkTest::the_intro_bitmap_has_24_bits_a_pixel() {
     for (int scale : {1, 2}) {
         QFile file(scaled(":/art/Splash.bmp", scale));
@@ -252,40 +330,34 @@ void ArtworkTest::the_intro_screen_lies_inside_of_the_device() {
 void ArtworkTest::each_tray_colour_is_a_clear_sign_of_its_own() {
     QSet<QRgb> plates;
     for (int number = 0; number < 7; ++number) {
-        const QString path = QString("%1/data/tray/%2.dat").arg(tree).arg(number);
+        const QString path = QString("%1/data/tray/%2.dat").arg(artTree).arg(number);
         QCOMPARE(kindOf(path), QByteArray("PNG"));
         const QImage sign = pixelsOf(path);
-        QCOMPARE(sign.size(), QSize(44, 44));
-        QCOMPARE(qAlpha(sign.pixel(43, 0)), 0);
-        QVERIFY(countOf(sign, 0xffffffffU) > 150);
-        plates << sign.pixel(8, 6);
+        QCOMPARE(sign.size(), QSize(88, 88));
+        QCOMPARE(qAlpha(sign.pixel(87, 0)), 0);
+        QVERIFY(countOf(sign, 0xffffffffU) > 600);
+        plates << sign.pixel(36, 16);
     }
     QCOMPARE(plates.size(), 7);
 }
 
-void ArtworkTest::a_movie_is_animated_and_keeps_its_size_data() {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("intro") << tree + "/data/intro.dat" << QSize(192, 122);
-    QTest::newRow("banner") << tree + "/data/site/banner.swf" << QSize(468, 60);
+void ArtworkTest::a_tray_sign_can_be_told_in_a_small_tray_data() {
+    QTest::addColumn<int>("number");
+    for (int number = 0; number < 7; ++number) QTest::addRow("%d", number) << number;
 }
 
-void ArtworkTest::a_movie_is_animated_and_keeps_its_size() {
-    QFETCH(QString, path);
-    QFETCH(QSize, size);
-    QCOMPARE(kindOf(path), QByteArray("WebP"));
-    QVERIFY(QFile(path).size() < 300LL * 1024);
-    QMovie movie(path);
-    QVERIFY(movie.jumpToFrame(0));
-    QVERIFY(movie.frameCount() >= 10);
-    const QImage first = movie.currentImage();
-    QCOMPARE(first.size(), size);
-    const int delay = movie.nextFrameDelay();
-    QVERIFY2(delay >= 50 && delay <= 84,
-             qPrintable(QString("%1 ms is not 12 to 20 frames a second").arg(delay)));
-    for (int frame = 1; frame < movie.frameCount() / 2; ++frame) QVERIFY(movie.jumpToNextFrame());
-    QCOMPARE(movie.currentImage().size(), size);
-    QVERIFY(movie.currentImage() != first);
+void ArtworkTest::a_tray_sign_can_be_told_in_a_small_tray() {
+    QFETCH(int, number);
+    const QImage sign = pixelsOf(QString("%1/data/tray/%2.dat").arg(artTree).arg(number));
+    for (int size : {16, 22}) {
+        const QImage seen = sign.scaled(size, size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const QRect shaft(size * 6 / 16, size / 2, 2, 1);
+        const QRect aboveShaft(size * 6 / 16, size / 4, 2, 1);
+        QVERIFY2(brightnessOf(seen, shaft) - brightnessOf(seen, aboveShaft) > 70, "a faint vane");
+        // On a light panel the dark rim parts it from the ground, on a dark one its plate does.
+        QVERIFY(brightnessOf(seen, QRect(0, size / 2, 1, 1)) < 60);
+        QVERIFY(brightnessOf(seen, QRect(2, 2, 3, 1)) > 90);
+    }
 }
 
 QTEST_MAIN(ArtworkTest)

@@ -5,6 +5,8 @@
 
 e2e_here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 catalogue=$e2e_here/../catalogue
+# How many dots of the display a pixel of the designs takes: what the toolkit's own variable says.
+desk_scale=${QT_SCALE_FACTOR:-1}
 
 # A display of our own with a number that is free; openbox lets frameless windows take their places.
 start_display() {
@@ -21,6 +23,8 @@ start_display() {
     desk_openbox=$!
     wait_until 10 "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'"
     xsetroot -solid '#20242e' || true
+    # Letters that the keyboard lacks would be put on it for each stroke, and lost on a busy machine.
+    xmodmap -e 'keycode 248 = ntilde Ntilde' -e 'keycode 249 = uacute Uacute' || true
 }
 
 stop_display() {
@@ -50,8 +54,8 @@ start_program() {
 
 program_runs() { kill -0 "$program_pid" 2>/dev/null; }
 
-# The size of a window of the catalogue, as "width height".
-size_of() { awk -F'\t' -v w="$1" '$1 == w { print $3, $4 }' "$catalogue/windows.tsv"; }
+# The size of a window of the catalogue, as "width height" in dots.
+size_of() { awk -F'\t' -v w="$1" -v s="$desk_scale" '$1 == w { print $3 * s, $4 * s }' "$catalogue/windows.tsv"; }
 
 # The number of the program's visible window of that name; the windows all differ in size.
 window_id() {
@@ -81,7 +85,7 @@ panel_of() {
     esac
 }
 
-# left top width height of a control, in pixels from the window's corner.
+# left top width height of a control, in pixels of the design from the window's corner.
 rect_of() {
     local window=$1 control=$2 panel offset='0 0'
     if [ "$window" = MainFrm ]; then
@@ -99,7 +103,8 @@ point() {
     id=$(window_id "$1") || { echo "no window $1" >&2; return 1; }
     read -r left top width height < <(rect_of "$1" "$2")
     eval "$(xdotool getwindowgeometry --shell "$id")"
-    xdotool mousemove $((X + left + ${3:-$((width / 2))})) $((Y + top + ${4:-$((height / 2))}))
+    xdotool mousemove $((X + (left + ${3:-$((width / 2))}) * desk_scale)) \
+        $((Y + (top + ${4:-$((height / 2))}) * desk_scale))
     sleep 0.15
 }
 
@@ -121,3 +126,11 @@ fill_in() {
 state_of() { xprop -id "$1" WM_STATE 2>/dev/null | sed -n 's/.*window state: //p'; }
 
 shot() { maim -u "$1" 2>/dev/null; }
+
+# shot_of WINDOW FILE [MARGIN]: a window of the catalogue as it stands on the desk, with a margin in dots.
+shot_of() {
+    local id margin=${3:-0}
+    id=$(window_id "$1") || { echo "no window $1" >&2; return 1; }
+    eval "$(xdotool getwindowgeometry --shell "$id")"
+    maim -u -g "$((WIDTH + 2 * margin))x$((HEIGHT + 2 * margin))+$((X - margin))+$((Y - margin))" "$2" 2>/dev/null
+}

@@ -6,6 +6,8 @@
 
 #include <QBuffer>
 #include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QUrl>
 
 using namespace torvane;
@@ -39,6 +41,56 @@ QByteArray introBytes() {
     QFile file(QFile::decodeName(intro));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+// A player on a screen of any density.
+class PlayerOnScreen : public MoviePlayer {
+public:
+    using MoviePlayer::MoviePlayer;
+    qreal density = 1.0;
+
+protected:
+    int metric(PaintDeviceMetric asked) const override {
+        if (asked == PdmDevicePixelRatio) return qCeil(density);
+        return asked == PdmDevicePixelRatioScaled ? qRound(density * devicePixelRatioFScale())
+                                                  : MoviePlayer::metric(asked);
+    }
+};
+
+// Notes what is asked for, and answers with a movie.
+class MovieServer : public QTcpServer {
+public:
+    QByteArrayList requests;
+
+    MovieServer() {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket* socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { answer(*socket); });
+        });
+    }
+
+private:
+    // The length tells where the movie ends, and the asking side hangs up: a server that hangs up first looks
+    // like a broken line now and then, and is asked once more.
+    void answer(QTcpSocket& socket) {
+        if (!socket.peek(socket.bytesAvailable()).endsWith("\r\n\r\n")) return; // the rest is on its way
+        requests.append(socket.readLine().trimmed());
+        socket.readAll();
+        const QByteArray movie = twoColours();
+        socket.write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " +
+                     QByteArray::number(movie.size()) + "\r\n\r\n" + movie);
+    }
+};
+
+// Whether a picture is one of a movie's frames, dot for dot.
+bool isFrameOf(const QString& path, QImage picture) {
+    picture.setDevicePixelRatio(1);
+    QMovie movie(path);
+    for (int frame = 0; frame < movie.frameCount() && movie.jumpToFrame(frame); ++frame) {
+        if (movie.currentImage().convertToFormat(QImage::Format_RGB32) == picture) return true;
+    }
+    return false;
+}
 } // namespace
 
 class MoviePlayerTest : public QObject {
@@ -49,7 +101,7 @@ class MoviePlayerTest : public QObject {
 
     std::unique_ptr<FakeWorld> world;
     std::unique_ptr<TestForm> form;
-    std::unique_ptr<MoviePlayer> player;
+    std::unique_ptr<PlayerOnScreen> player;
 
     // Plays a movie on the screen until the player says what has become of it.
     bool play(const QString& location) const {
@@ -68,7 +120,7 @@ private slots:
     void init() {
         world = std::make_unique<FakeWorld>();
         form = std::make_unique<TestForm>(world->runtime);
-        player = std::make_unique<MoviePlayer>(*form, "Flash", DesignRect{10, 10, 192, 122});
+        player = std::make_unique<PlayerOnScreen>(*form, "Flash", DesignRect{10, 10, 192, 122});
     }
     void cleanup() {
         player.reset();
@@ -119,6 +171,71 @@ private slots:
         world->folder.write(u"data/banner.swf"_s, twoColours());
         QVERIFY(play(world->folder.path() + u"\\DATA\\Banner.SWF"_s));
         QVERIFY(player->isPlaying());
+    }
+
+    void a_dense_screen_gets_the_movie_in_twice_the_pixels_if_there_is_one_data() {
+        QTest::addColumn<qreal>("density");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("twin");
+        QTest::addColumn<bool>("getsTwin");
+        const auto row = [](const char* what, qreal density, const QString& name, const QString& twin,
+                            bool getsTwin) { QTest::newRow(what) << density << name << twin << getsTwin; };
+        row("plain screen", 1, u"movie.dat"_s, u"movie@2x.dat"_s, false);
+        row("a little denser", 1.25, u"movie.dat"_s, u"movie@2x.dat"_s, true);
+        row("twice as dense", 2, u"movie.dat"_s, u"movie@2x.dat"_s, true);
+        row("three times as dense", 3, u"movie.dat"_s, u"movie@2x.dat"_s, true);
+        row("no twin", 2, u"movie.dat"_s, u"other@2x.dat"_s, false);
+        row("two dots in the name", 2, u"movie.old.dat"_s, u"movie.old@2x.dat"_s, true);
+        row("no ending", 2, u"movie"_s, u"movie@2x"_s, true);
+        row("a dot in the folder's name alone", 2, u"a.folder/movie"_s, u"a.folder/movie@2x"_s, true);
+    }
+    void a_dense_screen_gets_the_movie_in_twice_the_pixels_if_there_is_one() {
+        QFETCH(qreal, density);
+        QFETCH(QString, name);
+        QFETCH(QString, twin);
+        QFETCH(bool, getsTwin);
+        player->density = density;
+        world->folder.write(twin, gifHead() + gifFrame(1) + ';');
+        QVERIFY(play(gifHead() + gifFrame(0) + ';', name));
+        QTRY_COMPARE(seen(), getsTwin ? blue : red);
+        QCOMPARE(player->geometry(), QRect(10, 10, 192, 122));
+    }
+    void the_twin_of_a_file_address_is_found() {
+        player->density = 2;
+        world->folder.write(u"a folder/movie@2x.gif"_s, gifHead() + gifFrame(1) + ';');
+        const QString file = world->folder.write(u"a folder/movie.gif"_s, gifHead() + gifFrame(0) + ';');
+        QVERIFY(play(QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded())));
+        QTRY_COMPARE(seen(), blue);
+    }
+    void a_twin_that_is_no_movie_is_not_played() {
+        player->density = 2;
+        world->folder.write(u"movie@2x.dat"_s, pngBytes());
+        QVERIFY(play(gifHead() + gifFrame(0) + ';'));
+        QTRY_COMPARE(seen(), red);
+    }
+    void a_server_is_asked_once_and_for_no_twin() {
+        player->density = 2;
+        const MovieServer server;
+        QVERIFY(play(u"http://127.0.0.1:%1/movie.gif"_s.arg(server.serverPort())));
+        QVERIFY(player->isPlaying());
+        QCOMPARE(server.requests.size(), 1);
+        QVERIFY(server.requests.first().startsWith("GET /movie.gif "));
+    }
+    void the_intro_is_shown_dot_for_dot_on_any_screen_data() {
+        QTest::addColumn<qreal>("density");
+        QTest::addColumn<QString>("frames");
+        QTest::newRow("plain") << 1.0 << QFile::decodeName(intro);
+        QTest::newRow("dense") << 2.0 << QStringLiteral(TORVANE_ART_TREE_DIR "/data/intro@2x.dat");
+    }
+    void the_intro_is_shown_dot_for_dot_on_any_screen() {
+        QFETCH(qreal, density);
+        QFETCH(QString, frames);
+        player->density = density;
+        QVERIFY(play(QFile::decodeName(intro)));
+        QTRY_VERIFY(!isEmpty());
+        const QImage seenFrame = imageOf(*player);
+        QCOMPARE(seenFrame.size(), QSize(192, 122) * density);
+        QVERIFY(isFrameOf(frames, seenFrame));
     }
 
     void what_is_no_movie_leaves_the_player_empty_data() {

@@ -24,6 +24,7 @@ private slots:
         row("mark at the end", "Salir&", "");
         row("one character is too short", "&", "");
         row("empty", "", "");
+        row("two characters are enough", "&S", "s");
         row("doubled mark at the start without another", "&&Salir", "");
         row("A, doubled mark, B, mark, C", "A&&B&C", "c");
         row("doubled mark, then a mark at the end", "A&&B&", "");

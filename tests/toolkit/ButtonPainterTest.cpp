@@ -97,6 +97,18 @@ private slots:
         COMPARE_PIXEL(image, 4, 17, 0xCECECEU); // 255 - 49
     }
 
+    void type_14_with_soft_bevel_takes_half_of_each_shift() {
+        ButtonFace face = faceOf(14, 0x808080, {20, 20}, true);
+        const QImage image = paintedFace(face);
+        COMPARE_PIXEL(image, 2, 2, 0x979797U);   // 128 + 23
+        COMPARE_PIXEL(image, 10, 10, 0x898989U); // 151 - 14
+        COMPARE_PIXEL(image, 10, 0, 0x474747U);  // 128 - 32 - 25
+        COMPARE_PIXEL(image, 1, 1, 0x7C7C7CU);   // 128 - 4
+        face.pressed = true;
+        COMPARE_PIXEL(paintedFace(face), 10, 0, 0x484848U); // 128 - 32 - 24
+        COMPARE_PIXEL(paintedFace(face), 10, 10, 0x7C7C7CU);
+    }
+
     void type_14_under_the_mouse_is_filled_with_light() {
         ButtonFace face = faceOf(14, Grey::face);
         face.over = true;
@@ -164,10 +176,68 @@ private slots:
         COMPARE_PIXEL(image, 1, 1, inner);
     }
 
-    void type_2_marked_as_default_is_framed_only_when_it_shows_the_focus() {
+    void types_1_and_2_have_their_shades_at_all_four_edges_data() {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("pressed");
+        QTest::addColumn<QList<uint>>("fromLeft"); // columns 0 and 1, then 18 and 19
+        const uint black = 0x000000;
+        const uint light = 0x836C6D; // + 31
+        QTest::newRow("1") << 1 << false << QList{black, Indigo::highlight, Indigo::shadow, black};
+        QTest::newRow("1 pressed") << 1 << true << QList{black, Indigo::shadow, Indigo::highlight, black};
+        QTest::newRow("2") << 2 << false << QList{Indigo::highlight, light, Indigo::shadow, black};
+        QTest::newRow("2 pressed") << 2 << true << QList{black, Indigo::shadow, light, Indigo::highlight};
+    }
+
+    void types_1_and_2_have_their_shades_at_all_four_edges() {
+        QFETCH(int, type);
+        QFETCH(bool, pressed);
+        QFETCH(QList<uint>, fromLeft);
+        ButtonFace face = faceOf(type, Indigo::face);
+        face.pressed = pressed;
+        const QImage image = paintedFace(face);
+        const QList<int> places{0, 1, 18, 19};
+        for (int i = 0; i < 4; ++i) {
+            COMPARE_PIXEL(image, places[i], 10, fromLeft[i]);
+            COMPARE_PIXEL(image, 10, places[i], fromLeft[i]);
+        }
+    }
+
+    void type_2_marked_as_default_has_its_bevel_inside_the_frame() {
+        ButtonFace face = faceOf(2, Indigo::face);
+        face.isDefault = face.showFocusRect = true;
+        const QImage image = paintedFace(face);
+        COMPARE_PIXEL(image, 1, 17, Indigo::highlight);
+        COMPARE_PIXEL(image, 1, 18, 0x000000U);
+        COMPARE_PIXEL(image, 2, 2, 0x836C6DU); // face + 31
+        COMPARE_PIXEL(image, 17, 10, Indigo::shadow);
+        COMPARE_PIXEL(image, 2, 17, Indigo::shadow);
+        COMPARE_PIXEL(image, 16, 16, Indigo::face);
+    }
+
+    void type_12_takes_no_default_mark() {
+        ButtonFace face = faceOf(12, Indigo::face);
+        face.isDefault = face.showFocusRect = face.over = true;
+        COMPARE_PIXEL(paintedFace(face), 0, 0, Indigo::highlight);
+    }
+
+    void type_9_pressed_lightens_its_accent_unless_its_colours_are_its_own() {
+        ButtonFace face = faceOf(9, Indigo::face);
+        face.over = face.pressed = true;
+        face.customScheme = false;
+        face.colours.accent = 0x800000;
+        const QImage image = paintedFace(face);
+        COMPARE_PIXEL(image, 0, 0, 0x800000U);
+        COMPARE_PIXEL(image, 10, 10, 0xBF8080U); // blue 127 x 128 / 255 + 128 = 63 + 128, the others 128
+    }
+
+    void type_2_marked_as_default_is_framed_at_rest_only_when_it_shows_the_focus() {
         ButtonFace face = faceOf(2, Indigo::face);
         face.isDefault = true;
         COMPARE_PIXEL(paintedFace(face), 0, 0, Indigo::highlight);
+        face.pressed = true;
+        COMPARE_PIXEL(paintedFace(face), 1, 1, Indigo::shadow);
+        COMPARE_PIXEL(paintedFace(face), 18, 18, Indigo::shadow);
+        face.pressed = false;
         face.showFocusRect = true;
         COMPARE_PIXEL(paintedFace(face), 0, 0, 0x000000U);
         COMPARE_PIXEL(paintedFace(face), 1, 1, Indigo::highlight);
@@ -189,6 +259,8 @@ private slots:
         COMPARE_PIXEL(paintedFace(face), 10, 1, Indigo::face);
         face.over = true;
         COMPARE_PIXEL(paintedFace(face), 10, 1, Indigo::shadow);
+        COMPARE_PIXEL(paintedFace(face), 10, 0, Indigo::shadow); // the edge is 2 pixels wide
+        COMPARE_PIXEL(paintedFace(face), 10, 2, Indigo::face);
         face.pressed = true;
         COMPARE_PIXEL(paintedFace(face), 10, 1, 0x000000U);
         COMPARE_PIXEL(paintedFace(face), 10, 10, 0x442D2EU); // face - 32
@@ -223,13 +295,46 @@ private slots:
         COMPARE_PIXEL(image, 4, 4, Indigo::face);
     }
 
-    void type_7_pressed_shows_no_focus_mark() {
-        ButtonFace face = faceOf(7, Indigo::face);
-        face.focusMark = face.pressed = true;
-        COMPARE_PIXEL(paintedFace(face), 3, 3, Indigo::face);
-        face.type = 6;
-        face.layout.focus = focusRect(6, {20, 20});
-        COMPARE_PIXEL(paintedFace(face), 4, 4, 0x9BB2B1U);
+    void focus_mark_lies_over_the_frame() {
+        const auto corner = [](int type, OleColour back) {
+            ButtonFace face = faceOf(type, back);
+            face.focusMark = true;
+            face.layout.focus = QRect(0, 0, 20, 20);
+            return colourAt(paintedFace(face), 0, 0);
+        };
+        // Each the inverted colour of its frame.
+        QCOMPARE(hex(corner(6, Indigo::face)), hex(0x748B8A));
+        QCOMPARE(hex(corner(7, Indigo::face)), hex(0x6C8382));
+        QCOMPARE(hex(corner(14, Grey::face)), hex(0xA1A1A1));
+    }
+
+    void focus_mark_shows_in_no_disabled_look_nor_on_a_pressed_type_14() {
+        for (const int type : {6, 7, 14}) {
+            ButtonFace face = faceOf(type, Grey::face, {40, 30});
+            face.enabled = false;
+            const QImage without = paintedFace(face);
+            face.focusMark = true;
+            QCOMPARE(paintedFace(face), without);
+        }
+        ButtonFace face = faceOf(14, Grey::face);
+        face.pressed = face.focusMark = true;
+        COMPARE_PIXEL(paintedFace(face), 6, 6, Grey::inner);
+    }
+
+    void thin_types_pressed_show_no_focus_mark_and_others_do_data() {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("shows");
+        for (const int type : {7, 8, 12}) QTest::addRow("%d", type) << type << false;
+        for (const int type : {1, 2, 6, 9, 10, 13}) QTest::addRow("%d", type) << type << true;
+    }
+    void thin_types_pressed_show_no_focus_mark_and_others_do() {
+        QFETCH(int, type);
+        QFETCH(bool, shows);
+        ButtonFace face = faceOf(type, Indigo::face);
+        face.pressed = face.over = true;
+        const QImage plain = paintedFace(face);
+        face.focusMark = true;
+        QCOMPARE(paintedFace(face) != plain, shows);
     }
 
     void dense_surface_has_the_same_lines_in_more_dots() {

@@ -82,6 +82,7 @@ private slots:
         QCOMPARE(palette.shadow, OleColour(0x606060));
         QCOMPARE(palette.darkShadow, OleColour(0x202020));
         QCOMPARE(palette.deepFace, OleColour(0x989898));
+        QCOMPARE(palette.accent, OleColour(0x404040)); // 128 - 64
     }
 
     void fixed_scheme_ignores_the_given_colours() {
@@ -118,6 +119,27 @@ private slots:
         QCOMPARE(palette.light, OleColour(0x695852));
         QCOMPARE(palette.accent, Colours::translate(Colours::system(13)));
         QCOMPARE(palette.accentLight, LightenRgb(Colours::translate(Colours::system(13)), 176));
+        QCOMPARE(palette.textOver, OleColour(0x010203));
+    }
+
+    void container_scheme_with_soft_bevel_halves_the_shifts_of_its_edges() {
+        PaletteSource source;
+        source.colorScheme = 4;
+        source.softBevel = true;
+        source.containerBack = 0x808080;
+        const ButtonPalette palette = ApplyColorScheme(source);
+        QCOMPARE(palette.light, OleColour(0x8F8F8F));      // 128 + 15
+        QCOMPARE(palette.highlight, OleColour(0x979797));  // 128 + 23
+        QCOMPARE(palette.shadow, OleColour(0x606060));     // 128 - 32
+        QCOMPARE(palette.darkShadow, OleColour(0x202020)); // 128 - 96
+    }
+
+    void system_scheme_takes_its_accent_from_the_selection() {
+        const ButtonPalette palette = ApplyColorScheme({});
+        QCOMPARE(palette.textOver, OleColour(0x000000));
+        QCOMPARE(palette.accent, OleColour(0xD77800));
+        // Blue 79 x 215 / 255 + 176 = 66 + 176, green 79 x 120 / 255 + 176 = 37 + 176, red 0 + 176.
+        QCOMPARE(palette.accentLight, OleColour(0xF2D5B0));
     }
 
     void any_other_scheme_is_the_systems_data() {
@@ -149,6 +171,10 @@ private slots:
         const ButtonPalette palette = ApplyColorScheme(source);
         QCOMPARE(palette.face, Colours::translate(Colours::system(15)));
         QCOMPARE(palette.mask, OleColour(0xFFFFFF));
+        source.backOver = Colours::system(16);
+        source.foreOver = Colours::system(17);
+        QCOMPARE(ApplyColorScheme(source).faceOver, OleColour(0xA0A0A0));
+        QCOMPARE(ApplyColorScheme(source).textOver, OleColour(0x6D6D6D));
     }
 
     void deep_face_of_type_3_follows_the_blue_rule() {

@@ -14,6 +14,27 @@ ButtonFace pictured(int type, OleColour back = Indigo::face, OleColour dot = dar
     setPicture(face, dotPicture(dot));
     return face;
 }
+
+// A caption over a black picture that fills the whole button.
+ButtonFace overPictureBlock(int type) {
+    ButtonFace face = faceOf(type, Indigo::face, {60, 30});
+    face.normalPicture = QImage(60, 30, QImage::Format_RGB32);
+    face.normalPicture.fill(Qt::black);
+    face.layout.picture = QRect(0, 0, 60, 30);
+    face.place = PicturePlace::behind;
+    face.caption = QStringLiteral("MMM");
+    face.layout.caption = QRect(10, 8, 40, 14);
+    face.layout.captionMoved = QRect(11, 9, 40, 14);
+    return face;
+}
+
+int pixelsIn(const QImage& image, OleColour colour) {
+    int count = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == colour;
+    }
+    return count;
+}
 } // namespace
 
 class ButtonPicturesTest : public QObject {
@@ -93,6 +114,13 @@ private slots:
         COMPARE_PIXEL(image, 10, 10, dark);
     }
 
+    void picture_lies_over_its_effect() {
+        ButtonFace face = pictured(7);
+        face.normalPicture.setPixelColor(3, 3, Colours::toQColor(bright));
+        face.specialEffect = 2;
+        COMPARE_PIXEL(paintedFace(face), 11, 11, bright);
+    }
+
     void raised_effect_is_dark_below_and_light_above() {
         ButtonFace face = pictured(7);
         face.specialEffect = 1;
@@ -136,6 +164,47 @@ private slots:
         COMPARE_PIXEL(image, 9, 9, 0xA8A8A8U);   // 160 + 48 - 40
     }
 
+    void effects_of_types_3_and_4_are_shades_of_their_deep_faces() {
+        const auto shades = [](int type) {
+            ButtonFace face = pictured(type, 0xA0A0A0);
+            face.specialEffect = 2;
+            const QImage image = paintedFace(face);
+            return hex(colourAt(image, 11, 11)) + ' ' + hex(colourAt(image, 9, 9));
+        };
+        QCOMPARE(shades(4), QByteArray("f8f8f8 a8a8a8"));
+        // Blue has got 160 x 48 / 192 = 40: 200 + 40 and 200 - 40.
+        QCOMPARE(shades(3), QByteArray("f0f8f8 a0a8a8"));
+    }
+
+    void effect_with_soft_bevel_takes_half_of_its_shift() {
+        ButtonFace face = faceOf(7, 0x808080, {20, 20}, true);
+        setPicture(face, dotPicture(dark));
+        face.specialEffect = 2;
+        const QImage image = paintedFace(face);
+        COMPARE_PIXEL(image, 11, 11, 0x949494U); // 128 + 20
+        COMPARE_PIXEL(image, 9, 9, 0x6C6C6CU);   // 128 - 20
+    }
+
+    void effect_under_the_mouse_is_that_of_the_over_picture() {
+        ButtonFace face = pictured(7);
+        face.specialEffect = 3;
+        face.over = true;
+        face.overPicture = dotPicture(bright);
+        COMPARE_PIXEL(paintedFace(face), 10, 10, bright);
+        COMPARE_PIXEL(paintedFace(face), 11, 11, Indigo::face);
+    }
+
+    void without_mask_colour_a_dark_picture_prints_all_of_its_rectangle() {
+        ButtonFace face = pictured(7);
+        face.colours.mask = dark;
+        face.normalPicture.fill(Colours::toQColor(dark));
+        face.specialEffect = 3;
+        COMPARE_PIXEL(paintedFace(face), 13, 13, Indigo::face);
+        face.useMaskColor = false;
+        COMPARE_PIXEL(paintedFace(face), 13, 13, Indigo::sunken);
+        COMPARE_PIXEL(paintedFace(face), 8, 8, dark);
+    }
+
     void effect_shades_stop_at_white_and_black() {
         ButtonFace face = pictured(7, 0x10F010);
         face.specialEffect = 2;
@@ -174,6 +243,14 @@ private slots:
         COMPARE_PIXEL(paintedFace(face), 10, 10, Indigo::face);
     }
 
+    void disabled_picture_is_always_the_normal_one() {
+        ButtonFace face = pictured(6);
+        face.enabled = false;
+        face.over = true;
+        face.overPicture = dotPicture(bright);
+        COMPARE_PIXEL(paintedFace(face), 10, 10, Indigo::shadow);
+    }
+
     void disabled_picture_has_no_effect_pass() {
         ButtonFace face = pictured(6);
         face.enabled = false;
@@ -184,25 +261,36 @@ private slots:
     }
 
     void caption_is_painted_over_a_picture_behind_it() {
-        ButtonFace face = faceOf(7, Indigo::face, {60, 30});
-        QImage block(60, 30, QImage::Format_RGB32);
-        block.fill(Qt::black);
-        face.normalPicture = block;
-        face.layout.picture = QRect(0, 0, 60, 30);
-        face.caption = QStringLiteral("MMM");
-        face.layout.caption = QRect(10, 8, 40, 14);
+        ButtonFace face = overPictureBlock(7);
+        face.place = PicturePlace::left;
         const QImage covered = paintedFace(face);
         face.place = PicturePlace::behind;
         const QImage shown = paintedFace(face);
-        const auto textPixels = [](const QImage& image) {
-            int count = 0;
-            for (int x = 0; x < image.width(); ++x) {
-                for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == 0x00FFFF;
-            }
-            return count;
-        };
-        QCOMPARE(textPixels(covered), 0);
-        QVERIFY(textPixels(shown) > 20);
+        QCOMPARE(pixelsIn(covered, 0x00FFFF), 0);
+        QVERIFY(pixelsIn(shown, 0x00FFFF) > 20);
+    }
+
+    void caption_over_a_picture_has_the_look_of_the_state() {
+        ButtonFace face = overPictureBlock(7);
+        face.over = true;
+        QVERIFY(pixelsIn(paintedFace(face), 0x00C000) > 20);
+        QCOMPARE(pixelsIn(paintedFace(face), 0x00FFFF), 0);
+        face.over = false;
+        face.pressed = true;
+        QVERIFY(pixelsIn(paintedFace(face), 0x00C000) > 20);
+        face.enabled = false;
+        // The block is printed in shadow, and on it stands the light part of the caption.
+        const QImage dead = paintedFace(face).copy(4, 4, 50, 20);
+        QVERIFY(pixelsIn(dead, Indigo::highlight) > 0);
+        QCOMPARE(pixelsIn(dead, 0x00FFFF), 0);
+    }
+
+    void default_mark_makes_the_caption_over_a_picture_bold_as_well() {
+        ButtonFace face = overPictureBlock(14);
+        face.font = Fonts::of(Fonts::M8);
+        const int plain = pixelsIn(paintedFace(face), 0x00FFFF);
+        face.isDefault = true;
+        QVERIFY(pixelsIn(paintedFace(face), 0x00FFFF) > plain + 5);
     }
 
     void picture_on_a_dense_surface_takes_its_place_in_dots() {

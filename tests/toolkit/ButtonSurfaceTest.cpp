@@ -86,6 +86,129 @@ private slots:
         QCOMPARE(counter.paints, 1);
     }
 
+    void what_does_not_show_paints_nothing() {
+        ButtonForm form;
+        form.showAndWait();
+        QCoreApplication::processEvents();
+        PaintCounter counter;
+        form.button.installEventFilter(&counter);
+        form.button.setUseMaskColor(false);                // there is no picture
+        form.button.setUseGreyscale(false);                // nor here
+        form.button.setValue(true);                        // it is no check box
+        form.button.setPictureOver(filled(8, 8, Qt::red)); // the mouse is elsewhere
+        QCoreApplication::processEvents();
+        QCOMPARE(counter.paints, 0);
+    }
+
+    void refresh_is_on_the_screen_before_it_returns() {
+        ButtonForm form;
+        form.showAndWait();
+        QCoreApplication::processEvents();
+        PaintCounter counter;
+        form.button.installEventFilter(&counter);
+        form.button.Refresh();
+        QCOMPARE(counter.paints, 1);
+    }
+
+    void refresh_keeps_a_pressed_look() {
+        ButtonForm form;
+        QTest::keyPress(&form.button, Qt::Key_Space);
+        form.button.Refresh();
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x240D0EU); // face - 64
+    }
+
+    void a_new_size_and_the_next_show_lift_a_pressed_look() {
+        ButtonForm form;
+        form.showAndWait();
+        QTest::keyPress(&form.button, Qt::Key_Space);
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x240D0EU); // face - 64
+        form.button.resize(90, 30);
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x937C7DU); // face + 47
+        QTest::keyPress(&form.button, Qt::Key_Space);
+        form.button.hide();
+        form.button.show();
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x937C7DU);
+    }
+
+    void a_hidden_button_keeps_its_last_picture() {
+        ButtonForm form;
+        form.showAndWait();
+        const QImage before = form.picture();
+        form.button.hide();
+        form.button.setBackColor(0x102030);
+        QCOMPARE(form.picture(), before);
+    }
+
+    void soft_bevel_shows_at_once_and_in_every_shade() {
+        ButtonForm form;
+        form.button.setButtonType(6);
+        form.button.setBackColor(0x808080);
+        COMPARE_PIXEL(form.picture(), 0, 0, 0xA7A7A7U); // 128 + 31 + 8
+        form.button.setSoftBevel(true);
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x939393U); // 128 + 15 + 4
+    }
+
+    void deep_face_of_type_3_follows_its_own_rule() {
+        ButtonForm form;
+        form.button.setButtonType(3);
+        COMPARE_PIXEL(form.picture(), 50, 1, 0x7D7D7EU); // blue 100 + 100 x 48 / 192
+    }
+
+    void default_mark_frames_type_2_at_once() {
+        ButtonForm form;
+        form.button.setButtonType(2);
+        form.button.setShowFocusRect(true);
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x937C7DU);
+        form.button.setDisplayAsDefault(true);
+        COMPARE_PIXEL(form.picture(), 0, 0, 0x000000U);
+    }
+
+    void special_effect_shows_at_once() {
+        ButtonForm form;
+        form.button.setCaption(QString());
+        form.button.setPictureNormal(filled(16, 16, Qt::red)); // centred: 42 to 58, 7 to 23
+        COMPARE_PIXEL(form.picture(), 58, 23, face);
+        form.button.setSpecialEffect(3);
+        COMPARE_PIXEL(form.picture(), 58, 23, 0x3C2526U); // face - 40
+    }
+
+    void picture_goes_to_its_place_and_under_the_caption() {
+        ButtonForm form;
+        form.button.setCaption(QStringLiteral("I"));
+        form.button.setUseGreyscale(false);
+        form.button.setPictureNormal(filled(16, 16, Qt::red));
+        const auto isRed = [&](int x, int y) { return colourAt(form.picture(), x, y) == 0x0000FF; };
+        // The letter is t pixels wide, less than 20. Left: the picture from (83 - t) / 2 - 3, right: from
+        // 5 + (79 + t) / 2 on.
+        QVERIFY(isRed(40, 10) && !isRed(56, 10));
+        form.button.setPicturePosition(1);
+        QVERIFY(isRed(56, 10) && !isRed(40, 10));
+        form.button.setPicturePosition(4);
+        QVERIFY(isRed(42, 7) && isRed(57, 22) && !isRed(41, 10) && !isRed(58, 10));
+        const QImage around = form.picture().copy(42, 7, 16, 16);
+        QVERIFY(around != filled(16, 16, Qt::red).toImage().convertToFormat(around.format()));
+    }
+
+    void picture_beside_a_caption_of_blanks_is_centred() {
+        ButtonForm form;
+        form.button.setCaption(QStringLiteral("   "));
+        form.button.setUseGreyscale(false);
+        form.button.setPictureNormal(filled(16, 16, Qt::red));
+        COMPARE_PIXEL(form.picture(), 41, 10, face);
+        COMPARE_PIXEL(form.picture(), 42, 10, 0x0000FFU);
+        COMPARE_PIXEL(form.picture(), 57, 10, 0x0000FFU);
+    }
+
+    void mask_colour_shows_at_once() {
+        ButtonForm form;
+        form.button.setCaption(QString());
+        form.button.setUseGreyscale(false);
+        form.button.setPictureNormal(filled(16, 16, Qt::red));
+        COMPARE_PIXEL(form.picture(), 50, 15, 0x0000FFU);
+        form.button.setMaskColor(0x0000FF);
+        COMPARE_PIXEL(form.picture(), 50, 15, face);
+    }
+
     void outline_is_a_mask_only_where_it_is_no_rectangle() {
         ButtonForm form;
         QVERIFY(form.button.mask().isEmpty());
@@ -118,6 +241,17 @@ private slots:
         form.setPicture(filled(400, 300, QColor(7, 8, 9)));
         COMPARE_PIXEL(form.picture(), 2, 2, 0x030201U);
         form.button.Refresh();
+        COMPARE_PIXEL(form.picture(), 2, 2, 0x090807U);
+    }
+
+    void type_11_looks_anew_at_each_show() {
+        ButtonForm form;
+        form.setPicture(filled(400, 300, QColor(1, 2, 3)));
+        form.button.setButtonType(11);
+        form.showAndWait();
+        form.button.hide();
+        form.setPicture(filled(400, 300, QColor(7, 8, 9)));
+        form.button.show();
         COMPARE_PIXEL(form.picture(), 2, 2, 0x090807U);
     }
 

@@ -51,6 +51,15 @@ struct ButtonForm : TestForm {
     }
 };
 
+/// How many pixels of a colour an image has.
+inline int pixelsIn(const QImage& image, OleColour colour) {
+    int count = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == colour;
+    }
+    return count;
+}
+
 struct PaintCounter : QObject {
     int paints = 0;
     bool eventFilter(QObject*, QEvent* event) override {

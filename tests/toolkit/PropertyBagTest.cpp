@@ -9,8 +9,8 @@ using namespace torvane;
 namespace {
 QString name(const char* text) { return QString::fromLatin1(text); }
 
-QPixmap dot() {
-    QPixmap picture(1, 1);
+QPixmap dot(int width = 1) {
+    QPixmap picture(width, 1);
     picture.fill(Qt::red);
     return picture;
 }
@@ -93,27 +93,70 @@ private slots:
     }
 
     void what_is_written_is_read_again() {
-        ButtonProperties properties;
-        properties.buttonType = 14;
-        properties.caption = QStringLiteral("¿Sí?");
-        properties.enabled = false;
-        properties.font = Fonts::T9u;
-        properties.backColor = Colours::system(15);
-        properties.backOver = 0x9FFFA5;
-        properties.pictureOver = dot();
-        properties.specialEffect = 3;
-        properties.value = true;
+        const ButtonProperties written{.buttonType = 14,
+                                       .caption = QStringLiteral("¿Sí?"),
+                                       .enabled = false,
+                                       .font = Fonts::T9u,
+                                       .colorScheme = 3,
+                                       .showFocusRect = false,
+                                       .backColor = Colours::system(16),
+                                       .backOver = 0x9FFFA5,
+                                       .foreColor = 0x010203,
+                                       .foreOver = 0x040506,
+                                       .maskColor = 0xFF00FF,
+                                       .mousePointer = 99,
+                                       .mouseIcon = dot(2),
+                                       .pictureNormal = dot(3),
+                                       .pictureOver = dot(4),
+                                       .useMaskColor = false,
+                                       .softBevel = true,
+                                       .picturePosition = 4,
+                                       .useGreyscale = true,
+                                       .specialEffect = 3,
+                                       .handPointer = true,
+                                       .checkBoxBehaviour = true,
+                                       .value = true};
         PropertyBag bag;
-        properties.write(bag);
+        written.write(bag);
         const ButtonProperties read = ButtonProperties::read(bag, {});
         QCOMPARE(read.buttonType, 14);
         QCOMPARE(read.caption, QStringLiteral("¿Sí?"));
-        QVERIFY(!read.enabled && read.value);
+        QVERIFY(!read.enabled && !read.showFocusRect && !read.useMaskColor);
+        QVERIFY(read.softBevel && read.useGreyscale && read.handPointer && read.checkBoxBehaviour);
+        QVERIFY(read.value);
         QVERIFY(read.font == Fonts::T9u);
-        QCOMPARE(read.backColor, Colours::system(15));
+        QCOMPARE(read.colorScheme, 3);
+        QCOMPARE(read.backColor, Colours::system(16));
         QCOMPARE(read.backOver, OleColour(0x9FFFA5));
-        QVERIFY(read.pictureNormal.isNull() && !read.pictureOver.isNull());
+        QCOMPARE(read.foreColor, OleColour(0x010203));
+        QCOMPARE(read.foreOver, OleColour(0x040506));
+        QCOMPARE(read.maskColor, OleColour(0xFF00FF));
+        QCOMPARE(read.mousePointer, 99);
+        QCOMPARE(read.mouseIcon.width(), 2);
+        QCOMPARE(read.pictureNormal.width(), 3);
+        QCOMPARE(read.pictureOver.width(), 4);
+        QCOMPARE(read.picturePosition, 4);
         QCOMPARE(read.specialEffect, 3);
+    }
+
+    void each_value_stands_under_its_own_key() {
+        PropertyBag bag;
+        bag.WriteProperty(name("NGREY"), true);
+        bag.WriteProperty(name("UMCOL"), false);
+        bag.WriteProperty(name("PICPOS"), 1);
+        bag.WriteProperty(name("COLTYPE"), 4);
+        bag.WriteProperty(name("FX"), 2);
+        bag.WriteProperty(name("MPTR"), 11);
+        bag.WriteProperty(name("PICN"), dot(3));
+        bag.WriteProperty(name("PICH"), dot(4));
+        const ButtonProperties read = ButtonProperties::read(bag, {});
+        QVERIFY(read.useGreyscale && !read.useMaskColor && !read.softBevel);
+        QCOMPARE(read.picturePosition, 1);
+        QCOMPARE(read.colorScheme, 4);
+        QCOMPARE(read.specialEffect, 2);
+        QCOMPARE(read.mousePointer, 11);
+        QCOMPARE(read.pictureNormal.width(), 3);
+        QCOMPARE(read.pictureOver.width(), 4);
     }
 };
 

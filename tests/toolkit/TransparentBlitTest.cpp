@@ -46,12 +46,20 @@ private slots:
         COMPARE_PIXEL(blitted(0xC0C0C1, {.mask = mask}), 3, 1, 0xC0C0C1U);
     }
 
-    void without_a_mask_the_whole_picture_shows() { COMPARE_PIXEL(blitted(0x0000FF, {}), 2, 1, mask); }
+    void without_a_mask_the_whole_picture_shows() {
+        COMPARE_PIXEL(blitted(0x0000FF, {}), 2, 1, mask);
+        COMPARE_PIXEL(blitted(0xFFFFFF, {}), 3, 1, 0xFFFFFFU);
+        COMPARE_PIXEL(blitted(0x000000, {}), 3, 1, 0x000000U);
+    }
 
     void brush_colours_every_pixel_but_the_mask() {
         const QImage target = blitted(0xFFFFFF, {.mask = mask, .brush = 0x00FF00});
         COMPARE_PIXEL(target, 2, 1, ground);
         COMPARE_PIXEL(target, 3, 1, 0x00FF00U);
+    }
+
+    void a_black_brush_is_a_brush() {
+        COMPARE_PIXEL(blitted(0xFFFFFF, {.mask = mask, .brush = 0x000000}), 3, 1, 0x000000U);
     }
 
     void stencil_prints_pixels_up_to_a_sum_of_384() {
@@ -114,6 +122,12 @@ private slots:
         COMPARE_PIXEL(target, 5, 3, mask);
         TransparentBlit(target, {100, 100, 2, 1}, pictureWith(0x0000FF), {});
         COMPARE_PIXEL(target, 4, 3, ground);
+        QImage column(1, 2, QImage::Format_RGB32);
+        column.setPixelColor(0, 0, Qt::red);
+        column.setPixelColor(0, 1, Qt::green);
+        TransparentBlit(target, {3, -1, 1, 2}, column, {});
+        COMPARE_PIXEL(target, 3, 0, 0x00FF00U);
+        COMPARE_PIXEL(target, 3, 1, ground);
     }
 
     void transparent_parts_of_an_icon_become_the_mask() {

@@ -21,6 +21,58 @@ private slots:
         QCOMPARE(clicks.size(), 1);
     }
 
+    void keys_give_their_events_in_order_with_the_looks_from_before() {
+        ButtonForm form;
+        QByteArrayList story;
+        const auto note = [&](const char* what) {
+            story += what + QByteArray(form.corner() == pressedCorner ? " down" : " up");
+        };
+        connect(&form.first, &chameleonButton::KeyDown, this, [&] { note("KeyDown"); });
+        connect(&form.first, &chameleonButton::KeyPress, this, [&] { note("KeyPress"); });
+        connect(&form.first, &chameleonButton::KeyUp, this, [&] { note("KeyUp"); });
+        connect(&form.first, &chameleonButton::Click, this, [&] { note("Click"); });
+        QTest::keyClick(&form.first, Qt::Key_Space);
+        QCOMPARE(story, (QByteArrayList{"KeyDown up", "KeyPress down", "KeyUp down", "Click up"}));
+    }
+
+    void the_lifted_look_is_on_the_screen_before_the_click_of_a_key() {
+        ButtonForm form;
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        QCoreApplication::processEvents();
+        PaintCounter counter;
+        form.first.installEventFilter(&counter);
+        int paintsAtClick = 0;
+        connect(&form.first, &chameleonButton::Click, this, [&] { paintsAtClick = counter.paints; });
+        QTest::keyRelease(&form.first, Qt::Key_Space);
+        QCOMPARE(paintsAtClick, 1);
+    }
+
+    void return_does_not_press() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.first, &chameleonButton::Click);
+        QTest::keyPress(&form.first, Qt::Key_Return);
+        QCOMPARE(form.corner(), raisedCorner);
+        QTest::keyRelease(&form.first, Qt::Key_Return);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void without_check_box_behaviour_no_click_changes_the_value() {
+        ButtonForm form;
+        QTest::mouseClick(&form.first, Qt::LeftButton, {}, middle);
+        QVERIFY(!form.first.Value());
+        QTest::keyClick(&form.first, Qt::Key_Space);
+        QVERIFY(!form.first.Value());
+    }
+
+    void focus_comes_and_goes_without_lifting_a_pressed_look() {
+        ButtonForm form;
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        form.second.setFocus();
+        QCOMPARE(form.corner(), pressedCorner);
+        form.first.setFocus();
+        QCOMPARE(form.corner(), pressedCorner);
+    }
+
     void a_held_space_clicks_once() {
         ButtonForm form;
         QSignalSpy clicks(&form.first, &chameleonButton::Click);
@@ -86,6 +138,7 @@ private slots:
         QTest::keyClick(&form.first, Qt::Key_A, Qt::ShiftModifier);
         QCOMPARE(downs.last(), (QList<QVariant>{65, 1}));
         QCOMPARE(presses.size(), 1);
+        QCOMPARE(presses[0][0].toInt(), 97); // the byte, not the key's code
         QCOMPARE(ups.first()[0].toInt(), 65);
     }
 

@@ -209,6 +209,36 @@ private slots:
         form.button.setMouseIcon(filled(8, 8, Qt::red));
         form.button.setMousePointer(99);
         QCOMPARE(form.button.cursor().shape(), Qt::BitmapCursor);
+        form.button.setMouseIcon(filled(16, 16, Qt::red));
+        QCOMPARE(form.button.cursor().pixmap().width(), 16);
+        form.button.setHandPointer(false);
+        QVERIFY(form.button.MouseIcon().isNull());
+    }
+
+    void pointer_number_0_is_the_windows_own() {
+        ButtonForm form;
+        form.setCursor(Qt::CrossCursor);
+        form.button.setMousePointer(0);
+        QCOMPARE(form.button.cursor().shape(), Qt::CrossCursor);
+    }
+
+    void a_larger_font_is_centred_anew() {
+        ButtonForm form;
+        form.button.setCaption(QStringLiteral("H"));
+        form.button.setFontSize(16);
+        const QImage image = form.picture();
+        int first = 30;
+        int last = 0;
+        for (int x = 0; x < 100; ++x) {
+            for (int y = 0; y < 30; ++y) {
+                if (colourAt(image, x, y) != Colours::white) continue;
+                first = std::min(first, y);
+                last = std::max(last, y);
+            }
+        }
+        // A letter of 15 pixels that stands on its base line, within 2 pixels of the middle.
+        QVERIFY(last > first + 10);
+        QVERIFY(std::abs(first + last - 29) <= 4);
     }
 
     void tool_tip_is_shown_as_plain_text() {

@@ -95,6 +95,13 @@ private slots:
         QVERIFY(form.browser.urls.isEmpty());
     }
 
+    void the_pointer_over_the_link_is_a_hand() {
+        LinkForm form;
+        QEnterEvent enter({3, 3}, {3, 3}, form.link.mapToGlobal(QPointF(3, 3)));
+        QCoreApplication::sendEvent(&form.link, &enter);
+        QCOMPARE(form.link.cursor().shape(), Qt::PointingHandCursor);
+    }
+
     void release_over_the_link_is_the_click() {
         LinkForm form;
         form.link.setURL(QStringLiteral("http://a"));

@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 
 namespace torvane {
@@ -33,6 +34,13 @@ QByteArray contentOf(const QString& path) {
     });
     return bytes;
 }
+
+// Where the same movie may lie in twice the pixels: "intro@2x.dat" beside "intro.dat".
+QString denseTwinOf(const QString& path) {
+    const qsizetype name = std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
+    const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
+    return QString(path).insert(dot > name ? dot : path.size(), QStringLiteral("@2x"));
+}
 } // namespace
 
 MoviePlayer::MoviePlayer(QWidget& parent, const char* name, const DesignRect& rect)
@@ -56,14 +64,19 @@ void MoviePlayer::Play() {
 void MoviePlayer::load() {
     if (m_location.startsWith(fileScheme)) {
         const QByteArray path = m_location.sliced(fileScheme.size()).toUtf8();
-        start(contentOf(Paths::spelled(QByteArray::fromPercentEncoding(path))));
+        loadFile(Paths::spelled(QByteArray::fromPercentEncoding(path)));
     } else if (m_location.contains(QStringLiteral("://"))) {
         Download::start(*this, m_location, largestMovie, [this, asked = m_location](const QByteArray& bytes) {
             if (asked == m_location) start(bytes); // else another movie has been set meanwhile
         });
     } else {
-        start(contentOf(m_location));
+        loadFile(m_location);
     }
+}
+
+void MoviePlayer::loadFile(const QString& path) {
+    const QByteArray dense = devicePixelRatioF() > 1.0 ? contentOf(denseTwinOf(path)) : QByteArray();
+    start(formatOf(dense).isEmpty() ? contentOf(path) : dense);
 }
 
 void MoviePlayer::start(const QByteArray& bytes) {
@@ -97,7 +110,10 @@ void MoviePlayer::paintEvent(QPaintEvent*) {
         m_wanted = false;
         QTimer::singleShot(restMilliseconds, this, &MoviePlayer::load);
     }
-    if (m_movie && m_movie->isValid()) QPainter(this).drawPixmap(rect(), m_movie->currentPixmap());
+    if (!m_movie || !m_movie->isValid()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform); // between two densities no frame fits dot for dot
+    painter.drawPixmap(rect(), m_movie->currentPixmap());
 }
 
 void MoviePlayer::mousePressEvent(QMouseEvent*) { emit Click(); }

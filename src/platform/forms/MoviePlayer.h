@@ -23,7 +23,9 @@ public:
     QString kind() const override { return QStringLiteral("Flash player"); }
     QAccessible::Role accessibleRole() const override { return QAccessible::Animation; }
 
-    /// The spelled path of the movie, or an address (file, http or https).
+    /// The spelled path of the movie, or an address (file, http or https). On a dense screen the file's twin
+    /// with twice the pixels is played, "name@2x.ending" beside it, if there is one; its size on the form is
+    /// the same.
     void setMovie(const QString& location);
     const QString& Movie() const { return m_location; }
     void Play();
@@ -41,6 +43,7 @@ protected:
 
 private:
     void load();
+    void loadFile(const QString& path);
     void start(const QByteArray& bytes);
     void showFrame();
     void goOn();

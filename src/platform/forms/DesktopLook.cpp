@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The toolkit's palette from a few colours.
+#include "DesktopLook.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyle>
+#include <QToolTip>
+
+namespace torvane {
+
+namespace {
+QPalette paletteOf(const DesktopLook& look) {
+    const QColor text = Colours::toQColor(look.text);
+    const QColor faint = Colours::toQColor(look.faint);
+    const QColor ground = Colours::toQColor(look.ground);
+    // The constructor derives light and shadow from button and ground.
+    QPalette palette(Colours::toQColor(look.button), ground);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText,
+                            QPalette::ToolTipText, QPalette::HighlightedText}) {
+        palette.setColor(role, text);
+    }
+    palette.setColor(QPalette::Base, Colours::toQColor(look.field));
+    palette.setColor(QPalette::AlternateBase, ground);
+    palette.setColor(QPalette::ToolTipBase, Colours::toQColor(look.button));
+    palette.setColor(QPalette::Highlight, Colours::toQColor(look.selection));
+    palette.setColor(QPalette::PlaceholderText, faint);
+    palette.setColor(QPalette::Link, text);
+    palette.setColor(QPalette::LinkVisited, faint);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    return palette;
+}
+} // namespace
+
+void applyDesktopLook(const DesktopLook& look) {
+    // Other styles of a desktop take their colours from pictures and would ignore the palette.
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    const QPalette palette = paletteOf(look);
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
+}
+
+} // namespace torvane

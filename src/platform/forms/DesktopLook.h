@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The colours of what the program does not paint itself: message boxes, file dialogs, scroll bars, tool tips.
+#pragma once
+
+#include "Colours.h"
+
+namespace torvane {
+
+/// A few colours that all parts of the toolkit's own dialogs are derived from.
+struct DesktopLook {
+    OleColour ground = 0;    ///< of boxes and dialogs
+    OleColour button = 0;    ///< of push buttons, scroll bars and headings
+    OleColour field = 0;     ///< behind texts that are typed or chosen
+    OleColour text = 0;      ///< on all of these
+    OleColour selection = 0; ///< behind the selected text, whose letters keep their colour
+    OleColour faint = 0;     ///< texts of what can't be used, and hints in empty fields
+};
+
+/// Gives the whole application that look, whatever the desktop's own theme is: a light box over dark windows
+/// dazzles. To be called once the application object stands and before its first window.
+void applyDesktopLook(const DesktopLook& look);
+
+} // namespace torvane

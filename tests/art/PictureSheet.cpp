@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// What lies where on the picture sheet. Small buttons stand on the left, wide ones on the right with the
+// lists, signs, icons and cursors below them.
+#include "PictureSheet.h"
+
+#include <QDir>
+#include <QIcon>
+#include <QPainter>
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+constexpr int captionWidth = 124;
+constexpr int smallStep = 44;
+constexpr int wideStep = 208;
+constexpr int rowGap = 6;
+constexpr int rightColumn = 366;
+constexpr int widestSmallButton = 40;
+const QColor lightPanel(0xEC, 0xEC, 0xE8);
+const QColor darkPanel(0x20, 0x20, 0x24);
+
+constexpr FormDesign sheetDesign{.name = "PictureSheet",
+                                 .title = "Pictures",
+                                 .clientSize = {1370, 740},
+                                 .border = FormDesign::fixedDialog,
+                                 .start = FormDesign::systemDefault,
+                                 .backColour = slate,
+                                 .inTaskBar = true};
+
+// One row for each picture of the list.
+struct AllIcons : RowSource {
+    int count() const override { return 4; }
+    QString text(int row) const override { return QStringLiteral("Game %1").arg(row + 1); }
+    int icon(int row) const override { return row + 1; }
+};
+
+QStringList resources(const QString& pattern) {
+    QStringList names = QDir(QStringLiteral(":/art")).entryList({pattern});
+    names.removeIf([](const QString& name) { return name.contains(QLatin1Char('@')); });
+    return names;
+}
+} // namespace
+
+PictureSheet::PictureSheet(Runtime& runtime)
+    : Form(runtime, sheetDesign), m_main(runtime), m_message(runtime) {
+    addButtons();
+    addLists();
+    addImages();
+    addTraySigns();
+    addWindowIcons();
+    addCursors();
+}
+
+void PictureSheet::addButtons() {
+    QList<chameleonButton*> originals = m_main.findChildren<chameleonButton*>();
+    originals += m_message.findChildren<chameleonButton*>();
+    int nextSmall = 10;
+    int nextWide = 10;
+    for (const chameleonButton* original : originals) {
+        if (original->PictureNormal().isNull()) continue;
+        const bool isSmall = original->width() <= widestSmallButton;
+        int& next = isSmall ? nextSmall : nextWide;
+        addButtonRow(*original, {isSmall ? 10 : rightColumn, next}, isSmall ? smallStep : wideStep);
+        next += original->height() + rowGap;
+    }
+}
+
+void PictureSheet::addButtonRow(const chameleonButton& original, QPoint place, int step) {
+    using Hold = StillButton::Hold;
+    caption({place, QSize(captionWidth, original.height())}, original.objectName());
+    place.rx() += captionWidth;
+    for (const Hold hold : {Hold::rest, Hold::over, Hold::pressed, Hold::disabled}) {
+        m_controls.push_back(std::make_unique<StillButton>(*this, original, place, hold));
+        place.rx() += step;
+    }
+    m_pictures.push_back({place, original.PictureNormal()});
+}
+
+// Each picture on a plain row and on a selected one.
+void PictureSheet::addLists() {
+    const auto rows = std::make_shared<AllIcons>();
+    for (int selected = 0; selected < rows->count(); ++selected) {
+        const DesignRect place{double(rightColumn + selected * 120), 320, 112, 133};
+        auto panel = std::make_unique<Panel>(*this, "Lists", place, Panel::Look{slate});
+        // The panel owns what lies on it.
+        auto* list = new ListView(*panel, "List", {0, 0, place.width, place.height}, m_main.ImageList1);
+        list->setItems(rows);
+        list->setCurrentRow(selected);
+        m_controls.push_back(std::move(panel));
+    }
+}
+
+void PictureSheet::addImages() {
+    QPoint place(rightColumn + 500, 320);
+    QList<Image*> images = m_main.findChildren<Image*>();
+    images += m_message.findChildren<Image*>();
+    for (const Image* image : images) {
+        if (image->Picture().isNull() || image->width() > widestSmallButton) continue;
+        m_pictures.push_back({place, image->Picture()});
+        place.rx() += 32;
+    }
+}
+
+// As a desktop shows them: the program hands one picture over, and the toolkit brings it to the tray's size.
+void PictureSheet::addTraySigns() {
+    TrayIcon sign(*this, "TrayIcon", "");
+    int top = 360;
+    for (const QColor& ground : {lightPanel, darkPanel}) {
+        const QRect strip(rightColumn + 500, top, 400, 36);
+        m_grounds.emplace_back(strip, ground);
+        QPoint place = strip.topLeft() + QPoint(8, 7);
+        for (const int size : {16, 22}) {
+            for (int number = 0; number <= 6; ++number) {
+                sign.setPicture(QStringLiteral(TORVANE_ART_TREE_DIR "\\data\\tray\\%1.dat").arg(number));
+                m_pictures.push_back(
+                    {place, QIcon(sign.picture()).pixmap(QSize(size, size), devicePixelRatioF())});
+                place.rx() += size + 8;
+            }
+            place.rx() += 16;
+        }
+        top += 40;
+    }
+}
+
+void PictureSheet::addWindowIcons() {
+    QList<QPixmap> icons;
+    for (const QString& name : resources(QStringLiteral("torvane-*.png")))
+        icons.append(Pictures::load(name, devicePixelRatioF()));
+    std::ranges::sort(icons, {}, [](const QPixmap& icon) { return icon.width(); });
+    QPoint place(rightColumn, 480);
+    for (const QPixmap& icon : std::as_const(icons)) {
+        m_pictures.push_back({place, icon});
+        place.rx() += qRound(icon.deviceIndependentSize().width()) + 10;
+    }
+}
+
+void PictureSheet::addCursors() {
+    QPoint place(rightColumn + 720, 480);
+    for (const QString& name : resources(QStringLiteral("cursor-*.png"))) {
+        m_grounds.emplace_back(QRect(place + QPoint(0, 44), QSize(36, 36)), lightPanel);
+        for (const int down : {2, 46})
+            m_pictures.push_back({place + QPoint(2, down), Pictures::load(name, devicePixelRatioF())});
+        place.rx() += 50;
+    }
+}
+
+void PictureSheet::paintEvent(QPaintEvent* event) {
+    Form::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(Qt::white);
+    for (const Caption& caption : m_captions)
+        painter.drawText(caption.place, Qt::AlignVCenter | Qt::AlignLeft, caption.text);
+    for (const auto& [place, colour] : m_grounds) painter.fillRect(place, colour);
+    for (const Picture& picture : m_pictures) painter.drawPixmap(picture.place, picture.pixmap);
+}
+
+} // namespace torvane
