@@ -1,9 +1,19 @@
 # SPDX-License-Identifier: MIT
 # Compiler flags in one place: link torvane_flags to get them.
+option(TORVANE_FUZZ "Build the fuzzers, with Clang" OFF)
+option(TORVANE_COVERAGE "Count which lines are run, with Clang" OFF)
+
 add_library(torvane_flags INTERFACE)
 target_compile_options(torvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
 if(TORVANE_SANITIZE)
   target_compile_options(torvane_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                                                  -fno-omit-frame-pointer)
   target_link_options(torvane_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(TORVANE_FUZZ)
+  target_compile_options(torvane_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+if(TORVANE_COVERAGE)
+  target_compile_options(torvane_flags INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(torvane_flags INTERFACE -fprofile-instr-generate)
 endif()

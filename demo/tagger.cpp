@@ -23,7 +23,7 @@ void tag(char** arguments) {
     const Globals globals;
     const LanguageTables noTexts(globals, [](const auto&, const auto&, const auto&) { return QString(); });
     BuildLog log;
-    ID3 id3(noTexts, log);
+    ID3 id3(globals, noTexts, log);
     id3.NewCompany = QString::fromUtf8(arguments[1]);
     id3.NewTitle = QString::fromUtf8(arguments[2]);
     id3.NewDate = QString::fromUtf8(arguments[3]);

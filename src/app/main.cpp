@@ -38,6 +38,7 @@ constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
 
 // In milliseconds: what nobody waits for comes when the first window stands.
 constexpr int windowIconDelay = 100;
+constexpr int sweepDelay = 1000;
 
 // The window icon in all sizes that window managers ask for.
 void setWindowIcon() {
@@ -72,5 +73,6 @@ int main(int argc, char** argv) {
     torvane::Program program(runtime, torvane::Paths::applicationFolder());
     program.start();
     QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
+    QTimer::singleShot(sweepDelay, &application, [&] { program.funciones.sweepLeftovers(); });
     return QApplication::exec();
 }

@@ -22,9 +22,12 @@ constexpr qint64 windowSize = 1024;
 
 bool isTooShort(qint64 length) { return length - windowSize < windowSize; }
 
-QByteArray tailWindow(const File& file, qint64 length) {
+template <typename OpenFile>
+QByteArray tailWindow(const OpenFile& file, qint64 length) {
     return file.readAt(length - windowSize - 1, windowSize);
 }
+
+const QString backupFolder = QStringLiteral("\\roms\\data\\backup");
 
 qint32 toSizeKB(double bytes) {
     const double rounded = std::nearbyint(bytes / 1000.0); // half to even, the default rounding mode
@@ -32,13 +35,6 @@ qint32 toSizeKB(double bytes) {
         throw RuntimeFailure(RuntimeFailure::overflow);
     }
     return static_cast<qint32>(rounded);
-}
-
-// The first `count` bytes as the stored size has it; a negative size is an invalid call.
-QByteArray atMost(const QByteArray& bytes, double count) {
-    const double whole = std::nearbyint(count);
-    if (whole < 0) throw RuntimeFailure(RuntimeFailure::invalidCall);
-    return whole >= static_cast<double>(bytes.size()) ? bytes : bytes.first(static_cast<qsizetype>(whole));
 }
 
 QString sized(const RomTagRecord& tag) {
@@ -53,7 +49,12 @@ void setFormat(RomTagRecord& tag, const GameFormat& first, const GameFormat& sec
 }
 } // namespace
 
-bool ID3::HasRomTag(const QString& path) const { return File::contentOf(path).contains(TagLine::marker); }
+bool ID3::HasRomTag(const QString& path) const {
+    // Most tags stand at the end: only a file without one there is read whole.
+    const File file(path);
+    const QByteArray end = file.readAt(std::max<qint64>(file.length() - windowSize, 0), windowSize);
+    return TagLine::markerIn(end) >= 0 || TagLine::markerIn(file.readAll()) >= 0;
+}
 
 void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
     RomTag.Extension = secondPiece(path);
@@ -66,7 +67,8 @@ void ID3::readTagged(const QString& path, qint64& length, GamePanel& panel) {
     const File file(path);
     length = file.length();
     if (isTooShort(length)) throw RuntimeFailure(RuntimeFailure::subscript);
-    const TagLine::Fields tag = TagLine::fields(TagLine::tagPart(tailWindow(file, length)));
+    const QByteArray window = tailWindow(file, length);
+    const TagLine::Fields tag = TagLine::fields(TagLine::tagPart(window));
     const qint32 sizeKB = toSizeKB(TagLine::number(tag.size));
     RomTag.Company = CodePage1252::fromBytes(tag.company);
     RomTag.Title = CodePage1252::fromBytes(tag.title);
@@ -95,60 +97,61 @@ void ID3::fillBlanks() {
     }
 }
 
+QByteArray ID3::newLine(qint64 size) const {
+    return TagLine::build({CodePage1252::toBytes(NewCompany), CodePage1252::toBytes(NewTitle),
+                           CodePage1252::toBytes(NewDate), CodePage1252::toBytes(NewInfo),
+                           QByteArray::number(size)});
+}
+
 void ID3::AppendRomTag(const QString& path) {
-    const qint64 size = File::lengthOf(path);
-    fillBlanks();
-    File(path, File::Mode::append)
-        .append(TagLine::build({CodePage1252::toBytes(NewCompany), CodePage1252::toBytes(NewTitle),
-                                CodePage1252::toBytes(NewDate), CodePage1252::toBytes(NewInfo),
-                                QByteArray::number(size)}));
+    SafeFile::append(path, [this](qint64 size) {
+        fillBlanks();
+        return newLine(size);
+    });
 }
 
 void ID3::StripRomTag(const QString& path) {
-    const QByteArray bytes = File::contentOf(path);
-    const double size = TagLine::number(TagLine::storedSizeText(TagLine::tagPart(bytes)));
-    SafeFile::replace(path, atMost(TagLine::imagePart(bytes), size) + TagLine::lineEnd);
+    const SafeFile::Change change(path);
+    const QByteArray bytes = change.content();
+    change.commit({TagLine::keptImage(bytes), TagLine::lineEnd});
 }
 
 void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString& company,
                         const QString& date, const QString& info) {
-    QByteArray window;
-    {
-        const File file(path);
-        const qint64 length = file.length();
-        if (isTooShort(length)) {
-            // The runtime's last error number and its description: none has occurred.
-            m_messages.MsgBox(QStringLiteral("%1: %2")
-                                  .arg(RuntimeFailure::none)
-                                  .arg(RuntimeFailure::describe(RuntimeFailure::none)));
-            return;
-        }
-        window = tailWindow(file, length);
+    const SafeFile::Change change(path);
+    if (isTooShort(change.length())) {
+        // The runtime's last error number and its description: none has occurred.
+        m_messages.MsgBox(QStringLiteral("%1: %2")
+                              .arg(RuntimeFailure::none)
+                              .arg(RuntimeFailure::describe(RuntimeFailure::none)));
+        return;
     }
-    const QByteArray tag = TagLine::tagPart(window);
-    const QByteArray size = TagLine::storedSizeText(tag);
-    const QByteArray remnant = atMost(TagLine::imagePart(window), TagLine::number(size));
+    const QByteArray window = tailWindow(change, change.length());
+    const QByteArrayView remnant = TagLine::keptImage(window);
+    const QByteArray size = TagLine::storedSizeText(TagLine::tagPart(window));
     fillBlanks();
-    SafeFile::replace(path,
-                      remnant + TagLine::lineEnd +
-                          TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
-                                          CodePage1252::toBytes(date), CodePage1252::toBytes(info), size}));
+    // Only what stood in the window survives in the file: whoever meant something else finds it whole here.
+    change.keepFormer(m_globals.AppPath + backupFolder);
+    change.commit({remnant, TagLine::lineEnd,
+                   TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
+                                   CodePage1252::toBytes(date), CodePage1252::toBytes(info), size})});
 }
 
 void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
-    if (!HasRomTag(path)) {
-        AppendRomTag(path);
-        return;
-    }
-    SafeFile::RestorePoint before(path);
-    StripRomTag(path);
-    yield();
-    try {
-        AppendRomTag(path);
-    } catch (const RuntimeFailure&) {
-        before.restore();
-        throw;
-    }
+    // In front of the change and not within it: what the user or another program does meanwhile is seen.
+    if (HasRomTag(path)) yield();
+    if (!replaceTag(path)) AppendRomTag(path);
+}
+
+// False if there is no tag (any more).
+bool ID3::replaceTag(const QString& path) {
+    const SafeFile::Change change(path);
+    const QByteArray bytes = change.content();
+    if (TagLine::markerIn(bytes) < 0) return false;
+    const QByteArrayView image = TagLine::keptImage(bytes);
+    fillBlanks();
+    change.commit({image, TagLine::lineEnd, newLine(image.size() + TagLine::lineEnd.size())});
+    return true;
 }
 
 } // namespace torvane

@@ -35,8 +35,8 @@ public:
 
 class ID3 {
 public:
-    ID3(const LanguageTables& language, MessageBoxes& messages)
-        : m_language(language), m_messages(messages) {}
+    ID3(const Globals& globals, const LanguageTables& language, MessageBoxes& messages)
+        : m_globals(globals), m_language(language), m_messages(messages) {}
 
     RomTagRecord RomTag;
     /// What the next AppendRomTag writes; the caller fills them, and they stay set.
@@ -54,18 +54,23 @@ public:
     /// a line end. Fails with the file unchanged if there is no tag or none that can be understood.
     static void StripRomTag(const QString& path);
     /// Puts a tag of the four values in the place of the present one. Of the image only what stands in
-    /// the last 1024 bytes survives. A file shorter than 2048 bytes is left alone, with a message.
+    /// the last 1024 bytes survives; the former file is kept whole in "\roms\data\backup", the newest of its
+    /// name. A file shorter than 2048 bytes is left alone, with a message.
     void ReplaceRomTag(const QString& path, const QString& title, const QString& company, const QString& date,
                        const QString& info);
-    /// Saves the New values: an old tag is stripped, `yield` is called, the new tag is appended. If the
-    /// second step fails the file is put back to what it was before the first.
+    /// Saves the New values: calls `yield` if there is an old tag, and then, as if that were stripped and the
+    /// new one appended, changes the file in one step, so that there is no moment without any tag. On a
+    /// failure the file is as before.
     void SaveRomTag(const QString& path, const std::function<void()>& yield);
 
 private:
     void readTagged(const QString& path, qint64& length, GamePanel& panel);
     void readUntagged(const QString& path, qint64 length, GamePanel& panel);
     void fillBlanks();
+    QByteArray newLine(qint64 size) const;
+    bool replaceTag(const QString& path);
 
+    const Globals& m_globals;
     const LanguageTables& m_language;
     MessageBoxes& m_messages;
 };

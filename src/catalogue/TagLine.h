@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QByteArrayList>
+#include <QByteArrayView>
 
 namespace torvane::TagLine {
 
@@ -20,17 +20,21 @@ struct Fields {
     QByteArray company, title, date, info, size;
 };
 
-/// What stands in front of the first marker, or everything if there is none.
-QByteArray imagePart(const QByteArray& bytes);
+/// Where the first marker begins; -1 without one.
+qsizetype markerIn(QByteArrayView bytes);
 /// What stands between the first marker and the second one or the end. Fails with "subscript" if there
 /// is no marker.
-QByteArray tagPart(const QByteArray& bytes);
+QByteArrayView tagPart(QByteArrayView bytes);
 /// The fields of a tag part. Fails with "subscript" if there are too few pieces.
-Fields fields(const QByteArray& tagPart);
+Fields fields(QByteArrayView tagPart);
 /// The Size piece of a tag part alone, as it stands. Fails with "subscript".
-QByteArray storedSizeText(const QByteArray& tagPart);
+QByteArray storedSizeText(QByteArrayView tagPart);
 /// Text as a number, with blanks around it; fails with "type mismatch".
 double number(const QByteArray& text);
+/// The image that remains of a tagged file when its tag goes: what stands in front of the first marker, at
+/// most as many bytes as the tag's size says. Fails with "subscript" or "type mismatch" if there is no tag or
+/// none that can be understood, and with "invalid call" for a size below 0.
+QByteArrayView keptImage(QByteArrayView bytes);
 /// The whole line with its line end.
 QByteArray build(const Fields& fields);
 

@@ -3,9 +3,19 @@
 #include "Funciones.h"
 #include "GameFilter.h"
 #include "platform/base/File.h"
+#include "platform/base/Leftovers.h"
+#include "platform/base/Paths.h"
+#include "platform/base/RuntimeFailure.h"
 #include "platform/base/SafeFile.h"
 
 namespace torvane {
+
+namespace {
+const QString unfinishedKey = QStringLiteral("Unfinished");
+
+// The folder in which a file is changed: the one of the file that a symbolic link names.
+QString folderOf(const QString& path) { return Paths::spelled(placeOf(Paths::real(path)).folder); }
+} // namespace
 
 void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
     const QString title =
@@ -13,7 +23,27 @@ void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
     const QString target =
         m_parts.dialogs.showSave({title, gameFileFilter, gameFilterIndex(fileName), fileName});
     if (target.isEmpty() || target == QStringLiteral(" ")) return;
+    // A user's folder is not looked through at every start, only after a copy into it that did not end well.
+    rememberUnfinished(folderOf(target));
     SafeFile::copy(sourcePath, target);
+    rememberUnfinished({});
+}
+
+void Funciones::rememberUnfinished(const QString& folder) {
+    ignoring(
+        [&] { m_parts.settings.SaveSetting(Config::application, Config::section, unfinishedKey, folder); });
+}
+
+void Funciones::sweepLeftovers() {
+    const QString library = m_parts.globals.AppPath + QStringLiteral("\\roms");
+    const QString unfinished =
+        m_parts.settings.GetSetting(Config::application, Config::section, unfinishedKey, {});
+    Leftovers::sweep(library);
+    Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
+    ignoring([&] { Leftovers::sweep(folderOf(m_parts.settings.fileOf(Config::application))); });
+    if (unfinished.isEmpty()) return;
+    Leftovers::sweep(unfinished);
+    rememberUnfinished({});
 }
 
 void Funciones::DeleteRom(const QString& path) {

@@ -6,6 +6,7 @@
 #include "Hosts.h"
 #include "LanguageTables.h"
 #include "platform/base/Seams.h"
+#include "platform/base/Settings.h"
 
 namespace torvane {
 
@@ -22,16 +23,21 @@ public:
 class Funciones {
 public:
     struct Parts {
+        const Globals& globals;
         const LanguageTables& language;
         const Hosts& hosts;
         MessageBoxes& messages;
         FileDialogs& dialogs;
+        Settings& settings;
     };
     Funciones(const Parts& parts, MainWindowReach& mainWindow) : m_parts(parts), m_mainWindow(mainWindow) {}
 
     /// Asks for a target and copies a game out of the library; nothing happens if none is given. A file of
     /// the target's name is replaced. Fails, with the target as it was, if the copy can't be made whole.
     void CopyRom(const QString& sourcePath, const QString& fileName);
+    /// Removes what a run that was killed has left in the library, among the settings, or where it was
+    /// copying a game to (see Leftovers). Never fails.
+    void sweepLeftovers();
     /// Deletes a file for good and points the list of games at the library again.
     void DeleteRom(const QString& path);
     /// Opens an address in the browser.
@@ -40,6 +46,8 @@ public:
     void ShowFatalError();
 
 private:
+    void rememberUnfinished(const QString& folder);
+
     Parts m_parts;
     MainWindowReach& m_mainWindow;
 };

@@ -18,7 +18,7 @@ namespace {
 constexpr int rounds = 7;
 constexpr const char* holdMilliseconds = "1000";
 
-std::string format(const char* pattern, double a, double b) {
+std::string format(const char* pattern, double a, double b = 0) {
     char text[128];
     std::snprintf(text, sizeof text, pattern, a, b);
     return text;
@@ -71,6 +71,8 @@ public:
         reportStarts();
         reportMemory();
         reportSelections();
+        reportButtons();
+        reportSaves();
         reportNames();
         return m_report.allKept();
     }
@@ -155,6 +157,25 @@ private:
         }
         m_report.row("Selection in 100,000 games against 10,000",
                      of(m_large, "processor") / of(m_small, "processor"), 1.3, "processor time");
+    }
+
+    void reportButtons() {
+        for (int round = 0; round < rounds; ++round) {
+            const Values values =
+                run({program("bench_buttons"), m_small.folder, m_small.configuration}, m_small.configuration);
+            for (const char* name : {"mean", "costliest"}) m_report.sample(name, values.at(name));
+        }
+        m_report.row("Milliseconds to paint the costliest button", m_report.median("costliest") / 1e6, 0.2,
+                     format("processor time; %.3f on average of all", m_report.median("mean") / 1e6));
+    }
+
+    void reportSaves() {
+        const Values values =
+            run({program("bench_saves"), m_small.folder, std::to_string(rounds)}, m_small.configuration);
+        const double save = values.at("save") / 1e6;
+        const double copy = values.at("copy") / 1e6;
+        m_report.row("Saving the tag of a 32 MiB game", save / copy, 2.5,
+                     format("%.1f ms against %.1f ms of a plain copy, both synced", save, copy));
     }
 
     void reportNames() {

@@ -55,6 +55,28 @@ private slots:
         QCOMPARE(panel.format, QStringLiteral("GameBoy [1500KB]"));
         QCOMPARE(id3->RomTag.Extension, QStringLiteral(".gb"));
     }
+    void a_marker_anywhere_in_the_file_is_a_tag_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("has");
+        const QByteArray marker = TagLine::marker;
+        QTest::newRow("in front") << marker + image(5000) << true;
+        QTest::newRow("at the end") << image(5000) + marker << true;
+        QTest::newRow("in the middle") << image(2500) + marker + image(2500) << true;
+        QTest::newRow("alone") << marker << true;
+        for (qsizetype behind = 1010; behind < 1030; ++behind)
+            QTest::addRow("%d bytes in front of the end", int(behind))
+                << image(3000) + marker + image(behind) << true;
+        QTest::newRow("none") << image(5000) << false;
+        QTest::newRow("empty") << QByteArray() << false;
+        QTest::newRow("without its end") << image(5000) + marker.chopped(1) << false;
+        QTest::newRow("in lower case") << image(3000) + marker.toLower() + image(10) << false;
+    }
+    void a_marker_anywhere_in_the_file_is_a_tag() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, has);
+        QCOMPARE(id3->HasRomTag(file(bytes)), has);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
+    }
     void a_2047_byte_file_with_a_valid_tag_shows_as_untagged_but_has_one() {
         const QByteArray tag = tagLine("1000");
         const QString path = file(image(2047 - tag.size()) + tag);

@@ -58,12 +58,73 @@ private slots:
                                                                        "21/11/26\xA7Info\xA7"
                                                                        "3002\xA7\r\n");
     }
-    void saving_yields_once_between_strip_and_append() {
-        const QString path = file(image(3000) + tagLine("3000"));
-        fillNew();
+    void saving_over_a_tag_yields_once_and_there_is_no_moment_without_any_tag() {
+        const QByteArray before = image(3000) + tagLine("3000");
+        const QString path = file(before);
+        fillNew("Another");
         QByteArrayList seen;
         id3->SaveRomTag(path, [&] { seen.append(folder.read(QStringLiteral("game.gb"))); });
-        QCOMPARE(seen, QByteArrayList{image(3000) + "\r\n"});
+        QCOMPARE(seen, QByteArrayList{before});
+        QVERIFY(
+            folder.read(QStringLiteral("game.gb")).startsWith(image(3000) + "\r\nID3TAG\xA7" + "Another"));
+        QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
+    }
+    void the_first_save_of_a_game_does_not_yield() {
+        int yields = 0;
+        fillNew();
+        id3->SaveRomTag(file(image(3000)), [&] { ++yields; });
+        QCOMPARE(yields, 0);
+    }
+    void values_that_change_during_the_yield_are_the_ones_that_are_saved() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        fillNew("First");
+        id3->SaveRomTag(path, [&] { fillNew("Second"); });
+        QVERIFY(folder.read(QStringLiteral("game.gb")).contains("ID3TAG\xA7Second\xA7"));
+    }
+    void a_save_during_the_yield_of_another_leaves_one_tag() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        fillNew("Another");
+        id3->SaveRomTag(path, [&] { id3->SaveRomTag(path, [] {}); });
+        const QByteArray after = folder.read(QStringLiteral("game.gb"));
+        QCOMPARE(after.count(TagLine::marker), 1);
+        QVERIFY(after.startsWith(image(3000) + "\r\n"));
+    }
+    void a_tag_that_goes_during_the_yield_is_made_anew() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        fillNew();
+        id3->SaveRomTag(path, [&] { ID3::StripRomTag(path); });
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\nID3TAG\xA7"
+                                                                       "Acme\xA7Title\xA7"
+                                                                       "21/11/26\xA7Info\xA7"
+                                                                       "3002\xA7\r\n");
+    }
+    void a_game_that_goes_during_the_yield_is_told() {
+        const QString path = file(image(3000) + tagLine("3000"));
+        fillNew();
+        QCOMPARE(failureOf([&] { id3->SaveRomTag(path, [&] { QFile::remove(path); }); }),
+                 std::optional<int>(RuntimeFailure::fileNotFound));
+        QCOMPARE(folder.entries(), QStringList());
+    }
+    void saving_over_a_tag_that_can_not_be_understood_fails_and_leaves_it() {
+        const QByteArray before = image(3000) + tagLine("none");
+        const QString path = file(before);
+        fillNew();
+        QCOMPARE(failureOf([&] { id3->SaveRomTag(path, [] {}); }),
+                 std::optional<int>(RuntimeFailure::typeMismatch));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), before);
+    }
+    void a_game_that_another_program_holds_open_for_writing_is_neither_saved_nor_stripped() {
+        const QByteArray before = image(3000) + tagLine("3000");
+        const QString path = file(before);
+        QFile other(path);
+        QVERIFY(other.open(QIODevice::Append));
+        fillNew();
+        const std::optional<int> denied = RuntimeFailure::permissionDenied;
+        QCOMPARE(failureOf([&] { id3->SaveRomTag(path, [] {}); }), denied);
+        QCOMPARE(failureOf([&] { ID3::StripRomTag(path); }), denied);
+        QCOMPARE(failureOf([&] { id3->ReplaceRomTag(path, {}, {}, {}, {}); }), denied);
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), before);
+        QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
     }
     void replacing_keeps_only_what_stood_in_the_window() {
         const QByteArray tag = tagLine("5000");
@@ -81,21 +142,93 @@ private slots:
                                                                     "7\xA7\r\n");
         QCOMPARE(id3->NewTitle, QStringLiteral(" "));
     }
-    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone() {
-        const QByteArray bytes = image(1900) + tagLine("1900");
+    void replacing_keeps_the_former_file_whole_the_newest_of_its_name() {
+        const QByteArray first = image(5000) + tagLine("5000");
+        const QString path = file(first, QStringLiteral("roms/game.gb"));
+        const auto replace = [&] {
+            id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QString(),
+                               QStringLiteral("I"));
+        };
+        replace();
+        QCOMPARE(folder.read(QStringLiteral("roms/data/backup/game.gb")), first);
+        QVERIFY(folder.read(QStringLiteral("roms/game.gb")).size() < 1100);
+        const QByteArray second = image(4000) + tagLine("4000");
+        file(second, QStringLiteral("roms/game.gb"));
+        replace();
+        QCOMPARE(folder.read(QStringLiteral("roms/data/backup/game.gb")), second);
+        QCOMPARE(folder.entries(QStringLiteral("roms/data/backup")), QStringList{QStringLiteral("game.gb")});
+        QCOMPARE(folder.entries(QStringLiteral("roms")),
+                 (QStringList{QStringLiteral("data"), QStringLiteral("game.gb")}));
+    }
+    void replacing_without_a_tag_in_the_window_fails_and_changes_and_keeps_nothing_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("no tag") << image(5000) << int(RuntimeFailure::subscript);
+        QTest::newRow("tag in front of the window")
+            << image(2000) + tagLine("2000") + image(2000) << int(RuntimeFailure::subscript);
+        QTest::newRow("no size") << image(5000) + tagLine("none") << int(RuntimeFailure::typeMismatch);
+        QTest::newRow("size below 0") << image(5000) + tagLine("-1") << int(RuntimeFailure::invalidCall);
+    }
+    void replacing_without_a_tag_in_the_window_fails_and_changes_and_keeps_nothing() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, expected);
         const QString path = file(bytes);
-        QVERIFY(bytes.size() < 2048);
+        QCOMPARE(failureOf([&] { id3->ReplaceRomTag(path, {}, {}, {}, {}); }), std::optional<int>(expected));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
+        QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
+    }
+    void replacing_where_the_former_can_not_be_kept_is_told_and_leaves_the_file() {
+        const QByteArray before = image(5000) + tagLine("5000");
+        const QString path = file(before, QStringLiteral("roms/game.gb"));
+        folder.write(QStringLiteral("roms/data"), "a file in the folder's place");
+        QVERIFY(failureOf([&] { id3->ReplaceRomTag(path, {}, {}, {}, {}); }).has_value());
+        QCOMPARE(folder.read(QStringLiteral("roms/game.gb")), before);
+    }
+    void a_full_disk_during_a_replacement_is_told_and_leaves_the_file() {
+        const QByteArray before = image(5000) + tagLine("5000");
+        const QString path = file(before);
+        std::optional<int> failure;
+        {
+            const FullDisk full(500);
+            failure = failureOf([&] { id3->ReplaceRomTag(path, {}, {}, {}, {}); });
+        }
+        QCOMPARE(failure, std::optional<int>(RuntimeFailure::diskFull));
+        QCOMPARE(folder.read(QStringLiteral("game.gb")), before);
+        QCOMPARE(folder.read(QStringLiteral("roms/data/backup/game.gb")), before);
+    }
+    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone_data() {
+        QTest::addColumn<int>("length");
+        for (const int length : {0, 1, 1024, 2047}) QTest::addRow("%d bytes", length) << length;
+    }
+    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone() {
+        QFETCH(int, length);
+        const QByteArray bytes = (tagLine("1900") + image(2047)).first(length);
+        const QString path = file(bytes);
         id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"),
                            QStringLiteral("I"));
         QCOMPARE(messages.boxes.size(), 1);
         QCOMPARE(messages.last(), QStringLiteral("0: "));
         QCOMPARE(messages.boxes[0].flags, MsgBoxFlags::okOnly);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
+        // Nothing is kept of what stays.
+        QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
+    }
+    void replacing_in_a_file_of_2048_bytes_is_made() {
+        const QByteArray tag = tagLine("1900");
+        const QString path = file(image(2048 - tag.size()) + tag);
+        id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"),
+                           QStringLiteral("I"));
+        QVERIFY(messages.boxes.isEmpty());
+        QVERIFY(folder.read(QStringLiteral("game.gb"))
+                    .endsWith("ID3TAG\xA7"
+                              "C\xA7T\xA7"
+                              "D\xA7I\xA7"
+                              "1900\xA7\r\n"));
     }
     void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before_data() {
         QTest::addColumn<qint64>("room");
-        QTest::newRow("no room for the stripped image") << qint64(1000);
-        QTest::newRow("room for the stripped image but not for the tag") << qint64(3010);
+        QTest::newRow("no room for the image") << qint64(1000);
+        QTest::newRow("room for the image but not for the tag") << qint64(3010);
     }
     void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before() {
         QFETCH(qint64, room);

@@ -32,29 +32,35 @@ private slots:
         QCOMPARE(TagLine::build({}), bytes("ID3TAG$$$$$$\r\n"));
         QCOMPARE(TagLine::build({" ", " ", "", " ", "0"}), bytes("ID3TAG$ $ $$ $0$\r\n"));
     }
-    void image_and_tag_are_cut_at_the_first_marker_and_the_tag_ends_at_the_second_data() {
+    void a_marker_is_found_where_it_begins_first() {
+        QCOMPARE(TagLine::markerIn(bytes("romID3TAG$a$ID3TAG$b")), 3);
+        QCOMPARE(TagLine::markerIn(bytes("ID3TAG$")), 0);
+        QCOMPARE(TagLine::markerIn(bytes("IDID3TAG$")), 2);
+        QCOMPARE(TagLine::markerIn(QByteArray(9, '\0') + TagLine::marker), 9);
+        QCOMPARE(TagLine::markerIn(bytes("ID3TAG")), -1);
+        QCOMPARE(TagLine::markerIn(QByteArray()), -1);
+        QCOMPARE(TagLine::markerIn(QByteArrayView()), -1);
+    }
+    void a_tag_begins_behind_the_first_marker_and_ends_at_the_second_data() {
         QTest::addColumn<QByteArray>("all");
-        QTest::addColumn<QByteArray>("image");
         QTest::addColumn<QByteArray>("tag");
-        const auto row = [](const char* name, const char* all, const char* image, const char* tag) {
-            QTest::newRow(name) << bytes(all) << bytes(image) << bytes(tag);
+        const auto row = [](const char* name, const char* all, const char* tag) {
+            QTest::newRow(name) << bytes(all) << bytes(tag);
         };
-        row("one tag", "romID3TAG$a$b", "rom", "a$b");
-        row("no image", "ID3TAG$a", "", "a");
-        row("nothing behind", "romID3TAG$", "rom", "");
-        row("two tags", "romID3TAG$a$ID3TAG$b$ID3TAG$c", "rom", "a$");
-        row("two markers in a row", "ID3TAG$ID3TAG$a", "", "");
-        row("a marker that begins twice", "ID3ID3TAG$a", "ID3", "a");
-        row("nearly a marker in front", "id3tag$ID3TAGID3TAG$a", "id3tag$ID3TAG", "a");
+        row("one tag", "romID3TAG$a$b", "a$b");
+        row("no image", "ID3TAG$a", "a");
+        row("nothing behind", "romID3TAG$", "");
+        row("two tags", "romID3TAG$a$ID3TAG$b$ID3TAG$c", "a$");
+        row("two markers in a row", "ID3TAG$ID3TAG$a", "");
+        row("a marker that begins twice", "ID3ID3TAG$a", "a");
+        row("nearly a marker in front", "id3tag$ID3TAGID3TAG$a", "a");
     }
-    void image_and_tag_are_cut_at_the_first_marker_and_the_tag_ends_at_the_second() {
+    void a_tag_begins_behind_the_first_marker_and_ends_at_the_second() {
         QFETCH(QByteArray, all);
-        QFETCH(QByteArray, image);
         QFETCH(QByteArray, tag);
-        QCOMPARE(TagLine::imagePart(all), image);
-        QCOMPARE(TagLine::tagPart(all), tag);
+        QCOMPARE(TagLine::tagPart(all).toByteArray(), tag);
     }
-    void without_a_marker_everything_is_image_and_there_is_no_tag_data() {
+    void without_a_marker_there_is_no_tag_and_no_image_in_front_of_it_data() {
         QTest::addColumn<QByteArray>("all");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("lower case") << bytes("id3tag$a$b$c$d$1$");
@@ -63,15 +69,62 @@ private slots:
                                                      "a");
         QTest::newRow("zero byte inside") << QByteArray("ID3\0TAG\xA7", 8);
     }
-    void without_a_marker_everything_is_image_and_there_is_no_tag() {
+    void without_a_marker_there_is_no_tag_and_no_image_in_front_of_it() {
         QFETCH(QByteArray, all);
-        QCOMPARE(TagLine::imagePart(all), all);
         QCOMPARE(failureOf([&] { (void)TagLine::tagPart(all); }), number(RuntimeFailure::subscript));
+        QCOMPARE(failureOf([&] { (void)TagLine::keptImage(all); }), number(RuntimeFailure::subscript));
     }
     void zero_bytes_in_the_image_are_bytes_like_others() {
         const QByteArray rom("a\0\0b", 4);
-        QCOMPARE(TagLine::imagePart(rom + TagLine::marker), rom);
-        QCOMPARE(TagLine::tagPart(rom + TagLine::marker + rom), rom);
+        QCOMPARE(TagLine::tagPart(rom + TagLine::marker + rom).toByteArray(), rom);
+        QCOMPARE(TagLine::keptImage(rom + bytes("ID3TAG$c$t$d$i$9$")).toByteArray(), rom);
+    }
+    void the_kept_image_stands_in_front_of_the_marker_and_is_at_most_as_long_as_the_size_says_data() {
+        QTest::addColumn<QByteArray>("all");
+        QTest::addColumn<QByteArray>("image");
+        const auto row = [](const char* name, const char* all, const char* image) {
+            QTest::newRow(name) << bytes(all) << bytes(image);
+        };
+        row("as long", "romID3TAG$c$t$d$i$3$", "rom");
+        row("longer than told", "romID3TAG$c$t$d$i$2$", "ro");
+        row("shorter than told", "romID3TAG$c$t$d$i$4$", "rom");
+        row("far shorter than told", "romID3TAG$c$t$d$i$99999999999999999999$", "rom");
+        row("nothing told", "romID3TAG$c$t$d$i$0$", "");
+        row("minus nothing told", "romID3TAG$c$t$d$i$-0.4$", "");
+        row("no image", "ID3TAG$c$t$d$i$3$", "");
+        row("half told, to even", "romID3TAG$c$t$d$i$1.5$", "ro");
+        row("another half told, to even", "romID3TAG$c$t$d$i$2.5$", "ro");
+        row("shifted form", "romID3TAG$V\xF6$R\xE4N$t$d$i$2$", "ro");
+        row("marker inside the image", "roID3TAG$c$t$d$i$9$mID3TAG$c$t$d$i$3$", "ro");
+        row("separators in the image", "r$o$m$ID3TAG$c$t$d$i$5$", "r$o$m");
+    }
+    void the_kept_image_stands_in_front_of_the_marker_and_is_at_most_as_long_as_the_size_says() {
+        QFETCH(QByteArray, all);
+        QFETCH(QByteArray, image);
+        QCOMPARE(TagLine::keptImage(all).toByteArray(), image);
+    }
+    void a_tag_that_can_not_be_understood_leaves_no_image_data() {
+        QTest::addColumn<QByteArray>("tag");
+        QTest::addColumn<int>("expected");
+        const auto row = [](const char* name, const char* tag, RuntimeFailure::Number expected) {
+            QTest::newRow(name) << bytes(tag) << int(expected);
+        };
+        row("too few pieces", "c$t$d$i", RuntimeFailure::subscript);
+        row("too few pieces of the shifted form", "V\xF6$R\xE4N$t$d$i", RuntimeFailure::subscript);
+        row("no number", "c$t$d$i$big$", RuntimeFailure::typeMismatch);
+        row("empty size", "c$t$d$i$$", RuntimeFailure::typeMismatch);
+        row("below 0", "c$t$d$i$-1$", RuntimeFailure::invalidCall);
+        row("far below 0", "c$t$d$i$-1e300$", RuntimeFailure::invalidCall);
+    }
+    void a_tag_that_can_not_be_understood_leaves_no_image() {
+        QFETCH(QByteArray, tag);
+        QFETCH(int, expected);
+        QCOMPARE(failureOf([&] { (void)TagLine::keptImage("rom" + TagLine::marker + tag); }),
+                 std::optional<int>(expected));
+    }
+    void a_tag_part_of_many_megabytes_is_cut_no_further_than_needed() {
+        const QByteArray rest(8 << 20, TagLine::separator);
+        QCOMPARE(TagLine::fields(bytes("c$t$d$i$42$") + rest).size, QByteArray("42"));
     }
     void fields_are_the_pieces_between_separators_data() {
         QTest::addColumn<QByteArray>("tag");

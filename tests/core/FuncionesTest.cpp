@@ -4,6 +4,7 @@
 #include "core/GameFilter.h"
 #include "support/Failing.h"
 #include "support/FakeWorld.h"
+#include "support/OtherProgram.h"
 
 using namespace torvane;
 
@@ -20,6 +21,7 @@ class FuncionesTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestFolder> folder;
+    std::unique_ptr<TestFolder> configuration;
     Globals globals;
     LanguageTables language{globals, [](const QString& section, const QString& key, const QString&) {
                                 return section + QLatin1Char('/') + key + QLatin1Char(' ');
@@ -28,22 +30,43 @@ class FuncionesTest : public QObject {
     FakeMessages messages;
     FakeDialogs dialogs;
     MainWindowRecord mainWindow;
-    Funciones funciones{{language, hosts, messages, dialogs}, mainWindow};
+    std::unique_ptr<Settings> settings;
+    std::unique_ptr<Funciones> funciones;
 
     QByteArray read(const char* name) const { return folder->read(QString::fromLatin1(name)); }
     QString game(const QByteArray& name = "game.gb") const { return folder->writeNative(name, "rom"); }
+    QString unfinished() const {
+        return settings->GetSetting(Config::application, Config::section, QStringLiteral("Unfinished"),
+                                    QStringLiteral("(absent)"));
+    }
+    // A run that the system kills in the middle of its copy, since it may make no file of that size.
+    void copyKilled(const QString& target) {
+        dialogs.answer = target;
+        const QString source = folder->write(QStringLiteral("source.gb"), QByteArray(100000, 's'));
+        const int status = inOtherProgram([&] {
+            const rlimit limit{50000, RLIM_INFINITY};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            funciones->CopyRom(source, QStringLiteral("source.gb"));
+        });
+        QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
+    }
 
 private slots:
     void init() {
         folder = std::make_unique<TestFolder>();
-        globals.AppPath = folder->path();
+        globals.AppPath = folder->path(QStringLiteral("program"));
+        // Beside the games of these tests, so that they are alone in their folder.
+        configuration = std::make_unique<TestFolder>();
+        settings = std::make_unique<Settings>(configuration->path());
+        funciones = std::make_unique<Funciones>(
+            Funciones::Parts{globals, language, hosts, messages, dialogs, *settings}, mainWindow);
         messages.boxes.clear();
         dialogs = {};
         mainWindow.calls.clear();
     }
 
     void copying_asks_with_title_filter_index_and_name() {
-        funciones.CopyRom(game("Two words.gba"), QStringLiteral("Two words.gba"));
+        funciones->CopyRom(game("Two words.gba"), QStringLiteral("Two words.gba"));
         QCOMPARE(dialogs.questions.size(), 1);
         const FileQuestion question = dialogs.questions.first();
         QCOMPARE(question.title, QStringLiteral("MainMenu/copyrom Two words.gba"));
@@ -53,7 +76,7 @@ private slots:
     }
     void a_copy_has_the_name_that_the_user_gave() {
         dialogs.answer = folder->path(QStringLiteral("copy of it"));
-        funciones.CopyRom(game(), QStringLiteral("game.gb"));
+        funciones->CopyRom(game(), QStringLiteral("game.gb"));
         QCOMPARE(read("copy of it"), QByteArray("rom"));
         QCOMPARE(read("game.gb"), QByteArray("rom"));
         QVERIFY(messages.boxes.isEmpty());
@@ -61,7 +84,7 @@ private slots:
     }
     void a_file_of_the_target_s_name_is_replaced() {
         dialogs.answer = folder->write(QStringLiteral("target.gb"), "a longer former content");
-        funciones.CopyRom(game(), QStringLiteral("game.gb"));
+        funciones->CopyRom(game(), QStringLiteral("game.gb"));
         QCOMPARE(read("target.gb"), QByteArray("rom"));
     }
     void no_name_or_one_blank_copies_nothing_data() {
@@ -74,7 +97,7 @@ private slots:
         QFETCH(QString, answer);
         dialogs.answer = answer;
         // The source is missing: an attempt to copy would fail.
-        funciones.CopyRom(folder->path(QStringLiteral("gone.gb")), QStringLiteral("gone.gb"));
+        funciones->CopyRom(folder->path(QStringLiteral("gone.gb")), QStringLiteral("gone.gb"));
         QVERIFY(folder->entries().isEmpty());
         QVERIFY(!QFile::exists(QStringLiteral(" ")));
     }
@@ -85,11 +108,11 @@ private slots:
         std::optional<int> failure;
         {
             const FullDisk full(100);
-            failure = failureOf([&] { funciones.CopyRom(big, QStringLiteral("big.gb")); });
+            failure = failureOf([&] { funciones->CopyRom(big, QStringLiteral("big.gb")); });
         }
         QCOMPARE(failure, number(RuntimeFailure::diskFull));
         QCOMPARE(failureOf([&] {
-                     funciones.CopyRom(folder->path(QStringLiteral("gone.gb")), QStringLiteral("gone.gb"));
+                     funciones->CopyRom(folder->path(QStringLiteral("gone.gb")), QStringLiteral("gone.gb"));
                  }),
                  number(RuntimeFailure::fileNotFound));
         QCOMPARE(read("target.gb"), QByteArray("former"));
@@ -97,7 +120,7 @@ private slots:
     }
     void a_copy_onto_itself_is_refused_and_the_game_stays() {
         dialogs.answer = game();
-        QCOMPARE(failureOf([&] { funciones.CopyRom(game(), QStringLiteral("game.gb")); }),
+        QCOMPARE(failureOf([&] { funciones->CopyRom(game(), QStringLiteral("game.gb")); }),
                  number(RuntimeFailure::permissionDenied));
         QCOMPARE(read("game.gb"), QByteArray("rom"));
     }
@@ -112,35 +135,114 @@ private slots:
         folder->makeFolder(QStringLiteral("out"));
         const QString source = game(name);
         dialogs.answer = NativeText::fromNative(folder->native("out/" + name));
-        funciones.CopyRom(source, NativeText::fromNative(name));
+        funciones->CopyRom(source, NativeText::fromNative(name));
         struct stat info {};
         QCOMPARE(stat(folder->native("out/" + name).constData(), &info), 0);
         QCOMPARE(info.st_size, 3);
         QCOMPARE(dialogs.questions.first().title,
                  QStringLiteral("MainMenu/copyrom ") + NativeText::fromNative(name));
     }
+    void a_copy_that_ends_well_leaves_nothing_to_remember_and_one_that_fails_its_folder() {
+        dialogs.answer = folder->path(QStringLiteral("copy.gb"));
+        funciones->CopyRom(game(), QStringLiteral("game.gb"));
+        QCOMPARE(unfinished(), QString());
+        QVERIFY(
+            failureOf([&] { funciones->CopyRom(dialogs.answer, QStringLiteral("copy.gb")); }).has_value());
+        QCOMPARE(unfinished(), folder->path());
+        funciones->sweepLeftovers();
+        QCOMPARE(unfinished(), QString());
+    }
+    void choices_that_can_not_be_kept_do_not_hinder_a_copy() {
+        configuration->write(QStringLiteral("Torvane"), "a file in the folder's place");
+        dialogs.answer = folder->path(QStringLiteral("copy.gb"));
+        funciones->CopyRom(game(), QStringLiteral("game.gb"));
+        QCOMPARE(read("copy.gb"), QByteArray("rom"));
+        funciones->sweepLeftovers();
+    }
+    void a_later_start_removes_what_a_killed_copy_has_left_data() {
+        QTest::addColumn<QString>("target");
+        QTest::newRow("into a folder of the user's") << QStringLiteral("else where/copy.gb");
+        QTest::newRow("onto a link into such a folder") << QStringLiteral("link.gb");
+        QTest::newRow("into one whose name is no plain text") << QStringLiteral("else where/ñ%41\n/copy.gb");
+    }
+    void a_later_start_removes_what_a_killed_copy_has_left() {
+        QFETCH(QString, target);
+        folder->makeFolder(QStringLiteral("else where/ñ%41\n"));
+        QCOMPARE(symlink("else where/linked.gb", folder->native("link.gb").constData()), 0);
+        const QString linked = folder->write(QStringLiteral("else where/linked.gb"), "former");
+        folder->write(QStringLiteral("else where/.torvane-user"), "stays");
+        const auto hiddenFiles = [&] {
+            return QDir(folder->path(QStringLiteral("else where")))
+                       .entryList({QStringLiteral(".torvane-??????")}, QDir::Files | QDir::Hidden) +
+                   QDir(folder->path(QStringLiteral("else where/ñ%41\n")))
+                       .entryList(QDir::Files | QDir::Hidden);
+        };
+        copyKilled(folder->path(target));
+        QVERIFY(unfinished().contains(QStringLiteral("else where")));
+        QCOMPARE(hiddenFiles().size(), 1);
+        funciones->sweepLeftovers();
+        QCOMPARE(unfinished(), QString());
+        QCOMPARE(hiddenFiles(), QStringList());
+        QCOMPARE(folder->read(QStringLiteral("else where/linked.gb")), QByteArray("former"));
+        QVERIFY(QFile::exists(folder->path(QStringLiteral("else where/.torvane-user"))));
+        QVERIFY(!QFile::exists(folder->path(QStringLiteral("else where/copy.gb"))));
+        QVERIFY(QFile::exists(linked));
+    }
+    void a_folder_of_the_user_s_is_not_looked_through_at_other_starts() {
+        dialogs.answer = folder->path(QStringLiteral("copy.gb"));
+        funciones->CopyRom(game(), QStringLiteral("game.gb"));
+        folder->write(QStringLiteral(".torvane-abcdef"), "x");
+        funciones->sweepLeftovers();
+        QVERIFY(QFile::exists(folder->path(QStringLiteral(".torvane-abcdef"))));
+        QCOMPARE(unfinished(), QString());
+    }
+    void leftovers_go_from_the_library_from_what_is_kept_of_it_and_from_among_the_choices() {
+        QStringList paths;
+        for (const char* place : {"program/roms", "program/roms/data/backup"})
+            paths << folder->write(QString::fromLatin1(place) + QStringLiteral("/.torvane-abcdef"), "x");
+        paths << configuration->write(QStringLiteral("Torvane/.torvane-abcdef"), "x");
+        funciones->sweepLeftovers();
+        for (const QString& path : paths) QVERIFY2(!QFile::exists(path), qPrintable(path));
+    }
+    void leftovers_go_from_where_the_choices_are_kept_behind_a_link() {
+        const QString path = configuration->write(QStringLiteral("dotfiles/.torvane-abcdef"), "x");
+        configuration->write(QStringLiteral("dotfiles/choices"), "[Config]\n");
+        configuration->makeFolder(QStringLiteral("Torvane"));
+        QCOMPARE(symlink("../dotfiles/choices", configuration->native("Torvane/Torvane.conf").constData()),
+                 0);
+        funciones->sweepLeftovers();
+        QVERIFY(!QFile::exists(path));
+    }
+    void sweeping_where_nothing_is_never_fails() {
+        funciones->sweepLeftovers();
+        QCOMPARE(unfinished(), QStringLiteral("(absent)"));
+        configuration->makeFolder(QStringLiteral("Torvane"));
+        QCOMPARE(symlink("Torvane.conf", configuration->native("Torvane/Torvane.conf").constData()), 0);
+        funciones->sweepLeftovers();
+    }
     void deleting_takes_the_file_away_and_then_points_the_list_at_the_library() {
         const QString path = game();
         folder->write(QStringLiteral("other.gb"), "x");
-        funciones.DeleteRom(path);
+        funciones->DeleteRom(path);
         QCOMPARE(folder->entries(), QStringList{QStringLiteral("other.gb")});
         QCOMPARE(mainWindow.calls, QStringList{QStringLiteral("library")});
     }
     void a_file_that_can_not_be_deleted_is_told_and_the_list_stays() {
-        QCOMPARE(failureOf([&] { funciones.DeleteRom(folder->path(QStringLiteral("gone.gb"))); }),
+        QCOMPARE(failureOf([&] { funciones->DeleteRom(folder->path(QStringLiteral("gone.gb"))); }),
                  number(RuntimeFailure::fileNotFound));
-        QCOMPARE(failureOf([&] { funciones.DeleteRom(folder->path()); }), number(RuntimeFailure::pathAccess));
-        QCOMPARE(failureOf([&] { funciones.DeleteRom(QString()); }), number(RuntimeFailure::fileNotFound));
+        QCOMPARE(failureOf([&] { funciones->DeleteRom(folder->path()); }),
+                 number(RuntimeFailure::pathAccess));
+        QCOMPARE(failureOf([&] { funciones->DeleteRom(QString()); }), number(RuntimeFailure::fileNotFound));
         QVERIFY(mainWindow.calls.isEmpty());
     }
     void an_address_goes_to_the_link_of_the_main_window_as_it_stands() {
         const QString url = QStringLiteral("http://x.example/a b?c=\"d\"&e=%20#f;$(x)");
-        funciones.OpenURL(url);
+        funciones->OpenURL(url);
         QCOMPARE(mainWindow.calls, QStringList{QStringLiteral("link ") + url});
     }
     void the_fatal_error_is_told_and_then_the_page_of_questions_is_opened() {
-        folder->write(QStringLiteral("data/hosts.ini"), "[Hosts]\nweb=http://w.example\n");
-        funciones.ShowFatalError();
+        folder->write(QStringLiteral("program/data/hosts.ini"), "[Hosts]\nweb=http://w.example\n");
+        funciones->ShowFatalError();
         QCOMPARE(messages.boxes.size(), 1);
         QCOMPARE(messages.boxes[0].text, QStringLiteral("Torvane ha encontrado un error y será cerrado. "
                                                         "Ahora se abrirá el navegador y cargará el FAQ de "

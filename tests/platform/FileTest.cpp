@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One open file: what is read and written, and what number every refusal has.
+// One open file: what is read, and what number every refusal has.
 #include "platform/base/File.h"
-#include "support/Failing.h"
-#include "support/TestFolder.h"
+#include "support/FileFixture.h"
 
 #include <limits>
 #include <sys/socket.h>
@@ -10,23 +9,15 @@
 
 using namespace torvane;
 
-namespace {
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
-} // namespace
-
-class FileTest : public QObject {
+class FileTest : public FileFixture {
     Q_OBJECT
 
-    std::unique_ptr<TestFolder> folder;
-
-    QString at(const char* name) const { return folder->path(QString::fromLatin1(name)); }
-    QByteArray read(const char* name) const { return folder->read(QString::fromLatin1(name)); }
-    std::optional<int> openFailure(const QString& path, File::Mode mode = File::Mode::read) const {
-        return failureOf([&] { const File file(path, mode); });
+    static std::optional<int> openFailure(const QString& path) {
+        return failureOf([&] { const File file(path); });
     }
 
 private slots:
-    void init() { folder = std::make_unique<TestFolder>(); }
+    void init() { renewFolder(); }
 
     void all_bytes_are_read_as_they_are() {
         QByteArray bytes;
@@ -63,69 +54,30 @@ private slots:
         const File file(folder->write(QStringLiteral("digits"), "0123456789"));
         QCOMPARE(failureOf([&] { (void)file.readAt(-1, 5); }), number(RuntimeFailure::deviceError));
     }
-    void an_appended_text_stands_behind_the_rest_and_a_second_one_behind_that() {
-        const QString path = folder->write(QStringLiteral("a.gb"), "rom");
-        File file(path, File::Mode::append);
-        file.append("one");
-        file.append(QByteArray());
-        file.append(QByteArray("\0\r\n", 3));
-        QCOMPARE(file.length(), 9);
-        QCOMPARE(read("a.gb"), QByteArray("romone\0\r\n", 9));
-    }
-    void appending_makes_a_missing_file_and_reading_does_not() {
+    void a_missing_file_is_told_and_not_made() {
         QCOMPARE(openFailure(at("gone")), number(RuntimeFailure::fileNotFound));
         QVERIFY(!QFile::exists(at("gone")));
-        File(at("new"), File::Mode::append).append("text");
-        QCOMPARE(read("new"), QByteArray("text"));
     }
-    void appending_keeps_mode_and_goes_through_a_link() {
+    void a_file_that_may_not_be_written_is_read() {
         const QString path = folder->write(QStringLiteral("a.gb"), "rom");
-        folder->setMode(QStringLiteral("a.gb"), 0640);
-        QCOMPARE(symlink("a.gb", folder->native("link.gb").constData()), 0);
-        File(at("link.gb"), File::Mode::append).append("+");
-        QCOMPARE(read("a.gb"), QByteArray("rom+"));
-        struct stat info {};
-        QCOMPARE(stat(QFile::encodeName(path).constData(), &info), 0);
-        QCOMPARE(info.st_mode & 07777, 0640u);
+        setMode("a.gb", 0444);
+        const OrdinaryUser user;
+        QCOMPARE(File::contentOf(path), QByteArray("rom"));
     }
-    void a_full_disk_during_an_append_cuts_the_file_back() {
-        const QString path = folder->write(QStringLiteral("a.gb"), QByteArray(1000, 'r'));
-        std::optional<int> failure;
-        {
-            const FullDisk full(1004);
-            failure = failureOf([&] { File(path, File::Mode::append).append("12345678"); });
-        }
-        QCOMPARE(failure, number(RuntimeFailure::diskFull));
-        QCOMPARE(read("a.gb"), QByteArray(1000, 'r'));
-        QCOMPARE(folder->entries(), QStringList{QStringLiteral("a.gb")});
-    }
-    void an_append_that_just_fits_is_made() {
-        const QString path = folder->write(QStringLiteral("a.gb"), QByteArray(1000, 'r'));
-        {
-            const FullDisk full(1008);
-            File(path, File::Mode::append).append("12345678");
-        }
-        QCOMPARE(read("a.gb"), QByteArray(1000, 'r') + "12345678");
-    }
-    void a_file_that_may_not_be_read_or_written_is_refused() {
+    void a_file_that_may_not_be_read_is_refused() {
         const QString path = folder->write(QStringLiteral("shut"), "secret");
         folder->setMode(QStringLiteral("shut"), 0);
         const OrdinaryUser user;
         QCOMPARE(openFailure(path), number(RuntimeFailure::permissionDenied));
-        QCOMPARE(openFailure(path, File::Mode::append), number(RuntimeFailure::permissionDenied));
         QCOMPARE(failureOf([&] { (void)File::lengthOf(path); }), number(RuntimeFailure::permissionDenied));
     }
     void what_is_no_file_is_refused_at_once_data() {
         QTest::addColumn<QString>("kind");
-        QTest::addColumn<bool>("append");
-        for (const char* kind : {"folder", "pipe", "device", "socket"}) {
-            QTest::addRow("reading a %s", kind) << QString::fromLatin1(kind) << false;
-            QTest::addRow("appending to a %s", kind) << QString::fromLatin1(kind) << true;
-        }
+        for (const char* kind : {"folder", "pipe", "device", "socket"})
+            QTest::newRow(kind) << QString::fromLatin1(kind);
     }
     void what_is_no_file_is_refused_at_once() {
         QFETCH(QString, kind);
-        QFETCH(bool, append);
         folder->makeFolder(QStringLiteral("folder"));
         QCOMPARE(mkfifo(folder->native("pipe").constData(), 0666), 0);
         QCOMPARE(symlink("/dev/null", folder->native("device").constData()), 0);
@@ -134,7 +86,7 @@ private slots:
         address.sun_family = AF_UNIX;
         qstrncpy(address.sun_path, folder->native("socket").constData(), sizeof address.sun_path);
         QCOMPARE(bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        const auto failure = openFailure(folder->path(kind), append ? File::Mode::append : File::Mode::read);
+        const auto failure = openFailure(folder->path(kind));
         close(listening);
         QCOMPARE(failure, number(RuntimeFailure::pathAccess));
     }

@@ -35,7 +35,8 @@ private slots:
         QCOMPARE(names(), ordered);
     }
     void letters_outside_of_ascii_are_ordered_without_regard_to_case() {
-        const QByteArrayList ordered = {"zeta.gb", "Àa.gb", "àb.gb", "ÀC.gb", "Ña.gb", "ñb.gb"};
+        const QByteArrayList ordered = {"zeta.gb", "Àa.gb", "àb.gb",    "ÀC.gb",
+                                        "Ña.gb",   "ñb.gb", "ñ\xFE.gb", "Ñ\xFF.gb"};
         for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }

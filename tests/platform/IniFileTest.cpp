@@ -60,6 +60,10 @@ private slots:
         row("a line without key", "[S]\n=1\nk=v\n", "v");
         row("a section without name", "[]\nk=no\n[S]\nk=v\n", "v");
         row("an unclosed section behind", "[S]\nk=v\n[T\n", "v");
+        row("an unclosed section begins none", "[S]\n[T\nk=v\n", "v");
+        row("an unclosed section is not closed by a later line", "[S]\n[T\nk]=no\nk=v\n", "v");
+        row("a section's name on a line of its own", "[S]\n[\nT]\nk=v\n", "v");
+        row("byte order marks inside", "[T]\n\xEF\xBB\xBF[S]\n\xEF\xBB\xBF\xEF\xBB\xBFk=v\n", "v");
         row("only a bracket", "[", std::nullopt);
         row("only a sign", "=", std::nullopt);
         row("empty file", "", std::nullopt);
@@ -131,6 +135,30 @@ private slots:
         IniFile::setValue(path, "S", "k", "v");
         QCOMPARE(content(), first);
     }
+    void a_section_that_does_not_end_takes_no_keys_and_does_not_grow() {
+        const QString path = file("[S]\nj=1\n[T\nl=2\n");
+        for (int round = 0; round < 3; ++round) {
+            IniFile::setValue(path, "S", "k", "v");
+            QCOMPARE(content().simplified(), QByteArray("[S] j = 1 l = 2 k = v"));
+        }
+    }
+    void a_byte_order_mark_that_comes_to_the_front_takes_no_key_away() {
+        const QString path = file("junk\n\xEF\xBB\xBFj=1\n");
+        for (int round = 0; round < 3; ++round) {
+            QCOMPARE(IniFile::value(path, "", "j"), Value("1"));
+            IniFile::setValue(path, "", "k", "v");
+        }
+    }
+    void only_blanks_and_tabs_are_left_out_around_names() {
+        const QString path = file("[ \v\fS\v\t]\n \vk\f =v\n");
+        QCOMPARE(IniFile::value(path, "\v\fS\v", "\vk\f"), Value("v"));
+        QCOMPARE(IniFile::value(path, "S", "k"), Value());
+    }
+    void a_name_with_a_zero_byte_is_no_shorter_name() {
+        const QString path = file("[S]\nk=v\n");
+        QCOMPARE(IniFile::value(path, "S", QByteArray("k\0x", 3)), Value());
+        QCOMPARE(IniFile::value(path, QByteArray("S\0x", 3), "k"), Value());
+    }
     void a_broken_file_takes_a_value_and_keeps_the_sound_ones() {
         // The array keeps the zero byte that would end a plain literal.
         static constexpr char junk[] =
@@ -195,6 +223,8 @@ private slots:
         QTest::newRow("key like a comment") << s << QByteArray(";a") << QByteArray("v");
         QTest::newRow("key like a section") << s << QByteArray("[a]") << QByteArray("v");
         QTest::newRow("key with blanks around it") << s << QByteArray(" a ") << QByteArray("v");
+        QTest::newRow("zero byte in the key") << s << QByteArray("k\0x", 3) << QByteArray("v");
+        QTest::newRow("zero byte in the section") << QByteArray("S\0x", 3) << k << QByteArray("v");
         QTest::newRow("empty key") << s << QByteArray() << QByteArray("v");
         QTest::newRow("bracket in the section") << QByteArray("a]b") << k << QByteArray("v");
         QTest::newRow("line break in the section") << QByteArray("a\nb") << k << QByteArray("v");

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Patterns of file lists.
 #include "platform/base/NamePattern.h"
+#include "platform/base/NativeText.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 using namespace torvane;
@@ -80,14 +80,17 @@ private slots:
         // The sign of the unit kelvin has "k" as its lower case.
         QVERIFY(!NamePattern(QStringLiteral("*.k")).matches("x.\xE2\x84\xAA"));
     }
+    void bytes_that_are_no_text_are_told_apart_whatever_letters_stand_around_them() {
+        const NamePattern pattern(NativeText::fromNative("\xC3\x89\xFE.g?"));
+        QVERIFY(pattern.matches("\xC3\xA9\xFE.gb"));
+        QVERIFY(!pattern.matches("\xC3\xA9\xFF.gb"));
+    }
     void no_pattern_hangs_on_a_long_name() {
         QString pattern;
         for (int i = 0; i < 60; ++i) pattern += QStringLiteral("*a");
         pattern += QStringLiteral("*b");
-        QElapsedTimer clock;
-        clock.start();
+        // A walk that tries all ways would take longer than any test may.
         QVERIFY(!NamePattern(pattern).matches(QByteArray(255, 'a')));
-        QVERIFY(clock.elapsed() < 2000);
     }
 };
 

@@ -87,6 +87,22 @@ private slots:
         QFETCH(QByteArray, bytes);
         QCOMPARE(NativeText::toNative(text), bytes);
     }
+    void folding_leaves_case_out_of_account_and_nothing_else_data() {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QByteArray>("folded");
+        QTest::newRow("plain") << QByteArray("Game.GB") << QByteArray("game.gb");
+        QTest::newRow("empty") << QByteArray() << QByteArray();
+        QTest::newRow("other letters") << QByteArray("ÀÑ") << QByteArray("àñ");
+        QTest::newRow("a letter of two forms") << QByteArray("Σσς") << QByteArray("σσσ");
+        QTest::newRow("four bytes") << QByteArray("\xF0\x90\x90\x80") << QByteArray("\xF0\x90\x90\xA8");
+        QTest::newRow("no text behind letters") << QByteArray("ÀB\xFE") << QByteArray("àb\xFE");
+        QTest::newRow("no text between letters") << QByteArray("A\xFE\xFF\\B") << QByteArray("a\xFE\xFF\\b");
+    }
+    void folding_leaves_case_out_of_account_and_nothing_else() {
+        QFETCH(QByteArray, name);
+        QFETCH(QByteArray, folded);
+        QCOMPARE(NativeText::toNative(NativeText::folded(NativeText::fromNative(name))), folded);
+    }
     void all_names_of_two_bytes_come_back() {
         for (int first = 1; first < 256; ++first) {
             for (int second = 1; second < 256; ++second) {

@@ -45,6 +45,17 @@ private slots:
         }
         QCOMPARE(realOf(QStringLiteral("\\three\\GAME.GB")), at("/three/Game.gb"));
     }
+    void bytes_that_are_no_text_are_never_taken_for_each_other() {
+        folder.makeFolder(QStringLiteral("Bytes"));
+        folder.writeNative("Bytes/Game\xFE.gb", "x");
+        const QString top = folder.path() + QLatin1Char('\\');
+        QCOMPARE(Paths::real(top + Paths::spelled("bytes/GAME\xFE.gb")), at("/Bytes/Game\xFE.gb"));
+        QCOMPARE(Paths::real(top + Paths::spelled("bytes/GAME\xFF.gb")), at("/Bytes/GAME\xFF.gb"));
+    }
+    void a_zero_character_does_not_cut_a_path() {
+        folder.write(QStringLiteral("Zero"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\Zero") + QChar(0) + QStringLiteral("more")), at("/Zero?more"));
+    }
     void what_is_not_found_stays_as_spelled_below_the_folder_that_is() {
         folder.makeFolder(QStringLiteral("Library"));
         QCOMPARE(realOf(QStringLiteral("\\LIBRARY\\New.GB")), at("/Library/New.GB"));

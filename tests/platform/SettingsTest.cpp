@@ -143,6 +143,8 @@ private slots:
         QTest::newRow("zero") << QString(QChar(0));
         QTest::newRow("half a pair that stands for a byte")
             << QStringLiteral("/home/no utf8 ") + QChar(0xDCF1);
+        // Half of this character is the unit that stands for a backslash inside of a name.
+        QTest::newRow("handbag") << QStringLiteral("/home/\U0001F45C\\\U0001F45C%5C") + QChar(0xDC5C);
         QTest::newRow("backslash inside of a name")
             << QStringLiteral("\\data\\a") + QChar(0xDC5C) + QStringLiteral("b");
         QTest::newRow("long") << QString(100000, QLatin1Char('x'));

@@ -64,7 +64,11 @@ protected:
 
 protected slots:
     void init() {
-        id3 = std::make_unique<ID3>(language, messages);
+        for (const auto& left : std::filesystem::directory_iterator(folder.path().toStdString())) {
+            std::filesystem::remove_all(left);
+        }
+        globals.AppPath = folder.path();
+        id3 = std::make_unique<ID3>(globals, language, messages);
         panel = {};
         messages.boxes.clear();
     }

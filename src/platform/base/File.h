@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// One open file, in bytes. Owned by the handler that opened it, closed at the end of its scope.
-// Replacing whole files is SafeFile's work.
+// One file that is open for reading, in bytes. Owned by the handler that opened it, closed at the end of its
+// scope. Changing files is SafeFile's work.
 #pragma once
 
-#include <QByteArray>
+#include "SystemCalls.h"
+
 #include <QString>
 
 namespace torvane {
@@ -11,14 +12,9 @@ namespace torvane {
 /// An open file. Every failure is a RuntimeFailure with the number of the system's reason.
 class File {
 public:
-    enum class Mode { read, append };
-
-    /// Opens the file of a spelled path (see Paths). Append creates it if it does not exist; a folder,
-    /// a pipe or a device is refused as a path access error.
-    explicit File(const QString& path, Mode mode = Mode::read);
-    ~File();
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
+    /// Opens the file of a spelled path (see Paths). A folder, a pipe or a device is refused as a path access
+    /// error.
+    explicit File(const QString& path);
 
     /// The length in bytes.
     qint64 length() const;
@@ -26,8 +22,6 @@ public:
     QByteArray readAt(qint64 position, qint64 count) const;
     /// All bytes of the file; one of 2 GiB or more is refused as too much for the memory.
     QByteArray readAll() const;
-    /// Writes at the end and syncs; on a failure the file is cut back to its former length.
-    void append(const QByteArray& bytes);
 
     /// Length of a file that is opened for it and closed again.
     static qint64 lengthOf(const QString& path) { return File(path).length(); }
@@ -39,7 +33,7 @@ public:
     static bool exists(const QString& path);
 
 private:
-    int m_handle;
+    Handle m_handle;
 };
 
 } // namespace torvane

@@ -45,7 +45,8 @@ void appendFolded(std::string& text, QByteArrayView name) {
         const auto foreign = std::find_if_not(run, name.end(), isAscii);
         text.append(run, foreign);
         run = std::find_if(foreign, name.end(), isAscii);
-        text += NativeText::toNative(NativeText::fromNative({foreign, run}).toCaseFolded()).toStdString();
+        text +=
+            NativeText::toNative(NativeText::folded(NativeText::fromNative({foreign, run}))).toStdString();
     }
 }
 

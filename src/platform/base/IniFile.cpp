@@ -20,7 +20,7 @@ constexpr qint64 sizeLimit = 4 << 20;
 QByteArray contentOf(const QString& file) {
     const File opened(file);
     if (opened.length() > sizeLimit) throw RuntimeFailure(RuntimeFailure::outOfMemory);
-    return opened.readAll().replace('\0', ' '); // the reader takes a zero byte for the end
+    return opened.readAll();
 }
 
 QByteArray contentToChange(const QString& file) {
@@ -33,59 +33,83 @@ QByteArray contentToChange(const QString& file) {
     }
 }
 
-// The section that a line begins; nothing if it begins none.
-std::optional<QByteArrayView> sectionBegunBy(QByteArrayView line) {
-    line = line.trimmed();
-    const qsizetype end = line.indexOf(']');
-    if (!line.startsWith('[') || end < 0) return std::nullopt;
-    return line.sliced(1, end - 1).trimmed();
+// Without what the reader skips in front of a line. It knows no other blanks; a byte order mark stands in the
+// middle of a file where two were put together, and is no part of a key.
+QByteArrayView skipBlanks(QByteArrayView line) {
+    constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
+    for (;;) {
+        const qsizetype count = line.startsWith(' ') || line.startsWith('\t') ? 1
+                                : line.startsWith(byteOrderMark)              ? 3
+                                                                              : 0;
+        if (count == 0) return line;
+        line = line.sliced(count);
+    }
 }
 
-// The part of a file that can hold a section's keys: it is often a small one, and taking in the rest, too,
-// would be most of the time that a look-up takes.
-QByteArray partFor(const QByteArray& section, const QByteArray& bytes) {
+bool isNamed(QByteArrayView name, QByteArrayView section) {
+    name = skipBlanks(name);
+    while (name.endsWith(' ') || name.endsWith('\t')) name.chop(1);
+    return name.compare(section, Qt::CaseInsensitive) == 0;
+}
+
+// The lines that say something, those of one section or all. What is left out takes most of the time of a
+// look-up. A section whose name does not end is left out, too: the reader would take all that follows for
+// its keys, or for its name.
+QByteArray linesOf(QByteArray bytes, const std::optional<QByteArray>& section) {
+    bytes.replace('\0', ' '); // the reader takes a zero byte for the end
     const auto endsLine = [](char c) { return c == '\n' || c == '\r'; };
-    QByteArray part;
+    QByteArray lines;
     bool wanted = true;
-    for (auto start = bytes.begin(); start != bytes.end();) {
-        const auto next = std::find_if_not(std::find_if(start, bytes.end(), endsLine), bytes.end(), endsLine);
-        const QByteArrayView line(start, next);
-        if (line.trimmed() == "[") return bytes; // the reader takes the name from the next line
-        const auto begun = sectionBegunBy(line);
-        if (begun) wanted = begun->compare(section, Qt::CaseInsensitive) == 0;
-        if (wanted) part.append(line);
+    for (auto start = bytes.cbegin(); start != bytes.cend();) {
+        const auto end = std::find_if(start, bytes.cend(), endsLine);
+        const auto next = std::find_if_not(end, bytes.cend(), endsLine);
+        const QByteArrayView line = skipBlanks({start, next});
+        const bool beginsSection = line.startsWith('[');
+        const qsizetype closed = line.indexOf(']');
+        if (beginsSection && closed > 0) wanted = !section || isNamed(line.sliced(1, closed - 1), *section);
+        if (wanted && !(beginsSection && closed < 0)) lines.append(line);
         start = next;
     }
-    return part;
+    return lines;
 }
 
-std::optional<QByteArray> valueIn(const QByteArray& bytes, const QByteArray& section, const QByteArray& key) {
-    CSimpleIniA ini;
+void load(CSimpleIniA& ini, const QByteArray& lines) {
     ini.SetUnicode(false);
-    ini.LoadData(bytes.constData(), static_cast<size_t>(bytes.size()));
-    const char* found = ini.GetValue(section.constData(), key.constData());
-    return found ? std::optional<QByteArray>(found) : std::nullopt;
+    ini.LoadData(lines.constData(), static_cast<size_t>(lines.size()));
 }
 } // namespace
 
 std::optional<QByteArray> value(const QString& file, const QByteArray& section, const QByteArray& key) {
-    QByteArray bytes;
-    ignoring([&] { bytes = contentOf(file); });
-    return valueIn(partFor(section, bytes), section, key);
+    QByteArray content;
+    ignoring([&] { content = contentOf(file); });
+    return valueIn(content, section, key);
 }
 
 void setValue(const QString& file, const QByteArray& section, const QByteArray& key,
               const QByteArray& value) {
-    const QByteArray former = contentToChange(file);
+    SafeFile::replace(file, withValue(contentToChange(file), section, key, value));
+}
+
+std::optional<QByteArray> valueIn(const QByteArray& content, const QByteArray& section,
+                                  const QByteArray& key) {
+    // The reader would take a name with a zero byte for a shorter one.
+    if (section.contains('\0') || key.contains('\0')) return std::nullopt;
     CSimpleIniA ini;
-    ini.SetUnicode(false);
-    ini.LoadData(former.constData(), static_cast<size_t>(former.size()));
+    load(ini, linesOf(content, section));
+    const char* found = ini.GetValue(section.constData(), key.constData());
+    return found ? std::optional<QByteArray>(found) : std::nullopt;
+}
+
+QByteArray withValue(const QByteArray& content, const QByteArray& section, const QByteArray& key,
+                     const QByteArray& value) {
+    CSimpleIniA ini;
+    load(ini, linesOf(content, std::nullopt));
     ini.SetValue(section.constData(), key.constData(), value.constData());
     std::string text;
     if (ini.Save(text) < 0) throw RuntimeFailure(RuntimeFailure::deviceError);
-    const QByteArray bytes = QByteArray::fromStdString(text);
-    if (valueIn(bytes, section, key) != value) throw RuntimeFailure(RuntimeFailure::invalidCall);
-    SafeFile::replace(file, bytes);
+    QByteArray changed = QByteArray::fromStdString(text);
+    if (valueIn(changed, section, key) != value) throw RuntimeFailure(RuntimeFailure::invalidCall);
+    return changed;
 }
 
 } // namespace torvane::IniFile

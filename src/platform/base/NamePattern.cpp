@@ -53,8 +53,8 @@ bool wildcardMatches(QStringView form, QStringView name) {
 NamePattern::NamePattern(const QString& pattern) {
     const QString all = pattern.isEmpty() ? QStringLiteral("*") : pattern;
     for (const QString& piece : all.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-        const QString form =
-            piece.trimmed() == QStringLiteral("*.*") ? QStringLiteral("*") : piece.trimmed().toCaseFolded();
+        const QString form = piece.trimmed() == QStringLiteral("*.*") ? QStringLiteral("*")
+                                                                      : NativeText::folded(piece.trimmed());
         const bool isEnding = form.size() > 1 && form.front() == QLatin1Char('*') &&
                               isAsciiLiteral(QStringView(form).sliced(1));
         m_pieces.push_back({isEnding ? form.sliced(1).toLatin1() : QByteArray(), form});
@@ -64,7 +64,7 @@ NamePattern::NamePattern(const QString& pattern) {
 bool NamePattern::matches(QByteArrayView name) const {
     return std::any_of(m_pieces.begin(), m_pieces.end(), [&](const Piece& piece) {
         if (!piece.ending.isEmpty()) return endsWith(name, piece.ending);
-        return wildcardMatches(piece.form, NativeText::fromNative(name).toCaseFolded());
+        return wildcardMatches(piece.form, NativeText::folded(NativeText::fromNative(name)));
     });
 }
 

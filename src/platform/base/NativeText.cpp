@@ -89,4 +89,19 @@ QByteArray toNative(QStringView text) {
     return bytes;
 }
 
+QString folded(QStringView text) {
+    // The toolkit's folding makes one and the same character of all surrogates of their own.
+    QString result;
+    result.reserve(text.size());
+    while (!text.isEmpty()) {
+        const qsizetype length = wellFormedLength(text);
+        result += text.first(length).toString().toCaseFolded();
+        text = text.sliced(length);
+        if (text.isEmpty()) break;
+        result += text.front();
+        text = text.sliced(1);
+    }
+    return result;
+}
+
 } // namespace torvane::NativeText

@@ -13,5 +13,7 @@ namespace torvane::NativeText {
 QString fromNative(QByteArrayView name);
 /// The bytes of a text that came from fromNative or from the user; a stray surrogate becomes "?".
 QByteArray toNative(QStringView text);
+/// The text for comparing without regard to case. What stands for bytes that are no text stays as it is.
+QString folded(QStringView text);
 
 } // namespace torvane::NativeText

@@ -21,12 +21,12 @@ bool exists(const QByteArray& path) {
 QByteArray entryLike(const QByteArray& folder, const QByteArray& name) {
     const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(folder.constData()), closedir);
     if (!dir) return {};
-    const QString wanted = NativeText::fromNative(name).toCaseFolded();
+    const QString wanted = NativeText::folded(NativeText::fromNative(name));
     QByteArray found;
     while (const dirent* entry = readdir(dir.get())) {
         const QByteArray candidate(entry->d_name);
         // The least name wins, so that the answer does not hang on the order of the folder.
-        if (NativeText::fromNative(candidate).toCaseFolded() == wanted &&
+        if (NativeText::folded(NativeText::fromNative(candidate)) == wanted &&
             (found.isEmpty() || candidate < found)) {
             found = candidate;
         }
@@ -46,7 +46,8 @@ QString applicationFolder() {
 
 QByteArray real(const QString& path) {
     QString slashed = path;
-    slashed.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    // No name holds a zero, and a system call would take it for the end of the path.
+    slashed.replace(QLatin1Char('\\'), QLatin1Char('/')).replace(QChar(0), QLatin1Char('?'));
     QByteArray whole = NativeText::toNative(slashed);
     if (whole.isEmpty() || exists(whole)) return whole;
     QByteArray found = whole.startsWith('/') ? "" : ".";

@@ -13,7 +13,7 @@ QString applicationFolder();
 
 /// The real path of a spelled one, as bytes for system calls. "\" and "/" both separate. What exists as
 /// spelled is taken as it is; else each piece is looked up without regard to case; what is not found
-/// stays as spelled, so that the path can be used to create it.
+/// stays as spelled, so that the path can be used to create it. A zero character becomes "?".
 QByteArray real(const QString& spelled);
 
 /// The spelled form of a path in the system's own form (as a file dialog gives it).

@@ -1,177 +1,122 @@
 // SPDX-License-Identifier: MIT
-// Whole-file replacement by a synced temporary file and a rename.
+// Replacing, copying and appending. Change, which minds other programs, is in SafeFileChange.cpp.
 #include "SafeFile.h"
+#include "AppendNote.h"
+#include "FileRights.h"
+#include "Lease.h"
 #include "Paths.h"
-#include "RuntimeFailure.h"
-
-#include <array>
-#include <cerrno>
-#include <climits>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace torvane::SafeFile {
 
 namespace {
-constexpr size_t copyBlock = 1 << 20;
-constexpr int mostLinks = 40; // as many as the kernel follows
-
-[[noreturn]] void failWithErrno() { throw RuntimeFailure::fromErrno(errno); }
-
-// An open handle that closes itself.
-struct Handle {
-    int number;
-    explicit Handle(int opened) : number(opened) {
-        if (number < 0) failWithErrno();
-    }
-    ~Handle() { close(number); }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-};
-
-QByteArray folderOf(const QByteArray& path) {
-    const qsizetype slash = path.lastIndexOf('/');
-    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.first(slash);
-}
-
-// The place that a rename has to hit: behind all symbolic links, if there are any. A link may lead to a
-// file that is still to be made.
-QByteArray behindLinks(QByteArray path) {
-    for (int links = 0; links < mostLinks; ++links) {
-        std::array<char, PATH_MAX> target{};
-        const ssize_t length = readlink(path.constData(), target.data(), target.size());
-        if (length < 0) return path;
-        const QByteArray next(target.data(), static_cast<qsizetype>(length));
-        path = next.startsWith('/') ? next : folderOf(path) + '/' + next;
-    }
-    throw RuntimeFailure::fromErrno(ELOOP);
-}
-
-// A name that no list shows; it is not lengthened with the file's own name, which may be at the limit.
-QByteArray temporaryPattern(const QByteArray& path) { return folderOf(path) + "/.torvane-XXXXXX"; }
-
-void writeAll(int handle, const char* bytes, size_t count) {
-    while (count > 0) {
-        const ssize_t written = write(handle, bytes, count);
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) failWithErrno();
-        bytes += written;
-        count -= static_cast<size_t>(written);
-    }
-}
-
-// Not every folder can be synced (some may be written but not read, some network file systems have no
-// such call). The rename stands all the same, and a failure would say that the old file is still there.
-void syncFolder(const QByteArray& folder) {
-    const int handle = open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return;
-    fsync(handle);
-    close(handle);
-}
-
-mode_t newFileMode() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
-// The temporary file of one replacement; gone at the end of its scope unless it was renamed.
-class Replacement {
+// A new file on its way to a name of a folder, whatever stands there.
+class Arrival {
 public:
-    explicit Replacement(const QByteArray& target)
-        : m_target(target), m_name(temporaryPattern(target)), m_file(mkostemp(m_name.data(), O_CLOEXEC)) {}
-    ~Replacement() {
-        if (!m_name.isEmpty()) unlink(m_name.constData());
-    }
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
+    explicit Arrival(const Place& place)
+        : m_folder(place.folder), m_name(place.name), m_fresh(m_folder, HiddenFile::replacement) {}
 
-    int handle() const { return m_file.number; }
+    const HiddenFile& fresh() const { return m_fresh; }
 
-    void commit() {
+    void arrive() {
         struct stat former {};
-        const bool replaces = stat(m_target.constData(), &former) == 0;
-        // Only root may give a file away; for everybody else the owner is right already.
-        if (replaces && fchown(m_file.number, former.st_uid, former.st_gid) != 0 && errno != EPERM) {
-            failWithErrno();
-        }
-        if (fchmod(m_file.number, replaces ? former.st_mode & 07777 : newFileMode()) != 0) failWithErrno();
-        if (fsync(m_file.number) != 0) failWithErrno();
-        if (rename(m_name.constData(), m_target.constData()) != 0) failWithErrno();
-        m_name.clear();
-        syncFolder(folderOf(m_target));
+        const bool replaces = m_folder.stat(m_name, former);
+        // A file that can't be looked at is there all the same, and has rights to keep.
+        if (!replaces && errno != ENOENT) failWithErrno();
+        FileRights::give(m_fresh.handle(), replaces ? &former : nullptr);
+        m_fresh.sync();
+        const int folder = m_folder.number();
+        const int renamed = uninterrupted(
+            [&] { return renameat(folder, m_fresh.name().constData(), folder, m_name.constData()); });
+        if (renamed != 0) failWithErrno();
+        m_fresh.forget();
+        m_folder.sync();
     }
 
 private:
-    QByteArray m_target;
+    Folder m_folder;
     QByteArray m_name;
-    Handle m_file;
+    HiddenFile m_fresh;
 };
 
-void refuseUnlessWritable(const QByteArray& target) {
-    struct stat info {};
-    if (stat(target.constData(), &info) != 0) return;
-    // A rename would put a file in the place of a device or a pipe.
-    if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    if (access(target.constData(), W_OK) != 0) failWithErrno();
+void refuseSameFile(const struct stat& source, const QByteArray& target) {
+    struct stat other {};
+    const bool same = stat(target.constData(), &other) == 0 && source.st_dev == other.st_dev &&
+                      source.st_ino == other.st_ino;
+    if (same) throw RuntimeFailure(RuntimeFailure::permissionDenied);
 }
 
-void refuseSameFile(int source, const QByteArray& target) {
-    struct stat a {};
-    struct stat b {};
-    if (fstat(source, &a) != 0) failWithErrno();
-    if (!S_ISREG(a.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    const bool same = stat(target.constData(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-    if (same) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+bool isSameState(const struct stat& one, const struct stat& other) {
+    return one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
+           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+
+void writeBehind(const Handle& file, qint64 expectedEnd, QByteArrayView& bytes) {
+    writeAll(file, bytes);
+    if (uninterrupted([&] { return fsync(file.number()); }) != 0) failWithErrno();
+    const struct stat now = infoOf(file);
+    if (now.st_nlink == 0) throw RuntimeFailure(RuntimeFailure::fileNotFound);
+    if (now.st_size != expectedEnd) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+}
+
+// Takes away what was written. It need not stand at the former end: another program may have changed the
+// length just before.
+bool takeBack(const Handle& file, AppendNote::Content content, qsizetype written) {
+    if (written > 0) content.length = lseek(file.number(), 0, SEEK_CUR) - written;
+    return AppendNote::cutBack(file, content);
 }
 } // namespace
 
 void replace(const QString& path, const QByteArray& bytes) {
-    const QByteArray target = behindLinks(Paths::real(path));
-    refuseUnlessWritable(target);
-    Replacement replacement(target);
-    writeAll(replacement.handle(), bytes.constData(), static_cast<size_t>(bytes.size()));
-    replacement.commit();
+    const QByteArray target = Paths::real(path);
+    const Place place = placeOf(target);
+    FileRights::refuseUnlessWritable(target);
+    Arrival arrival(place);
+    arrival.fresh().write(bytes);
+    arrival.arrive();
 }
 
 void copy(const QString& sourcePath, const QString& targetPath) {
-    const Handle source(open(Paths::real(sourcePath).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    const QByteArray target = behindLinks(Paths::real(targetPath));
-    refuseSameFile(source.number, target);
-    refuseUnlessWritable(target);
-    Replacement replacement(target);
-    QByteArray block(copyBlock, Qt::Uninitialized);
-    for (;;) {
-        const ssize_t got = read(source.number, block.data(), copyBlock);
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) failWithErrno();
-        if (got == 0) break;
-        writeAll(replacement.handle(), block.constData(), static_cast<size_t>(got));
+    const QByteArray from = Paths::real(sourcePath);
+    const Handle source =
+        opened(uninterrupted([&] { return open(from.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+    const struct stat before = infoOf(source);
+    if (!S_ISREG(before.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    const QByteArray target = Paths::real(targetPath);
+    const Place place = placeOf(target);
+    refuseSameFile(before, target);
+    FileRights::refuseUnlessWritable(target);
+    Arrival arrival(place);
+    arrival.fresh().copyFrom(source);
+    if (!isSameState(before, infoOf(source))) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    const timespec times[2] = {{0, UTIME_OMIT}, before.st_mtim};
+    futimens(arrival.fresh().handle().number(), times);
+    arrival.arrive();
+}
+
+void append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind) {
+    const QByteArray target = Paths::real(path);
+    const Place place = placeOf(target);
+    const Folder folder(place.folder);
+    const auto openAs = [&](int flags) {
+        // Without O_NONBLOCK a pipe in the games folder would hold up the interface for good.
+        return opened(uninterrupted(
+            [&] { return openat(folder.number(), place.name.constData(), flags | O_CLOEXEC | O_NONBLOCK); }));
+    };
+    // Who is still writing the file would write over the line.
+    takeLease(openAs(O_RDONLY));
+    const Handle file = openAs(O_RDWR | O_APPEND); // readable, so that a cut can see what it takes away
+    const struct stat info = infoOf(file);
+    if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    const AppendNote::Content content{place.name, info.st_size, bytesBehind(info.st_size)};
+    holdUpOthers(file);
+    AppendNote note(folder, content);
+    QByteArrayView rest = content.bytes;
+    try {
+        writeBehind(file, content.length + content.bytes.size(), rest);
+    } catch (const RuntimeFailure&) {
+        if (!takeBack(file, content, content.bytes.size() - rest.size())) note.leave();
+        throw;
     }
-    replacement.commit();
-}
-
-RestorePoint::RestorePoint(const QString& path) : m_path(behindLinks(Paths::real(path))) {
-    // mkostemp finds a free name; the link then takes the place of the empty file.
-    QByteArray name = temporaryPattern(m_path);
-    const int handle = mkostemp(name.data(), O_CLOEXEC);
-    if (handle < 0) return;
-    close(handle);
-    unlink(name.constData());
-    if (link(m_path.constData(), name.constData()) == 0) m_kept = name;
-}
-
-RestorePoint::~RestorePoint() {
-    if (!m_kept.isEmpty()) unlink(m_kept.constData());
-}
-
-void RestorePoint::restore() {
-    if (m_kept.isEmpty() || rename(m_kept.constData(), m_path.constData()) != 0) return;
-    // Two names of one file make rename(2) do nothing: then the second one is still there.
-    unlink(m_kept.constData());
-    m_kept.clear();
 }
 
 } // namespace torvane::SafeFile

@@ -1,59 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The settings store over INI files.
 #include "Settings.h"
+#include "HiddenFile.h"
 #include "IniFile.h"
 #include "NativeText.h"
 #include "Paths.h"
 #include "RuntimeFailure.h"
+#include "SettingLine.h"
 
-#include <cctype>
 #include <cmath>
-#include <filesystem>
 #include <limits>
 
 namespace torvane {
-
-namespace {
-// A backslash inside a file's name, as against the separator that the program writes (see NativeText).
-constexpr char16_t innerBackslash = 0xDC5C;
-
-bool isEscape(const QString& text, qsizetype at) {
-    const auto isHex = [&](qsizetype i) {
-        return i < text.size() && std::isxdigit(static_cast<uchar>(text[i].toLatin1())) != 0;
-    };
-    return text[at] == QLatin1Char('%') && isHex(at + 1) && isHex(at + 2);
-}
-
-// A value as one line of the file: what a line can't carry stands as "%" and two digits. A user may call
-// a folder " a" or "a\nb". Other values, paths among them, stay as they are.
-QString escaped(const QString& value) {
-    QString line;
-    for (qsizetype i = 0; i < value.size(); ++i) {
-        const char16_t unit = value[i].unicode();
-        const bool isOuterBlank = unit == ' ' && (i == 0 || i == value.size() - 1);
-        if (unit < ' ' || isOuterBlank || unit == innerBackslash || isEscape(value, i)) {
-            line += QString::asprintf("%%%02X", unit & 0xFFu);
-        } else {
-            line += value[i];
-        }
-    }
-    return line;
-}
-
-QString unescaped(const QString& line) {
-    QString value;
-    for (qsizetype i = 0; i < line.size(); ++i) {
-        if (!isEscape(line, i)) {
-            value += line[i];
-            continue;
-        }
-        const auto unit = static_cast<char16_t>(QStringView(line).sliced(i + 1, 2).toUInt(nullptr, 16));
-        value += QChar(unit == '\\' ? innerBackslash : unit);
-        i += 2;
-    }
-    return value;
-}
-} // namespace
 
 // The folder is the system's: a backslash in it is part of a name.
 Settings::Settings(const QString& configurationFolder)
@@ -70,19 +28,15 @@ QString Settings::fileOf(const QString& application) const {
 QString Settings::GetSetting(const QString& application, const QString& section, const QString& key,
                              const QString& absent) const {
     const auto found = IniFile::value(fileOf(application), section.toUtf8(), key.toUtf8());
-    if (!found) return absent;
-    // A backslash in a stored path is the separator that the program wrote, not part of a file's name.
-    return unescaped(NativeText::fromNative(*found).replace(QChar(innerBackslash), QLatin1Char('\\')));
+    return found ? SettingLine::textOf(*found) : absent;
 }
 
 void Settings::SaveSetting(const QString& application, const QString& section, const QString& key,
                            const QString& value) {
     const QString file = fileOf(application);
     const QByteArray folder = Paths::real(file.first(file.lastIndexOf(QLatin1Char('/'))));
-    std::error_code error;
-    std::filesystem::create_directories(folder.toStdString(), error);
-    if (error) throw RuntimeFailure::fromErrno(error.value());
-    IniFile::setValue(file, section.toUtf8(), key.toUtf8(), NativeText::toNative(escaped(value)));
+    Folder::make(folder);
+    IniFile::setValue(file, section.toUtf8(), key.toUtf8(), SettingLine::of(value));
 }
 
 int Settings::toNumber(const QString& text) {

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Taking leases.
+#include "Lease.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <linux/magic.h>
+#include <sys/vfs.h>
+
+namespace torvane {
+
+namespace {
+// Servers of files grant leases as they like.
+bool isOnServer(const Handle& file) {
+    struct statfs info {};
+    if (fstatfs(file.number(), &info) != 0) return false;
+    constexpr std::array<__fsword_t, 6> servers = {NFS_SUPER_MAGIC,  SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
+                                                   SMB2_SUPER_MAGIC, AFS_SUPER_MAGIC, CEPH_SUPER_MAGIC};
+    return std::find(servers.begin(), servers.end(), info.f_type) != servers.end();
+}
+
+bool take(const Handle& file, int kind) {
+    fcntl(file.number(), F_SETSIG, SIGURG);
+    return fcntl(file.number(), F_SETLEASE, kind) == 0;
+}
+} // namespace
+
+bool takeLease(const Handle& file) {
+    if (take(file, F_RDLCK)) return true;
+    const bool isHeldByWriter = errno == EAGAIN && !isOnServer(file);
+    if (isHeldByWriter) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    return false;
+}
+
+void holdUpOthers(const Handle& file) { take(file, F_WRLCK); }
+
+} // namespace torvane

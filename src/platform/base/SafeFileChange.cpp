@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// Reading a file and replacing it, with an eye on what other programs do to it meanwhile.
+#include "FileRights.h"
+#include "Lease.h"
+#include "Paths.h"
+#include "SafeFile.h"
+
+#include <cstdio>
+#include <sys/file.h>
+
+namespace torvane::SafeFile {
+
+namespace {
+constexpr int mostExchanges = 100; // another program that is quicker each time does nothing else
+
+bool isSameState(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino && one.st_size == other.st_size &&
+           one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+
+// Gives a hidden file the name under which a former one is kept.
+void nameKept(const Folder& keeping, HiddenFile& kept, const QByteArray& name) {
+    const int renamed = uninterrupted([&] {
+        return renameat(keeping.number(), kept.name().constData(), keeping.number(), name.constData());
+    });
+    if (renamed != 0) failWithErrno();
+    // Two names of one file make rename(2) do nothing: then the hidden one is still there.
+    keeping.unlink(kept.name());
+    kept.forget();
+    keeping.sync();
+}
+} // namespace
+
+Change::Change(const QString& path)
+    : m_path(Paths::real(path)), m_place(placeOf(m_path)), m_folder(m_place.folder) {
+    FileRights::refuseUnlessWritable(m_path);
+    m_file = opened(uninterrupted([this] {
+        return openat(m_folder.number(), m_place.name.constData(),
+                      O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
+    }));
+    m_hasLease = takeLease(m_file);
+    m_former = infoOf(m_file);
+    if (!S_ISREG(m_former.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    // For a moment the file will have a hidden name: no other run of the program may sweep it away.
+    flock(m_file.number(), LOCK_SH | LOCK_NB);
+}
+
+bool Change::isUntouched(const Folder& folder, const QByteArray& name) const {
+    if (m_hasLease && fcntl(m_file.number(), F_GETLEASE) != F_RDLCK) return false;
+    struct stat now {};
+    return folder.stat(name, now) && isSameState(now, m_former);
+}
+
+void Change::keepFormer(const QString& folderPath) const {
+    const QByteArray path = Paths::real(folderPath);
+    Folder::make(path);
+    const Folder keeping(path);
+    if (!keepLink(keeping)) keepCopy(keeping);
+}
+
+// False if no link can be made.
+bool Change::keepLink(const Folder& keeping) const {
+    // What another program has just written may not be on the disk yet, and nobody else will see to that.
+    if (uninterrupted([this] { return fsync(m_file.number()); }) != 0) failWithErrno();
+    HiddenFile kept(keeping, HiddenFile::replacement);
+    keeping.unlink(kept.name());
+    const int linked = uninterrupted([&] {
+        return linkat(m_folder.number(), m_place.name.constData(), keeping.number(), kept.name().constData(),
+                      0);
+    });
+    if (linked != 0) return false;
+    if (!isUntouched(keeping, kept.name())) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    nameKept(keeping, kept, m_place.name);
+    return true;
+}
+
+void Change::keepCopy(const Folder& keeping) const {
+    HiddenFile kept(keeping, HiddenFile::replacement);
+    kept.copyFrom(m_file);
+    FileRights::give(kept.handle(), &m_former);
+    const timespec times[2] = {{0, UTIME_OMIT}, m_former.st_mtim};
+    futimens(kept.handle().number(), times);
+    kept.sync();
+    if (!isUntouched(m_folder, m_place.name)) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    nameKept(keeping, kept, m_place.name);
+}
+
+void Change::commit(std::initializer_list<QByteArrayView> pieces) const {
+    HiddenFile fresh(m_folder, HiddenFile::replacement);
+    for (const QByteArrayView piece : pieces) fresh.write(piece);
+    const struct stat present = infoOf(m_file); // its rights may be others by now
+    FileRights::give(fresh.handle(), &present);
+    fresh.sync();
+    if (!isUntouched(m_folder, m_place.name)) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    exchange(fresh);
+    m_folder.sync();
+}
+
+// The two files change names in one step, and what has got the hidden name is looked at once more: if
+// another program was quicker, its file goes back to its place.
+void Change::exchange(HiddenFile& fresh) const {
+    const int folder = m_folder.number();
+    const auto rename = [&](unsigned flags) {
+        return uninterrupted([&] {
+            return renameat2(folder, fresh.name().constData(), folder, m_place.name.constData(), flags);
+        });
+    };
+    const struct stat ours = infoOf(fresh.handle());
+    if (rename(RENAME_EXCHANGE) != 0) {
+        if (errno != EINVAL && errno != ENOSYS) failWithErrno();
+        if (rename(0) != 0) failWithErrno(); // a file system without the one step
+        return;
+    }
+    if (isUntouched(m_folder, fresh.name())) return;
+    giveBack(fresh, ours, rename);
+    throw RuntimeFailure(RuntimeFailure::permissionDenied);
+}
+
+// Exchanges until what comes back is what was put there last: anything else is newer still.
+void Change::giveBack(HiddenFile& fresh, struct stat put, const std::function<int(unsigned)>& rename) const {
+    for (int i = 0; i < mostExchanges; ++i) {
+        struct stat given {};
+        struct stat back {};
+        const bool isKnown = m_folder.stat(fresh.name(), given);
+        if (rename(RENAME_EXCHANGE) != 0) break;
+        // What can't be looked at is ours, most likely.
+        if (!isKnown || !m_folder.stat(fresh.name(), back) || isSameState(back, put)) return;
+        put = given;
+    }
+    // The hidden name is all that the other's file has.
+    if (rename(RENAME_NOREPLACE) != 0) fresh.forget();
+}
+
+} // namespace torvane::SafeFile

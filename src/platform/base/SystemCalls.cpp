@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// Reading and writing in full what the system may do in parts.
+#include "SystemCalls.h"
+
+#include <limits>
+
+namespace torvane {
+
+QByteArray bytesOf(const Handle& file, qint64 position, qint64 count) {
+    QByteArray bytes(static_cast<qsizetype>(count), Qt::Uninitialized);
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const ssize_t got = uninterrupted([&] {
+            return pread(file.number(), bytes.data() + done, static_cast<size_t>(bytes.size() - done),
+                         position + done);
+        });
+        if (got < 0) failWithErrno();
+        if (got == 0) break;
+        done += got;
+    }
+    bytes.truncate(done);
+    return bytes;
+}
+
+QByteArray allBytesOf(const Handle& file) {
+    const qint64 all = infoOf(file).st_size;
+    // No game is that large; a disk image that lies among them must not take the whole memory.
+    if (all > std::numeric_limits<qint32>::max()) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    return bytesOf(file, 0, all);
+}
+
+void writeAll(const Handle& file, QByteArrayView& bytes) {
+    while (!bytes.isEmpty()) {
+        const ssize_t written = uninterrupted(
+            [&] { return ::write(file.number(), bytes.data(), static_cast<size_t>(bytes.size())); });
+        if (written < 0) failWithErrno();
+        if (written == 0) throw RuntimeFailure(RuntimeFailure::diskFull);
+        bytes = bytes.sliced(written);
+    }
+}
+
+} // namespace torvane

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// What all users of file descriptors need: a handle that closes itself, calls that go on after a signal, and
+// the failure that stands for the last error.
+#pragma once
+
+#include "RuntimeFailure.h"
+
+#include <QByteArray>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace torvane {
+
+[[noreturn]] inline void failWithErrno() { throw RuntimeFailure::fromErrno(errno); }
+
+/// Makes a call of the system again as long as a signal has interrupted it; gives what it gives.
+template <typename Call>
+auto uninterrupted(Call&& call) {
+    for (;;) {
+        const auto result = call();
+        if (result >= 0 || errno != EINTR) return result;
+    }
+}
+
+/// An open file descriptor, closed at the end of its scope.
+class Handle {
+public:
+    Handle() = default;
+    explicit Handle(int opened) : m_number(opened) {}
+    Handle(Handle&& other) noexcept : m_number(other.release()) {}
+    Handle& operator=(Handle&& other) noexcept {
+        if (this != &other) {
+            reset();
+            m_number = other.release();
+        }
+        return *this;
+    }
+    ~Handle() { reset(); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    int number() const { return m_number; }
+    bool isOpen() const { return m_number >= 0; }
+
+private:
+    void reset() {
+        // Whatever had to reach the disk was synced before: an error here tells nothing new.
+        if (m_number >= 0) close(m_number);
+        m_number = -1;
+    }
+    int release() {
+        const int number = m_number;
+        m_number = -1;
+        return number;
+    }
+
+    int m_number = -1;
+};
+
+/// Fails with the last error if the handle is not open.
+inline Handle opened(int number) {
+    if (number < 0) failWithErrno();
+    return Handle(number);
+}
+
+inline struct stat infoOf(const Handle& handle) {
+    struct stat info {};
+    if (fstat(handle.number(), &info) != 0) failWithErrno();
+    return info;
+}
+
+/// At most `count` bytes from a position counted from 0; fewer at the end of the file.
+QByteArray bytesOf(const Handle& file, qint64 position, qint64 count);
+/// All bytes of a file; one of 2 GiB or more is refused as too much for the memory.
+QByteArray allBytesOf(const Handle& file);
+/// Writes all bytes at the place of the handle; a failure tells why it stopped, and `bytes` what is left.
+void writeAll(const Handle& file, QByteArrayView& bytes);
+
+} // namespace torvane

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// Saves the tag of a game of 32 MiB that has one, which strips and appends, and copies the same file plainly,
+// synced once, in turns. Usage: bench_saves FOLDER ROUNDS
+// Prints the wall nanoseconds: "save" and "copy", medians.
+#include "Clock.h"
+#include "catalogue/ID3.h"
+#include "platform/base/Paths.h"
+
+#include <algorithm>
+#include <cinttypes>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <functional>
+#include <unistd.h>
+#include <vector>
+
+namespace torvane::bench {
+
+namespace {
+constexpr qsizetype gameSize = 32 << 20;
+
+struct NoMessages : MessageBoxes {
+    int MsgBox(const QString&, int, const QString&) override { return MsgBoxFlags::answerOk; }
+};
+
+void mustHold(bool holds) {
+    if (!holds) std::exit(3);
+}
+
+// The yardstick: what any program does that copies a file and wants it to be on the disk.
+void copyPlainly(const QByteArray& from, const QByteArray& to) {
+    const int source = open(from.constData(), O_RDONLY | O_CLOEXEC);
+    const int target = open(to.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    mustHold(source >= 0 && target >= 0);
+    QByteArray block(1 << 20, '\0');
+    for (;;) {
+        const ssize_t got = read(source, block.data(), static_cast<size_t>(block.size()));
+        mustHold(got >= 0);
+        if (got == 0) break;
+        mustHold(write(target, block.constData(), static_cast<size_t>(got)) == got);
+    }
+    mustHold(fsync(target) == 0);
+    close(source);
+    close(target);
+}
+
+std::int64_t timeOf(const std::function<void()>& work) {
+    const std::int64_t start = wallClock();
+    work();
+    return wallClock() - start;
+}
+
+std::int64_t median(std::vector<std::int64_t> samples) {
+    std::sort(samples.begin(), samples.end());
+    return samples[samples.size() / 2];
+}
+} // namespace
+
+int runSaves(const QByteArray& folder, int rounds) {
+    const QByteArray game = folder + "/saved.gba";
+    const QByteArray copy = folder + "/copied.gba";
+    {
+        std::FILE* file = std::fopen(game.constData(), "wb");
+        mustHold(file != nullptr);
+        QByteArray image(gameSize, '\0');
+        for (qsizetype i = 0; i < image.size(); ++i) image[i] = static_cast<char>(i * 2654435761U >> 13);
+        mustHold(std::fwrite(image.constData(), 1, static_cast<size_t>(gameSize), file) == gameSize);
+        std::fclose(file);
+    }
+    const Globals globals;
+    const LanguageTables noTexts(globals, [](const auto&, const auto&, const auto&) { return QString(); });
+    NoMessages messages;
+    ID3 id3(globals, noTexts, messages);
+    id3.NewCompany = id3.NewTitle = id3.NewInfo = id3.NewDate = QStringLiteral("bench");
+    id3.AppendRomTag(Paths::spelled(game));
+    std::vector<std::int64_t> saves;
+    std::vector<std::int64_t> copies;
+    for (int round = 0; round <= rounds; ++round) {
+        const auto saving = timeOf([&] { id3.SaveRomTag(Paths::spelled(game), [] {}); });
+        unlink(copy.constData());
+        const auto copying = timeOf([&] { copyPlainly(game, copy); });
+        if (round == 0) continue; // the first round warms up
+        saves.push_back(saving);
+        copies.push_back(copying);
+    }
+    std::printf("save %" PRId64 "\ncopy %" PRId64 "\n", median(saves), median(copies));
+    return 0;
+}
+
+} // namespace torvane::bench
+
+int main(int argc, char** argv) {
+    if (argc != 3) return 2;
+    return torvane::bench::runSaves(argv[1], std::atoi(argv[2]));
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// All ways in which a file is changed, for the rules that hold for each of them.
+#pragma once
+
+#include "FileFixture.h"
+#include "platform/base/SafeFile.h"
+
+namespace torvane {
+
+enum class Way { replace, copy, change, append };
+
+class FileWays : public FileFixture {
+protected:
+    /// One row for each way, or for those that put a new file in the place of the old one.
+    static void wayRows(bool replacingAlone = false) {
+        QTest::addColumn<Way>("way");
+        QTest::newRow("replace") << Way::replace;
+        QTest::newRow("copy") << Way::copy;
+        QTest::newRow("change") << Way::change;
+        if (!replacingAlone) QTest::newRow("append") << Way::append;
+    }
+    /// Changes a file by one of the ways. What is copied is a file "source".
+    void changeBy(Way way, const char* name, const QByteArray& bytes = "new") const {
+        changeAt(at(name), way, bytes);
+    }
+    void changeAt(const QString& path, Way way, const QByteArray& bytes = "new") const {
+        switch (way) {
+        case Way::replace: return SafeFile::replace(path, bytes);
+        case Way::copy: return SafeFile::copy(at("source"), path);
+        case Way::change: return SafeFile::Change(path).commit({bytes});
+        case Way::append: return SafeFile::append(path, [&](qint64) { return bytes; });
+        }
+    }
+    std::optional<int> failureBy(Way way, const char* name) const {
+        return failureOf([&] { changeBy(way, name); });
+    }
+    /// What a file holds after the change that held "former" before.
+    static QByteArray changed(Way way) { return way == Way::append ? "formernew" : "new"; }
+};
+
+} // namespace torvane
+Q_DECLARE_METATYPE(torvane::Way)
