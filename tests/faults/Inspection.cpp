@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// The checks one by one.
+#include "Inspection.h"
+
+#include <algorithm>
+
+namespace torvane::faults {
+
+void Inspection::check(bool isGood, const std::string& otherwise) {
+    if (!isGood) m_violations.push_back(otherwise);
+}
+
+bool Inspection::holds(const std::string& path, const Content& content) const {
+    return content ? m_workshop.holds(path, *content) : !m_workshop.lengthOf(path);
+}
+
+// Something of the line, and nothing else, stands behind the former content.
+bool Inspection::isPart() const {
+    const QByteArray& line = m_situation.line;
+    const auto length = m_workshop.lengthOf(m_situation.subject);
+    if (line.isEmpty() || !length || *length <= m_situation.former->size()) return false;
+    if (!m_workshop.beginsWith(m_situation.subject, *m_situation.former)) return false;
+    const QByteArray tail = m_workshop.read(m_situation.subject, m_situation.former->size());
+    if (!m_ending.isPowerLost || tail.size() > line.size()) return line.startsWith(tail);
+    const auto isOwn = [](char found, char written) { return found == written || found == '\0'; };
+    return std::equal(tail.begin(), tail.end(), line.begin(), isOwn);
+}
+
+Inspection::Found Inspection::found() const {
+    if (holds(m_situation.subject, m_situation.former)) return Found::former;
+    if (m_situation.fresh && holds(m_situation.subject, m_situation.fresh)) return Found::fresh;
+    return isPart() ? Found::part : Found::other;
+}
+
+void Inspection::checkSubject(Found found) {
+    check(found != Found::other, "the file is neither the old nor the new one");
+    switch (m_ending.told) {
+    case Told::success:
+        return check(found == Found::fresh, "success was told, and the file is not the new one");
+    case Told::failure:
+        // Of a line that could not be cut back all may be there, too.
+        check(found != Found::fresh || m_ending.isFreshAllowed ||
+                  (m_ending.isPartAllowed && !m_situation.line.isEmpty()),
+              "a failure was told, and the file is the new one");
+        return check(found != Found::part || m_ending.isPartAllowed, "a part of the line was left behind");
+    case Told::nothing: return;
+    case Told::nonsense: return check(false, "the program ended in a way in which it must not");
+    }
+}
+
+void Inspection::beforeNextStart() {
+    m_before = found();
+    checkSubject(m_before);
+    checkAsides(false);
+    checkBystanders();
+    checkFormer();
+}
+
+void Inspection::afterNextStart() {
+    const Found now = found();
+    check(now == Found::former || now == Found::fresh,
+          "after the next start the file is neither old nor new");
+    const bool wasWhole = m_before == Found::former || m_before == Found::fresh;
+    check(!wasWhole || now == m_before, "the next start changed a whole file");
+    check(m_ending.told != Told::success || now == Found::fresh,
+          "the next start undid what was told as done");
+    checkAsides(true);
+    checkBystanders();
+    checkNames();
+    checkRights();
+    checkFormer();
+}
+
+void Inspection::checkAsides(bool afterNextStart) {
+    for (const auto& [path, aside] : m_situation.asides) {
+        const auto& allowed = afterNextStart ? aside.afterNextStart : aside.meanwhile;
+        const bool isOne = std::any_of(allowed.begin(), allowed.end(),
+                                       [&, &file = path](const Content& one) { return holds(file, one); });
+        check(isOne, path + " holds something else");
+    }
+}
+
+void Inspection::checkBystanders() {
+    for (const auto& [path, state] : m_situation.before) {
+        if (path == m_situation.subject || m_situation.asides.count(path) > 0) continue;
+        check(m_workshop.holds(path, state.bytes), path + " was changed, too");
+        check(m_workshop.rightsOf(path) == state.rights, path + " has got other rights");
+    }
+}
+
+void Inspection::checkNames() {
+    for (const std::string& name : m_workshop.names()) {
+        const bool isExpected = name == m_situation.subject || m_situation.before.count(name) > 0 ||
+                                m_situation.asides.count(name) > 0;
+        check(isExpected, "a stray file stays: " + name);
+    }
+}
+
+void Inspection::checkRights() {
+    if (!m_workshop.lengthOf(m_situation.subject)) return;
+    const auto former = m_situation.before.find(m_situation.subject);
+    const Rights expected = former == m_situation.before.end() ? Rights() : former->second.rights;
+    check(m_workshop.rightsOf(m_situation.subject) == expected, "the file has got other rights");
+}
+
+void Inspection::checkFormer() {
+    if (!m_situation.keepsFormer) return;
+    check(m_workshop.holds(m_situation.subject, *m_situation.former) ||
+              m_workshop.holds(backupFile, *m_situation.former),
+          "the former image is neither in the file nor in the backup folder");
+}
+
+} // namespace torvane::faults

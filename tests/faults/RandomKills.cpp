@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// A child that works, and a parent that kills it.
+#include "RandomKills.h"
+#include "Child.h"
+#include "Shared.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <random>
+#include <sched.h>
+
+namespace torvane::faults {
+
+namespace {
+using Clock = std::chrono::steady_clock;
+using Duration = Clock::duration;
+constexpr int measuredRuns = 5;
+
+class Killer {
+public:
+    Killer(Workshop& workshop, const Situation& situation) : m_workshop(workshop), m_situation(situation) {}
+
+    /// How the operation ended that was killed after that time, if it had not ended before.
+    Told runFor(Duration time) {
+        const pid_t child = start();
+        for (const auto end = Clock::now() + time; Clock::now() < end;) sched_yield();
+        kill(child, SIGKILL);
+        return toldBy(child);
+    }
+    /// The longest of a few runs: kills are spread over all of it.
+    Duration measured() {
+        Duration longest{};
+        for (int i = 0; i < measuredRuns; ++i) {
+            const pid_t child = start();
+            const auto begun = Clock::now();
+            toldBy(child);
+            longest = std::max(longest, Clock::now() - begun);
+        }
+        return longest;
+    }
+
+private:
+    pid_t start() {
+        m_workshop.layOut(m_situation.before);
+        *m_hasBegun = false;
+        const pid_t child = startChild([this] { runAndEnd(m_situation, [this] { *m_hasBegun = true; }); });
+        while (!*m_hasBegun) sched_yield();
+        return child;
+    }
+
+    Workshop& m_workshop;
+    const Situation& m_situation;
+    Shared<std::atomic<bool>> m_hasBegun;
+};
+
+std::vector<std::string> violationsAfter(Workshop& workshop, const Situation& situation, Told told) {
+    Inspection inspection(workshop, situation, {.told = told});
+    inspection.beforeNextStart();
+    startNext(workshop);
+    inspection.afterNextStart();
+    return inspection.violations();
+}
+} // namespace
+
+void killAtRandom(Workshop& workshop, Tally& tally, const std::vector<Situation>& situations, int kills) {
+    std::mt19937 random(11);
+    std::vector<Duration> durations;
+    durations.reserve(situations.size());
+    for (const Situation& situation : situations) durations.push_back(Killer(workshop, situation).measured());
+    for (int done = 0; done < kills;) {
+        for (size_t i = 0; i < situations.size() && done < kills; ++i) {
+            const Duration time(
+                std::uniform_int_distribution<Duration::rep>(0, durations[i].count())(random));
+            const Told told = Killer(workshop, situations[i]).runFor(time);
+            tally.add(situations[i].operation, told == Told::nothing,
+                      violationsAfter(workshop, situations[i], told),
+                      situations[i].name() + ", killed at random");
+            if (told == Told::nothing) ++done;
+        }
+    }
+}
+
+} // namespace torvane::faults

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+// The operations and the files that they find.
+#include "Situation.h"
+#include "TagBytes.h"
+#include "platform/base/SafeFile.h"
+
+#include <array>
+
+namespace torvane::faults {
+
+namespace {
+enum class Standing { none, shorter, equal, longer };
+constexpr std::array<const char*, 4> standingNames = {"nothing there", "shorter", "equal", "longer"};
+
+const std::string sourceFile = "incoming/new.gb";
+const std::string libraryCopy = "program/roms/new.gb";
+const std::string outsideCopy = "elsewhere/game.gb";
+
+class Maker {
+public:
+    Maker(Workshop& workshop, ProgramParts& parts, qsizetype size, Standing standing)
+        : m_workshop(workshop), m_parts(parts), m_size(size), m_standing(standing) {}
+
+    Situation strip() {
+        Situation made = onGame("StripRomTag");
+        made.fresh = TagBytes::stripped(*made.former);
+        made.run = [path = game()] { ID3::StripRomTag(path); };
+        return made;
+    }
+    Situation replace() {
+        Situation made = onGame("ReplaceRomTag");
+        const bool hasBackup = m_standing == Standing::equal || m_standing == Standing::longer;
+        if (hasBackup) made.before[backupFile] = {QByteArray(5000, 'b'), {}};
+        const Content backup = hasBackup ? Content(made.before[backupFile].bytes) : Content();
+        made.asides[backupFile] = {{backup, made.former}, {backup, made.former}};
+        made.keepsFormer = true;
+        made.fresh = TagBytes::replaced(*made.former);
+        made.run = [&id3 = m_parts.id3, path = game()] {
+            id3.ReplaceRomTag(path, id3.NewTitle, id3.NewCompany, id3.NewDate, id3.NewInfo);
+        };
+        return made;
+    }
+    Situation append() {
+        Situation made = onGame("AppendRomTag");
+        made.fresh = TagBytes::appended(*made.former);
+        made.line = TagBytes::newLine(made.former->size());
+        made.run = [&id3 = m_parts.id3, path = game()] { id3.AppendRomTag(path); };
+        return made;
+    }
+    Situation save() {
+        Situation made = onGame("SaveRomTag");
+        made.fresh = TagBytes::saved(*made.former);
+        if (m_standing == Standing::none) made.line = TagBytes::newLine(made.former->size());
+        made.run = [&id3 = m_parts.id3, path = game()] { id3.SaveRomTag(path, [] {}); };
+        return made;
+    }
+    Situation saveSetting() {
+        Situation made = common("SaveSetting", settingsFile);
+        const qsizetype length = lengthBy(300);
+        made.before[settingsFile].bytes.append("Player = " + QByteArray(length, 'p') + "\n");
+        if (m_standing == Standing::none) made.before.erase(settingsFile);
+        made.former = in(made.before, settingsFile);
+        made.run = [&settings = m_parts.settings] {
+            set(settings, "Player", QString(300, QLatin1Char('n')));
+        };
+        made.fresh = settingsAfter(made.before, made.run);
+        return made;
+    }
+    Situation copyOut() {
+        Situation made = copy("CopyRom", gameFile, outsideCopy);
+        if (m_standing == Standing::none) made.before.erase(settingsFile);
+        const QString folder = m_parts.spelled("elsewhere");
+        Aside& aside = made.asides[settingsFile];
+        const auto unfinished = [this](const QString& value) {
+            return [this, value] { set(m_parts.settings, "Unfinished", value); };
+        };
+        aside.afterNextStart = {in(made.before, settingsFile), settingsAfter(made.before, unfinished({}))};
+        aside.meanwhile = aside.afterNextStart;
+        aside.meanwhile.push_back(settingsAfter(made.before, unfinished(folder)));
+        made.run = [&parts = m_parts, source = game(), target = m_parts.spelled(outsideCopy)] {
+            parts.answer(target);
+            parts.funciones.CopyRom(source, QStringLiteral("game.gb"));
+        };
+        return made;
+    }
+    Situation copyIn() {
+        Situation made = copy("copy into the library", sourceFile, libraryCopy);
+        made.run = [from = m_parts.spelled(sourceFile), to = m_parts.spelled(libraryCopy)] {
+            SafeFile::copy(from, to);
+        };
+        return made;
+    }
+
+private:
+    QString game() const { return m_parts.spelled(gameFile); }
+
+    static void set(Settings& settings, const char* key, const QString& value) {
+        settings.SaveSetting(Config::application, Config::section, QString::fromLatin1(key), value);
+    }
+    static Content in(const Tree& tree, const std::string& path) {
+        const auto found = tree.find(path);
+        return found == tree.end() ? Content() : Content(found->second.bytes);
+    }
+    qsizetype lengthBy(qsizetype length) const {
+        return m_standing == Standing::shorter  ? length / 2
+               : m_standing == Standing::longer ? length * 3 / 2
+                                                : length;
+    }
+
+    Situation common(const char* operation, const std::string& subject) const {
+        Situation made;
+        made.operation = operation;
+        made.details = std::to_string(m_size) + " bytes, " + standingNames[static_cast<size_t>(m_standing)];
+        made.subject = subject;
+        made.before[gameFile] = {TagBytes::image(m_size, 1), {}};
+        made.before["program/roms/other.gb"] = {TagBytes::image(3000, 2), {}};
+        made.before["elsewhere/other.txt"] = {"kept", {}};
+        made.before["incoming/other.txt"] = {"kept", {}};
+        made.before["config/other.txt"] = {"kept", {}};
+        made.before[settingsFile] = {"[Config]\nLanguage = esp\n", withMode(0600)};
+        return made;
+    }
+
+    // Another owner than who runs this, where that may be set.
+    static Rights withMode(mode_t mode) {
+        const bool isRoot = Rights().owner == 0;
+        return isRoot ? Rights{mode, 1234, 2345} : Rights{mode, Rights().owner, Rights().group};
+    }
+
+    Situation onGame(const char* operation) const {
+        Situation made = common(operation, gameFile);
+        FileState& file = made.before[gameFile];
+        file.rights = withMode(0664);
+        const qsizetype length = TagBytes::newLength(m_size);
+        const qsizetype old = m_standing == Standing::shorter  ? 0
+                              : m_standing == Standing::longer ? length + 200
+                                                               : length;
+        if (m_standing != Standing::none) file.bytes += TagBytes::line(m_size, "Old", old);
+        made.former = file.bytes;
+        return made;
+    }
+
+    Situation copy(const char* operation, const std::string& source, const std::string& target) const {
+        Situation made = common(operation, target);
+        made.before[source].bytes = TagBytes::image(m_size, 3);
+        if (m_standing != Standing::none)
+            made.before[target] = {TagBytes::image(lengthBy(m_size), 4), withMode(0640)};
+        made.former = in(made.before, target);
+        made.fresh = made.before[source].bytes;
+        return made;
+    }
+
+    // The form of the settings file is the reader's own: what stands in it is taken from a run without
+    // faults.
+    Content settingsAfter(const Tree& before, const std::function<void()>& change) const {
+        m_workshop.layOut(before);
+        change();
+        return m_workshop.read(settingsFile);
+    }
+
+    Workshop& m_workshop;
+    ProgramParts& m_parts;
+    qsizetype m_size;
+    Standing m_standing;
+};
+} // namespace
+
+std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief) {
+    std::vector<Situation> all;
+    for (const Standing standing : {Standing::none, Standing::shorter, Standing::equal, Standing::longer}) {
+        if (brief && (standing == Standing::shorter || standing == Standing::equal)) continue;
+        Maker make(workshop, parts, imageSize, standing);
+        all.push_back(make.strip());
+        all.push_back(make.replace());
+        all.push_back(make.append());
+        all.push_back(make.save());
+        all.push_back(make.saveSetting());
+        all.push_back(make.copyOut());
+        all.push_back(make.copyIn());
+    }
+    return all;
+}
+
+} // namespace torvane::faults

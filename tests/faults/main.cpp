@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// What becomes of files on bad days. Usage: torvane_faults PART [long]
+//   calls   every call of every operation fails, stops halfway or is the last one
+//   power   the power fails after every call
+//   others  a second program is at work on the same file
+//   kills   (long only) 10,000 kills at random instants
+// Prints violations and a table in Markdown; ends with 0 if there were none, 1 if there were, 2 if it could
+// not be tried. TORVANE_FAULTS_FOLDER names a folder to work in, else that is memory where there is such a
+// one.
+#include "EveryCall.h"
+#include "OtherRounds.h"
+#include "PowerLoss.h"
+#include "RandomKills.h"
+
+#include <cstdio>
+#include <exception>
+#include <set>
+#include <sys/stat.h>
+
+namespace torvane::faults {
+
+namespace {
+constexpr qsizetype kibibyte = 1024;
+constexpr qsizetype mebibyte = 1024 * kibibyte;
+
+class Parts {
+public:
+    explicit Parts(bool isLong) : m_isLong(isLong) {}
+
+    bool run(const std::string& part) {
+        if (part == "calls") calls();
+        if (part == "power") power();
+        if (part == "others") meetOtherProgram(m_workshop, m_tally, m_isLong ? 2000 : 50, !m_isLong);
+        if (part == "kills") kills();
+        m_tally.print(part);
+        return m_tally.isClean();
+    }
+
+private:
+    void calls() {
+        Runner runner(m_workshop, m_tally);
+        strikeAll(runner, 32 * kibibyte, false);
+        strikeTwo(runner);
+        strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, !m_isLong);
+        if (m_isLong) strikeAll(runner, 32 * mebibyte, true);
+    }
+
+    void strikeTwo(Runner& runner) {
+        const std::set<std::string> operations = {"StripRomTag", "AppendRomTag", "SaveRomTag"};
+        for (const Situation& situation : situations(m_workshop, m_parts, 4 * kibibyte, true)) {
+            if (operations.count(situation.operation) == 0) continue;
+            strikeEveryTwoCalls(runner, situation, !m_isLong);
+        }
+    }
+
+    void strikeAll(Runner& runner, qsizetype size, bool brief) {
+        for (const Situation& situation : situations(m_workshop, m_parts, size, brief)) {
+            // A settings file is as small beside a large game as beside a small one.
+            if (situation.operation == "SaveSetting" && size >= mebibyte) continue;
+            runner.run(situation, {});
+            strikeEveryCall(runner, situation, !m_isLong);
+        }
+    }
+
+    void power() {
+        const qsizetype uneven = 4 * kibibyte + 300; // a line behind it crosses more blocks of the disk
+        for (const qsizetype size : {4 * kibibyte, uneven, 32 * kibibyte}) {
+            for (const Situation& situation : situations(m_workshop, m_parts, size, false)) {
+                failPower(m_workshop, m_tally, situation);
+                if (m_isLong && size == uneven) failPowerAfterFaults(m_workshop, m_tally, situation);
+            }
+        }
+    }
+
+    void kills() {
+        auto all = situations(m_workshop, m_parts, 32 * kibibyte, true);
+        for (const Situation& one : situations(m_workshop, m_parts, 8 * mebibyte, true)) all.push_back(one);
+        killAtRandom(m_workshop, m_tally, all, 10'000);
+    }
+
+    bool m_isLong;
+    Workshop m_workshop;
+    ProgramParts m_parts{m_workshop};
+    Tally m_tally;
+};
+} // namespace
+
+} // namespace torvane::faults
+
+int main(int argc, char** argv) {
+    if (argc < 2) return 2;
+    umask(022); // new files are compared with the mode that they have with it
+    try {
+        const bool isLong = argc > 2 && std::string(argv[2]) == "long";
+        return torvane::faults::Parts(isLong).run(argv[1]) ? 0 : 1;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "torvane_faults: %s\n", failure.what());
+        return 2;
+    }
+}

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// What the fuzz targets share: a check that ends the run, an input that is cut into values, and a folder for
+// files. A target is a function that takes any bytes; see CMakeLists.txt for how it is run.
+#pragma once
+
+#include <QByteArray>
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <numeric>
+#include <string>
+#include <unistd.h>
+
+/// One run of a target; gives 0.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
+
+namespace torvane::fuzz {
+
+/// Ends the whole run if a property does not hold; unlike assert it does so in every build.
+inline void require(bool holds, const char* property) {
+    if (holds) return;
+    std::fprintf(stderr, "This does not hold: %s\n", property);
+    std::abort();
+}
+
+/// Whether an input is one of those few that are worth slow work. Told by all of its bytes, since the fuzzer
+/// would soon find the one byte that leads there and stay.
+inline bool isOneIn32(const uint8_t* data, size_t size) {
+    return std::accumulate(data, data + size, size_t{0}) % 32 == 1;
+}
+
+/// Bytes that are taken from the front, value by value. Behind the end everything is 0 or empty.
+class Input {
+public:
+    Input(const uint8_t* data, size_t size)
+        : m_bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)) {}
+
+    int byte() {
+        const QByteArray one = take(1);
+        return one.isEmpty() ? 0 : static_cast<uchar>(one[0]);
+    }
+    /// Two bytes as a number below a limit.
+    int number(int limit) {
+        const int low = byte();
+        return (low + 256 * byte()) % limit;
+    }
+    /// A byte that tells the length, and as many bytes.
+    QByteArray piece() { return take(byte()); }
+    QByteArray rest() { return take(m_bytes.size()); }
+    bool isEmpty() const { return m_bytes.isEmpty(); }
+
+private:
+    QByteArray take(qsizetype count) {
+        const QByteArray taken = m_bytes.first(std::min(count, m_bytes.size())).toByteArray();
+        m_bytes = m_bytes.sliced(taken.size());
+        return taken;
+    }
+
+    QByteArrayView m_bytes;
+};
+
+/// A folder in memory where there is one (millions of files are written here), gone at the end of the run.
+class Scratch {
+public:
+    Scratch() {
+        const char* wanted = std::getenv("TMPDIR");
+        const bool hasMemory = wanted == nullptr && access("/dev/shm", W_OK) == 0;
+        m_path = hasMemory ? "/dev/shm" : std::filesystem::temp_directory_path().string();
+        m_path += "/torvane-fuzz-XXXXXX";
+        require(mkdtemp(m_path.data()) != nullptr, "there is a folder for files");
+    }
+    ~Scratch() {
+        std::error_code error;
+        std::filesystem::remove_all(m_path, error);
+    }
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+
+    /// Without a dot in it; no separator at its end.
+    const std::string& path() const { return m_path; }
+
+    void write(const std::string& name, const std::string& bytes) const {
+        std::FILE* file = std::fopen((m_path + '/' + name).c_str(), "wb");
+        require(file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() &&
+                    std::fclose(file) == 0,
+                "a file can be written");
+    }
+    /// The content of a file; "(none)" if there is no such file.
+    std::string read(const std::string& name) const {
+        std::FILE* file = std::fopen((m_path + '/' + name).c_str(), "rb");
+        if (file == nullptr) return "(none)";
+        std::string bytes(1 << 16, '\0');
+        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
+        std::fclose(file);
+        return bytes;
+    }
+
+private:
+    std::string m_path;
+};
+
+} // namespace torvane::fuzz

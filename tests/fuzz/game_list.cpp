@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+// The list of games over a folder of files with any names: which are in it, in what order, and what each row
+// says, by the plain reading of the rules.
+// Input: two patterns, and kinds and names of what lies in the folder.
+#include "Fuzz.h"
+#include "NameReference.h"
+#include "catalogue/GameRows.h"
+#include "core/GameFilter.h"
+#include "core/Pieces.h"
+#include "platform/base/NamePattern.h"
+#include "platform/base/NativeText.h"
+#include "platform/base/RuntimeFailure.h"
+#include "support/TagReference.h"
+
+#include <fcntl.h>
+#include <map>
+#include <set>
+#include <sys/stat.h>
+
+using namespace torvane;
+using namespace torvane::fuzz;
+
+namespace {
+constexpr size_t mostNames = 6;
+
+// A folder that is filled for one run.
+class Library {
+public:
+    explicit Library(const std::string& path) : m_path(path) {}
+    ~Library() {
+        for (const std::string& name : m_names) std::remove((m_path + '/' + name).c_str());
+    }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+
+    void add(int kind, std::string name) {
+        for (char& c : name) c = c == '/' || c == '\0' ? '_' : c;
+        if (name.empty() || name == "." || name == ".." || m_names.count(name) != 0) return;
+        const std::string path = m_path + '/' + name;
+        bool isMade = false;
+        switch (kind % 16) {
+        case 0: isMade = mkdir(path.c_str(), 0777) == 0; break;
+        case 1: isMade = mkfifo(path.c_str(), 0666) == 0; break;
+        case 2: isMade = symlink("/proc/self/exe", path.c_str()) == 0; break;
+        case 3: isMade = symlink("/dev/null", path.c_str()) == 0; break;
+        default: isMade = close(creat(path.c_str(), 0666)) == 0; break;
+        }
+        require(isMade, "a file can be made");
+        m_names.insert(name);
+        if (kind % 16 != 2 && kind % 16 <= 3) return;
+        const QByteArray bytes = QByteArray::fromStdString(name);
+        m_inOrder.insert({NativeText::toNative(caseFolded(NativeText::fromNative(bytes))), bytes});
+    }
+
+    // The names that a list shows, in order.
+    std::vector<QByteArray> shown(const QString& pattern) const {
+        const NamePattern wanted(pattern);
+        std::vector<QByteArray> names;
+        for (const auto& [key, name] : m_inOrder) {
+            if (!name.startsWith('.') && wanted.matches(name)) names.push_back(name);
+        }
+        return names;
+    }
+
+private:
+    std::string m_path;
+    std::set<std::string> m_names;
+    std::set<std::pair<QByteArray, QByteArray>>
+        m_inOrder; // files alone, by their names without regard to case
+};
+
+using Table = std::shared_ptr<const FolderNames>;
+
+void checkNames(const Table& table, const std::vector<QByteArray>& expected) {
+    require(table->count() == static_cast<int>(expected.size()), "each file that matches is in the list");
+    for (int i = 0; i < table->count(); ++i) {
+        require(table->bytes(i) == expected[static_cast<size_t>(i)], "files are in order");
+        require(NativeText::toNative(table->name(i)) == table->bytes(i), "a name is text");
+    }
+}
+
+std::string secondOf(const QByteArray& name) {
+    const std::vector<std::string> pieces = reference::cut(name.toStdString(), ".");
+    return pieces.size() > 1 ? pieces[1] : "";
+}
+
+// Some length for each "bin" file, or a failure.
+qint64 lengthOf(const QString& name) {
+    const qint64 lengths[] = {10, 1024000, 1024001, 2047999, 2048000, 2048001};
+    if (name.size() % 7 == 6) throw RuntimeFailure(RuntimeFailure::fileNotFound);
+    return lengths[name.size() % 7];
+}
+
+// The icon of a file, or -1 if it has none of its own.
+int iconOf(const QByteArray& name) {
+    static const std::map<std::string, int> icons = {{"zip", 4}, {"gb", 2},  {"gbc", 3},
+                                                     {"cgb", 3}, {"gba", 1}, {"agb", 1}};
+    const int binIcons[] = {-1, 1, 2, 2, -1, 3, -1};
+    const std::string kind = secondOf(name);
+    if (kind == "bin") return binIcons[NativeText::fromNative(name).size() % 7];
+    return icons.count(kind) != 0 ? icons.at(kind) : -1;
+}
+
+// As many whole characters as fit into 30 units.
+QString rowText(const QByteArray& name) {
+    const std::string first = reference::cut(name.toStdString(), ".")[0];
+    const QString text = NativeText::fromNative(QByteArray::fromStdString(first));
+    qsizetype length = 0;
+    for (qsizetype next = 0; next <= std::min<qsizetype>(text.size(), 30);) {
+        length = next;
+        next += next < text.size() && text[next].isHighSurrogate() ? 2 : 1;
+    }
+    return text.first(length);
+}
+
+void checkRows(const Table& table, const std::vector<QByteArray>& names, int count) {
+    const GameRows rows(table, count, lengthOf);
+    require(rows.count() == std::min(count, static_cast<int>(names.size())), "as many rows as wanted");
+    int icon = 0;
+    for (int row = 0; row < rows.count(); ++row) {
+        const QByteArray& name = names[static_cast<size_t>(row)];
+        if (iconOf(name) >= 0) icon = iconOf(name);
+        require(rows.icon(row) == icon, "a file without an icon takes that of the file in front");
+        require(rows.text(row) == rowText(name), "a row shows the beginning of a name");
+    }
+}
+
+void checkFilter(const QByteArray& name) {
+    static const std::map<std::string, int> filters = {{"zip", 5}, {"gb", 4},  {"gba", 2}, {"gbc", 3},
+                                                       {"bin", 2}, {"agb", 2}, {"cgb", 3}};
+    const std::string second = secondOf(name);
+    const QString text = NativeText::fromNative(name);
+    require(NativeText::toNative(secondPiece(text)).toStdString() == second, "the second piece is the kind");
+    require(gameFilterIndex(text) == (filters.count(second) != 0 ? filters.at(second) : 1),
+            "it has a filter");
+    require(NativeText::toNative(firstPiece(text)).toStdString() ==
+                reference::cut(name.toStdString(), ".")[0],
+            "the first piece is the name");
+}
+
+void checkTotal(int count) {
+    const QString text = totalText(count);
+    require(count > 9999 ? text == QStringLiteral("+9999") : text.size() == 4 && text.toInt() == count,
+            "a total has four digits, or tells that it is larger");
+}
+} // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const Scratch folder;
+    static const QString path = QString::fromStdString(folder.path());
+    Input input(data, size);
+    const QStringList patterns = {NativeText::fromNative(input.piece()),
+                                  NativeText::fromNative(input.piece())};
+    const int count = input.byte();
+    Library library(folder.path());
+    for (size_t i = 0; i < mostNames && !input.isEmpty(); ++i) {
+        const int kind = input.byte();
+        const QByteArray name = input.piece();
+        checkFilter(name);
+        library.add(kind, name.toStdString());
+    }
+    const std::vector<Table> tables = FolderNames::read(path, patterns);
+    const std::vector<QByteArray> first = library.shown(patterns[0]);
+    const std::vector<QByteArray> second = library.shown(patterns[1]);
+    checkNames(tables[0], first);
+    checkNames(tables[1], second);
+    require((tables[0] == tables[1]) == (first == second),
+            "patterns that match the same names share a table");
+    checkRows(tables[0], first, count);
+    checkTotal(count * 64 + tables[0]->count());
+    return 0;
+}
