@@ -139,8 +139,22 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
 
 void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
     // In front of the change and not within it: what the user or another program does meanwhile is seen.
-    if (HasRomTag(path)) yield();
-    if (!replaceTag(path)) AppendRomTag(path);
+    bool isTagged = HasRomTag(path);
+    if (isTagged) yield();
+    // Twice, since a tag may come or go between the look and the change.
+    for (int i = 0; i < 2; ++i) {
+        if (isTagged ? replaceTag(path) : appendFirstTag(path)) return;
+        isTagged = !isTagged;
+    }
+    throw RuntimeFailure(RuntimeFailure::permissionDenied);
+}
+
+// False if there is a tag by now.
+bool ID3::appendFirstTag(const QString& path) {
+    const auto hasNone = [](const Handle& file) { return TagLine::markerIn(allBytesOf(file)) < 0; };
+    fillBlanks();
+    return SafeFile::append(
+        path, [this](qint64 size) { return newLine(size); }, hasNone);
 }
 
 // False if there is no tag (any more).

@@ -69,6 +69,7 @@ private:
     void fillBlanks();
     QByteArray newLine(qint64 size) const;
     bool replaceTag(const QString& path);
+    bool appendFirstTag(const QString& path);
 
     const Globals& m_globals;
     const LanguageTables& m_language;

@@ -49,8 +49,10 @@ std::optional<Shelf> withOurs(Shelf shelf, const Deeds& deeds, const std::vector
     }
     return shelf;
 }
+
 // Our file may have had the name for a moment, in the place of one that the other program had just put there.
-// What that then takes away is ours; its own file gets the name back, since nobody may lose it.
+// What that then takes away is ours; its own file gets the name back, since nobody may lose it. What that
+// then writes in place goes into ours, as it would into any longer file.
 std::vector<Shelf> withoutOurs(const Shelf& first, const Deeds& deeds,
                                const std::vector<QByteArray>& versions, const Transform& ours) {
     const Deed last = deeds.errands[1].deed;
@@ -58,6 +60,10 @@ std::vector<Shelf> withoutOurs(const Shelf& first, const Deeds& deeds,
     if (deeds.count < 2 || deeds.errands[0].deed != Deed::replace) return all;
     const Content put = versions.at(static_cast<size_t>(deeds.errands[0].version));
     if (last == Deed::remove) all.push_back({put, {}, {}});
+    if (last == Deed::rewrite) {
+        const QByteArray& bytes = versions.at(static_cast<size_t>(deeds.errands[1].version));
+        all.push_back({over(*ours(*first.game), bytes, 0, bytes.size()), {}, {}});
+    }
     if (last == Deed::renameAway) all.push_back({put, ours(*first.game), {}});
     return all;
 }

@@ -9,7 +9,7 @@ using namespace torvane;
 class SafeFileAppendTest : public FileWays {
     Q_OBJECT
 
-    // What another program appends or cuts while our bytes are asked for: behind the look at the length.
+    // What another program does while our bytes are asked for: behind the look at the length.
     std::optional<int> appendFailure(const char* name, const QByteArray& bytes,
                                      const std::function<void()>& meanwhile) const {
         return failureOf([&] {
@@ -17,6 +17,20 @@ class SafeFileAppendTest : public FileWays {
                 meanwhile();
                 return bytes;
             });
+        });
+    }
+    // The same behind the last look, in a file that a reader holds open: nobody is held up then.
+    std::optional<int> lateAppendFailure(const char* name, const QByteArray& bytes,
+                                         const std::function<void()>& meanwhile) const {
+        QFile reader(at(name));
+        if (!reader.open(QIODevice::ReadOnly)) qFatal("can't read");
+        const auto doMeanwhile = [&](const Handle&) {
+            meanwhile();
+            return true;
+        };
+        return failureOf([&] {
+            SafeFile::append(
+                at(name), [&](qint64) { return bytes; }, doMeanwhile);
         });
     }
     void appendAsAnother(const char* name, const QByteArray& bytes) const {
@@ -98,7 +112,9 @@ private slots:
         write("a.gb", "rom");
         const auto other = [&] { appendAsAnother("a.gb", "other"); };
         QCOMPARE(appendFailure("a.gb", "ours", other), number(RuntimeFailure::permissionDenied));
-        QCOMPARE(read("a.gb").first(8), QByteArray("romother"));
+        QCOMPARE(read("a.gb"), QByteArray("romother"));
+        QCOMPARE(lateAppendFailure("a.gb", "ours", other), number(RuntimeFailure::permissionDenied));
+        QCOMPARE(read("a.gb").first(13), QByteArray("romotherother"));
         expectNames({QStringLiteral("a.gb")});
     }
     void what_another_program_appends_meanwhile_stays_although_the_disk_is_full() {
@@ -106,7 +122,7 @@ private slots:
         std::optional<int> failure;
         {
             const FullDisk full(1005);
-            failure = appendFailure("a.gb", "our longer line", [&] { appendAsAnother("a.gb", "other"); });
+            failure = lateAppendFailure("a.gb", "our longer line", [&] { appendAsAnother("a.gb", "other"); });
         }
         QCOMPARE(failure, number(RuntimeFailure::diskFull));
         QCOMPARE(read("a.gb"), QByteArray(1000, 'r') + "other");
@@ -115,21 +131,58 @@ private slots:
         write("a.gb", QByteArray(1000, 'r'));
         const auto cut = [&] { QFile::resize(at("a.gb"), 10); };
         QCOMPARE(appendFailure("a.gb", "ours", cut), number(RuntimeFailure::permissionDenied));
-        QCOMPARE(read("a.gb").first(10), QByteArray(10, 'r'));
-        QVERIFY(read("a.gb").size() <= 14);
+        QCOMPARE(read("a.gb"), QByteArray(10, 'r'));
+        const auto cutMore = [&] { QFile::resize(at("a.gb"), 5); };
+        QCOMPARE(lateAppendFailure("a.gb", "ours", cutMore), number(RuntimeFailure::permissionDenied));
+        QCOMPARE(read("a.gb").first(5), QByteArray(5, 'r'));
+        QVERIFY(read("a.gb").size() <= 9);
     }
     void a_file_that_another_program_removes_meanwhile_is_told() {
-        write("a.gb", "rom");
         const auto remove = [&] { QFile::remove(at("a.gb")); };
+        write("a.gb", "rom");
         QCOMPARE(appendFailure("a.gb", "ours", remove), number(RuntimeFailure::fileNotFound));
+        write("a.gb", "rom");
+        QCOMPARE(lateAppendFailure("a.gb", "ours", remove), number(RuntimeFailure::fileNotFound));
         expectNames({});
     }
     void a_file_that_another_program_replaces_meanwhile_stays_its_own() {
-        write("a.gb", "rom");
         const auto replace = [&] { SafeFile::replace(at("a.gb"), "another rom"); };
-        QCOMPARE(appendFailure("a.gb", "ours", replace), number(RuntimeFailure::fileNotFound));
-        QCOMPARE(read("a.gb"), QByteArray("another rom"));
+        for (const bool isLate : {false, true}) {
+            write("a.gb", "rom");
+            const std::optional<int> failure =
+                isLate ? lateAppendFailure("a.gb", "ours", replace) : appendFailure("a.gb", "ours", replace);
+            QCOMPARE(failure, number(RuntimeFailure::fileNotFound));
+            QCOMPARE(read("a.gb"), QByteArray("another rom"));
+        }
         expectNames({QStringLiteral("a.gb")});
+    }
+    void a_file_that_is_not_wanted_after_a_last_look_stays() {
+        const QString path = write("a.gb", "rom");
+        const auto bytes = [](qint64) { return QByteArray("new"); };
+        QByteArray seen;
+        QVERIFY(!SafeFile::append(path, bytes, [&](const Handle& file) {
+            seen = allBytesOf(file);
+            return false;
+        }));
+        QCOMPARE(seen, QByteArray("rom"));
+        QCOMPARE(read("a.gb"), QByteArray("rom"));
+        expectNames({QStringLiteral("a.gb")});
+        QVERIFY(SafeFile::append(path, bytes, [](const Handle&) { return true; }));
+        QCOMPARE(read("a.gb"), QByteArray("romnew"));
+    }
+    void nobody_opens_the_file_between_the_last_look_and_the_line() {
+        const QString path = write("a.gb", "rom");
+        int reason = 0;
+        const auto openMeanwhile = [&](const Handle&) {
+            const QByteArray name = folder->native("a.gb");
+            reason = WEXITSTATUS(inOtherProgram(
+                [&] { _exit(open(name.constData(), O_WRONLY | O_NONBLOCK) < 0 ? errno : 0); }));
+            return true;
+        };
+        QVERIFY(SafeFile::append(
+            path, [](qint64) { return QByteArray("new"); }, openMeanwhile));
+        QCOMPARE(reason, EWOULDBLOCK);
+        QCOMPARE(read("a.gb"), QByteArray("romnew"));
     }
     void a_file_that_another_program_holds_open_for_writing_is_refused() {
         write("a.gb", "rom");

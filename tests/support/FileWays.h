@@ -28,7 +28,7 @@ protected:
         case Way::replace: return SafeFile::replace(path, bytes);
         case Way::copy: return SafeFile::copy(at("source"), path);
         case Way::change: return SafeFile::Change(path).commit({bytes});
-        case Way::append: return SafeFile::append(path, [&](qint64) { return bytes; });
+        case Way::append: SafeFile::append(path, [&](qint64) { return bytes; }); return;
         }
     }
     std::optional<int> failureBy(Way way, const char* name) const {

@@ -50,12 +50,11 @@ bool isSameState(const struct stat& one, const struct stat& other) {
            one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
 }
 
-void writeBehind(const Handle& file, qint64 expectedEnd, QByteArrayView& bytes) {
-    writeAll(file, bytes);
-    if (uninterrupted([&] { return fsync(file.number()); }) != 0) failWithErrno();
+// Another program may have removed the file or written into it.
+void requireLength(const Handle& file, qint64 expected) {
     const struct stat now = infoOf(file);
     if (now.st_nlink == 0) throw RuntimeFailure(RuntimeFailure::fileNotFound);
-    if (now.st_size != expectedEnd) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    if (now.st_size != expected) throw RuntimeFailure(RuntimeFailure::permissionDenied);
 }
 
 // Takes away what was written. It need not stand at the former end: another program may have changed the
@@ -93,7 +92,8 @@ void copy(const QString& sourcePath, const QString& targetPath) {
     arrival.arrive();
 }
 
-void append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind) {
+bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,
+            const std::function<bool(const Handle&)>& isWanted) {
     const QByteArray target = Paths::real(path);
     const Place place = placeOf(target);
     const Folder folder(place.folder);
@@ -109,14 +109,19 @@ void append(const QString& path, const std::function<QByteArray(qint64)>& bytesB
     if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     const AppendNote::Content content{place.name, info.st_size, bytesBehind(info.st_size)};
     holdUpOthers(file);
+    requireLength(file, content.length);
+    if (isWanted && !isWanted(file)) return false;
     AppendNote note(folder, content);
     QByteArrayView rest = content.bytes;
     try {
-        writeBehind(file, content.length + content.bytes.size(), rest);
+        writeAll(file, rest);
+        if (uninterrupted([&] { return fsync(file.number()); }) != 0) failWithErrno();
+        requireLength(file, content.length + content.bytes.size());
     } catch (const RuntimeFailure&) {
         if (!takeBack(file, content, content.bytes.size() - rest.size())) note.leave();
         throw;
     }
+    return true;
 }
 
 } // namespace torvane::SafeFile

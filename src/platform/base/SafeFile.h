@@ -29,8 +29,11 @@ void copy(const QString& source, const QString& target);
 
 /// Writes bytes behind a file that is there. They may depend on the former length, in bytes. On a failure the
 /// file is cut back to it, unless another program has written behind it, too. Refused with a permission
-/// failure while another program holds the file open for writing.
-void append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind);
+/// failure while another program holds the file open for writing. `isWanted` looks at the file when no other
+/// program can open it any more (where there are leases and none has it open): false leaves it as it is, and
+/// is the result.
+bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,
+            const std::function<bool(const Handle&)>& isWanted = {});
 
 /// A change of one file, from the reading of it to its replacement. What another program does to the file in
 /// between (write into it, rename, remove or replace it) is never overwritten unseen: the change fails with a

@@ -5,12 +5,15 @@
 #include "Paths.h"
 #include "SafeFile.h"
 
+#include <chrono>
 #include <cstdio>
 #include <sys/file.h>
+#include <thread>
 
 namespace torvane::SafeFile {
 
 namespace {
+constexpr std::chrono::milliseconds moment(1);
 constexpr int mostExchanges = 100; // another program that is quicker each time does nothing else
 
 bool isSameState(const struct stat& one, const struct stat& other) {
@@ -93,11 +96,11 @@ void Change::commit(std::initializer_list<QByteArrayView> pieces) const {
     fresh.sync();
     if (!isUntouched(m_folder, m_place.name)) throw RuntimeFailure(RuntimeFailure::permissionDenied);
     exchange(fresh);
-    m_folder.sync();
 }
 
 // The two files change names in one step, and what has got the hidden name is looked at once more: if
-// another program was quicker, its file goes back to its place.
+// another program was quicker, its file goes back to its place. There is a last look a moment later, since
+// who had found the former file by its name just before the exchange comes to its lease only then.
 void Change::exchange(HiddenFile& fresh) const {
     const int folder = m_folder.number();
     const auto rename = [&](unsigned flags) {
@@ -109,10 +112,16 @@ void Change::exchange(HiddenFile& fresh) const {
     if (rename(RENAME_EXCHANGE) != 0) {
         if (errno != EINVAL && errno != ENOSYS) failWithErrno();
         if (rename(0) != 0) failWithErrno(); // a file system without the one step
+        m_folder.sync();
         return;
     }
-    if (isUntouched(m_folder, fresh.name())) return;
+    if (isUntouched(m_folder, fresh.name())) {
+        m_folder.sync();
+        std::this_thread::sleep_for(moment);
+        if (isUntouched(m_folder, fresh.name())) return;
+    }
     giveBack(fresh, ours, rename);
+    ignoring([this] { m_folder.sync(); });
     throw RuntimeFailure(RuntimeFailure::permissionDenied);
 }
 
