@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The panel backgrounds of the main window and the yes-or-no box. The start and intro windows are in
-// Portraits.cpp.
+// The panel backgrounds of the main window, the ZIP window and the yes-or-no box. The start and intro windows
+// are in Portraits.cpp, the assistant in Assistant.cpp.
 #include "Backgrounds.h"
 
 #include "Palette.h"
 #include "Panel.h"
+
+#include <QRadialGradient>
 
 namespace torvane {
 
@@ -58,6 +60,24 @@ void gameDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     panel.seat(places(catalogue, window, barButtons));
 }
 
+// A small round warm lamp; `light` runs from 0 (dark) to 1.
+void lamp(QPainter& painter, QPointF centre, qreal light) {
+    constexpr qreal radius = 2.5;
+    QRadialGradient glow(centre, radius * 2.6);
+    glow.setColorAt(0, palette::veil(palette::ember, qRound(120 * light)));
+    glow.setColorAt(1, palette::veil(palette::ember, 0));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(glow);
+    painter.drawEllipse(centre, radius * 2.6, radius * 2.6);
+    painter.setBrush(palette::cut);
+    painter.drawEllipse(centre, radius + 1, radius + 1);
+    QRadialGradient glass(centre - QPointF(0.8, 0.8), radius * 1.4);
+    glass.setColorAt(0, palette::ember.lighter(qRound(45 + 95 * light)));
+    glass.setColorAt(1, palette::ember.darker(qRound(420 - 280 * light)));
+    painter.setBrush(glass);
+    painter.drawEllipse(centre, radius, radius);
+}
+
 } // namespace
 
 QImage paintMainFrm(const Workshop& shop) {
@@ -73,6 +93,33 @@ QImage paintMainFrm(const Workshop& shop) {
 
 QImage cutTitleBand(const QImage& mainFrm, int scale) {
     return mainFrm.copy(0, 0, mainFrm.width(), titleBandHeight * scale);
+}
+
+QImage paintZipViewer(const Workshop& shop) {
+    const QString window = "ZIP_Viewer";
+    Panel panel(shop.catalogue.windowSize(window), shop.scale);
+    panel.titleBand();
+    panel.frame();
+    panel.well(shop.catalogue.rect(window, "ListView1"));
+    return panel.finished();
+}
+
+QImage paintZipWait(const Workshop& shop) {
+    const QString window = "ZIP_Viewer";
+    const QSizeF size = shop.catalogue.rect(window, "Mensaje").size();
+    const QRectF detail = shop.catalogue.rect(window, "Label3");
+    Panel panel(size.toSize(), shop.scale);
+    // Lighter than the list beneath, so that it stands out before its words are read.
+    panel.painter().fillRect(QRectF(QPointF(0, 0), size), palette::veil(palette::foldOut, 70));
+    panel.raisedEdge();
+    panel.groove({4, detail.top() - 2, size.width() - 8, 2});
+    // Three lamps in the free end of the second line say that the archive is being worked on.
+    constexpr int lamps = 3;
+    const qreal step = (size.width() - 4 - detail.right()) / lamps;
+    for (int number = 0; number < lamps; ++number)
+        lamp(panel.painter(), {detail.right() + step * (number + 0.5), detail.center().y()},
+             1 - 0.45 * number);
+    return panel.finished();
 }
 
 QImage paintTorvMsg(const Workshop& shop) {

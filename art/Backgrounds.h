@@ -21,10 +21,21 @@ struct Workshop {
 QImage paintMainFrm(const Workshop& shop);
 /// The main window's title band alone: the top rows of its background, so that the two meet without a seam.
 QImage cutTitleBand(const QImage& mainFrm, int scale);
+/// The window that shows what a ZIP holds.
+QImage paintZipViewer(const Workshop& shop);
+/// The panel that lies over its list while the archive is unpacked.
+QImage paintZipWait(const Workshop& shop);
 /// The yes-or-no box.
 QImage paintTorvMsg(const Workshop& shop);
 /// The start window: the helper figure in the night, asking (`glad` false) or giving thanks (`glad` true).
 QImage paintSelLangStartUp(const Workshop& shop, bool glad);
+
+/// The pages of the assistant: greeting, the choice between a file and a folder, the question what becomes of
+/// the source files, and the page of something that went wrong.
+enum class AssistantPage { Welcome, Choice, Sources, Trouble };
+/// One page of the assistant.
+QImage paintAssistant(const Workshop& shop, AssistantPage page);
+
 /// The intro window: everything outside of the device has the colour of the top left pixel.
 QImage paintSplash(const Workshop& shop);
 

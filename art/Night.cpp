@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <tuple>
 
 namespace torvane::night {
 
@@ -75,6 +76,23 @@ void moon(QPainter& painter, QPointF centre, qreal radius) {
     painter.drawEllipse(centre + QPointF(-0.25, 0.2) * radius, radius * 0.24, radius * 0.2);
     painter.drawEllipse(centre + QPointF(0.35, -0.25) * radius, radius * 0.16, radius * 0.14);
     painter.drawEllipse(centre + QPointF(0.28, 0.42) * radius, radius * 0.13, radius * 0.1);
+}
+
+void cloud(QPainter& painter, QPointF centre, qreal reach) {
+    QPainterPath shape;
+    shape.addRoundedRect(QRectF(centre.x() - reach, centre.y(), 2 * reach, reach * 0.3), reach * 0.15,
+                         reach * 0.15);
+    for (const auto& [across, up, radius] :
+         {std::tuple{-0.42, 0.02, 0.26}, std::tuple{0.02, -0.1, 0.36}, std::tuple{0.48, 0.04, 0.22}}) {
+        QPainterPath puff;
+        puff.addEllipse(centre + QPointF(across, up) * reach, radius * reach, radius * reach);
+        shape = shape.united(puff);
+    }
+    QLinearGradient shade(shape.boundingRect().topLeft(), shape.boundingRect().bottomLeft());
+    shade.setColorAt(0, skyLow.darker(112));
+    shade.setColorAt(1, skyMiddle);
+    painter.fillPath(shape, shade);
+    painter.strokePath(shape, QPen(veil(paleField, 110), 0.8));
 }
 
 void ridge(QPainter& painter, const QRectF& area, const QColor& colour, int seed, qreal rise, qreal drift) {

@@ -20,6 +20,9 @@ void stars(QPainter& painter, const QRectF& area, int count, qreal turn);
 /// The moon with its halo; `radius` is that of the disc.
 void moon(QPainter& painter, QPointF centre, qreal radius);
 
+/// A dark cloud with a pale upper edge; `reach` is the half of its width.
+void cloud(QPainter& painter, QPointF centre, qreal reach);
+
 /// A ridge across `area`, filled down to its bottom: `seed` picks its shape, `rise` is the height of its
 /// waves and `drift` (in loops) moves it to the left without a seam.
 void ridge(QPainter& painter, const QRectF& area, const QColor& colour, int seed, qreal rise,

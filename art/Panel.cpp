@@ -68,7 +68,7 @@ Panel::Panel(QSize logicalSize, int scaleFactor)
     brushwork.scale(scale, scale);
     brushwork.setRenderHint(QPainter::Antialiasing);
     base();
-    brush();
+    brush(whole());
 }
 
 void Panel::base() {
@@ -83,12 +83,13 @@ void Panel::base() {
     brushwork.fillRect(whole(), lamp);
 }
 
-void Panel::brush() {
+void Panel::brush(const QRectF& area) {
     constexpr int stroke = 22; // the length of a brushed hair in device pixels
-    for (int y = 0; y < image.height(); ++y) {
+    const QRect part = QRectF(area.topLeft() * scale, area.size() * scale).toRect() & image.rect();
+    for (int y = part.top(); y <= part.bottom(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
         const int start = int(noise(quint32(y), 7) * stroke);
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = part.left(); x <= part.right(); ++x) {
             const qreal hair = noise(quint32((x + start) / stroke), quint32(y)) - 0.5;
             const qreal grain = noise(quint32(x), quint32(y) + 4096) - 0.5;
             line[x] = shifted(line[x], qRound(hair * 5 + grain * 3));
@@ -100,6 +101,18 @@ void Panel::frame() {
     const QRectF inner = whole().adjusted(1, 1, -1, -1);
     brushwork.fillPath(ring(inner, 0), diagonal(inner, veil(rim, 190), veil(rim, 70)));
     brushwork.fillPath(ring(whole(), 0), edge);
+}
+
+void Panel::raisedEdge() {
+    const QRectF inner = whole().adjusted(1, 1, -1, -1);
+    brushwork.fillPath(ring(inner, 0), diagonal(inner, rim.lighter(120), veil(edge, 150)));
+    brushwork.fillPath(ring(whole(), 0), edge);
+}
+
+void Panel::groove(const QRectF& rect) {
+    const QRectF half(rect.topLeft(), QSizeF(rect.width(), 1));
+    brushwork.fillRect(half, veil(edge, 190));
+    brushwork.fillRect(half.translated(0, 1), veil(rim, 95));
 }
 
 QLinearGradient Panel::fading(const QColor& left, const QColor& right) const {
@@ -115,10 +128,14 @@ void Panel::titleBand() {
     gradient.setColorAt(0.12, QColor(0x2a, 0x2a, 0x2e));
     gradient.setColorAt(0.5, palette::titleBand);
     brushwork.fillRect(band, gradient);
+    hairline(titleBandHeight);
+}
+
+void Panel::hairline(qreal top) {
     // The dark hairline is a little warm where the bright one is, since a JPEG keeps one hue for each pair of
     // rows.
-    brushwork.fillRect(QRectF(0, titleBandHeight - 1, size.width(), 1), fading(ember.darker(700), edge));
-    brushwork.fillRect(QRectF(1, titleBandHeight, size.width() - 2, 1), fading(ember, veil(rim, 150)));
+    brushwork.fillRect(QRectF(0, top - 1, size.width(), 1), fading(ember.darker(700), edge));
+    brushwork.fillRect(QRectF(1, top, size.width() - 2, 1), fading(ember, veil(rim, 150)));
 }
 
 void Panel::plate(const QRectF& rect) {

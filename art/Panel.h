@@ -39,8 +39,15 @@ public:
     /// The narrow cut around a row of buttons, one pixel outside of them, and on its floor a blank cover
     /// plate for each, which is seen while that button is hidden.
     void seat(const QList<QRectF>& buttons);
-    /// Lays the fine brushed texture over what has been painted so far.
-    void brush();
+    /// The raised edge of a panel that lies on another one: lit at top and left, dark at bottom and right.
+    void raisedEdge();
+    /// A narrow groove across, dark with a lit lower lip; `rect` is two pixels high.
+    void groove(const QRectF& rect);
+    /// The bright line under a title band or between two parts of a window, with the dark one above it; `top`
+    /// is where the bright one begins.
+    void hairline(qreal top);
+    /// Lays the fine brushed texture over what has been painted so far in `area`.
+    void brush(const QRectF& area);
 
     /// For what a background paints of its own; coordinates are logical pixels.
     QPainter& painter() { return brushwork; }

@@ -11,6 +11,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <utility>
 
 using namespace torvane;
 
@@ -26,6 +27,12 @@ void noteMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
     printMessage(type, context, message);
 }
 
+constexpr std::pair<const char*, AssistantPage> assistantPages[] = {
+    {"NewAssistant-One.jpg", AssistantPage::Welcome},
+    {"NewAssistant-Two.jpg", AssistantPage::Choice},
+    {"NewAssistant-Three.jpg", AssistantPage::Sources},
+    {"NewAssistant-Four.jpg", AssistantPage::Trouble}};
+
 void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output& output) {
     for (int scale : {1, 2}) {
         const Workshop shop{catalogue, QDir(sources + "/svg"), scale};
@@ -35,6 +42,10 @@ void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output
         output.picture(scaledName("TorvMsg.jpg", scale), paintTorvMsg(shop));
         output.picture(scaledName("SelLangStartUp.jpg", scale), paintSelLangStartUp(shop, false));
         output.picture(scaledName("SelLangStartUp-second.jpg", scale), paintSelLangStartUp(shop, true));
+        output.picture(scaledName("ZIP_Viewer.jpg", scale), paintZipViewer(shop));
+        output.picture(scaledName("ZIP_Viewer-Mensaje.jpg", scale), paintZipWait(shop));
+        for (const auto& [name, page] : assistantPages)
+            output.picture(scaledName(name, scale), paintAssistant(shop, page));
         output.picture(scaledName("Splash.bmp", scale), paintSplash(shop));
     }
 }
