@@ -93,6 +93,10 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     row("SelLangStartUp-second.jpg", "JPEG", {480, 320});
     row("TorvMsg.jpg", "JPEG", {302, 68});
     row("Splash.bmp", "BMP", {460, 265});
+    row("ZIP_Viewer.jpg", "JPEG", {552, 426});
+    row("ZIP_Viewer-Mensaje.jpg", "JPEG", {243, 51});
+    for (const char* page : {"One", "Two", "Three", "Four"})
+        row(QString("NewAssistant-%1.jpg").arg(page), "JPEG", {480, 320});
     for (const char* icon : {"compact-16", "close-16", "minimise-16", "archive-16", "refresh-16", "search-16",
                              "up-16", "down-16", "delete-16", "copy-16", "tag-delete-16"}) {
         row(QString(icon) + ".png", "PNG", {16, 16});
@@ -103,8 +107,9 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
         row(QString(icon) + "-over.png", "PNG", {24, 24});
     }
     for (const char* icon : {"apply-24", "yes-24", "no-24"}) row(QString(icon) + ".png", "PNG", {24, 24});
-    for (const char* icon : {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32",
-                             "console-color-32", "console-archive-32", "cursor-hand", "cursor-link"}) {
+    for (const char* icon :
+         {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32", "console-color-32",
+          "console-archive-32", "console-unknown-32", "cursor-hand", "cursor-link"}) {
         row(QString(icon) + ".png", "PNG", {32, 32});
     }
     for (int size : {16, 24, 32, 48, 64, 128, 256})
@@ -224,7 +229,7 @@ void ArtworkTest::a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours() {
 void ArtworkTest::a_list_icon_has_hard_edges_and_a_clear_corner_data() {
     QTest::addColumn<QString>("name");
     for (const char* icon : {"console-advance-32", "console-gameboy-32", "console-color-32",
-                             "console-archive-32", "yes-24", "no-24"}) {
+                             "console-archive-32", "console-unknown-32", "yes-24", "no-24"}) {
         QTest::newRow(icon) << icon;
     }
 }
@@ -260,6 +265,11 @@ void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate_data() {
     QTest::newRow("chameleonButton5") << "MainFrm" << QRect(435, 462, 37, 36);
     QTest::newRow("chameleonButton15") << "MainFrm" << QRect(225, 452, 23, 23);
     QTest::newRow("yes") << "TorvMsg" << QRect(0, 41, 151, 27);
+    for (const char* page : {"NewAssistant-One", "NewAssistant-Three"})
+        QTest::addRow("FilePath of %s", page) << page << QRect(4, 272, 364, 19);
+    for (const char* page :
+         {"NewAssistant-One", "NewAssistant-Two", "NewAssistant-Three", "NewAssistant-Four"})
+        QTest::addRow("Browse of %s", page) << page << QRect(372, 268, 106, 26);
 }
 
 void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate() {

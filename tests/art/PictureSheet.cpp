@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What lies where on the picture sheet. Small buttons stand on the left, wide ones on the right with the
-// lists, signs, icons and cursors below them.
+// lists, signs, icons and cursors below them, and at the foot the backgrounds whose parts change.
 #include "PictureSheet.h"
 
 #include <QDir>
@@ -17,12 +17,13 @@ constexpr int wideStep = 208;
 constexpr int rowGap = 6;
 constexpr int rightColumn = 366;
 constexpr int widestSmallButton = 40;
+constexpr int backgroundsTop = 770;
 const QColor lightPanel(0xEC, 0xEC, 0xE8);
 const QColor darkPanel(0x20, 0x20, 0x24);
 
 constexpr FormDesign sheetDesign{.name = "PictureSheet",
                                  .title = "Pictures",
-                                 .clientSize = {1370, 740},
+                                 .clientSize = {1552, 1430},
                                  .border = FormDesign::fixedDialog,
                                  .start = FormDesign::systemDefault,
                                  .backColour = slate,
@@ -30,7 +31,7 @@ constexpr FormDesign sheetDesign{.name = "PictureSheet",
 
 // One row for each picture of the list.
 struct AllIcons : RowSource {
-    int count() const override { return 4; }
+    int count() const override { return 5; }
     QString text(int row) const override { return QStringLiteral("Game %1").arg(row + 1); }
     int icon(int row) const override { return row + 1; }
 };
@@ -50,6 +51,7 @@ PictureSheet::PictureSheet(Runtime& runtime)
     addTraySigns();
     addWindowIcons();
     addCursors();
+    addBackgrounds();
 }
 
 void PictureSheet::addButtons() {
@@ -81,10 +83,10 @@ void PictureSheet::addButtonRow(const chameleonButton& original, QPoint place, i
 void PictureSheet::addLists() {
     const auto rows = std::make_shared<AllIcons>();
     for (int selected = 0; selected < rows->count(); ++selected) {
-        const DesignRect place{double(rightColumn + selected * 120), 320, 112, 133};
+        const DesignRect place{double(rightColumn + selected * 120), 320, 112, 166};
         auto panel = std::make_unique<Panel>(*this, "Lists", place, Panel::Look{slate});
         // The panel owns what lies on it.
-        auto* list = new ListView(*panel, "List", {0, 0, place.width, place.height}, m_main.ImageList1);
+        auto* list = new ListView(*panel, "List", {0, 0, place.width, place.height}, m_listIcons);
         list->setItems(rows);
         list->setCurrentRow(selected);
         m_controls.push_back(std::move(panel));
@@ -92,7 +94,7 @@ void PictureSheet::addLists() {
 }
 
 void PictureSheet::addImages() {
-    QPoint place(rightColumn + 500, 320);
+    QPoint place(rightColumn + 620, 320);
     QList<Image*> images = m_main.findChildren<Image*>();
     images += m_message.findChildren<Image*>();
     for (const Image* image : images) {
@@ -107,7 +109,7 @@ void PictureSheet::addTraySigns() {
     TrayIcon sign(*this, "TrayIcon", "");
     int top = 360;
     for (const QColor& ground : {lightPanel, darkPanel}) {
-        const QRect strip(rightColumn + 500, top, 400, 36);
+        const QRect strip(rightColumn + 620, top, 400, 36);
         m_grounds.emplace_back(strip, ground);
         QPoint place = strip.topLeft() + QPoint(8, 7);
         for (const int size : {16, 22}) {
@@ -128,7 +130,7 @@ void PictureSheet::addWindowIcons() {
     for (const QString& name : resources(QStringLiteral("torvane-*.png")))
         icons.append(Pictures::load(name, devicePixelRatioF()));
     std::ranges::sort(icons, {}, [](const QPixmap& icon) { return icon.width(); });
-    QPoint place(rightColumn, 480);
+    QPoint place(rightColumn, 500);
     for (const QPixmap& icon : std::as_const(icons)) {
         m_pictures.push_back({place, icon});
         place.rx() += qRound(icon.deviceIndependentSize().width()) + 10;
@@ -136,13 +138,27 @@ void PictureSheet::addWindowIcons() {
 }
 
 void PictureSheet::addCursors() {
-    QPoint place(rightColumn + 720, 480);
+    QPoint place(rightColumn + 720, 500);
     for (const QString& name : resources(QStringLiteral("cursor-*.png"))) {
         m_grounds.emplace_back(QRect(place + QPoint(0, 44), QSize(36, 36)), lightPanel);
         for (const int down : {2, 46})
             m_pictures.push_back({place + QPoint(2, down), Pictures::load(name, devicePixelRatioF())});
         place.rx() += 50;
     }
+}
+
+// The pages of the assistant, and the ZIP window with its wait panel over it.
+void PictureSheet::addBackgrounds() {
+    const auto add = [this](int left, int down, const char* name) {
+        const QPixmap picture = Pictures::load(QLatin1String(name), devicePixelRatioF());
+        m_pictures.push_back({{left, backgroundsTop + down}, picture});
+    };
+    add(10, 0, "NewAssistant-One.jpg");
+    add(500, 0, "NewAssistant-Two.jpg");
+    add(10, 330, "NewAssistant-Three.jpg");
+    add(500, 330, "NewAssistant-Four.jpg");
+    add(990, 0, "ZIP_Viewer.jpg");
+    add(1144, 188, "ZIP_Viewer-Mensaje.jpg");
 }
 
 void PictureSheet::paintEvent(QPaintEvent* event) {

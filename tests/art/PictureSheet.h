@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window of the picture sheet: every small picture of the program as it is used, at its true size.
+// The window of the picture sheet: every small picture of the program as it is used, at its true size, and
+// the backgrounds whose parts change.
 // Buttons, lists and signs are the program's own, and their rows come from its designs.
 #pragma once
 
@@ -36,10 +37,15 @@ private:
     void addTraySigns();
     void addWindowIcons();
     void addCursors();
+    void addBackgrounds();
     void caption(QRect place, const QString& text) { m_captions.push_back({place, text}); }
 
     MainFrmDesign m_main;
     TorvMsgDesign m_message;
+    ImageList m_listIcons{*this,
+                          "ImageList1",
+                          {"console-advance-32.png", "console-gameboy-32.png", "console-color-32.png",
+                           "console-archive-32.png", "console-unknown-32.png"}};
     std::vector<std::unique_ptr<QWidget>> m_controls;
     std::vector<Caption> m_captions;
     std::vector<std::pair<QRect, QColor>> m_grounds;
