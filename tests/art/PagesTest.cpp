@@ -48,6 +48,14 @@ qreal difference(const QImage& one, const QImage& other, const QRect& part) {
     return qreal(sum) / qreal(left.size());
 }
 
+int widestDifference(const QImage& one, const QImage& other, const QRect& part) {
+    const QList<int> left = greysOf(one, part);
+    const QList<int> right = greysOf(other, part);
+    int widest = 0;
+    for (qsizetype at = 0; at < left.size(); ++at) widest = std::max(widest, qAbs(left[at] - right[at]));
+    return widest;
+}
+
 // Where a mark stands: in front of its hot area, in the margin of the sheet.
 QRect marginOf(const QRect& answer) { return {answer.left() - 26, answer.top(), 24, answer.height()}; }
 
@@ -148,12 +156,14 @@ void PagesTest::the_helper_has_another_mood_on_each_page() {
 }
 
 void PagesTest::turning_a_page_moves_neither_the_tor_nor_the_strip() {
-    const QList<QRect> fixed = {
-        {60, 222, 110, 38}, {232, 296, 245, 19}, {4, 297, 220, 20}, {372, 268, 106, 26}};
+    const QRect tor(60, 222, 110, 38);
+    const QRect voiceAndTrack(2, 297, 476, 22);
+    const QRect browse(372, 268, 106, 26);
     for (int scale : {1, 2}) {
-        for (const QRect& part : fixed) {
+        for (const QRect& part : {tor, voiceAndTrack, browse}) {
             for (const QString& name : pages)
-                QVERIFY(difference(page(name, scale), page("One", scale), device(part, scale)) < 1);
+                QVERIFY(widestDifference(page(name, scale), page("One", scale), device(part, scale)) <=
+                        2 * noise);
         }
     }
 }
