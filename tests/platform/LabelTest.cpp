@@ -119,6 +119,26 @@ private slots:
         QVERIFY(hasColour(image, Qt::black));
         QCOMPARE(inkOf(image, back()), alone | alone.translated(2, 2));
     }
+    void lines_stand_at_a_pitch_of_their_own() {
+        const auto linesOf = [&](int pitch) {
+            Label label(*form, "label", {10, 10, 40, 100},
+                        {"HHH HHH HHH\r\n\r\nHHH", Fonts::V8b, Colours::white});
+            label.setLinePitch(pitch);
+            const QImage image = imageOf(*form);
+            QList<int> tops; // of the rows of letters, seen from the label
+            bool wasInk = false;
+            for (int y = 0; y < 100; ++y) {
+                const bool isInk = !inkOf(image.copy(10, 10 + y, 40, 1), back()).isNull();
+                if (isInk && !wasInk) tops.append(y);
+                wasInk = isInk;
+            }
+            return tops;
+        };
+        const QList<int> tops = linesOf(20);
+        QCOMPARE(tops.size(), 4); // two words never fit beside each other, and one line is empty
+        QCOMPARE(tops, (QList<int>{tops[0], tops[0] + 20, tops[0] + 40, tops[0] + 80}));
+        QCOMPARE(linesOf(0)[0], tops[0]);
+    }
     void a_shadow_lets_the_mouse_through() {
         Label source(*form, "source", place, {"x"});
         const Label shadow(*form, "shadow", {12, 12, 200, 40}, source);

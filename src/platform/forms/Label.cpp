@@ -4,6 +4,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextLayout>
 
 namespace torvane {
 
@@ -35,6 +36,11 @@ void Label::setForeColor(OleColour colour) {
     update();
 }
 
+void Label::setLinePitch(int pixels) {
+    m_linePitch = pixels;
+    update();
+}
+
 void Label::setTwin(Label& twin) {
     connect(this, &Label::Change, &twin, [this, &twin] { twin.setCaption(m_caption); });
 }
@@ -44,8 +50,27 @@ void Label::paintEvent(QPaintEvent*) {
     if (!m_transparent) painter.fillRect(rect(), Colours::toQColor(m_back));
     if (m_caption.isEmpty()) return;
     painter.setPen(Colours::toQColor(m_fore));
+    if (m_linePitch > 0) return drawAtPitch(painter);
     painter.drawText(QRect(0, 0, m_wrapWidth, height()),
                      static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
+}
+
+void Label::drawAtPitch(QPainter& painter) const {
+    QString text = m_caption;
+    text.replace(QStringLiteral("\r\n"), QString(QChar::LineSeparator));
+    QTextOption option(m_align);
+    option.setWrapMode(QTextOption::WordWrap);
+    QTextLayout layout(text, painter.font());
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (int y = 0;; y += m_linePitch) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) break;
+        line.setLineWidth(m_wrapWidth);
+        line.setPosition(QPointF(0, y));
+    }
+    layout.endLayout();
+    layout.draw(&painter, QPointF());
 }
 
 void Label::mousePressEvent(QMouseEvent* event) {

@@ -38,6 +38,9 @@ public:
     OleColour backColour() const { return m_back; }
     bool isShadow() const { return m_isShadow; }
 
+    /// Lays the lines of the text this far apart, from top to top, instead of as the font has it; pixels. For
+    /// texts whose lines have to meet something that is painted beside them.
+    void setLinePitch(int pixels);
     /// From now on a change of this label's caption is copied to the other one.
     void setTwin(Label& twin);
 
@@ -55,13 +58,16 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void drawAtPitch(QPainter& painter) const;
+
     QString m_caption;
     OleColour m_fore;
     OleColour m_back;
     Qt::Alignment m_align;
     bool m_transparent;
     bool m_isShadow = false;
-    int m_wrapWidth; ///< pixels at which lines break: a shadow breaks them where its source does
+    int m_linePitch = 0; ///< pixels; 0 for the font's own
+    int m_wrapWidth;     ///< pixels at which lines break: a shadow breaks them where its source does
 };
 
 } // namespace torvane
