@@ -2,9 +2,9 @@
 # Debian packages that the scripts of this project need, and the one way to get them. Sourced by bash.
 
 # To build the program and its tree.
-packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev webp sdcc binutils-arm-none-eabi)
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libzip-dev webp sdcc binutils-arm-none-eabi)
 # To run it: picture formats, the fonts that stand in for those of the designs, an emulator.
-packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 qt6-image-formats-plugins
+packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-image-formats-plugins
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
 # To run it on a display of its own, with hand-like events and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Entries of an archive, through libzip.
+#include "Archive.h"
+
+#include <limits>
+
+namespace torvane {
+
+namespace {
+constexpr qsizetype blockSize = 1 << 17;
+constexpr zip_uint32_t folderOrLabel = 0x10 | 0x08; // attributes of the first system that had archives
+
+struct FileCloser {
+    void operator()(zip_file_t* file) const { zip_fclose(file); }
+};
+} // namespace
+
+Archive::Archive(const QString& path, qint64 mostEntries, Pulse& pulse)
+    : m_bytes(path, mostEntries, pulse), m_zip(nullptr, zip_discard), m_block(blockSize, Qt::Uninitialized) {
+    zip_source_t* const source = m_bytes.source();
+    if (source == nullptr) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    m_zip.reset(zip_open_from_source(source, ZIP_RDONLY, nullptr));
+    if (!m_zip) zip_source_free(source);
+    if (!m_zip || count() > mostEntries) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    m_bytes.directoryIsRead();
+}
+
+qint64 Archive::count() const { return zip_get_num_entries(m_zip.get(), 0); }
+
+QByteArray Archive::name(qint64 index) const {
+    return {zip_get_name(m_zip.get(), static_cast<zip_uint64_t>(index), ZIP_FL_ENC_GUESS)};
+}
+
+bool Archive::isFile(qint64 index) const {
+    zip_stat_t info;
+    if (zip_stat_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &info) != 0) return false;
+    const bool isPlain = info.encryption_method == ZIP_EM_NONE;
+    const bool isKnown = info.comp_method == ZIP_CM_STORE || info.comp_method == ZIP_CM_DEFLATE ||
+                         info.comp_method == ZIP_CM_BZIP2;
+    zip_uint8_t system = 0;
+    zip_uint32_t attributes = 0;
+    zip_file_get_external_attributes(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &system, &attributes);
+    // Above stands the mode of Unix, if anything. Some archivers of other systems give it, too.
+    const mode_t kind = attributes >> 16 & S_IFMT;
+    return isPlain && isKnown && (attributes & folderOrLabel) == 0 && (kind == 0 || kind == S_IFREG);
+}
+
+qint64 Archive::claimedSize(qint64 index) const {
+    zip_stat_t info;
+    if (zip_stat_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &info) != 0) return -1;
+    if ((info.valid & ZIP_STAT_SIZE) == 0) return -1;
+    return static_cast<qint64>(std::min<zip_uint64_t>(info.size, std::numeric_limits<qint64>::max()));
+}
+
+bool Archive::read(qint64 index, const std::function<bool(QByteArrayView)>& take) {
+    const std::unique_ptr<zip_file_t, FileCloser> file(
+        zip_fopen_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0));
+    if (!file) return false;
+    for (;;) {
+        const zip_int64_t got = zip_fread(file.get(), m_block.data(), static_cast<zip_uint64_t>(blockSize));
+        if (got <= 0) return got == 0;
+        if (!take(QByteArrayView(m_block).first(got))) return false;
+    }
+}
+
+} // namespace torvane

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// A ZIP archive that is open for reading. What its directory tells of an entry is a claim: whoever reads an
+// entry counts what comes, and libzip compares size and checksum at the end.
+#pragma once
+
+#include "ArchiveBytes.h"
+
+#include <memory>
+
+namespace torvane {
+
+class Archive {
+public:
+    /// Opens the archive of a spelled path. Fails if there is none, if it is damaged, tells of more entries
+    /// or lies on several disks, and if the pulse ends.
+    Archive(const QString& path, qint64 mostEntries, Pulse& pulse);
+
+    qint64 count() const;
+    /// The name of an entry, index from 0, in UTF-8: names that are neither marked nor well-formed as such
+    /// are taken as code page 437, the format's own. Empty if there is none.
+    QByteArray name(qint64 index) const;
+    /// Whether an entry is a file that can be read: no folder, link, pipe or device, not encrypted, and
+    /// stored or packed by deflate or bzip2. Other ways let the archive choose how much memory they take.
+    bool isFile(qint64 index) const;
+    /// The size that the archive claims for an entry, in bytes; negative if there is none.
+    qint64 claimedSize(qint64 index) const;
+    /// Hands the bytes of an entry over, in blocks, until `take` gives false. True if the entry came out
+    /// whole, with the size and the checksum that the archive tells.
+    bool read(qint64 index, const std::function<bool(QByteArrayView)>& take);
+
+private:
+    ArchiveBytes m_bytes;
+    std::unique_ptr<zip_t, void (*)(zip_t*)> m_zip;
+    QByteArray m_block;
+};
+
+} // namespace torvane
