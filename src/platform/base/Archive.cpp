@@ -56,9 +56,11 @@ bool Archive::read(qint64 index, const std::function<bool(QByteArrayView)>& take
     const std::unique_ptr<zip_file_t, FileCloser> file(
         zip_fopen_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0));
     if (!file) return false;
-    for (;;) {
+    // libzip compares the checksums, but not every size.
+    for (qint64 left = claimedSize(index);;) {
         const zip_int64_t got = zip_fread(file.get(), m_block.data(), static_cast<zip_uint64_t>(blockSize));
-        if (got <= 0) return got == 0;
+        if (got <= 0) return got == 0 && left == 0;
+        left -= got;
         if (!take(QByteArrayView(m_block).first(got))) return false;
     }
 }

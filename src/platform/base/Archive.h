@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A ZIP archive that is open for reading. What its directory tells of an entry is a claim: whoever reads an
-// entry counts what comes, and libzip compares size and checksum at the end.
+// entry counts what comes, and at the end size and checksum are compared.
 #pragma once
 
 #include "ArchiveBytes.h"

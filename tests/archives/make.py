@@ -1,0 +1,303 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Writes the archives of this folder, sound ones and hostile ones, and expected.tsv beside them.
+
+One line of the list below is one archive: its name, what is wrong with it, its bytes, and what has to come out
+of it (all else is to stay out; where versions of libzip differ, a list of what may). Records as in PKWARE's APPNOTE.TXT, section 4.3. Run it after a change here.
+"""
+import bz2
+import lzma
+import os
+import stat
+import struct
+import sys
+import urllib.parse
+import zlib
+
+UTF8 = 0x800
+ENCRYPTED = 1
+DESCRIPTOR = 8
+UNIX, DOS = 3, 0
+STORED, DEFLATED, BZIP2, LZMA, XZ = 0, 8, 12, 14, 95
+
+
+def packed(data, method):
+    if method == DEFLATED:
+        maker = zlib.compressobj(9, zlib.DEFLATED, -15)
+        return maker.compress(data) + maker.flush()
+    if method == BZIP2:
+        return bz2.compress(data)
+    if method == LZMA:
+        filters = [{"id": lzma.FILTER_LZMA1, "dict_size": 1 << 16}]
+        return b"\x09\x14\x05\x00\x5d\x00\x00\x01\x00" + lzma.compress(data, lzma.FORMAT_RAW, filters=filters)
+    if method == XZ:
+        return lzma.compress(data)
+    return data
+
+
+class Entry:
+    """One entry. What is not given is told as it is; `local_` values stand in the header before the data alone."""
+
+    def __init__(self, name, data=b"rom", method=STORED, **lies):
+        self.name = name.encode() if isinstance(name, str) else name
+        self.data, self.method, self.lies = data, method, lies
+        self.raw = lies.get("raw", packed(data, method))
+
+    def value(self, key, truth, local):
+        return self.lies.get("local_" + key, self.lies.get(key, truth)) if local else self.lies.get(key, truth)
+
+    def head(self, local, offset=0):
+        def tell(key, truth):
+            return self.value(key, truth, local)
+
+        name, extra = tell("name_bytes", self.name), tell("extra", b"")
+        common = struct.pack(
+            "<HHHHHIII", tell("needed", 20), tell("flags", 0), tell("method", self.method), 0, 0x21,
+            tell("crc", zlib.crc32(self.data)), tell("packed_size", len(self.raw)), tell("size", len(self.data)))
+        if local:
+            return b"PK\3\4" + common + struct.pack("<HH", len(name), len(extra)) + name + extra
+        mode = tell("mode", 0)
+        return (b"PK\1\2" + bytes([20, tell("system", UNIX if mode else DOS)]) + common + struct.pack(
+            "<HHHHHII", len(name), len(extra), 0, tell("disk", 0), 0, mode << 16 | tell("attributes", 0),
+            tell("offset", offset)) + name + extra)
+
+
+def end(entries, size, offset, comment=b"", disk=0, comment_length=None):
+    length = len(comment) if comment_length is None else comment_length
+    return struct.pack("<4sHHHHIIH", b"PK\5\6", disk, disk, entries & 0xFFFF, entries & 0xFFFF, size, offset,
+                       length) + comment
+
+
+def end64(entries, size, offset, place, record=None):
+    """The record, its locator and an end that leaves all to them."""
+    made = struct.pack("<4sQHHIIQQQQ", b"PK\6\6", 44, 45, 45, 0, 0, entries, entries, size, offset)
+    return (made + struct.pack("<4sIQI", b"PK\6\7", 0, place if record is None else record, 1) +
+            end(0xFFFF, 0xFFFFFFFF, 0xFFFFFFFF))
+
+
+def archive(*entries, prefix=b"", shift=0, zip64=None, tail=b"", **lies):
+    body, directory = prefix, b""
+    for entry in entries:
+        directory += entry.head(False, len(body) + shift)
+        body += entry.head(True) + entry.raw + entry.lies.get("behind", b"")
+    count, size = lies.pop("count", len(entries)), lies.pop("size", len(directory))
+    offset = lies.pop("offset", len(body) + shift)
+    if zip64 is not None:
+        return body + directory + end64(zip64.get("count", count), size, offset, len(body + directory),
+                                        zip64.get("record")) + tail
+    return body + directory + end(count, size, offset, **lies) + tail
+
+
+def descriptor(data, crc=None):
+    return struct.pack("<4sIII", b"PK\7\10", zlib.crc32(data) if crc is None else crc, len(data), len(data))
+
+
+def unicode_path(name, crc):
+    path = name.encode()
+    return struct.pack("<HHBI", 0x7075, 5 + len(path), 1, crc) + path
+
+
+def sizes64(size, packed_size):
+    return struct.pack("<HHQQ", 1, 16, size, packed_size)
+
+
+def file(kind, permissions=0o644):
+    return {"system": UNIX, "mode": kind | permissions}
+
+
+GAME = Entry("game.gb", b"game")
+SOUND = archive(GAME)
+LONG = bytes(range(256)) * 2
+ALL = {"game.gb": b"game"}
+E = Entry
+
+# name, what is wrong with it, bytes, what comes out
+LIST = [
+    ("sound", "nothing: stored, deflated, bzip2 and an empty entry", archive(
+        GAME, E("b.gbc", LONG, DEFLATED), E("c.gba", LONG, BZIP2), E("empty", b"")),
+     {**ALL, "b.gbc": LONG, "c.gba": LONG, "empty": b""}),
+    ("nothing", "it has no entries", archive(), {}),
+    ("zero", "it has no bytes", b"", {}),
+    ("text", "it is no archive", b"This is a game.\n" * 20, {}),
+    # Names that lead elsewhere.
+    ("parent", "a name leads out of the folder", archive(E("../out.gb"), E("a/../../out.gb"), GAME), ALL),
+    ("parent-inside", "a name leads out and in again", archive(E("x/../in.gb"), E("../target/in.gb"), GAME), ALL),
+    ("absolute", "names begin at the root", archive(E("/out.gb"), E("//out.gb"), E("/tmp/out.gb"), GAME), ALL),
+    ("backslashes", "folders are separated by backslashes", archive(
+        E("..\\out.gb"), E("sub\\in.gb"), E("\\out.gb"), E("\\\\host\\out.gb"), E("end.gb\\"), GAME), ALL),
+    ("drives", "names begin with a drive", archive(E("C:out.gb"), E("c:\\out.gb"), E("z:/out.gb"), GAME), ALL),
+    ("colon", "nothing: a colon that is no drive's", archive(E("ab: c.gb")), {"ab: c.gb": b"rom"}),
+    ("subfolders", "entries lie in subfolders", archive(E("sub/", b""), E("sub/a.gb"), E("sub/t/b.gb"), GAME), ALL),
+    ("here", "names begin with the folder itself", archive(E("./game.gb", b"game"), E("././b.gb"), E(".//out.gb")),
+     {**ALL, "b.gb": b"rom"}),
+    ("here-out", "the folder itself and out of it", archive(E("./../out.gb"), E("./."), E("./.."), GAME), ALL),
+    ("dots", "names of dots, and none at all", archive(
+        E(""), E("."), E(".."), E("..."), E(". ."), E("./"), E("../"), E("/"), GAME), ALL),
+    ("hidden", "names that no list shows, and our own hidden ones", archive(
+        E(".hidden"), E(".torvane-abc123"), E(".torvane-append-abc123"), E(".bashrc"), GAME), ALL),
+    ("devices-elsewhere", "names of devices of another system", archive(
+        E("CON"), E("nul.gb"), E("Com1.gba"), E("LPT9.tar.gz"), E("aux .gb"), E("prn"), E("com10.gb"), E("cons.gb")),
+     {"com10.gb": b"rom", "cons.gb": b"rom"}),
+    ("blank-ends", "names end with dots and blanks", archive(
+        E("game.gb. .", b"game"), E("b.gb "), E(" c.gb"), E("  "), E(".. ")), {**ALL, "b.gb": b"rom", " c.gb": b"rom"}),
+    ("controls", "names hold control characters", archive(
+        E("a\nb.gb"), E("a\tb.gb"), E("a\rb.gb"), E("\x7f.gb"), E("\x7fé", flags=UTF8), E("\x85é", flags=UTF8),
+        E("\u2028.gb", flags=UTF8), GAME), ALL),
+    ("controls-utf8", "a name in UTF-8 holds an escape character", archive(E("\x1b[2Jé.gb", flags=UTF8), GAME), {}),
+    ("controls-cp437", "control characters are signs in the format's own code page", archive(E(b"\1\x1b.gb"), GAME),
+     {**ALL, "☺←.gb": b"rom"}),
+    ("zeros", "names hold zeros, which end them elsewhere", archive(
+        E("a.gb\0.txt"), E("..\0/out.gb"), E("\0", b"x"), GAME), {**ALL, "a.gb .txt": b"rom"}),
+    ("directions", "names are read from the other side", archive(
+        E("game\u202ebg.exe", flags=UTF8), E("\u2066a", flags=UTF8), E("a\u200f", flags=UTF8), GAME), ALL),
+    ("wildcards", "nothing: signs that have a meaning elsewhere", archive(
+        E("a*b?.gb"), E("$(x)`y`.gb"), E("-rf"), E("a|b<c>\"d'.gb"), E("%s%n.gb")),
+     {"a*b?.gb": b"rom", "$(x)`y`.gb": b"rom", "-rf": b"rom", "a|b<c>\"d'.gb": b"rom", "%s%n.gb": b"rom"}),
+    ("cp437", "nothing: names in the format's own code page", archive(E(b"\xa4andu.gb"), E(b"\x82\x9c.gb")),
+     {"ñandu.gb": b"rom", "é£.gb": b"rom"}),
+    ("utf8", "nothing: names in UTF-8", archive(E("ñandú.gb", flags=UTF8), E("日本🎮.gba", flags=UTF8)),
+     {"ñandú.gb": b"rom", "日本🎮.gba": b"rom"}),
+    ("utf8-unmarked", "names in UTF-8 that are not marked so", archive(E("Pokémon.gb")), {"Pokémon.gb": b"rom"}),
+    ("utf8-wrong", "a name is marked as UTF-8 and is none", archive(E(b"a\xff.gb", flags=UTF8), GAME), {}),
+    ("utf8-overlong", "a slash in a form that is no UTF-8", archive(E(b"..\xc0\xafout.gb"), GAME), ALL),
+    ("unicode-path", "a second name leads out", archive(
+        E("a.gb", extra=unicode_path("../out.gb", zlib.crc32(b"a.gb"))),
+        E("b.gb", extra=unicode_path("ñ.gb", zlib.crc32(b"b.gb"))),
+        E("c.gb", extra=unicode_path("d.gb", 0))), {"ñ.gb": b"rom", "c.gb": b"rom"}),
+    ("long", "names of 255 bytes and more", archive(
+        E("a" * 252 + ".gb"), E("b" * 253 + ".gb"), E("c" * 4096), E("é" * 128, flags=UTF8), E("d" * 30000)),
+     {"a" * 252 + ".gb": b"rom"}),
+    ("long-ends", "a name of 4096 bytes, of which most are cut off", archive(E("a.gb" + " " * 4092)),
+     {"a.gb": b"rom"}),
+    # Names that meet.
+    ("twice", "a name stands there twice", archive(GAME, E("game.gb", b"other")), ALL),
+    ("twice-damaged", "the first of two equal names is damaged", archive(E("game.gb", b"gone", crc=1), GAME), ALL),
+    ("case-twins", "names differ in their case", archive(GAME, E("GAME.GB"), E("É.gb"), E("é.gb", b"x")),
+     {**ALL, "É.gb": b"rom"}),
+    ("blank-twins", "names differ in what is cut off", archive(GAME, E("game.gb."), E("./game.gb "), E("game.gb/x")),
+     ALL),
+    ("file-and-folder", "a name is that of a file and of a folder", archive(E("a"), E("a/", b""), E("a/b"), GAME),
+     {**ALL, "a": b"rom"}),
+    # What is no file.
+    ("links", "entries are links", archive(
+        E("link", b"../out", **file(stat.S_IFLNK, 0o777)), E("link", b"/etc/passwd", **file(stat.S_IFLNK)),
+        E("link/out.gb"), GAME), ALL),
+    ("link-elsewhere", "a link from a system that has none", archive(
+        E("link", b"out", mode=stat.S_IFLNK | 0o777, system=DOS), GAME), ALL),
+    ("devices", "entries are devices, pipes and sockets", archive(
+        E("chr", **file(stat.S_IFCHR)), E("blk", **file(stat.S_IFBLK)), E("pipe", **file(stat.S_IFIFO)),
+        E("sock", **file(stat.S_IFSOCK)), E("strange", **file(0o170000)), GAME), ALL),
+    ("rights", "files are to run with the rights of their maker", archive(
+        E("game.gb", b"game", **file(stat.S_IFREG, 0o7777)), E("b.gb", **file(0, 0o777)), E("c", **file(0o100000, 0))),
+     {**ALL, "b.gb": b"rom", "c": b"rom"}),
+    ("folder-attribute", "a folder is one by its attribute alone", archive(
+        E("dir", b"", attributes=0x10), E("label", b"", attributes=8), E("ro.gb", attributes=0x27), GAME),
+     {**ALL, "ro.gb": b"rom"}),
+    # Lies on what comes.
+    ("crc", "a checksum is wrong", archive(E("a.gb", LONG, crc=1), E("b.gb", LONG, DEFLATED, crc=1), GAME), ALL),
+    ("size-larger", "sizes are told too large", archive(
+        E("a.gb", LONG, DEFLATED, size=900), E("b.gb", LONG, size=900), GAME), ALL),
+    ("size-smaller", "sizes are told too small", archive(
+        E("a.gb", LONG, DEFLATED, size=10), E("b.gb", LONG, DEFLATED, size=0), GAME), ALL),
+    ("packed-larger", "packed sizes reach behind the end; a deflated one ends by itself", archive(
+        E("a.gb", LONG, DEFLATED, packed_size=1 << 30), E("b.gb", LONG, packed_size=1 << 30), GAME), {**ALL, "a.gb": LONG}),
+    ("packed-smaller", "packed sizes cut what comes", archive(
+        E("a.gb", LONG, DEFLATED, packed_size=100), E("b.gb", LONG, packed_size=100), GAME), ALL),
+    ("garbage", "what is to be unpacked is garbage", archive(
+        E("a.gb", LONG, DEFLATED, raw=LONG), E("b.gb", LONG, BZIP2, raw=LONG), E("c.gb", b"", DEFLATED, raw=b"\6"),
+        GAME), ALL),
+    ("cut-stream", "a packed stream has no end", archive(
+        E("a.gb", LONG, DEFLATED, raw=packed(LONG, DEFLATED)[:-60]),
+        E("b.gb", LONG, BZIP2, raw=packed(LONG, BZIP2)[:-60]), GAME), ALL),
+    ("endless-nothing", "a packed stream of empty blocks", archive(
+        E("a.gb", b"a", DEFLATED, raw=b"\0\0\0\xff\xff" * 2000), GAME), ALL),
+    ("local-name", "the header before the data tells another name", archive(
+        E("a.gb", local_name_bytes=b"../out.gb"), E("b.gb", local_name_bytes=b""), GAME),
+     {**ALL, "a.gb": b"rom", "b.gb": b"rom"}),
+    ("local-lies", "the header before the data tells other sizes", archive(
+        E("a.gb", LONG, DEFLATED, local_size=1, local_packed_size=1, local_crc=1), GAME), {**ALL, "a.gb": LONG}),
+    ("local-missing", "there is no header where an entry is to begin", archive(
+        E("a.gb", offset=3), E("b.gb", offset=0x7FFFFFFF), E("c.gb", offset=0xFFFFFFFE), GAME), ALL),
+    ("overlap", "entries share their bytes", archive(
+        E("a.gb", LONG, DEFLATED, behind=b"x"), E("b.gb", LONG, DEFLATED, offset=0), E("c.gb", LONG, crc=0, offset=0)),
+     {"a.gb": LONG, "b.gb": LONG}),
+    ("inside-out", "an entry reaches over the directory to the end", archive(
+        E("a.gb", b"rom", packed_size=400, size=400), GAME), ALL),
+    ("descriptor", "nothing: sizes stand behind the data", archive(
+        E("a.gb", LONG, DEFLATED, flags=DESCRIPTOR, local_crc=0, local_size=0, local_packed_size=0,
+          behind=descriptor(LONG)), GAME), {**ALL, "a.gb": LONG}),
+    ("descriptor-lies", "what stands behind the data is wrong", archive(
+        E("a.gb", LONG, flags=DESCRIPTOR, behind=descriptor(b"", 1)), GAME), {**ALL, "a.gb": LONG}),
+    ("claims-4g", "an entry calls itself 4 GiB large", archive(E("a.gb", LONG, DEFLATED, size=0xFFFFFFFE), GAME), ALL),
+    ("claims-8e", "an entry calls itself larger than any disk", archive(
+        E("a.gb", b"rom", size=0xFFFFFFFF, packed_size=0xFFFFFFFF, extra=sizes64(1 << 63, 1 << 63)), GAME), ALL),
+    # Secrets and rare ways.
+    ("encrypted", "entries are encrypted", archive(
+        E("a.gb", b"r" * 30, flags=ENCRYPTED), E("b.gb", flags=ENCRYPTED | 0x40),
+        E("c.gb", b"r" * 40, method=99, flags=ENCRYPTED, extra=struct.pack("<HHH2sBH", 0x9901, 7, 2, b"AE", 3, 8)),
+        GAME), ALL),
+    ("methods", "entries are packed in rare ways", archive(
+        E("shrunk", method=1), E("imploded", method=6), E("deflate64", method=9), E("ppmd", method=98),
+        E("zstd", method=93), E("unknown", method=77), E("lzma.gb", LONG, LZMA), E("xz.gb", LONG, XZ), GAME), ALL),
+    ("method-lies", "stored is told as deflated, and the other way", archive(
+        E("a.gb", LONG, method=STORED, raw=packed(LONG, DEFLATED)), E("b.gb", LONG, DEFLATED, raw=LONG), GAME), ALL),
+    # Several disks, long archives.
+    ("disks", "it is one of several disks", archive(GAME, disk=1), {}),
+    ("disk-entry", "an entry lies on another disk", archive(E("a.gb", disk=7), GAME), {**ALL, "a.gb": b"rom"}),
+    ("spanned-mark", "it was to lie on several disks and lies on one", archive(GAME, prefix=b"PK\7\10"), ALL),
+    ("zip64", "nothing: records of 64 bits", archive(
+        GAME, E("b.gb", LONG, DEFLATED, size=0xFFFFFFFF, packed_size=0xFFFFFFFF,
+                extra=sizes64(len(LONG), len(packed(LONG, DEFLATED)))), zip64={}), {**ALL, "b.gb": LONG}),
+    ("zip64-count", "it tells of more entries than there are bytes", archive(GAME, zip64={"count": 1 << 40}), {}),
+    ("zip64-many", "it tells of a million entries", archive(GAME, zip64={"count": 1_000_000}), {}),
+    ("zip64-place", "its record of 64 bits lies nowhere", archive(GAME, zip64={"record": 1 << 62}), {}),
+    ("zip64-minus", "its record of 64 bits lies before the beginning", archive(GAME, zip64={"record": 2**64 - 8}), {}),
+    ("zip64-field", "a field of 64 bits is too short", archive(
+        E("a.gb", size=0xFFFFFFFF, extra=struct.pack("<HHI", 1, 4, 3)), GAME), {}),
+    # The directory and its end.
+    ("count-larger", "it tells of more entries than it has", archive(GAME, count=9), {}),
+    ("count-smaller", "it tells of fewer entries than it has", archive(GAME, E("b.gb"), count=1), {}),
+    ("directory-place", "its directory lies elsewhere", archive(GAME, offset=3), {}),
+    ("directory-behind", "its directory reaches over its end", archive(GAME, size=5000), {}),
+    ("directory-short", "its directory is told too small", archive(GAME, size=20), {}),
+    ("extra-behind", "extra fields reach behind the directory", archive(
+        GAME, E("a.gb", extra=struct.pack("<HH", 0xCAFE, 0xFFFF))), {}),
+    ("comment-long", "its comment is told too long", archive(GAME, comment=b"c", comment_length=500), [{}, ALL]),
+    ("comment-end", "its comment holds another end", archive(GAME, comment=end(0, 0, 0)), [{}, ALL]),
+    ("behind", "garbage stands behind it", archive(GAME, tail=b"\0garbage" * 40), ALL),
+    ("in-front", "nothing: a program stands in front", archive(GAME, prefix=b"#!/bin/sh\nexit\n"), ALL),
+    ("in-front-unminded", "a program stands in front that no place takes into account", b"MZ" + SOUND, {}),
+    ("two-archives", "an archive stands behind another one", SOUND + archive(E("b.gb"), shift=len(SOUND)),
+     [{"b.gb": b"rom"}, ALL]),
+    ("within", "nothing: an archive lies in an archive", archive(E("in.zip", SOUND)), {"in.zip": SOUND}),
+    ("cut", "its last byte is missing", SOUND[:-1], {}),
+]
+
+
+def quoted(text):
+    return urllib.parse.quote(text, safe=" ")
+
+
+def told(files):
+    return "/".join(quoted(name) + "=" + quoted(content) for name, content in files.items())
+
+
+def answers(expected):
+    return expected if isinstance(expected, list) else [expected]
+
+
+def main():
+    folder = os.path.dirname(os.path.abspath(sys.argv[0]))
+    for old in os.listdir(folder):
+        if old.endswith(".zip"):
+            os.remove(os.path.join(folder, old))
+    with open(os.path.join(folder, "expected.tsv"), "w", encoding="utf-8") as table:
+        table.write("archive\twrong\texpected\n")
+        for name, wrong, content, expected in LIST:
+            with open(os.path.join(folder, name + ".zip"), "wb") as made:
+                made.write(content)
+            table.write("\t".join([name, wrong, "|".join(map(told, answers(expected)))]) + "\n")
+
+
+if __name__ == "__main__":
+    main()
