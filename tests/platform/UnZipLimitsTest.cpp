@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Bombs: what is larger than any game is left out, whatever the archive claims.
+#include "platform/base/ArchiveBytes.h"
 #include "support/UnZipFixture.h"
 
 #include <QtEndian>
@@ -64,13 +65,31 @@ private slots:
         QCOMPARE(targetTree(), files({{"a", "1"}, {"b", "2"}}));
     }
     void a_directory_that_would_fill_the_memory_is_not_read() {
-        // 20,000 entries in a directory that has room for some thousand, in the form without 64 bits.
-        QList<ArchiveEntry> entries;
-        for (int i = 0; i < 20'000; ++i) {
-            entries.append(ArchiveEntry{QByteArray::number(i).rightJustified(60, 'g'), "", ZIP_CM_STORE});
-        }
-        extract(makeArchive("a.zip", entries), {.entries = 100});
-        QCOMPARE(targetTree(), FolderTree());
+        Pulse pulse({});
+        const qint64 room = 1 << 20; // beside the entries, for the search
+        ArchiveBytes bytes(write("a.zip", zeros(3 << 20)), 100, pulse);
+        const std::unique_ptr<zip_source_t, void (*)(zip_source_t*)> source(bytes.source(), zip_source_free);
+        QCOMPARE(zip_source_open(source.get()), 0);
+        QByteArray read(3 << 20, 'x');
+        const auto all = static_cast<zip_uint64_t>(read.size());
+        QCOMPARE(zip_source_read(source.get(), read.data(), all), room + 512 * 100);
+        QCOMPARE(zip_source_seek(source.get(), 0, SEEK_SET), 0);
+        QCOMPARE(zip_source_read(source.get(), read.data(), all), -1);
+        zip_source_close(source.get());
+    }
+    void an_archive_that_tells_of_too_many_entries_is_not_even_opened() {
+        const auto opening = [](const char* name, qint64 mostEntries) {
+            Pulse pulse({});
+            const QString path = QStringLiteral(TORVANE_TESTS_DIR "/archives/") + QLatin1String(name);
+            return failureOf([&] { const ArchiveBytes bytes(path, mostEntries, pulse); });
+        };
+        QCOMPARE(opening("zip64-many.zip", 999'999), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(opening("zip64-many.zip", 1'000'000), nothing);
+        QCOMPARE(opening("zip64-count.zip", 100'000), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(opening("zip64.zip", 2), nothing);
+        QCOMPARE(opening("zip64.zip", 1), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(opening("zip64-place.zip", 1), nothing); // libzip will tell
+        QCOMPARE(opening("sound.zip", 1), nothing);
     }
     void the_largest_directory_of_ordinary_names_is_read() {
         QList<ArchiveEntry> entries;

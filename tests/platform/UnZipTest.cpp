@@ -7,6 +7,13 @@ using namespace torvane;
 class UnZipTest : public UnZipFixture {
     Q_OBJECT
 
+    // What this process has worked: a busy machine may hold it up for much longer.
+    static double milliseconds() {
+        timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    }
+
     const QByteArray game = QByteArray("a game of some length, ").repeated(100);
 
 private slots:
@@ -78,19 +85,18 @@ private slots:
     void the_question_comes_every_few_milliseconds_within_one_entry() {
         const QString archive = makeArchive("a.zip", {{"a.gb", QByteArray(48 << 20, 'a')}});
         UnZip control = unzip(archive);
-        QElapsedTimer sinceAnswer;
-        qint64 longest = 0;
+        double answered = milliseconds();
+        double longest = 0;
         int questions = 0;
         control.goesOn = [&] {
-            longest = std::max(longest, sinceAnswer.restart());
+            longest = std::max(longest, milliseconds() - answered);
+            answered = milliseconds();
             ++questions;
             return true;
         };
-        sinceAnswer.start();
         control.extract(QStringLiteral("*.*"));
         QVERIFY(questions > 1);
-        // A busy machine may hold any process up, but not for that long.
-        QVERIFY2(longest < 500, qPrintable(QString::number(longest)));
+        QVERIFY2(longest < 100, qPrintable(QString::number(longest)));
         QCOMPARE(infoOf("target/a.gb").st_size, 48 << 20);
     }
     void after_a_no_nothing_is_left_of_the_entry_and_nothing_is_asked_again_data() {
@@ -106,17 +112,16 @@ private slots:
         QCOMPARE(questions, no);
         QCOMPARE(targetTree(), FolderTree());
     }
-    void the_first_question_comes_before_anything_is_done_when_opening_takes_long() {
+    void the_first_question_comes_while_a_long_directory_is_read() {
         QList<ArchiveEntry> entries;
         for (int i = 0; i < 60'000; ++i)
             entries.append(ArchiveEntry{"g" + QByteArray::number(i), "", ZIP_CM_STORE});
         UnZip control = unzip(makeArchive("a.zip", entries));
         control.goesOn = [] { return false; };
-        QElapsedTimer time;
-        time.start();
+        const double start = milliseconds();
         control.extract(QStringLiteral("*.*"));
-        QVERIFY2(time.elapsed() < 500, qPrintable(QString::number(time.elapsed())));
-        QVERIFY2(targetTree().size() < 1000, qPrintable(QString::number(targetTree().size())));
+        QVERIFY2(milliseconds() - start < 100, qPrintable(QString::number(milliseconds() - start)));
+        QCOMPARE(targetTree(), FolderTree());
     }
     void the_control_may_go_while_the_question_is_answered() {
         auto control =

@@ -19,7 +19,10 @@ Archive::Archive(const QString& path, qint64 mostEntries, Pulse& pulse)
     : m_bytes(path, mostEntries, pulse), m_zip(nullptr, zip_discard), m_block(blockSize, Qt::Uninitialized) {
     zip_source_t* const source = m_bytes.source();
     if (source == nullptr) throw RuntimeFailure(RuntimeFailure::outOfMemory);
-    m_zip.reset(zip_open_from_source(source, ZIP_RDONLY, nullptr));
+    zip_error_t reason; // is not told to anybody, but libzip looks at it
+    zip_error_init(&reason);
+    m_zip.reset(zip_open_from_source(source, ZIP_RDONLY, &reason));
+    zip_error_fini(&reason);
     if (!m_zip) zip_source_free(source);
     if (!m_zip || count() > mostEntries) throw RuntimeFailure(RuntimeFailure::pathAccess);
     m_bytes.directoryIsRead();
