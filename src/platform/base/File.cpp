@@ -28,4 +28,9 @@ bool File::exists(const QString& path) {
     return stat(Paths::real(path).constData(), &info) == 0;
 }
 
+bool File::isFolder(const QString& path) {
+    struct stat info {};
+    return stat(Paths::real(path).constData(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
 } // namespace torvane

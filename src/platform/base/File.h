@@ -31,6 +31,8 @@ public:
     static void remove(const QString& path);
     /// Whether a file or folder of that path exists; never fails.
     static bool exists(const QString& path);
+    /// Whether the path is that of a folder or of a link to one; never fails.
+    static bool isFolder(const QString& path);
 
 private:
     Handle m_handle;

@@ -96,13 +96,14 @@ HiddenFile::~HiddenFile() {
     if (!m_name.isEmpty()) m_folder.unlink(m_name);
 }
 
-void HiddenFile::copyFrom(const Handle& source) const {
+void HiddenFile::copyFrom(const Handle& source, const std::function<void()>& betweenBlocks) const {
     const qint64 all = infoOf(source).st_size;
     for (qint64 position = 0; position < all;) {
         const QByteArray block = bytesOf(source, position, std::min(copyBlock, all - position));
         if (block.isEmpty()) return;
         write(block);
         position += block.size();
+        if (betweenBlocks) betweenBlocks();
     }
 }
 

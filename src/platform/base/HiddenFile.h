@@ -6,6 +6,7 @@
 #include "SystemCalls.h"
 
 #include <QByteArrayView>
+#include <functional>
 
 namespace torvane {
 
@@ -49,8 +50,9 @@ public:
     const Handle& handle() const { return m_handle; }
     const QByteArray& name() const { return m_name; }
     void write(QByteArrayView bytes) const { writeAll(m_handle, bytes); }
-    /// Writes the bytes that another file has now, in blocks; fewer if it becomes shorter meanwhile.
-    void copyFrom(const Handle& source) const;
+    /// Writes the bytes that another file has now, in blocks of 1 MiB; fewer if it becomes shorter meanwhile.
+    /// After each block the caller may do something else.
+    void copyFrom(const Handle& source, const std::function<void()>& betweenBlocks = {}) const;
     /// Brings the content to the disk; an error is a failure.
     void sync() const;
     /// The file has got a name of its own: nothing is left to remove.

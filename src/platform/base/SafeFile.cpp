@@ -2,6 +2,7 @@
 // Replacing, copying and appending. Change, which minds other programs, is in SafeFileChange.cpp.
 #include "SafeFile.h"
 #include "AppendNote.h"
+#include "Arrival.h"
 #include "FileRights.h"
 #include "Lease.h"
 #include "Paths.h"
@@ -9,47 +10,6 @@
 namespace torvane::SafeFile {
 
 namespace {
-// A new file on its way to a name of a folder, whatever stands there.
-class Arrival {
-public:
-    explicit Arrival(const Place& place)
-        : m_folder(place.folder), m_name(place.name), m_fresh(m_folder, HiddenFile::replacement) {}
-
-    const HiddenFile& fresh() const { return m_fresh; }
-
-    void arrive() {
-        struct stat former {};
-        const bool replaces = m_folder.stat(m_name, former);
-        // A file that can't be looked at is there all the same, and has rights to keep.
-        if (!replaces && errno != ENOENT) failWithErrno();
-        FileRights::give(m_fresh.handle(), replaces ? &former : nullptr);
-        m_fresh.sync();
-        const int folder = m_folder.number();
-        const int renamed = uninterrupted(
-            [&] { return renameat(folder, m_fresh.name().constData(), folder, m_name.constData()); });
-        if (renamed != 0) failWithErrno();
-        m_fresh.forget();
-        m_folder.sync();
-    }
-
-private:
-    Folder m_folder;
-    QByteArray m_name;
-    HiddenFile m_fresh;
-};
-
-void refuseSameFile(const struct stat& source, const QByteArray& target) {
-    struct stat other {};
-    const bool same = stat(target.constData(), &other) == 0 && source.st_dev == other.st_dev &&
-                      source.st_ino == other.st_ino;
-    if (same) throw RuntimeFailure(RuntimeFailure::permissionDenied);
-}
-
-bool isSameState(const struct stat& one, const struct stat& other) {
-    return one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
-           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
-}
-
 // Another program may have removed the file or written into it.
 void requireLength(const Handle& file, qint64 expected) {
     const struct stat now = infoOf(file);
@@ -75,21 +35,10 @@ void replace(const QString& path, const QByteArray& bytes) {
 }
 
 void copy(const QString& sourcePath, const QString& targetPath) {
-    const QByteArray from = Paths::real(sourcePath);
-    const Handle source =
-        opened(uninterrupted([&] { return open(from.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
-    const struct stat before = infoOf(source);
-    if (!S_ISREG(before.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    const QByteArray target = Paths::real(targetPath);
-    const Place place = placeOf(target);
-    refuseSameFile(before, target);
-    FileRights::refuseUnlessWritable(target);
-    Arrival arrival(place);
-    arrival.fresh().copyFrom(source);
-    if (!isSameState(before, infoOf(source))) throw RuntimeFailure(RuntimeFailure::permissionDenied);
-    const timespec times[2] = {{0, UTIME_OMIT}, before.st_mtim};
-    futimens(arrival.fresh().handle().number(), times);
-    arrival.arrive();
+    struct stat source {};
+    const auto copy = Arrival::ofCopy(Paths::real(sourcePath), Paths::real(targetPath), source);
+    if (!copy) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    copy->arrive();
 }
 
 bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// Writing and placing new files.
+#include "Arrival.h"
+#include "FileRights.h"
+
+#include <cstdio>
+
+namespace torvane {
+
+namespace {
+bool isSameFile(const struct stat& source, const QByteArray& target) {
+    struct stat other {};
+    return stat(target.constData(), &other) == 0 && source.st_dev == other.st_dev &&
+           source.st_ino == other.st_ino;
+}
+
+bool isSameState(const struct stat& one, const struct stat& other) {
+    return one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
+           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+} // namespace
+
+std::unique_ptr<Arrival> Arrival::ofCopy(const QByteArray& from, const QByteArray& target, struct stat& state,
+                                         const std::function<void()>& betweenBlocks) {
+    const Handle source =
+        opened(uninterrupted([&] { return open(from.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+    state = infoOf(source);
+    if (!S_ISREG(state.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    const Place place = placeOf(target);
+    if (isSameFile(state, target)) return nullptr;
+    FileRights::refuseUnlessWritable(target);
+    auto arrival = std::make_unique<Arrival>(place);
+    arrival->m_fresh.copyFrom(source, betweenBlocks);
+    if (!isSameState(state, infoOf(source))) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    const timespec times[2] = {{0, UTIME_OMIT}, state.st_mtim};
+    futimens(arrival->m_fresh.handle().number(), times);
+    return arrival;
+}
+
+void Arrival::giveRights() const {
+    struct stat former {};
+    const bool replaces = m_folder.stat(m_place.name, former);
+    // A file that can't be looked at is there all the same, and has rights to keep.
+    if (!replaces && errno != ENOENT) failWithErrno();
+    FileRights::give(m_fresh.handle(), replaces ? &former : nullptr);
+}
+
+void Arrival::takePlace() {
+    const int folder = m_folder.number();
+    const int renamed = uninterrupted(
+        [&] { return renameat(folder, m_fresh.name().constData(), folder, m_place.name.constData()); });
+    if (renamed != 0) failWithErrno();
+    m_fresh.forget();
+}
+
+void Arrival::arrive() {
+    giveRights();
+    m_fresh.sync();
+    takePlace();
+    m_folder.sync();
+}
+
+} // namespace torvane

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+// Batches of copies and their syncs.
+#include "FileCopies.h"
+#include "NativeText.h"
+#include "Paths.h"
+
+#include <QSet>
+#include <chrono>
+#include <future>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace torvane {
+
+namespace {
+constexpr size_t largestBatch = 128; // two open files each, of the 1024 that a process usually may have
+constexpr size_t fewFiles = 8;       // for so few the whole file system need not be synced
+constexpr int serveInterval = 10;    // milliseconds
+
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+bool isSameState(const struct stat& one, const struct stat& other) {
+    return isSameFile(one, other) && one.st_size == other.st_size &&
+           one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+
+std::optional<struct stat> stateOf(const QByteArray& path) {
+    struct stat info {};
+    if (stat(path.constData(), &info) != 0) return std::nullopt;
+    return info;
+}
+} // namespace
+
+bool CopyRecord::stands() const {
+    const auto present = stateOf(target);
+    return present && isSameState(*present, copy) && present->st_size == was.st_size;
+}
+
+bool CopyRecord::coversSource() const {
+    const auto present = stateOf(source);
+    return present && isSameState(*present, was) && !isSameFile(*present, copy) && stands();
+}
+
+bool CopyRecord::covers(const QByteArray& path) const {
+    const auto present = stateOf(path);
+    if (!present) return stands();
+    const bool isSource = path == source || isSameFile(*present, was);
+    if (isSource && !isSameState(*present, was)) return false;
+    return !isSameFile(*present, copy) && stands();
+}
+
+FileCopies::FileCopies(const QString& folder, std::function<void()> serve)
+    : m_folder(Paths::real(folder)), m_serve(std::move(serve)) {
+    m_served.start();
+}
+
+bool FileCopies::add(const QString& source, const QString& name) {
+    serveIfDue();
+    Waiting waiting;
+    waiting.record.source = Paths::real(source);
+    waiting.record.target = m_folder + '/' + NativeText::toNative(name);
+    waiting.arrival = Arrival::ofCopy(waiting.record.source, waiting.record.target, waiting.record.was,
+                                      [this] { serveIfDue(); });
+    if (!waiting.arrival) return false;
+    waiting.arrival->giveRights();
+    // The disk may begin at once: there will be less to wait for. That it does is no matter.
+    sync_file_range(waiting.arrival->fresh().handle().number(), 0, 0, SYNC_FILE_RANGE_WRITE);
+    m_waiting.push_back(std::move(waiting));
+    if (m_waiting.size() == largestBatch) finish();
+    return true;
+}
+
+void FileCopies::finish() {
+    std::vector<Waiting> batch = std::exchange(m_waiting, {});
+    if (batch.empty()) return;
+    inBackground([&] { sync(batch); });
+    place(batch);
+}
+
+// The one call for all brings the journal to the disk once. The calls for each find nothing left to do, but
+// they tell errors file by file, and reach file systems that don't heed the other one.
+void FileCopies::sync(const std::vector<Waiting>& batch) {
+    if (batch.size() > fewFiles) syncfs(batch.front().arrival->folder().number());
+    for (const Waiting& waiting : batch) waiting.arrival->fresh().sync();
+}
+
+void FileCopies::place(std::vector<Waiting>& batch) {
+    std::optional<RuntimeFailure> firstFailure;
+    std::vector<Waiting> placed;
+    for (Waiting& waiting : batch) {
+        try {
+            waiting.arrival->takePlace();
+            waiting.record.copy = infoOf(waiting.arrival->fresh().handle());
+            placed.push_back(std::move(waiting));
+        } catch (const RuntimeFailure& failure) {
+            if (!firstFailure) firstFailure = failure;
+        }
+    }
+    inBackground([&] { syncFolders(placed); });
+    for (Waiting& waiting : placed) m_records.push_back(std::move(waiting.record));
+    if (firstFailure) throw RuntimeFailure(*firstFailure);
+}
+
+void FileCopies::syncFolders(const std::vector<Waiting>& batch) {
+    QSet<QByteArray> done;
+    for (const Waiting& waiting : batch) {
+        const QByteArray& folder = waiting.arrival->place().folder;
+        if (done.contains(folder)) continue;
+        waiting.arrival->folder().sync();
+        done.insert(folder);
+    }
+}
+
+void FileCopies::serveIfDue() {
+    if (m_served.elapsed() < serveInterval) return;
+    m_serve();
+    m_served.start();
+}
+
+// A sync may take seconds and can't be divided: it alone runs on a thread of its own, which touches nothing
+// but open files, while this one serves.
+void FileCopies::inBackground(const std::function<void()>& call) const {
+    std::future<void> work;
+    try {
+        work = std::async(std::launch::async, call);
+    } catch (const std::system_error&) {
+        call();
+        return;
+    }
+    while (work.wait_for(std::chrono::milliseconds(serveInterval)) != std::future_status::ready) m_serve();
+    work.get();
+}
+
+} // namespace torvane
