@@ -12,15 +12,6 @@ namespace torvane {
 namespace {
 constexpr qsizetype longestRowText = 30;
 
-// The second piece of a name in bytes; empty if there is none.
-std::string_view secondPieceOf(QByteArrayView bytes) {
-    const std::string_view name(bytes.data(), static_cast<size_t>(bytes.size()));
-    const size_t first = name.find('.');
-    if (first == name.npos) return {};
-    const size_t second = name.find('.', first + 1);
-    return name.substr(first + 1, second == name.npos ? second : second - first - 1);
-}
-
 // The picture by kind; none for kinds that have none, "bin" among them. Upper case is no kind.
 GameIcon iconOfKind(std::string_view kind) {
     if (kind == "zip") return GameIcon::archive;

@@ -3,7 +3,9 @@
 // and not the last one.
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
+#include <string_view>
 
 namespace torvane {
 
@@ -12,5 +14,14 @@ inline QString secondPiece(const QString& text) { return text.section(QLatin1Cha
 
 /// The piece in front of the first "."; the whole text if there is no ".".
 inline QString firstPiece(const QString& text) { return text.section(QLatin1Char('.'), 0, 0); }
+
+/// The second piece of a name in bytes, without a copy.
+inline std::string_view secondPieceOf(QByteArrayView bytes) {
+    const std::string_view name(bytes.data(), static_cast<size_t>(bytes.size()));
+    const size_t first = name.find('.');
+    if (first == name.npos) return {};
+    const size_t second = name.find('.', first + 1);
+    return name.substr(first + 1, second == name.npos ? second : second - first - 1);
+}
 
 } // namespace torvane

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// Members of archives, and the folders that they are unpacked into.
+#include "ZipMembers.h"
+#include "AddNewROM.h"
+#include "core/Pieces.h"
+#include "platform/base/HiddenFile.h"
+#include "platform/base/Paths.h"
+
+#include <algorithm>
+#include <array>
+
+namespace torvane {
+
+namespace {
+constexpr std::array playableKinds = {"gb", "gbc", "gba", "agb", "cgb", "bin"};
+
+bool isPlayableKind(const QString& extension) {
+    return std::any_of(playableKinds.begin(), playableKinds.end(),
+                       [&](const char* kind) { return extension == QLatin1String(kind); });
+}
+
+// The extension as memberExtension has it, without making a text of the whole name.
+QString extensionIn(QByteArrayView name) {
+    if (!name.contains('.')) throw RuntimeFailure(RuntimeFailure::subscript);
+    const std::string_view piece = secondPieceOf(name);
+    return QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())).toLower();
+}
+} // namespace
+
+QString memberExtension(const QString& name) {
+    if (!name.contains(QLatin1Char('.'))) throw RuntimeFailure(RuntimeFailure::subscript);
+    return secondPiece(name).toLower();
+}
+
+bool isPlayable(const QString& name) { return isPlayableKind(memberExtension(name)); }
+
+MemberIcon memberIcon(const QString& extension) {
+    if (extension == QStringLiteral("gb")) return MemberIcon::classic;
+    if (extension == QStringLiteral("gba")) return MemberIcon::advance;
+    return extension == QStringLiteral("gbc") ? MemberIcon::colour : MemberIcon::unknown;
+}
+
+ZipMembers::ZipMembers(std::shared_ptr<const FolderNames> names) : m_names(std::move(names)) {
+    for (int row = 0; row < m_names->count(); ++row) {
+        if (isPlayableKind(extensionIn(m_names->bytes(row)))) m_hasPlayable = true;
+    }
+}
+
+QString ZipTemp::folderOf(const QString& name) const {
+    return m_globals.AppPath + QStringLiteral("\\ziptemp\\") + firstPiece(name) + QLatin1Char('\\');
+}
+
+QByteArray ZipTemp::realFolder(const QString& name) const { return Paths::real(folderOf(name).chopped(1)); }
+
+bool ZipTemp::isOurs(const QString& name) const {
+    struct stat info {};
+    return lstat(realFolder(name).constData(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+void ZipTemp::ExtractZipToTemp(UnZip& engine, const QString& path, const QString& name) const {
+    ignoring([&] { Folder::make(realFolder(name)); });
+    if (!isOurs(name)) return;
+    engine.setFolder(folderOf(name));
+    engine.setArchive(path);
+    engine.extract(QStringLiteral("*.*"));
+}
+
+void ZipTemp::DeleteTemp(const QString& name) const {
+    const QByteArray real = realFolder(name);
+    const Handle folder(open(real.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!folder.isOpen()) return;
+    // By way of the open folder: whatever takes its name meanwhile is not touched.
+    const QString opened = QStringLiteral("/proc/self/fd/%1").arg(folder.number());
+    const auto names = FolderNames::read(opened, QStringLiteral("*.*"));
+    for (int i = 0; i < names->count(); ++i) {
+        SetFileAttributes(opened + QLatin1Char('\\') + names->name(i));
+        unlinkat(folder.number(), names->bytes(i).toByteArray().constData(), 0);
+    }
+    rmdir(real.constData());
+}
+
+} // namespace torvane

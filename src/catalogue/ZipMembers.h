@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// What the program knows of an unpacked archive: its folder, the kinds of its members, the rows that show
+// them. The members are the plain files of the folder's top level; what lies deeper is neither shown nor
+// removed.
+#pragma once
+
+#include "core/Globals.h"
+#include "platform/base/FolderNames.h"
+#include "platform/base/RowSource.h"
+#include "platform/base/UnZip.h"
+
+namespace torvane {
+
+/// Pictures of members, by their numbers in the window's list of images.
+enum class MemberIcon { classic = 1, advance = 2, colour = 3, unknown = 4 };
+
+/// The piece of a name between its first and its second ".", in lower case. A name without "." fails with a
+/// subscript out of range.
+QString memberExtension(const QString& name);
+/// Whether the emulator is started with a member of this name; fails as memberExtension does.
+bool isPlayable(const QString& name);
+/// The picture by the extension; some kinds that can be played have none of their own.
+MemberIcon memberIcon(const QString& extension);
+
+/// A row a member, in the order of the names.
+class ZipMembers : public RowSource {
+public:
+    /// Fails with a subscript out of range if a name has no ".".
+    explicit ZipMembers(std::shared_ptr<const FolderNames> names);
+
+    int count() const override { return m_names->count(); }
+    QString text(int row) const override { return m_names->name(row); }
+    int icon(int row) const override { return static_cast<int>(memberIcon(memberExtension(text(row)))); }
+    /// The key of a row counted from 0: "1file" for the first one.
+    static QString key(int row) { return QString::number(row + 1) + QStringLiteral("file"); }
+    bool hasPlayable() const { return m_hasPlayable; }
+
+private:
+    std::shared_ptr<const FolderNames> m_names;
+    bool m_hasPlayable = false;
+};
+
+/// The folders that archives are unpacked into, below "\ziptemp\". They bear the piece of an archive's bare
+/// name in front of its first "."; archives that agree in it share a folder.
+class ZipTemp {
+public:
+    explicit ZipTemp(const Globals& globals) : m_globals(globals) {}
+
+    /// The folder of an archive's bare name, spelled with its closing "\".
+    QString folderOf(const QString& name) const;
+    /// Whether that folder is there and is no symbolic link: else it is not ours, and stays untouched.
+    bool isOurs(const QString& name) const;
+    /// Makes the folder if need be, and unpacks the archive of a full path into it. Tells nothing: what lies
+    /// in the folder then is the result.
+    void ExtractZipToTemp(UnZip& engine, const QString& path, const QString& name) const;
+    /// Deletes the files of the folder's top level, those that a list shows, and then the folder if nothing
+    /// else is in it. Every failure is ignored; nothing is followed through a symbolic link.
+    void DeleteTemp(const QString& name) const;
+
+private:
+    QByteArray realFolder(const QString& name) const;
+
+    const Globals& m_globals;
+};
+
+} // namespace torvane

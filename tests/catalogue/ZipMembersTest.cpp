@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// The members of an unpacked archive: their folder, kinds and rows, and what is removed of them.
+#include "catalogue/ZipMembers.h"
+#include "support/Archive.h"
+#include "support/Failing.h"
+#include "support/TestFolder.h"
+
+#include <QElapsedTimer>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+class ZipMembersTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestFolder> folder;
+    Globals globals;
+    std::unique_ptr<ZipTemp> temp;
+
+    QString member(const QString& name, const QByteArray& bytes = "x") const {
+        return folder->write(u"ziptemp/game/"_s + name, bytes);
+    }
+    std::shared_ptr<const FolderNames> names() const {
+        return FolderNames::read(temp->folderOf(u"game.zip"_s), u"*.*"_s);
+    }
+    bool exists(const QString& relative) const { return QFileInfo(folder->path(relative)).exists(); }
+
+private slots:
+    void init() {
+        folder = std::make_unique<TestFolder>();
+        globals.AppPath = folder->path();
+        temp = std::make_unique<ZipTemp>(globals);
+    }
+
+    // The folder of an archive
+    void the_folder_bears_the_piece_in_front_of_the_first_dot_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("plain") << u"game.zip"_s << u"\\ziptemp\\game\\"_s;
+        QTest::newRow("two dots") << u"Super.Game.zip"_s << u"\\ziptemp\\Super\\"_s;
+        QTest::newRow("x.one shares") << u"x.one.zip"_s << u"\\ziptemp\\x\\"_s;
+        QTest::newRow("x.two shares") << u"x.two.zip"_s << u"\\ziptemp\\x\\"_s;
+        QTest::newRow("blanks") << u"A Game .zip"_s << u"\\ziptemp\\A Game \\"_s;
+    }
+    void the_folder_bears_the_piece_in_front_of_the_first_dot() {
+        QFETCH(QString, name);
+        QFETCH(QString, expected);
+        QCOMPARE(temp->folderOf(name), folder->path() + expected);
+    }
+    void an_archive_is_unpacked_whole_though_no_ziptemp_was_there() {
+        writeArchive(folder->path(u"game.zip"_s), {{u"game.gba"_s, "one"}, {u"readme.txt"_s, "two"}});
+        UnZip engine;
+        temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s);
+        QCOMPARE(folder->read(u"ziptemp/game/game.gba"_s), QByteArray("one"));
+        QCOMPARE(folder->read(u"ziptemp/game/readme.txt"_s), QByteArray("two"));
+    }
+    void an_archive_is_unpacked_over_what_is_left_of_a_former_time() {
+        member(u"game.gba"_s, "former");
+        writeArchive(folder->path(u"game.zip"_s), {{u"game.gba"_s, "new"}});
+        UnZip engine;
+        temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s);
+        QCOMPARE(folder->read(u"ziptemp/game/game.gba"_s), QByteArray("new"));
+    }
+    void nothing_is_unpacked_through_a_link() {
+        folder->makeFolder(u"mine"_s);
+        folder->makeFolder(u"ziptemp"_s);
+        QVERIFY(QFile::link(folder->path(u"mine"_s), folder->path(u"ziptemp/game"_s)));
+        writeArchive(folder->path(u"game.zip"_s), {{u"game.gba"_s, "one"}});
+        UnZip engine;
+        temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s);
+        QVERIFY(!temp->isOurs(u"game.zip"_s));
+        QCOMPARE(folder->entries(u"mine"_s), QStringList());
+    }
+    void what_is_no_archive_gives_an_empty_folder_and_no_failure() {
+        UnZip engine;
+        temp->ExtractZipToTemp(engine, folder->write(u"game.zip"_s, "no archive"), u"game.zip"_s);
+        QVERIFY(temp->isOurs(u"game.zip"_s));
+        QCOMPARE(folder->entries(u"ziptemp/game"_s), QStringList());
+    }
+
+    // Kinds
+    void kinds_have_pictures_and_are_played_or_not_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("icon");
+        QTest::addColumn<bool>("playable");
+        QTest::newRow("gb") << u"a.gb"_s << 1 << true;
+        QTest::newRow("gba") << u"a.gba"_s << 2 << true;
+        QTest::newRow("gbc") << u"a.gbc"_s << 3 << true;
+        QTest::newRow("upper case") << u"A.GBC"_s << 3 << true;
+        QTest::newRow("agb") << u"demo.agb"_s << 4 << true;
+        QTest::newRow("cgb") << u"a.cgb"_s << 4 << true;
+        QTest::newRow("bin") << u"a.bin"_s << 4 << true;
+        QTest::newRow("text") << u"readme.txt"_s << 4 << false;
+        QTest::newRow("the second piece is b") << u"a.b.gba"_s << 4 << false;
+        QTest::newRow("the second piece is gba") << u"a.gba.txt"_s << 2 << true;
+        QTest::newRow("an empty piece") << u"a."_s << 4 << false;
+    }
+    void kinds_have_pictures_and_are_played_or_not() {
+        QFETCH(QString, name);
+        QFETCH(int, icon);
+        QFETCH(bool, playable);
+        QCOMPARE(static_cast<int>(memberIcon(memberExtension(name))), icon);
+        QCOMPARE(isPlayable(name), playable);
+        member(name);
+        const ZipMembers members(names());
+        QCOMPARE(members.icon(0), icon);
+        QCOMPARE(members.hasPlayable(), playable);
+    }
+    void a_name_without_a_dot_is_out_of_range() {
+        QCOMPARE(failureOf([] { memberExtension(u"readme"_s); }), 9);
+        QCOMPARE(failureOf([] { isPlayable(u"readme"_s); }), 9);
+        member(u"a.gb"_s);
+        member(u"readme"_s);
+        QCOMPARE(failureOf([this] { ZipMembers{names()}; }), 9);
+    }
+
+    // Rows
+    void rows_have_names_and_keys_by_their_ordinals() {
+        member(u"b.txt"_s);
+        member(u"a.b.gba"_s);
+        const ZipMembers members(names());
+        QCOMPARE(members.count(), 2);
+        QCOMPARE(members.text(0), u"a.b.gba"_s);
+        QCOMPARE(members.text(1), u"b.txt"_s);
+        QCOMPARE(ZipMembers::key(0), u"1file"_s);
+        QCOMPARE(ZipMembers::key(1), u"2file"_s);
+    }
+    void subfolders_are_no_members() {
+        member(u"sub/a.gb"_s);
+        member(u"b.gb"_s);
+        QCOMPARE(ZipMembers(names()).count(), 1);
+    }
+    void ten_thousand_members_are_listed_in_less_than_two_seconds() {
+        for (int i = 0; i < 10'000; ++i) member(u"m%1.gb"_s.arg(i), {});
+        QElapsedTimer clock;
+        clock.start();
+        const ZipMembers members(names());
+        QCOMPARE(members.count(), 10'000);
+        QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    }
+
+    // Removal
+    void all_listed_files_go_and_the_folder_too_read_only_ones_not_excepted() {
+        member(u"a.gb"_s);
+        member(u"readme"_s);
+        member(u"c.txt"_s);
+        folder->setMode(u"ziptemp/game/a.gb"_s, 0444);
+        temp->DeleteTemp(u"game.zip"_s);
+        QVERIFY(!exists(u"ziptemp/game"_s));
+        QVERIFY(exists(u"ziptemp"_s));
+    }
+    void an_empty_folder_goes_too() {
+        folder->makeFolder(u"ziptemp/game"_s);
+        temp->DeleteTemp(u"game.zip"_s);
+        QVERIFY(!exists(u"ziptemp/game"_s));
+    }
+    void a_subfolder_stays_and_keeps_its_folder() {
+        member(u"sub/a.gb"_s);
+        member(u"b.gb"_s);
+        temp->DeleteTemp(u"game.zip"_s);
+        QVERIFY(exists(u"ziptemp/game/sub/a.gb"_s));
+        QVERIFY(!exists(u"ziptemp/game/b.gb"_s));
+    }
+    void a_hidden_file_that_no_list_shows_stays() {
+        member(u".mine"_s);
+        member(u"b.gb"_s);
+        temp->DeleteTemp(u"game.zip"_s);
+        QCOMPARE(folder->entries(u"ziptemp/game"_s), QStringList{u".mine"_s});
+    }
+    void a_folder_that_is_a_link_stays_with_all_that_it_names() {
+        folder->write(u"mine/a.gb"_s, "mine");
+        folder->makeFolder(u"ziptemp"_s);
+        QVERIFY(QFile::link(folder->path(u"mine"_s), folder->path(u"ziptemp/game"_s)));
+        temp->DeleteTemp(u"game.zip"_s);
+        QCOMPARE(folder->read(u"mine/a.gb"_s), QByteArray("mine"));
+        QVERIFY(exists(u"ziptemp/game"_s));
+    }
+    void of_a_linked_file_the_link_goes_and_the_file_stays_as_it_was() {
+        const QString mine = folder->write(u"mine.gb"_s, "mine");
+        folder->setMode(u"mine.gb"_s, 0444);
+        folder->makeFolder(u"ziptemp/game"_s);
+        QVERIFY(QFile::link(mine, folder->path(u"ziptemp/game/a.gb"_s)));
+        temp->DeleteTemp(u"game.zip"_s);
+        QVERIFY(!exists(u"ziptemp/game"_s));
+        QCOMPARE(folder->read(u"mine.gb"_s), QByteArray("mine"));
+        struct stat info {};
+        QCOMPARE(stat(QFile::encodeName(mine).constData(), &info), 0);
+        QCOMPARE(info.st_mode & 0777, 0444);
+    }
+    void a_file_that_cannot_be_deleted_stays_in_silence() {
+        member(u"a.gb"_s);
+        folder->setMode(u"ziptemp/game"_s, 0555);
+        {
+            const OrdinaryUser user;
+            temp->DeleteTemp(u"game.zip"_s);
+        }
+        folder->setMode(u"ziptemp/game"_s, 0755);
+        QVERIFY(exists(u"ziptemp/game/a.gb"_s));
+    }
+    void a_folder_that_is_not_there_is_no_failure() { temp->DeleteTemp(u"none.zip"_s); }
+};
+
+QTEST_GUILESS_MAIN(ZipMembersTest)
+#include "ZipMembersTest.moc"
