@@ -35,8 +35,8 @@ public:
     }
 
 private:
-    // The window may be in one of its own handlers: it goes when the event loop comes round.
-    void letGo() { m_window.release()->deleteLater(); }
+    // The window may be in one of its own handlers: it goes when they are through.
+    void letGo() { m_window.release()->goWhenUnused(); }
 
     Maker m_maker;
     std::unique_ptr<Window> m_window;

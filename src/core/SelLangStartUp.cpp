@@ -40,21 +40,9 @@ void SelLangStartUp::Load() {
     ShowDialog(QStringLiteral("Escoge Idioma\r\nSel·lecciona Llengua\r\nSelect Your Language"));
 }
 
-void SelLangStartUp::ShowDialog(const QString& text) {
-    Label7.setCaption(QString());
-    PendingText = text;
-    Timer1.setEnabled(true);
-}
+void SelLangStartUp::ShowDialog(const QString& text) { m_typewriter.type(text); }
 
-void SelLangStartUp::Timer1_Tick() {
-    // Taken before the events run: a click among them may put another text in the place of this one, and
-    // that one shall keep its first character.
-    const QString next = PendingText.left(1);
-    PendingText.remove(0, 1);
-    Label7.setCaption(Label7.Caption() + next);
-    pumpEvents();
-    if (PendingText.isEmpty()) Timer1.setEnabled(false);
-}
+void SelLangStartUp::Timer1_Tick() { m_typewriter.tick(); }
 
 void SelLangStartUp::chooseLanguage(Label& label, const QString& code, const QString& question) {
     label.setForeColor(red);

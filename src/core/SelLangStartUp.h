@@ -5,6 +5,7 @@
 #include "Desk.h"
 #include "Globals.h"
 #include "SelLangStartUp.design.h"
+#include "toolkit/Typewriter.h"
 
 namespace torvane {
 
@@ -41,7 +42,7 @@ private:
 
     Desk& m_desk;
     const Globals& m_globals;
-    QString PendingText;
+    Typewriter m_typewriter{Label7, Timer1};
     QString ChosenLanguage;
 };
 

@@ -15,6 +15,7 @@ using Fonts::V8;
 using Fonts::V8b;
 using Fonts::V9b;
 
+constexpr FontSpec verdana(double points) { return {FontSpec::Verdana, points, true}; }
 constexpr FontSpec trebuchet(double points) { return {FontSpec::TrebuchetMS, points, true}; }
 
 using Colours::black;

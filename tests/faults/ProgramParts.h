@@ -22,6 +22,7 @@ private:
     int MsgBox(const QString&, int, const QString&) override { return MsgBoxFlags::answerOk; }
     QString showOpen(const FileQuestion&) override { return {}; }
     QString showSave(const FileQuestion&) override { return m_answer; }
+    QString showFolder(const FileQuestion&) override { return {}; }
     void followLink(const QString&) override {}
     void pointGamesAtLibrary() override {}
 

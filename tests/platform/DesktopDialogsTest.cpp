@@ -167,6 +167,20 @@ private slots:
                  folder.path() + u"/new game.gb"_s);
         QVERIFY(looked);
     }
+    void the_folder_dialog_asks_for_an_existing_folder_and_gives_its_path() {
+        const TestFolder folder;
+        folder.makeFolder(u"my games"_s);
+        whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Carpeta"_s);
+            QCOMPARE(dialog.fileMode(), QFileDialog::Directory);
+            dialog.setDirectory(folder.path());
+            dialog.selectFile(folder.path(u"my games"_s));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        QCOMPARE(DesktopFileDialogs().showFolder({u"Carpeta"_s, {}, 1, {}}), folder.path(u"my games"_s));
+        whenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+        QCOMPARE(DesktopFileDialogs().showFolder({u"Carpeta"_s, {}, 1, {}}), QString());
+    }
     void an_empty_address_is_not_opened() { QVERIFY(!DesktopBrowser().open(QString())); }
 };
 

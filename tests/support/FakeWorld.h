@@ -32,6 +32,7 @@ struct FakeDialogs : FileDialogs {
 
     QString showOpen(const FileQuestion& question) override { return ask(question); }
     QString showSave(const FileQuestion& question) override { return ask(question); }
+    QString showFolder(const FileQuestion& question) override { return ask(question); }
 
 private:
     QString ask(const FileQuestion& question) {

@@ -16,6 +16,7 @@ struct TestRuntime {
     struct Dialogs : FileDialogs {
         QString showOpen(const FileQuestion&) override { return {}; }
         QString showSave(const FileQuestion&) override { return {}; }
+        QString showFolder(const FileQuestion&) override { return {}; }
     };
     struct RecordingBrowser : Browser {
         QStringList urls;

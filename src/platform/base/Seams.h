@@ -47,6 +47,9 @@ public:
     virtual QString showOpen(const FileQuestion& question) = 0;
     /// The spelled path to write to, existing or not (the user has agreed to replace it), or empty.
     virtual QString showSave(const FileQuestion& question) = 0;
+    /// The spelled path of an existing folder, or an empty text if the user gave none. Only the title of the
+    /// question is heeded.
+    virtual QString showFolder(const FileQuestion& question) = 0;
 };
 
 /// The desktop's opener of addresses.

@@ -12,4 +12,6 @@ QString CommonDialog::ShowOpen(const FileQuestion& question) { return m_dialogs.
 
 QString CommonDialog::ShowSave(const FileQuestion& question) { return m_dialogs.showSave(question); }
 
+QString CommonDialog::ShowFolder(const FileQuestion& question) { return m_dialogs.showFolder(question); }
+
 } // namespace torvane

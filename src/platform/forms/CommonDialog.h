@@ -17,6 +17,7 @@ public:
     /// See FileDialogs.
     QString ShowOpen(const FileQuestion& question);
     QString ShowSave(const FileQuestion& question);
+    QString ShowFolder(const FileQuestion& question);
 
 private:
     FileDialogs& m_dialogs;

@@ -83,6 +83,13 @@ QString DesktopFileDialogs::showSave(const FileQuestion& question) {
     return answerOf(prepare(dialog, question));
 }
 
+QString DesktopFileDialogs::showFolder(const FileQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return answerOf(dialog);
+}
+
 bool DesktopBrowser::open(const QString& url) {
     return !url.isEmpty() && QDesktopServices::openUrl(QUrl::fromUserInput(url));
 }

@@ -15,6 +15,7 @@ class DesktopFileDialogs : public FileDialogs {
 public:
     QString showOpen(const FileQuestion& question) override;
     QString showSave(const FileQuestion& question) override;
+    QString showFolder(const FileQuestion& question) override;
 
     /// The name filters of the toolkit for a filter of pairs "text|patterns": pairs without a pattern are
     /// left out.

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Windows of fixed design on top of the toolkit's widgets.
 #include "Form.h"
+#include "DroppedPath.h"
 #include "Screen.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWindow>
 
 namespace torvane {
@@ -37,7 +41,9 @@ Form::Form(Runtime& runtime, const FormDesign& design)
 void Form::Show(Form* owner) {
     if (!m_placed) takeStartPosition();
     if (owner != nullptr) {
-        winId(); // makes the native window, which alone can follow another one
+        // Only native windows can follow each other; the owner may be still to be shown.
+        owner->winId();
+        winId();
         windowHandle()->setTransientParent(owner->windowHandle());
     }
     show();
@@ -53,6 +59,15 @@ void Form::Unload() {
     hide();
     onUnload();
     emit unloaded();
+}
+
+void Form::goWhenUnused() {
+    m_isToGo = true;
+    if (m_holds == 0) deleteLater();
+}
+
+Form::Hold::~Hold() {
+    if (--m_form.m_holds == 0 && m_form.m_isToGo) m_form.deleteLater();
 }
 
 Form::State Form::windowStateWord() const {
@@ -103,6 +118,21 @@ void Form::closeEvent(QCloseEvent* event) {
     // The form's own rules decide; the window goes, if it goes, through Unload.
     event->ignore();
     m_runtime.guarded([this] { queryUnload(); });
+}
+
+void Form::dragEnterEvent(QDragEnterEvent* event) {
+    if (isEnabled() && QApplication::activeModalWidget() == nullptr && droppedPath(*event->mimeData())) {
+        event->acceptProposedAction();
+    }
+}
+
+void Form::dropEvent(QDropEvent* event) {
+    const auto path = droppedPath(*event->mimeData());
+    if (!path) return;
+    // Taken as a copy, whatever the user's keys ask for: nobody but us may remove what is dropped.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    QTimer::singleShot(0, this, [this, path = *path] { emit pathDropped(path); });
 }
 
 void Form::changeEvent(QEvent* event) {

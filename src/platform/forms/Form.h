@@ -49,6 +49,27 @@ public:
     void Hide();
     /// Closes the window for good: it is hidden, runs its last handler and tells its owner to let go.
     void Unload();
+    /// Whether it has been closed for good: then a handler that has let events through ends without another
+    /// word.
+    bool isUnloaded() const { return m_unloaded; }
+    /// Deletes the window when no handler of it runs any more.
+    void goWhenUnused();
+
+    /// Keeps a window in memory as long as it lives: for what lets events through, one of which may unload
+    /// it.
+    class Hold {
+    public:
+        explicit Hold(Form& form) : m_form(form) { ++m_form.m_holds; }
+        ~Hold();
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+
+    private:
+        Form& m_form;
+    };
+
+    /// From now on the window takes a file or folder that the desktop drops on it (see DroppedPath).
+    void takeDrops() { setAcceptDrops(true); }
 
     /// The window state. Setting it on a hidden window shows nothing.
     State windowStateWord() const;
@@ -71,6 +92,9 @@ signals:
     void unloaded();
     /// The window state has changed.
     void resized();
+    /// The user has dropped a file or folder of this machine on the window: its spelled path. Told when the
+    /// desktop has got its answer, so that a handler may take its time.
+    void pathDropped(QString path);
 
 protected:
     /// Asked when the user's window manager wants the window closed; the default unloads it.
@@ -86,6 +110,7 @@ protected:
     void wire(Sender& sender, Signal signal, Window* window, void (Window::*handler)(),
               Failure failure = Failure::ends) {
         connect(&sender, signal, window, [this, window, handler, failure] {
+            const Hold hold(*this);
             const auto run = [&] { (window->*handler)(); };
             failure == Failure::ends ? m_runtime.guarded(run) : m_runtime.telling(run);
         });
@@ -94,6 +119,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void takeStartPosition();
@@ -104,6 +131,8 @@ private:
     int m_tabPlaces = 0;
     bool m_placed = false;
     bool m_unloaded = false;
+    bool m_isToGo = false;
+    int m_holds = 0;
 };
 
 } // namespace torvane

@@ -38,6 +38,8 @@ public:
     OleColour backColour() const { return m_back; }
     bool isShadow() const { return m_isShadow; }
 
+    /// Makes the label wider or narrower than its design; pixels.
+    void setWidth(int pixels) { resize(pixels, height()); }
     /// Lays the lines of the text this far apart, from top to top, instead of as the font has it; pixels. For
     /// texts whose lines have to meet something that is painted beside them.
     void setLinePitch(int pixels);

@@ -56,10 +56,10 @@ protected:
     void ensureVisible(int row) override;
     void scrollRows(int rows) override;
     int rowsPerPage() const override;
+    /// Called when there are other rows.
+    virtual void settle();
 
 private:
-    void settle();
-
     ImageList& m_icons;
     int m_height;
 };

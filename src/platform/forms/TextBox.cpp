@@ -65,6 +65,8 @@ void TextBox::makeArea() {
 void TextBox::dress(QWidget& field) {
     field.setGeometry(rect());
     field.setAccessibleName(objectName());
+    // What is dropped is the window's affair: a file must not end as its path in a field.
+    field.setAcceptDrops(false);
     setFocusProxy(&field);
     setTabOrder(this, &field);
     QPalette palette = field.palette();

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// How long a window lives that is closed while its own handlers run, and when an owned window stands above.
+#include "app/FormSlot.h"
+#include "platform/forms/Label.h"
+#include "support/FakeWorld.h"
+#include "support/TestForm.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+namespace {
+// A window whose handler lets events through, and writes into it afterwards.
+class Waiting : public TestForm {
+    Q_OBJECT
+
+public:
+    explicit Waiting(Runtime& givenRuntime) : TestForm(givenRuntime) {
+        wire(button, &Label::Click, this, &Waiting::button_Click);
+    }
+
+    Label button{*this, "button", {0, 0, 50, 20}, {"button"}};
+    std::function<void()> meanwhile = [] {};
+
+private:
+    void button_Click() {
+        meanwhile();
+        pumpEvents();
+        pumpEvents();
+        button.setCaption(u"still there"_s);
+    }
+};
+} // namespace
+
+class FormLifeTest : public QObject {
+    Q_OBJECT
+
+    FakeWorld world;
+    FormSlot<Waiting> slot{[this] { return std::make_unique<Waiting>(world.runtime); }};
+
+    static void collectGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+private slots:
+    void an_unloaded_window_goes_when_the_events_come_round() {
+        const QPointer<Waiting> window = &slot.get();
+        window->Unload();
+        QVERIFY(!slot.ifLoaded());
+        QVERIFY(window->isUnloaded());
+        collectGone();
+        QVERIFY(window.isNull());
+    }
+    void a_window_that_is_closed_in_its_own_handler_lives_to_the_end_of_it() {
+        const QPointer<Waiting> window = &slot.get();
+        bool livedOn = false;
+        window->meanwhile = [&] {
+            QTimer::singleShot(0, window, [&] { window->Unload(); });
+            pumpEvents();
+            collectGone();
+            livedOn = !window.isNull();
+        };
+        emit window->button.Click();
+        QVERIFY(livedOn);
+        collectGone();
+        QVERIFY(window.isNull());
+    }
+    void the_slot_makes_a_new_window_while_the_former_one_still_runs() {
+        Waiting& former = slot.get();
+        bool isAnother = false;
+        former.meanwhile = [&] {
+            former.Unload();
+            isAnother = &slot.get() != &former;
+        };
+        emit former.button.Click();
+        QVERIFY(isAnother);
+        slot.unload();
+    }
+    void holds_may_be_nested() {
+        const QPointer<Waiting> window = &slot.get();
+        {
+            const Form::Hold outer(*window);
+            {
+                const Form::Hold inner(*window);
+                window->Unload();
+            }
+            collectGone();
+            QVERIFY(!window.isNull());
+        }
+        collectGone();
+        QVERIFY(window.isNull());
+    }
+    void a_window_stands_above_its_owner_though_that_one_is_shown_later() {
+        TestForm owner(world.runtime);
+        TestForm owned(world.runtime);
+        owned.Show(&owner);
+        owner.Show();
+        QVERIFY(owned.windowHandle()->transientParent() != nullptr);
+        QCOMPARE(owned.windowHandle()->transientParent(), owner.windowHandle());
+    }
+};
+
+QTEST_MAIN(FormLifeTest)
+#include "FormLifeTest.moc"
