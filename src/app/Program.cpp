@@ -22,6 +22,13 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
       torvMsg([this] {
           return std::make_unique<TorvMsg>(runtime, desk, language,
                                            [this](const QString& path) { deleteRomAndRefresh(path); });
+      }),
+      newAssistant([this] {
+          return std::make_unique<NewAssistant>(NewAssistantParts{runtime, desk, globals, language});
+      }),
+      zipViewer([this] {
+          return std::make_unique<ZIP_Viewer>(
+              ZIP_ViewerParts{runtime, desk, globals, language, emulators, shell});
       }) {}
 
 Program::~Program() = default;

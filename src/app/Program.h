@@ -5,6 +5,7 @@
 
 #include "FormSlot.h"
 #include "TorvaneDesk.h"
+#include "assistant/NewAssistant.h"
 #include "catalogue/ID3.h"
 #include "core/Funciones.h"
 #include "core/SelLangStartUp.h"
@@ -14,6 +15,7 @@
 #include "mainwindow/MainFrm.h"
 #include "mainwindow/Menuing.h"
 #include "toolkit/TorvMsg.h"
+#include "zipviewer/ZIP_Viewer.h"
 
 namespace torvane {
 
@@ -43,6 +45,8 @@ public:
     FormSlot<Splash> splash;
     FormSlot<MainFrm> mainFrm;
     FormSlot<TorvMsg> torvMsg;
+    FormSlot<NewAssistant> newAssistant;
+    FormSlot<ZIP_Viewer> zipViewer;
 
 private:
     // MainWindowReach

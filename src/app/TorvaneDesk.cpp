@@ -42,6 +42,8 @@ Form* TorvaneDesk::form(Window window) {
     case Window::MainFrm: return &m_program.mainFrm.get();
     case Window::Menuing: return &m_program.menuing.get();
     case Window::TorvMsg: return &m_program.torvMsg.get();
+    case Window::NewAssistant: return &m_program.newAssistant.get();
+    case Window::ZIP_Viewer: return &m_program.zipViewer.get();
     default: return nullptr;
     }
 }
@@ -56,7 +58,9 @@ bool TorvaneDesk::exists(Window window) const {
     case Window::Splash:
     case Window::MainFrm:
     case Window::Menuing:
-    case Window::TorvMsg: return true;
+    case Window::TorvMsg:
+    case Window::NewAssistant:
+    case Window::ZIP_Viewer: return true;
     default: return false;
     }
 }
@@ -109,9 +113,34 @@ int TorvaneDesk::numberSetting(const char* key, const char* absent) const {
         Config::application, Config::section, QString::fromLatin1(key), QString::fromLatin1(absent)));
 }
 
+void TorvaneDesk::openArchive(const QString& path, const QString& name) {
+    m_program.zipViewer.get().ReadZIP(path, name);
+}
+
+void TorvaneDesk::bringBackMainWindow() {
+    const Form* compact = formIfLoaded(Window::Torvette);
+    if (compact == nullptr || !compact->isVisible()) form(Window::MainFrm)->Show();
+}
+
+void TorvaneDesk::addGames(const QString& path) {
+    go(Window::MainFrm, Window::NewAssistant);
+    m_program.newAssistant.get().take(path);
+}
+
+void TorvaneDesk::gamesAdded() {
+    MainFrm* window = m_program.mainFrm.ifLoaded();
+    if (window == nullptr) return;
+    window->File1.Refresh();
+    window->Games.Refresh();
+    window->Refresh_Click();
+}
+
 void TorvaneDesk::reopenMainWindow() {
     m_program.mainFrm.unload();
     form(Window::MainFrm)->Show();
+    // The assistant stays above the window that is there now.
+    NewAssistant* assistant = m_program.newAssistant.ifLoaded();
+    if (assistant != nullptr && assistant->isVisible()) go(Window::MainFrm, Window::NewAssistant);
 }
 
 void TorvaneDesk::makeMSG(const QString& message, const QString& action, const QString& data) {

@@ -16,6 +16,10 @@ public:
     void go(Window from, Window to) override;
     void startApplication() override;
     void introEnded() override;
+    void openArchive(const QString& path, const QString& name) override;
+    void bringBackMainWindow() override;
+    void addGames(const QString& path) override;
+    void gamesAdded() override;
     void reopenMainWindow() override;
     void makeMSG(const QString& message, const QString& action, const QString& data) override;
     Form* visibleMainWindow() const override;

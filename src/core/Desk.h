@@ -40,6 +40,16 @@ public:
     virtual void startApplication() = 0;
     /// The user has ended the intro.
     virtual void introEnded() = 0;
+    /// Opens the window of an archive: full path and bare name. Returns when it is listed or closed again.
+    virtual void openArchive(const QString& path, const QString& name) = 0;
+    /// A window that stood in the main window's place has closed: it comes back, unless the compact window
+    /// stands in its place.
+    virtual void bringBackMainWindow() = 0;
+    /// Opens the assistant with a file chosen, or lets it copy a folder: the spelled path of what the user
+    /// has dropped.
+    virtual void addGames(const QString& path) = 0;
+    /// There may be other games in the library: the main window, if it is there, lists anew.
+    virtual void gamesAdded() = 0;
     /// The main window loads anew and shows itself.
     virtual void reopenMainWindow() = 0;
     /// Asks a question in the program's own window; returns at once. Action words: "exit", "delete" with a

@@ -104,7 +104,7 @@ void MainFrm::Label15_Click() {
     });
     switch (way) {
     case LaunchWay::nothing: break;
-    case LaunchWay::zipViewer: m.desk.go(Window::MainFrm, Window::ZIP_Viewer); break;
+    case LaunchWay::zipViewer: Zipper_Click(); break;
     case LaunchWay::straight: launch(Games.filePath()); break;
     case LaunchWay::withMinimising: {
         const State former = windowStateWord();
@@ -115,6 +115,10 @@ void MainFrm::Label15_Click() {
         break;
     }
     }
+}
+
+void MainFrm::Zipper_Click() {
+    if (!Games.FileName().isEmpty()) m.desk.openArchive(Games.filePath(), Games.FileName());
 }
 
 void MainFrm::launch(const QString& path) {

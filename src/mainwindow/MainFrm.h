@@ -85,6 +85,7 @@ private:
     void deleteTag();
     void copyGame();
     void deleteGame();
+    void Zipper_Click();
     void launch(const QString& path);
     void scrollUp();
     void scrollDown();

@@ -29,6 +29,11 @@ void MainFrm::wireControls() {
     wire(ListView1, &RowList::rowDoubleClicked, this, &MainFrm::Label15_Click);
     wire(Label15, &Label::Click, this, &MainFrm::Label15_Click);
     wire(displayer, &Timer::Tick, this, &MainFrm::displayer_Tick);
+    takeDrops();
+    connect(this, &Form::pathDropped, this, [this](const QString& path) {
+        const Hold hold(*this);
+        runtime().guarded([&] { m.desk.addGames(path); });
+    });
     connect(&m_dragStrip, &DragStrip::dropped, this, [this] { putInsideScreen(*this); });
     connect(&EditID3Title, &TextBox::Change, this, [this] { emptyIfMissing(EditID3Title); });
     wire(EditID3Info, &TextBox::Change, this, &MainFrm::EditID3Info_Change);
@@ -72,8 +77,10 @@ void MainFrm::wireTools() {
     opens(chameleonButton8, Window::ConfigNew);
     opens(ChameleonButton12, Window::Torvette);
     opens(Searcher, Window::AdvSearch);
-    opens(Zipper, Window::ZIP_Viewer);
-    opens(ChameleonButton13, Window::ZIP_Viewer);
+    for (chameleonButton* button : {&Zipper, &ChameleonButton13}) {
+        button->setEnabled(true);
+        wire(*button, &chameleonButton::Click, this, &MainFrm::Zipper_Click);
+    }
     hints(Refresh, QStringLiteral("listupdate"));
     hints(Searcher, QStringLiteral("search"));
     hints(Zipper, QStringLiteral("zipnav"));
