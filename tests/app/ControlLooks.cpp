@@ -109,6 +109,8 @@ void compareImage(const Image& image, CatalogueNotes& notes) {
 void compareFew(const QObject& part, CatalogueNotes& notes) {
     if (const auto* panel = qobject_cast<const Panel*>(&part)) {
         COMPARE_COLOUR(panel->backColour(), notes.takeColours(u"back"_s).plain, Colours::buttonFace);
+        const QSize jpeg = notes.takeSize(u"JPEG"_s);
+        QCOMPARE(panel->Picture().deviceIndependentSize().toSize(), jpeg.isValid() ? jpeg : QSize(0, 0));
     } else if (const auto* timer = qobject_cast<const Timer*>(&part)) {
         QCOMPARE(timer->Interval(), notes.takeNumber(u"interval"_s));
         QCOMPARE(timer->Enabled(), !notes.take(u"off at start"_s));

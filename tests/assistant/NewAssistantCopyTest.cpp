@@ -1,0 +1,335 @@
+// SPDX-License-Identifier: MIT
+// What the assistant does to files, what it lets the user do meanwhile, and what is dropped on it.
+#include "support/Failing.h"
+#include "support/OpenedAssistant.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+class NewAssistantCopyTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedAssistant> opened;
+    NewAssistant& window() const { return opened->assistant(); }
+    void originals(int count, qsizetype bytes = 1000) const {
+        for (int i = 0; i < count; ++i) {
+            opened->original(u"g%1.gb"_s.arg(i, 4, 10, QLatin1Char('0')), QByteArray(bytes, 'g'));
+        }
+    }
+    /// No name of the library stands for half a file, and nothing hidden is left.
+    void expectOnlyWholeGames(qsizetype bytes) {
+        for (const QString& name : opened->library()) {
+            QVERIFY2(!name.startsWith(u'.'), qPrintable(name));
+            QCOMPARE(opened->bytesOf(name).size(), bytes);
+        }
+    }
+
+private slots:
+    void init() { opened = std::make_unique<OpenedAssistant>(); }
+    void cleanup() { opened.reset(); }
+
+    // Files
+    void games_of_the_library_are_replaced_without_a_question() {
+        opened->game(u"a.txt"_s);
+        opened->openAssistant();
+        opened->game(u"a.gb"_s, "former, and longer");
+        opened->game(u"b.gb"_s, "former, and longer");
+        opened->original(u"a.gb"_s, "new a");
+        opened->original(u"b.gb"_s, "new b");
+        opened->copyFolder(opened->from());
+        QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("new a"));
+        QCOMPARE(opened->bytesOf(u"b.gb"_s), QByteArray("new b"));
+        click(window().ChameleonButton6);
+        click(window().chameleonButton3);
+        QVERIFY(isSeen(window().AddFile));
+        click(window().AddFile);
+        opened->browse(opened->world.folder.write(u"else/a.gb"_s, "newest"));
+        click(window().chameleonButton1);
+        QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("newest"));
+        QCOMPARE(opened->world.messages.boxes.size(), 0);
+    }
+    void a_read_only_original_can_be_written_by_its_owner_afterwards() {
+        const QString path = opened->original(u"a.gb"_s);
+        opened->world.folder.setMode(u"from/a.gb"_s, 0444);
+        opened->openAssistant();
+        opened->copyFile(path);
+        QVERIFY(QFileInfo(path).permissions() & QFile::WriteOwner);
+    }
+    void a_path_typed_by_hand_changes_what_is_deleted_and_not_what_is_copied() {
+        const QString chosen = opened->original(u"a.gb"_s, "chosen");
+        const QString named = opened->original(u"b.gb"_s, "named");
+        opened->openAssistant();
+        opened->goToFile();
+        opened->browse(chosen);
+        window().FilePath.setText(named);
+        click(window().chameleonButton1);
+        QCOMPARE(opened->library(), QStringList{u"a.gb"_s});
+        click(window().ChameleonButton5);
+        QVERIFY(opened->exists(u"from/a.gb"_s));
+        QVERIFY(!opened->exists(u"from/b.gb"_s));
+        QCOMPARE(opened->typed(), opened->said("f9"));
+    }
+    void a_folder_ends_where_its_path_holds_the_dialogs_text() {
+        const QString mark = u"Choose this folder"_s;
+        opened->world.folder.write(u"outer/"_s + mark + u"/inner.gb"_s, "inner");
+        opened->world.folder.write(u"outer/outer.gb"_s, "outer");
+        opened->openAssistant();
+        opened->copyFolder(opened->world.folder.path(u"outer/"_s + mark));
+        QCOMPARE(opened->library(), QStringList{u"outer.gb"_s});
+    }
+    void the_librarys_own_folder_loses_nothing_and_ends_nothing() {
+        opened->openAssistant();
+        opened->games(3);
+        opened->copyFolder(opened->world.folder.path(u"roms"_s));
+        QCOMPARE(opened->library().size(), 3);
+        click(window().ChameleonButton5);
+        QCOMPARE(opened->library().size(), 3);
+        QCOMPARE(opened->bytesOf(u"g001.gb"_s), QByteArray(3000, 'r'));
+        QCOMPARE(opened->typed(), opened->said("f11"));
+        QCOMPARE(opened->world.ends, 0);
+    }
+    void a_game_of_the_library_is_not_added_to_itself() {
+        opened->openAssistant();
+        opened->copyFile(opened->game(u"a.gb"_s, "content"));
+        QCOMPARE(opened->typed(), opened->said("f8"));
+        QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("content"));
+    }
+    void a_single_copy_for_which_there_is_no_room_fails_and_the_former_game_is_whole() {
+        opened->game(u"a.txt"_s);
+        const QString path = opened->original(u"a.gb"_s, QByteArray(20'000, 'a'));
+        opened->openAssistant();
+        opened->game(u"a.gb"_s, "former");
+        {
+            const FullDisk full(10'000);
+            opened->copyFile(path);
+        }
+        QCOMPARE(opened->typed(), opened->said("f8"));
+        QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("former"));
+        QCOMPARE(opened->world.ends, 0);
+    }
+    void a_folder_copy_that_fails_takes_the_default_failure_path() {
+        originals(2);
+        opened->original(u"h.gb"_s, QByteArray(20'000, 'h'));
+        opened->openAssistant();
+        {
+            const FullDisk full(10'000);
+            opened->copyFolder(opened->from());
+        }
+        QCOMPARE(opened->world.ends, 1);
+        QVERIFY(opened->world.messages.last().startsWith(u"Run-time error '61'"_s));
+        QCOMPARE(opened->library(), (QStringList{u"g0000.gb"_s, u"g0001.gb"_s}));
+        expectOnlyWholeGames(1000);
+    }
+    void an_original_that_cannot_be_deleted_is_told_and_the_question_stays() {
+        const QString path = opened->original(u"a.gb"_s);
+        opened->openAssistant();
+        opened->copyFile(path);
+        opened->world.folder.setMode(u"from"_s, 0555);
+        {
+            const OrdinaryUser user;
+            click(window().ChameleonButton5);
+        }
+        opened->world.folder.setMode(u"from"_s, 0755);
+        QVERIFY(opened->world.messages.last().startsWith(u"Run-time error '70'"_s));
+        QCOMPARE(opened->world.ends, 0);
+        QVERIFY(isSeen(window().ChameleonButton6));
+        click(window().ChameleonButton5);
+        QVERIFY(!QFile::exists(path));
+        QCOMPARE(opened->typed(), opened->said("f9"));
+    }
+
+    // The bar
+    void the_bar_starts_empty_and_ends_one_step_short_of_full() {
+        originals(5);
+        opened->openAssistant();
+        QList<int> widths;
+        connect(&window().File1, &FileList::Click, this, [&] { widths << window().barra.width(); });
+        opened->copyFolder(opened->from());
+        QCOMPARE(widths, (QList<int>{0, 49, 98, 147, 196}));
+        QCOMPARE(window().Pista.width(), 245);
+    }
+
+    // Meanwhile
+    void the_window_paints_at_least_every_50_milliseconds_or_as_often_as_the_machine_can() {
+        originals(300, 100'000);
+        opened->openAssistant();
+        int ticks = 0;
+        QTimer ticking;
+        connect(&ticking, &QTimer::timeout, this, [&] { ++ticks; });
+        ticking.start(10);
+        QElapsedTimer clock;
+        clock.start();
+        opened->copyFolder(opened->from());
+        const qint64 due = clock.elapsed() / 50;
+        QVERIFY2(ticks >= due / 2, qPrintable(u"%1 of %2"_s.arg(ticks).arg(due)));
+        QCOMPARE(opened->library().size(), 300);
+    }
+    void clicks_while_games_are_copied_do_nothing() {
+        originals(200, 50'000);
+        opened->openAssistant();
+        int tries = 0;
+        QTimer trying;
+        connect(&trying, &QTimer::timeout, this, [&] {
+            if (++tries > 5) return;
+            emit window().AddDir.Click();
+            emit window().AddFile.Click();
+            emit window().Browse.Click();
+            emit window().chameleonButton1.Click();
+            emit window().chameleonButton3.Click();
+            emit window().ChameleonButton5.Click();
+            emit window().ChameleonButton6.Click();
+            window().take(opened->from());
+        });
+        trying.start(0);
+        opened->copyFolder(opened->from());
+        trying.stop();
+        QVERIFY(tries > 0);
+        QCOMPARE(opened->dialogs().questions.size(), 1);
+        QCOMPARE(opened->library().size(), 200);
+        QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 200);
+        QCOMPARE(opened->typed(), opened->page("f5b", "f6", "f7"));
+    }
+    void the_window_may_be_closed_while_games_are_copied_data() {
+        QTest::addColumn<bool>("byWindowManager");
+        QTest::newRow("exit button") << false;
+        QTest::newRow("window manager") << true;
+    }
+    void the_window_may_be_closed_while_games_are_copied() {
+        QFETCH(bool, byWindowManager);
+        originals(400, 200'000);
+        opened->openAssistant();
+        const QPointer<NewAssistant> former = &window();
+        bool wasHidden = false;
+        connect(&window().File1, &FileList::Click, this, [&] {
+            if (window().File1.ListIndex() != 150) return;
+            byWindowManager ? static_cast<void>(window().close()) : emit window().ChameleonButton2.Click();
+            wasHidden = !window().isVisible();
+        });
+        opened->copyFolder(opened->from());
+        QVERIFY(wasHidden);
+        QVERIFY(!opened->isThere());
+        collectGone();
+        QVERIFY(former.isNull());
+        // The file that was the current one is the last.
+        QCOMPARE(opened->library().size(), 151);
+        expectOnlyWholeGames(200'000);
+        QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 400);
+        QCOMPARE(opened->main().ListView1.rowCount(), 151);
+    }
+    void the_window_may_be_closed_while_one_game_is_copied() {
+        const QString path = opened->original(u"a.gba"_s, QByteArray(32 << 20, 'a'));
+        opened->openAssistant();
+        opened->goToFile();
+        opened->browse(path);
+        bool wasBusy = false;
+        QTimer::singleShot(0, this, [&] {
+            wasBusy = isSeen(window().FilePath);
+            emit window().ChameleonButton2.Click();
+        });
+        emit window().chameleonButton1.Click();
+        QVERIFY(wasBusy);
+        QVERIFY(!opened->isThere());
+        expectOnlyWholeGames(32 << 20);
+    }
+
+    // Drops
+    void a_file_dropped_on_the_main_window_opens_the_assistant_with_it() {
+        opened->games(1);
+        const QString path = opened->original(u"a game.gb"_s, "dropped");
+        opened->open();
+        QVERIFY(dropOn(opened->main(), addressOf(path)));
+        QTRY_VERIFY(opened->isThere());
+        QCOMPARE(window().FilePath.Text(), path);
+        QCOMPARE(opened->typed(), opened->said("f12"));
+        QVERIFY(window().chameleonButton1.Enabled());
+        QCOMPARE(window().windowHandle()->transientParent(), opened->main().windowHandle());
+        click(window().chameleonButton1);
+        QCOMPARE(opened->bytesOf(u"a game.gb"_s), QByteArray("dropped"));
+        QCOMPARE(opened->typed(), opened->page("f5", "f6", "f7"));
+    }
+    void a_folder_dropped_on_the_assistant_is_copied_and_asked_about() {
+        originals(3);
+        opened->openAssistant();
+        QVERIFY(dropOn(window(), addressOf(opened->from())));
+        QTRY_COMPARE(opened->library().size(), 3);
+        QCOMPARE(opened->typed(), opened->page("f5b", "f6", "f7"));
+        QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 3);
+    }
+    void of_several_dropped_things_the_first_one_counts() {
+        const QString first = opened->original(u"a.gb"_s);
+        const QString second = opened->original(u"b.gb"_s);
+        opened->openAssistant();
+        QVERIFY(dropOn(window(), "# a comment\r\n" + addressOf(first) + addressOf(second)));
+        QTRY_COMPARE(window().FilePath.Text(), first);
+    }
+    void a_drop_on_a_pending_question_keeps_the_originals() {
+        const QString first = opened->original(u"a.gb"_s);
+        const QString second = opened->original(u"b.gb"_s);
+        opened->openAssistant();
+        opened->copyFile(first);
+        QVERIFY(dropOn(window(), addressOf(second)));
+        QTRY_COMPARE(window().FilePath.Text(), second);
+        QVERIFY(QFile::exists(first));
+        QVERIFY(!isSeen(window().ChameleonButton5) && isSeen(window().FilePath));
+        click(window().chameleonButton1);
+        QCOMPARE(opened->library(), (QStringList{u"a.gb"_s, u"b.gb"_s}));
+    }
+    void a_dropped_name_of_bytes_that_are_no_text_is_copied() {
+        opened->world.folder.makeFolder(u"from"_s);
+        opened->world.folder.writeNative("from/a\xFF.gb", "bytes");
+        opened->openAssistant();
+        QVERIFY(dropOn(window(), "file://" + opened->from().toUtf8() + "/a%FF.gb"));
+        QTRY_VERIFY(isSeen(window().FilePath));
+        click(window().chameleonButton1);
+        QCOMPARE(access(opened->world.folder.native("roms/a\xFF.gb").constData(), R_OK), 0);
+    }
+    void what_is_no_file_of_this_machine_is_refused_data() {
+        QTest::addColumn<QByteArray>("addresses");
+        QTest::newRow("a web page") << QByteArray("https://www.example.org/a.gb");
+        QTest::newRow("another machine") << QByteArray("file://elsewhere/tmp");
+        QTest::newRow("not there") << QByteArray("file:///nowhere/at/all.gb");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("no path") << QByteArray("file:");
+        QTest::newRow("a zero") << QByteArray("file:///tmp%00");
+        QTest::newRow("comments") << QByteArray("# file:///tmp\r\n");
+    }
+    void what_is_no_file_of_this_machine_is_refused() {
+        QFETCH(QByteArray, addresses);
+        opened->games(1);
+        opened->open();
+        QVERIFY(!dropOn(opened->main(), addresses));
+        QTest::qWait(20);
+        QVERIFY(!opened->isThere());
+    }
+    void a_pipe_is_refused() {
+        opened->games(1);
+        opened->open();
+        const QString pipe = opened->world.folder.path(u"pipe.gb"_s);
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QVERIFY(!dropOn(opened->main(), addressOf(pipe)));
+    }
+    void a_plain_text_is_refused() {
+        opened->games(1);
+        opened->open();
+        QMimeData data;
+        data.setText(u"/tmp"_s);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.setAccepted(false);
+        QCoreApplication::sendEvent(&opened->main(), &enter);
+        QVERIFY(!enter.isAccepted());
+    }
+    void a_main_window_that_takes_no_input_takes_no_drop() {
+        opened->games(1);
+        const QString path = opened->original(u"a.gb"_s);
+        opened->open();
+        click(opened->main().chameleonButton1);
+        QVERIFY(!dropOn(opened->main(), addressOf(path)));
+    }
+};
+
+QTEST_MAIN(NewAssistantCopyTest)
+#include "NewAssistantCopyTest.moc"

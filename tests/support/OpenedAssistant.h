@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// The program with its assistant, which an empty library opens, and what a user does there.
+#pragma once
+
+#include "OpenedProgram.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+
+namespace torvane {
+
+struct OpenedAssistant : OpenedProgram {
+    FakeDialogs& dialogs() const { return const_cast<FakeWorld&>(world).dialogs; }
+    bool isThere() const { return program->newAssistant.ifLoaded() != nullptr; }
+    NewAssistant& assistant() const { return *program->newAssistant.ifLoaded(); }
+
+    /// The program on its first start: no games, the assistant above the main window.
+    NewAssistant& openAssistant() {
+        open();
+        if (!isThere() || !QTest::qWaitForWindowExposed(&assistant())) qFatal("no assistant");
+        return assistant();
+    }
+    QString said(const char* key) const { return text("Assistant", key); }
+    /// Three texts as a page shows them.
+    QString page(const char* first, const char* second, const char* third) const {
+        return said(first) + QStringLiteral("\r\n\r\n  ") + said(second) + QStringLiteral("\r\n  ") +
+               said(third);
+    }
+    /// Lets the typewriter come to its end without waiting for it.
+    QString typed() const {
+        Timer& timer = assistant().Timer1;
+        for (int tick = 0; timer.Enabled() && tick < 1000; ++tick) emit timer.Tick();
+        return assistant().Label1.Caption();
+    }
+    /// A file outside of the library; its path.
+    QString original(const QString& name, const QByteArray& bytes = "game") const {
+        return world.folder.write(QStringLiteral("from/") + name, bytes);
+    }
+    QString from() const { return world.folder.path(QStringLiteral("from")); }
+    bool exists(const QString& relative) const { return QFileInfo::exists(world.folder.path(relative)); }
+    QStringList library() const { return world.folder.entries(QStringLiteral("roms")); }
+
+    // From the welcome to the states behind it.
+    void goToChoice() const { click(assistant().chameleonButton1); }
+    void goToFile() const {
+        goToChoice();
+        click(assistant().AddFile);
+    }
+    void browse(const QString& path) const {
+        dialogs().answer = path;
+        click(assistant().Browse);
+    }
+    void copyFile(const QString& path) const {
+        goToFile();
+        browse(path);
+        click(assistant().chameleonButton1);
+    }
+    void copyFolder(const QString& path) const {
+        goToChoice();
+        dialogs().answer = path;
+        click(assistant().AddDir);
+    }
+};
+
+/// Drops addresses on a window, as a file manager does. False if the window refuses them.
+inline bool dropOn(QWidget& window, const QByteArray& addresses) {
+    QMimeData data;
+    data.setData(QStringLiteral("text/uri-list"), addresses);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    enter.setAccepted(false);
+    QCoreApplication::sendEvent(&window, &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&window, &drop);
+    return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
+}
+inline QByteArray addressOf(const QString& path) {
+    return "file://" + QFile::encodeName(path).toPercentEncoding("/") + "\r\n";
+}
+
+} // namespace torvane
