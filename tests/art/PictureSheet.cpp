@@ -69,10 +69,10 @@ void PictureSheet::addButtons() {
 }
 
 void PictureSheet::addButtonRow(const chameleonButton& original, QPoint place, int step) {
-    using Hold = StillButton::Hold;
+    using State = StillButton::Hold;
     caption({place, QSize(captionWidth, original.height())}, original.objectName());
     place.rx() += captionWidth;
-    for (const Hold hold : {Hold::rest, Hold::over, Hold::pressed, Hold::disabled}) {
+    for (const State hold : {State::rest, State::over, State::pressed, State::disabled}) {
         m_controls.push_back(std::make_unique<StillButton>(*this, original, place, hold));
         place.rx() += step;
     }

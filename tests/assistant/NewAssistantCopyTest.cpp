@@ -174,7 +174,8 @@ private slots:
         int tries = 0;
         QTimer trying;
         connect(&trying, &QTimer::timeout, this, [&] {
-            if (++tries > 5) return;
+            const bool isCopying = !opened->dialogs().questions.isEmpty() && opened->library().size() < 200;
+            if (!isCopying || ++tries > 5) return;
             emit window().AddDir.Click();
             emit window().AddFile.Click();
             emit window().Browse.Click();

@@ -22,6 +22,8 @@ struct Ending {
     bool isPartAllowed = false;
     /// The power failed: zeros may stand in the place of parts of the line.
     bool isPowerLost = false;
+    /// The settings failed: a copy goes on without remembering the folder that is to be swept.
+    bool isStrayAllowed = false;
 };
 
 class Inspection {

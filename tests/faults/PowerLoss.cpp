@@ -59,13 +59,20 @@ private:
         return Disk(workshop);
     }
 
+    bool haveSettingsFailed() const {
+        const std::string folder = m_workshop.path("config/");
+        return isStruck() && std::string(m_plan.struckName.data()).rfind(folder, 0) == 0;
+    }
+
     void checkStates(Told told, const std::string& when) {
         std::vector<std::string> violations;
         forEachState(m_disk, [&](const Tree& tree) {
             if (!m_known.insert(hashOf(tree)).second) return;
             ++m_states;
             m_workshop.layOut(tree);
-            Inspection inspection(m_workshop, m_situation, {.told = told, .isPowerLost = true});
+            Inspection inspection(
+                m_workshop, m_situation,
+                {.told = told, .isPowerLost = true, .isStrayAllowed = haveSettingsFailed()});
             inspection.beforeNextStart();
             startNext(m_workshop);
             inspection.afterNextStart();

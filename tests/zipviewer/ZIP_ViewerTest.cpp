@@ -209,10 +209,18 @@ private slots:
         QVERIFY(main().isVisible());
         QVERIFY(!exists(u"ziptemp/game"_s));
     }
-    void members_in_subfolders_stay_behind() {
+    void members_in_subfolders_are_left_out() {
         openArchive({{u"a.gb"_s, "x"}, {u"sub/b.gb"_s, "x"}});
+        QCOMPARE(window().ListView1.rowCount(), 1);
+        QVERIFY(!exists(u"ziptemp/game/sub"_s));
         click(window().chameleonButton1);
-        QVERIFY(exists(u"ziptemp/game/sub/b.gb"_s));
+        QVERIFY(!exists(u"ziptemp/game"_s));
+    }
+    void a_folder_of_somebody_else_in_the_temporary_folder_stays() {
+        opened->world.folder.write(u"ziptemp/game/sub/own.txt"_s, "x");
+        openArchive({{u"a.gb"_s, "x"}});
+        click(window().chameleonButton1);
+        QVERIFY(exists(u"ziptemp/game/sub/own.txt"_s));
         QVERIFY(!exists(u"ziptemp/game/a.gb"_s));
     }
     void an_archive_can_be_opened_again_and_again() {
