@@ -69,11 +69,11 @@ void PictureSheet::addButtons() {
 }
 
 void PictureSheet::addButtonRow(const chameleonButton& original, QPoint place, int step) {
-    using State = StillButton::Hold;
+    using Pose = StillButton::Hold;
     caption({place, QSize(captionWidth, original.height())}, original.objectName());
     place.rx() += captionWidth;
-    for (const State hold : {State::rest, State::over, State::pressed, State::disabled}) {
-        m_controls.push_back(std::make_unique<StillButton>(*this, original, place, hold));
+    for (const Pose pose : {Pose::rest, Pose::over, Pose::pressed, Pose::disabled}) {
+        m_controls.push_back(std::make_unique<StillButton>(*this, original, place, pose));
         place.rx() += step;
     }
     m_pictures.push_back({place, original.PictureNormal()});

@@ -185,7 +185,9 @@ private slots:
             emit window().ChameleonButton6.Click();
             window().take(opened->from());
         });
-        trying.start(0);
+        connect(&window().File1, &FileList::Click, this, [&] {
+            if (window().File1.ListIndex() == 0) trying.start(0);
+        });
         opened->copyFolder(opened->from());
         trying.stop();
         QVERIFY(tries > 0);

@@ -135,12 +135,14 @@ private slots:
     }
     void with_zip_set_to_1_an_archive_never_starts_the_emulator() {
         writeArchive(opened->world.folder.path(QStringLiteral("roms/pack.zip")),
-                     {{QStringLiteral("game.gb"), "rom"}});
+                     {{QStringLiteral("a.gb"), "x"}});
         opened->world.setSetting("zip", QStringLiteral("1"));
         opened->open();
         doubleClick(window().ListView1, opened->rowPlace(0));
-        QCOMPARE(processes().starts.size(), 0);
         QVERIFY(opened->program->zipViewer.ifLoaded() != nullptr);
+        window().Label15_Click();
+        QCOMPARE(processes().starts.size(), 0);
+        QVERIFY(!window().isVisible());
     }
     void with_zip_set_to_1_a_game_is_started_as_ever() {
         opened->game(QStringLiteral("a.gb"));

@@ -7,7 +7,9 @@
 #include <QSet>
 #include <chrono>
 #include <future>
+#include <linux/magic.h>
 #include <optional>
+#include <sys/vfs.h>
 #include <system_error>
 #include <utility>
 
@@ -25,6 +27,14 @@ bool isSameFile(const struct stat& one, const struct stat& other) {
 bool isSameState(const struct stat& one, const struct stat& other) {
     return isSameFile(one, other) && one.st_size == other.st_size &&
            one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+
+// Brings all that the file system of a folder holds to the disk; false if that did not succeed for certain.
+bool syncTogether(const Folder& folder) {
+    struct statfs info {};
+    if (fstatfs(folder.number(), &info) != 0) return false;
+    // A file system in a process of its own is not told to sync by this call.
+    return info.f_type != FUSE_SUPER_MAGIC && syncfs(folder.number()) == 0;
 }
 
 std::optional<struct stat> stateOf(const QByteArray& path) {
@@ -80,10 +90,10 @@ void FileCopies::finish() {
     place(batch);
 }
 
-// The one call for all brings the journal to the disk once. The calls for each find nothing left to do, but
-// they tell errors file by file, and reach file systems that don't heed the other one.
+// One call for all brings the journal to the disk once and empties the disk's own store once. It tells of
+// every error since the folder was opened, but not of which file: then each is asked by itself.
 void FileCopies::sync(const std::vector<Waiting>& batch) {
-    if (batch.size() > fewFiles) syncfs(batch.front().arrival->folder().number());
+    if (batch.size() > fewFiles && syncTogether(batch.front().arrival->folder())) return;
     for (const Waiting& waiting : batch) waiting.arrival->fresh().sync();
 }
 
