@@ -91,13 +91,36 @@ private slots:
         collectGone();
         QVERIFY(window.isNull());
     }
-    void a_window_stands_above_its_owner_though_that_one_is_shown_later() {
+    void a_window_waits_for_its_owner_and_stands_above_it() {
         TestForm owner(world.runtime);
         TestForm owned(world.runtime);
         owned.Show(&owner);
+        QVERIFY(!owned.isVisible());
         owner.Show();
+        QVERIFY(owned.isVisible());
         QVERIFY(owned.windowHandle()->transientParent() != nullptr);
         QCOMPARE(owned.windowHandle()->transientParent(), owner.windowHandle());
+    }
+    void a_window_that_is_gone_before_its_owner_is_shown_is_not_shown() {
+        TestForm owner(world.runtime);
+        const QPointer<Waiting> window = &slot.get();
+        window->Show(&owner);
+        window->Unload();
+        owner.Show();
+        QVERIFY(!window->isVisible());
+        collectGone();
+        QVERIFY(window.isNull());
+    }
+    void a_window_may_get_another_owner() {
+        TestForm former(world.runtime);
+        TestForm next(world.runtime);
+        TestForm owned(world.runtime);
+        former.Show();
+        next.Show();
+        owned.Show(&former);
+        owned.Show(&next);
+        QVERIFY(owned.isVisible());
+        QCOMPARE(owned.windowHandle()->transientParent(), next.windowHandle());
     }
 };
 

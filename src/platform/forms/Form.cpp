@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QTimer>
 #include <QWindow>
+#include <utility>
 
 namespace torvane {
 
@@ -40,15 +41,29 @@ Form::Form(Runtime& runtime, const FormDesign& design)
 
 void Form::Show(Form* owner) {
     if (!m_placed) takeStartPosition();
-    if (owner != nullptr) {
-        // Only native windows can follow each other; the owner may be still to be shown.
-        owner->winId();
-        winId();
-        windowHandle()->setTransientParent(owner->windowHandle());
+    if (owner != nullptr && !owner->isVisible()) {
+        owner->m_waiting.append(this);
+        return;
     }
+    if (owner != nullptr) follow(*owner);
     show();
     raise();
     activateWindow();
+    showWaiting();
+}
+
+// A window manager takes notice of an owner when a window appears, and only of one that is there by then.
+void Form::follow(Form& owner) {
+    winId(); // makes the native window, which alone can follow another one
+    if (windowHandle()->transientParent() == owner.windowHandle()) return;
+    hide();
+    windowHandle()->setTransientParent(owner.windowHandle());
+}
+
+void Form::showWaiting() {
+    for (const QPointer<Form>& owned : std::exchange(m_waiting, {})) {
+        if (owned != nullptr && !owned->isUnloaded()) owned->Show(this);
+    }
 }
 
 void Form::Hide() { hide(); }

@@ -8,6 +8,7 @@
 #include "Runtime.h"
 
 #include <QPixmap>
+#include <QPointer>
 #include <QWidget>
 
 namespace torvane {
@@ -44,7 +45,8 @@ public:
     Runtime& runtime() { return m_runtime; }
 
     /// Shows the window without waiting for its end; with an owner it stays above that window and goes
-    /// to the front with it. At its first show it takes its start position.
+    /// to the front with it, and waits until that one is shown. At its first show it takes its start
+    /// position.
     void Show(Form* owner = nullptr);
     void Hide();
     /// Closes the window for good: it is hidden, runs its last handler and tells its owner to let go.
@@ -124,6 +126,8 @@ protected:
 
 private:
     void takeStartPosition();
+    void follow(Form& owner);
+    void showWaiting();
 
     Runtime& m_runtime;
     FormDesign m_design;
@@ -132,6 +136,7 @@ private:
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_isToGo = false;
+    QList<QPointer<Form>> m_waiting; // windows that this one owns, to be shown behind it
     int m_holds = 0;
 };
 
