@@ -37,7 +37,6 @@ QByteArray Archive::name(qint64 index) const {
 bool Archive::isFile(qint64 index) const {
     zip_stat_t info;
     if (zip_stat_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &info) != 0) return false;
-    const bool isPlain = info.encryption_method == ZIP_EM_NONE;
     const bool isKnown = info.comp_method == ZIP_CM_STORE || info.comp_method == ZIP_CM_DEFLATE ||
                          info.comp_method == ZIP_CM_BZIP2;
     zip_uint8_t system = 0;
@@ -45,7 +44,7 @@ bool Archive::isFile(qint64 index) const {
     zip_file_get_external_attributes(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &system, &attributes);
     // Above stands the mode of Unix, if anything. Some archivers of other systems give it, too.
     const mode_t kind = attributes >> 16 & S_IFMT;
-    return isPlain && isKnown && (attributes & folderOrLabel) == 0 && (kind == 0 || kind == S_IFREG);
+    return isKnown && (attributes & folderOrLabel) == 0 && (kind == 0 || kind == S_IFREG);
 }
 
 qint64 Archive::claimedSize(qint64 index) const {

@@ -19,13 +19,14 @@ public:
     /// The name of an entry, index from 0, in UTF-8: names that are neither marked nor well-formed as such
     /// are taken as code page 437, the format's own. Empty if there is none.
     QByteArray name(qint64 index) const;
-    /// Whether an entry is a file that can be read: no folder, link, pipe or device, not encrypted, and
-    /// stored or packed by deflate or bzip2. Other ways let the archive choose how much memory they take.
+    /// Whether an entry is a file that can be read: no folder, link, pipe or device, and stored or packed by
+    /// deflate or bzip2. Other ways, which later versions of libzip know, let the archive choose how much
+    /// memory they take.
     bool isFile(qint64 index) const;
     /// The size that the archive claims for an entry, in bytes; negative if there is none.
     qint64 claimedSize(qint64 index) const;
     /// Hands the bytes of an entry over, in blocks, until `take` gives false. True if the entry came out
-    /// whole, with the size and the checksum that the archive tells.
+    /// whole, with the size and the checksum that the archive tells. What is encrypted never does.
     bool read(qint64 index, const std::function<bool(QByteArrayView)>& take);
 
 private:
