@@ -14,11 +14,9 @@ import sys
 import urllib.parse
 import zlib
 
-UTF8 = 0x800
-ENCRYPTED = 1
-DESCRIPTOR = 8
+UTF8, ENCRYPTED, DESCRIPTOR = 0x800, 1, 8
 UNIX, DOS = 3, 0
-STORED, DEFLATED, BZIP2, LZMA, XZ = 0, 8, 12, 14, 95
+STORED, DEFLATED, BZIP2, LZMA = 0, 8, 12, 14
 
 
 def packed(data, method):
@@ -30,8 +28,6 @@ def packed(data, method):
     if method == LZMA:
         filters = [{"id": lzma.FILTER_LZMA1, "dict_size": 1 << 16}]
         return b"\x09\x14\x05\x00\x5d\x00\x00\x01\x00" + lzma.compress(data, lzma.FORMAT_RAW, filters=filters)
-    if method == XZ:
-        return lzma.compress(data)
     return data
 
 
@@ -238,7 +234,7 @@ LIST = [
         GAME), ALL),
     ("methods", "entries are packed in rare ways", archive(
         E("shrunk", method=1), E("imploded", method=6), E("deflate64", method=9), E("ppmd", method=98),
-        E("zstd", method=93), E("unknown", method=77), E("lzma.gb", LONG, LZMA), E("xz.gb", LONG, XZ), GAME), ALL),
+        E("zstd", method=93), E("unknown", method=77), E("lzma.gb", LONG, LZMA), E("xz", method=95), GAME), ALL),
     ("method-lies", "stored is told as deflated, and the other way", archive(
         E("a.gb", LONG, method=STORED, raw=packed(LONG, DEFLATED)), E("b.gb", LONG, DEFLATED, raw=LONG), GAME), ALL),
     # Several disks, long archives.
