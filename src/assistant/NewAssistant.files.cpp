@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// What the assistant does to files: the copy of one, the copies of a folder, the end of the originals.
+#include "NewAssistant.h"
+
+#include <QScopeGuard>
+
+namespace torvane {
+
+namespace {
+const QString filter =
+    QStringLiteral("Juegos de GameBoy|*.gba;*.gbc;*.gb;*.agb;*.cgb;*.zip;*.bin|Todos los Archivos|*.*");
+
+QString bareName(const QString& path) {
+    const auto isSeparator = [](QChar c) { return c == QLatin1Char('\\') || c == QLatin1Char('/'); };
+    qsizetype start = path.size();
+    while (start > 0 && !isSeparator(path[start - 1])) --start;
+    return path.sliced(start);
+}
+} // namespace
+
+// A single file
+
+// The area is disabled and never enabled again: who goes back finds it dead until the window is opened anew.
+void NewAssistant::AddFile_Click() {
+    if (m_isBusy) return;
+    ShowDialog(text("f12"));
+    AddFile.setEnabled(false);
+    AddDir.setVisible(false);
+    setPicture(Two.Picture());
+    FilePath.setVisible(true);
+    Browse.setVisible(true);
+    FromFolder = 0;
+    chameleonButton1.setEnabled(true);
+}
+
+void NewAssistant::Browse_Click() {
+    if (m_isBusy) return;
+    const QString path = Dlg.ShowOpen({text("f14"), filter, 1, {}});
+    if (!isUnloaded()) choose(path);
+}
+
+void NewAssistant::choose(const QString& path) {
+    m_chosen = path;
+    if (path.isEmpty() || path == QStringLiteral(" ")) {
+        showFailure();
+    } else {
+        FilePath.setText(path);
+    }
+}
+
+void NewAssistant::addFile() {
+    SetFileAttributes(m_chosen);
+    const bool isCopied = ignoring([this] { copyFile(); });
+    if (m_isToLeave) {
+        Unload();
+    } else if (isCopied) {
+        showQuestion("f5");
+    } else {
+        showFailure();
+    }
+}
+
+void NewAssistant::copyFile() {
+    m_isBusy = true;
+    const auto ended = qScopeGuard([this] { m_isBusy = false; });
+    m_adding.begin(pumpEvents);
+    const bool isOther = m_adding.AddRomToLibrary(m_chosen, bareName(m_chosen));
+    m_adding.finish();
+    pumpEvents();
+    if (!isOther) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+}
+
+// The games of a folder
+
+void NewAssistant::AddDir_Click() {
+    if (m_isBusy) return;
+    const QString folder = Dlg.ShowFolder({text("f12"), QStringLiteral("Todos los archivos|*.*"), 1, {}});
+    if (!folder.isEmpty() && !isUnloaded()) addFolder(folder);
+}
+
+void NewAssistant::addFolder(const QString& folder) {
+    copyFolder(folder);
+    if (m_isToLeave) {
+        Unload();
+        return;
+    }
+    Page = 2;
+    FromFolder = 1;
+    chameleonButton1_Click();
+}
+
+// The text that a file dialog would stand on in the chosen folder ends the folder, wherever it occurs first.
+void NewAssistant::copyFolder(const QString& folder) {
+    m_isBusy = true;
+    const auto ended = qScopeGuard([this] { m_isBusy = false; });
+    File1.setPath(folderInFront(folder + QLatin1Char('\\') + text("f13"), text("f13")));
+    pumpEvents();
+    m_adding.begin(pumpEvents);
+    for (int i = 0; i < File1.ListCount() && !m_isToLeave; ++i) {
+        File1.setListIndex(i);
+        m_adding.AddRomToLibrary(File1.filePath(), File1.FileName());
+    }
+    m_adding.finish();
+    pumpEvents();
+}
+
+void NewAssistant::File1_Click() {
+    Pista.setScaleWidth(File1.ListCount());
+    barra.setWidth(Pista.pixels(File1.ListIndex()));
+}
+
+// The originals, and the end
+
+void NewAssistant::ChameleonButton5_Click() {
+    if (m_isBusy) return;
+    const char* told = "f9";
+    if (FromFolder == 1) {
+        const bool isAnyGone = m_adding.deleteSources() > 0 || File1.ListCount() == 0;
+        File1.Refresh();
+        pumpEvents();
+        told = isAnyGone ? "f10" : "f11";
+    } else if (!m_adding.deleteSource(FilePath.Text())) {
+        told = "f11";
+    }
+    if (isUnloaded()) return;
+    ShowDialog(text(told));
+    finishPages();
+}
+
+void NewAssistant::ChameleonButton6_Click() {
+    if (m_isBusy) return;
+    ShowDialog(text("f11"));
+    finishPages();
+}
+
+} // namespace torvane
