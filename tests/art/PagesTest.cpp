@@ -161,9 +161,10 @@ void PagesTest::turning_a_page_moves_neither_the_tor_nor_the_strip() {
     const QRect browse(372, 268, 106, 26);
     for (int scale : {1, 2}) {
         for (const QRect& part : {tor, voiceAndTrack, browse}) {
-            for (const QString& name : pages)
+            for (const QString& name : pages) {
                 QVERIFY(widestDifference(page(name, scale), page("One", scale), device(part, scale)) <=
                         2 * noise);
+            }
         }
     }
 }

@@ -60,7 +60,7 @@ private:
     }
 
     bool haveSettingsFailed() const {
-        const std::string folder = m_workshop.path("config/");
+        const std::string folder = m_workshop.path("config");
         return isStruck() && std::string(m_plan.struckName.data()).rfind(folder, 0) == 0;
     }
 

@@ -93,8 +93,7 @@ private slots:
                  "a\xC2\x85",
                  "a\xE2\x80\xA8",
                  "a\xE2\x80\xA9",
-                 "a\xE2\x80\xAE"
-                 "bg.exe",
+                 "a\xE2\x80\xAE.exe",
                  "a\xE2\x80\x8F",
                  "a\xE2\x81\xA6",
                  "\xD8\x9C",

@@ -71,7 +71,7 @@ private slots:
         QCOMPARE(zip_source_open(source.get()), 0);
         QByteArray read(3 << 20, 'x');
         const auto all = static_cast<zip_uint64_t>(read.size());
-        QCOMPARE(zip_source_read(source.get(), read.data(), all), room + 512 * 100);
+        QCOMPARE(zip_source_read(source.get(), read.data(), all), room + qint64{512} * 100);
         QCOMPARE(zip_source_seek(source.get(), 0, SEEK_SET), 0);
         QCOMPARE(zip_source_read(source.get(), read.data(), all), -1);
         zip_source_close(source.get());
@@ -113,7 +113,7 @@ private slots:
     void space_stays_free_on_the_disk() {
         struct statvfs disk {};
         QCOMPARE(statvfs(folder->native("target").constData(), &disk), 0);
-        const auto free = static_cast<qint64>(disk.f_bavail * disk.f_frsize);
+        const auto free = static_cast<qint64>(disk.f_bavail) * static_cast<qint64>(disk.f_frsize);
         const QString archive = makeArchive("a.zip", {{"game.gb", "game"}});
         extract(archive, {.bytesLeftFree = free + (qint64{1} << 40)});
         QCOMPARE(targetTree(), FolderTree());

@@ -48,7 +48,7 @@ protected:
 
     /// Makes an archive in the test's folder; gives its path.
     QString makeArchive(const char* name, const QList<ArchiveEntry>& entries) const {
-        const QString path = at(name);
+        QString path = at(name);
         zip_t* const zip = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
         if (zip == nullptr) qFatal("can't make the archive");
         for (const ArchiveEntry& entry : entries) {

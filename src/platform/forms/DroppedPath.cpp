@@ -13,7 +13,7 @@ namespace {
 // The first line that is no comment.
 QByteArray firstAddress(const QByteArray& list) {
     for (const QByteArray& line : list.split('\n')) {
-        const QByteArray address = line.trimmed();
+        QByteArray address = line.trimmed();
         if (!address.isEmpty() && !address.startsWith('#')) return address;
     }
     return {};
