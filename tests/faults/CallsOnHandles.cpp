@@ -74,6 +74,13 @@ extern "C" ssize_t write(int handle, const void* data, size_t count) {
     return written;
 }
 
+extern "C" int syncfs(int handle) noexcept {
+    static const auto real = next<int(int)>("syncfs");
+    const int result = through(Call::syncAll, {handle}, [&](bool) { return real(handle); });
+    if (result == 0 && record::isOn()) record::allSynced();
+    return result;
+}
+
 extern "C" int close(int handle) {
     static const auto real = next<int(int)>("close");
     return through(Call::close, {handle}, [&](bool) { return real(handle); });

@@ -73,6 +73,7 @@ void Disk::play(const Step& step) {
     case Step::Kind::setLength:
     case Step::Kind::setRights: return change(step);
     case Step::Kind::sync: return sync(idOf(step.file));
+    case Step::Kind::syncAll: return syncAll();
     default: return move(step);
     }
 }
@@ -119,6 +120,11 @@ void Disk::sync(Id id) {
     }
     File& file = m_files.at(id);
     file = {file.back()};
+}
+
+void Disk::syncAll() {
+    for (const auto& [id, folder] : m_folders) sync(id);
+    for (const auto& [id, file] : m_files) sync(id);
 }
 
 } // namespace torvane::faults

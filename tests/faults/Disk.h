@@ -13,6 +13,7 @@
 //   any of these changes may have happened and any not, also a later one without an earlier one; those of one
 //   name keep their order. One rename is one change: it has happened or it has not.
 // - A new folder is such a name in the folder around it.
+// - A sync of the whole file system is one of every file and every folder.
 // - What was synced stays as it is.
 #pragma once
 
@@ -52,6 +53,7 @@ private:
     void change(const Step& step);
     void move(const Step& step);
     void sync(Id id);
+    void syncAll();
     static void rename(Folder& folder, std::map<std::string, Id> names);
 
     Id m_last = 0; // the root is the first one to be taken in

@@ -3,19 +3,23 @@
 #include "DiskStates.h"
 #include "FileVariants.h"
 
+#include <algorithm>
 #include <random>
 
 namespace torvane::faults {
 
 namespace {
 constexpr size_t fewChanges = 10; // 1024 choices of names
-constexpr size_t sampledChoices = 1024;
+constexpr size_t sampledChoices = 256;
 constexpr size_t fewCombinations = 300; // of files' variants, for one choice of names
+constexpr size_t manyNameChanges = 6;   // above which there are so many choices that each gets fewer
 
 class States {
 public:
     States(const Disk& disk, const std::function<void(const Tree&)>& visit) : m_disk(disk), m_visit(visit) {
         for (const auto& [id, folder] : disk.folders()) m_changes += folder.changes.size();
+        if (m_changes > manyNameChanges)
+            m_most = std::max<size_t>(fewCombinations >> (m_changes - manyNameChanges), 4);
     }
 
     void visitAll() {
@@ -78,11 +82,11 @@ private:
         size_t combinations = 1;
         for (const auto& [path, id] : m_paths) {
             if (m_picks.emplace(id, 0).second) combinations *= variants(id).size();
-            if (combinations > fewCombinations * fewCombinations) break;
+            if (combinations > m_most * m_most) break;
         }
         m_picks.clear();
-        const bool isFew = combinations <= fewCombinations;
-        for (size_t i = 0; i < (isFew ? combinations : fewCombinations); ++i) {
+        const bool isFew = combinations <= m_most;
+        for (size_t i = 0; i < (isFew ? combinations : m_most); ++i) {
             pick(i, isFew);
             m_visit(tree());
         }
@@ -108,6 +112,7 @@ private:
     const Disk& m_disk;
     const std::function<void(const Tree&)>& m_visit;
     size_t m_changes = 0;
+    size_t m_most = fewCombinations;
     std::map<std::string, Disk::Id> m_paths;
     std::map<Disk::Id, std::vector<FileState>> m_variants;
     std::map<Disk::Id, size_t> m_picks;

@@ -33,7 +33,7 @@ bool isOfSort(Call call, int error) {
 bool canBefall(const Strike& strike, Call call) {
     switch (strike.fault) {
     case Fault::none: return false;
-    case Fault::toldAsFailed: return isChange(call) || call == Call::sync;
+    case Fault::toldAsFailed: return isChange(call) || call == Call::sync || call == Call::syncAll;
     case Fault::half: return call == Call::read || call == Call::write;
     case Fault::fromNowOn: return isOfSort(call, strike.error);
     case Fault::killHalf: return call == Call::write;
@@ -62,7 +62,7 @@ Verdict verdictOf(const Strike& strike, Call call) {
 } // namespace
 
 const char* nameOf(Call call) {
-    constexpr std::array<const char*, 13> names = {"open",   "create", "read",   "write",    "sync",
+    constexpr std::array<const char*, 14> names = {"open",   "create", "read",   "write",  "sync",     "syncfs",
                                                    "rename", "link",   "unlink", "truncate", "mkdir",
                                                    "chmod",  "stat",   "close"};
     return names.at(static_cast<size_t>(call));
@@ -98,6 +98,7 @@ bool isDue(Strike& strike, Call call, bool counts) {
 Verdict verdictOn(Call call, const Target& target) {
     if (!armed || isOwnWork) return {};
     ++armed->made;
+    if (call == Call::sync) ++armed->syncs;
     auto& [first, second] = armed->strikes;
     const bool isBehindFirst = first.isStruck();
     const bool isFirstDue = isDue(first, call, true);

@@ -15,6 +15,7 @@ enum class Call {
     read,
     write,
     sync,
+    syncAll, ///< of a whole file system
     rename,
     link,
     unlink,
@@ -53,6 +54,7 @@ struct Plan {
     std::array<char, 512> subject{};    ///< the real path of the file that is being changed
     void (*meeting)(int) = nullptr;     ///< called with the index of the strike
     int made = 0;                       ///< calls so far
+    int syncs = 0;                      ///< syncs of single files and folders among them
     int struckAt = 0;                   ///< the number of the call that was struck last; 0 for none
     Call struckCall = Call::open;       ///< what it was
     std::array<char, 512> struckName{}; ///< and of which file

@@ -39,7 +39,7 @@ void Inspection::checkSubject(Found found) {
         return check(found == Found::fresh, "success was told, and the file is not the new one");
     case Told::failure:
         // Of a line that could not be cut back all may be there, too.
-        check(found != Found::fresh || m_ending.isFreshAllowed ||
+        check(found != Found::fresh || m_ending.isFreshAllowed || m_situation.isBatch ||
                   (m_ending.isPartAllowed && !m_situation.line.isEmpty()),
               "a failure was told, and the file is the new one");
         return check(found != Found::part || m_ending.isPartAllowed, "a part of the line was left behind");
@@ -53,7 +53,7 @@ void Inspection::beforeNextStart() {
     checkSubject(m_before);
     checkAsides(false);
     checkBystanders();
-    checkFormer();
+    checkTreasures();
 }
 
 void Inspection::afterNextStart() {
@@ -68,15 +68,20 @@ void Inspection::afterNextStart() {
     checkBystanders();
     checkNames();
     checkRights();
-    checkFormer();
+    checkTreasures();
+}
+
+bool Inspection::isAny(const std::vector<Content>& allowed, const std::string& path) const {
+    return std::any_of(allowed.begin(), allowed.end(),
+                       [&](const Content& one) { return holds(path, one); });
 }
 
 void Inspection::checkAsides(bool afterNextStart) {
     for (const auto& [path, aside] : m_situation.asides) {
         const auto& allowed = afterNextStart ? aside.afterNextStart : aside.meanwhile;
-        const bool isOne = std::any_of(allowed.begin(), allowed.end(),
-                                       [&, &file = path](const Content& one) { return holds(file, one); });
-        check(isOne, path + " holds something else");
+        check(isAny(allowed, path), path + " holds something else");
+        if (m_ending.told != Told::success || aside.whenDone.empty()) continue;
+        check(isAny(aside.whenDone, path), "success was told, and it was not done to " + path);
     }
 }
 
@@ -104,11 +109,13 @@ void Inspection::checkRights() {
     check(m_workshop.rightsOf(m_situation.subject) == expected, "the file has got other rights");
 }
 
-void Inspection::checkFormer() {
-    if (!m_situation.keepsFormer) return;
-    check(m_workshop.holds(m_situation.subject, *m_situation.former) ||
-              m_workshop.holds(backupFile, *m_situation.former),
-          "the former image is neither in the file nor in the backup folder");
+void Inspection::checkTreasures() {
+    for (const auto& [bytes, places] : m_situation.treasures) {
+        const bool isKept = std::any_of(places.begin(), places.end(), [&, &content = bytes](const auto& path) {
+            return m_workshop.holds(path, content);
+        });
+        check(isKept, "what must not get lost stands neither in " + places.front() + " nor elsewhere");
+    }
 }
 
 } // namespace torvane::faults

@@ -47,7 +47,8 @@ private:
     void checkBystanders();
     void checkNames();
     void checkRights();
-    void checkFormer();
+    void checkTreasures();
+    bool isAny(const std::vector<Content>& allowed, const std::string& path) const;
     bool holds(const std::string& path, const Content& content) const;
 
     const Workshop& m_workshop;

@@ -10,7 +10,7 @@ ProgramParts::ProgramParts(const Workshop& workshop)
       m_language(m_globals, [](const QString&, const QString&, const QString&) { return QString(); }),
       m_hosts(m_globals), settings(QString::fromStdString(workshop.path("config"))),
       funciones({m_globals, m_language, m_hosts, *this, *this, settings}, *this),
-      id3(m_globals, m_language, *this) {
+      id3(m_globals, m_language, *this), adding(m_globals) {
     id3.NewCompany = QString::fromLatin1(TagBytes::company);
     id3.NewTitle = QString::fromLatin1(TagBytes::title);
     id3.NewDate = QString::fromLatin1(TagBytes::date);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Workshop.h"
+#include "catalogue/AddNewROM.h"
 #include "catalogue/ID3.h"
 #include "core/Funciones.h"
 
@@ -36,6 +37,7 @@ public:
     Settings settings;
     Funciones funciones;
     ID3 id3;
+    AddNewROM adding;
 };
 
 /// What the program does at its next start about the files of the last one.

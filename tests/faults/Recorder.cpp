@@ -96,6 +96,8 @@ void synced(int handle) {
     steps.push_back({.kind = Step::Kind::sync, .file = inodeOf(handle)});
 }
 
+void allSynced() { steps.push_back({.kind = Step::Kind::syncAll}); }
+
 void renamed(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
     const OwnWork work;
     const auto kind = (flags & RENAME_EXCHANGE) != 0 ? Step::Kind::exchange : Step::Kind::rename;

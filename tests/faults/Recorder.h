@@ -23,6 +23,7 @@ struct Step {
         setLength,
         setRights,
         sync,
+        syncAll,
         rename,
         exchange,
         link,
@@ -53,6 +54,7 @@ void wrote(int handle, const void* data, ssize_t count);
 void lengthSet(int handle, off_t length);
 void rightsSet(int handle);
 void synced(int handle);
+void allSynced();
 void renamed(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags);
 void linked(int fromFolder, const char* from, int toFolder, const char* to);
 void unlinked(int folder, const char* path);

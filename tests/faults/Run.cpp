@@ -30,7 +30,11 @@ bool isHiddenFailure(const Plan& plan, const Situation& situation, Told told) {
     const Strike& strike = plan.strikes[0];
     const bool isError = strike.isStruck() && strike.fault != Fault::half && strike.error != EINTR;
     const bool isAside = situation.subject != settingsFile && strstr(plan.struckName.data(), "/config");
-    return told == Told::success && isError && plan.struckCall == Call::sync && !isAside;
+    if (told != Told::success || !isError) return false;
+    // Of a sync of all that failed each game has to be asked by itself, and then the folder.
+    const auto games = static_cast<int>(situation.treasures.size());
+    if (plan.struckCall == Call::syncAll) return plan.syncs <= games;
+    return plan.struckCall == Call::sync && !isAside;
 }
 } // namespace
 

@@ -33,7 +33,7 @@ public:
         if (hasBackup) made.before[backupFile] = {QByteArray(5000, 'b'), {}};
         const Content backup = hasBackup ? Content(made.before[backupFile].bytes) : Content();
         made.asides[backupFile] = {{backup, made.former}, {backup, made.former}};
-        made.keepsFormer = true;
+        made.treasures = {{*made.former, {gameFile, backupFile}}};
         made.fresh = TagBytes::replaced(*made.former);
         made.run = [&id3 = m_parts.id3, path = game()] {
             id3.ReplaceRomTag(path, id3.NewTitle, id3.NewCompany, id3.NewDate, id3.NewInfo);
@@ -91,8 +91,48 @@ public:
         return made;
     }
 
+    Situation import(const char* operation, int count, bool deletesOriginals) {
+        Situation made = common(operation, imported("program/roms/", 0));
+        made.details += ", " + std::to_string(count) + " games";
+        made.isBatch = true;
+        for (int i = 0; i < count; ++i) addImport(made, i, deletesOriginals);
+        made.former = in(made.before, made.subject);
+        made.fresh = made.before[imported("incoming/", 0)].bytes;
+        made.run = [&parts = m_parts, count, deletesOriginals] {
+            parts.adding.begin([] {});
+            for (int i = 0; i < count; ++i) {
+                const std::string name = imported({}, i);
+                parts.adding.AddRomToLibrary(parts.spelled("incoming/" + name), QString::fromStdString(name));
+            }
+            parts.adding.finish();
+            if (deletesOriginals) parts.adding.deleteSources();
+        };
+        return made;
+    }
+
 private:
     QString game() const { return m_parts.spelled(gameFile); }
+
+    static std::string imported(const std::string& folder, int index) {
+        return folder + "new" + std::to_string(index) + ".gb";
+    }
+
+    void addImport(Situation& made, int index, bool deletesOriginals) const {
+        const std::string source = imported("incoming/", index);
+        const std::string target = imported("program/roms/", index);
+        const auto seed = static_cast<quint64>(10 + index);
+        const QByteArray game = TagBytes::image(m_size, seed);
+        made.before[source].bytes = game;
+        if (m_standing != Standing::none)
+            made.before[target] = {TagBytes::image(lengthBy(m_size), 100 + seed), withMode(0640)};
+        made.treasures.push_back({game, {source, target}});
+        if (index > 0) {
+            const Content former = in(made.before, target);
+            made.asides[target] = {{former, game}, {former, game}, {game}};
+        }
+        // An original may stay, or come back after a power cut: nothing is lost by that.
+        if (deletesOriginals) made.asides[source] = {{game, {}}, {game, {}}};
+    }
 
     static void set(Settings& settings, const char* key, const QString& value) {
         settings.SaveSetting(Config::application, Config::section, QString::fromLatin1(key), value);
@@ -163,12 +203,16 @@ private:
     qsizetype m_size;
     Standing m_standing;
 };
+
+std::vector<Standing> standings(bool brief) {
+    if (brief) return {Standing::none, Standing::longer};
+    return {Standing::none, Standing::shorter, Standing::equal, Standing::longer};
+}
 } // namespace
 
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief) {
     std::vector<Situation> all;
-    for (const Standing standing : {Standing::none, Standing::shorter, Standing::equal, Standing::longer}) {
-        if (brief && (standing == Standing::shorter || standing == Standing::equal)) continue;
+    for (const Standing standing : standings(brief)) {
         Maker make(workshop, parts, imageSize, standing);
         all.push_back(make.strip());
         all.push_back(make.replace());
@@ -177,6 +221,17 @@ std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsize
         all.push_back(make.saveSetting());
         all.push_back(make.copyOut());
         all.push_back(make.copyIn());
+    }
+    return all;
+}
+
+std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief,
+                               bool isLarge) {
+    std::vector<Situation> all;
+    for (const Standing standing : standings(brief)) {
+        Maker make(workshop, parts, imageSize, standing);
+        all.push_back(make.import("games into the library", isLarge ? 9 : 3, false));
+        all.push_back(make.import("games, originals deleted", isLarge ? 9 : 3, true));
     }
     return all;
 }

@@ -16,6 +16,13 @@ using Content = std::optional<QByteArray>;
 struct Aside {
     std::vector<Content> meanwhile;
     std::vector<Content> afterNextStart;
+    std::vector<Content> whenDone = {}; ///< after a success that was told; anything of the above if empty
+};
+
+/// What must not get lost: it has to stand whole in one of these files at least.
+struct Treasure {
+    QByteArray bytes;
+    std::vector<std::string> places;
 };
 
 struct Situation {
@@ -27,7 +34,8 @@ struct Situation {
     Content fresh;       ///< what is in it afterwards; nothing if the operation has to fail
     QByteArray line;     ///< what is written behind the former content, if that is the way
     std::map<std::string, Aside> asides;
-    bool keepsFormer = false; ///< the former content has to be in the file or in the backup folder
+    std::vector<Treasure> treasures;
+    bool isBatch = false; ///< of several files, some of which may be changed when another one fails
     std::function<void()> run;
 
     std::string name() const { return operation + ", " + details; }
@@ -41,5 +49,10 @@ inline const std::string settingsFile = "config/Torvane/Torvane.conf";
 /// length and something longer in the place of what it writes. They run on the workshop and the parts, which
 /// have to live as long. With `brief` only the first and the last of these four.
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief);
+
+/// The assistant's copies of several games of that size at once, with and without the end of the originals.
+/// `isLarge` makes them so many that they share one sync of the whole file system.
+std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief,
+                               bool isLarge);
 
 } // namespace torvane::faults

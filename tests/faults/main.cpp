@@ -41,6 +41,8 @@ private:
     void calls() {
         Runner runner(m_workshop, m_tally);
         strikeAll(runner, 32 * kibibyte, false);
+        for (const bool isLarge : {false, true}) strikeImports(runner, 4 * kibibyte, isLarge);
+        if (m_isLong) strikeImports(runner, 8 * mebibyte, false);
         strikeTwo(runner);
         strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, !m_isLong);
         if (m_isLong) strikeAll(runner, 32 * mebibyte, true);
@@ -51,6 +53,14 @@ private:
         for (const Situation& situation : situations(m_workshop, m_parts, 4 * kibibyte, true)) {
             if (operations.count(situation.operation) == 0) continue;
             strikeEveryTwoCalls(runner, situation, !m_isLong);
+        }
+    }
+
+    void strikeImports(Runner& runner, qsizetype size, bool isLarge) {
+        const bool brief = !m_isLong || isLarge || size >= mebibyte;
+        for (const Situation& situation : imports(m_workshop, m_parts, size, brief, isLarge)) {
+            runner.run(situation, {});
+            strikeEveryCall(runner, situation, !m_isLong);
         }
     }
 
@@ -71,11 +81,24 @@ private:
                 if (m_isLong && size == uneven) failPowerAfterFaults(m_workshop, m_tally, situation);
             }
         }
+        failPowerInImports();
+    }
+
+    void failPowerInImports() {
+        for (const Situation& situation : imports(m_workshop, m_parts, kibibyte, !m_isLong, false))
+            failPower(m_workshop, m_tally, situation);
+        if (!m_isLong) return;
+        for (const Situation& situation : imports(m_workshop, m_parts, kibibyte, true, true))
+            failPower(m_workshop, m_tally, situation);
     }
 
     void kills() {
         auto all = situations(m_workshop, m_parts, 32 * kibibyte, true);
         for (const Situation& one : situations(m_workshop, m_parts, 8 * mebibyte, true)) all.push_back(one);
+        for (const bool isLarge : {false, true}) {
+            const auto games = imports(m_workshop, m_parts, 32 * kibibyte, true, isLarge);
+            all.insert(all.end(), games.begin(), games.end());
+        }
         killAtRandom(m_workshop, m_tally, all, 10'000);
     }
 

@@ -8,15 +8,9 @@
 namespace torvane {
 
 namespace {
-bool isSameFile(const struct stat& source, const QByteArray& target) {
-    struct stat other {};
-    return stat(target.constData(), &other) == 0 && source.st_dev == other.st_dev &&
-           source.st_ino == other.st_ino;
-}
-
-bool isSameState(const struct stat& one, const struct stat& other) {
-    return one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
-           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+bool isAt(const QByteArray& path, const struct stat& file) {
+    struct stat there {};
+    return stat(path.constData(), &there) == 0 && isSameFile(there, file);
 }
 } // namespace
 
@@ -27,7 +21,7 @@ std::unique_ptr<Arrival> Arrival::ofCopy(const QByteArray& from, const QByteArra
     state = infoOf(source);
     if (!S_ISREG(state.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     const Place place = placeOf(target);
-    if (isSameFile(state, target)) return nullptr;
+    if (isAt(target, state)) return nullptr;
     FileRights::refuseUnlessWritable(target);
     auto arrival = std::make_unique<Arrival>(place);
     arrival->m_fresh.copyFrom(source, betweenBlocks);

@@ -20,15 +20,6 @@ constexpr size_t largestBatch = 128; // two open files each, of the 1024 that a 
 constexpr size_t fewFiles = 8;       // for so few the whole file system need not be synced
 constexpr int serveInterval = 10;    // milliseconds
 
-bool isSameFile(const struct stat& one, const struct stat& other) {
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
-}
-
-bool isSameState(const struct stat& one, const struct stat& other) {
-    return isSameFile(one, other) && one.st_size == other.st_size &&
-           one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
-}
-
 // Brings all that the file system of a folder holds to the disk; false if that did not succeed for certain.
 bool syncTogether(const Folder& folder) {
     struct statfs info {};

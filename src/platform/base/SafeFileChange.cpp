@@ -16,11 +16,6 @@ namespace {
 constexpr std::chrono::milliseconds moment(1);
 constexpr int mostExchanges = 100; // another program that is quicker each time does nothing else
 
-bool isSameState(const struct stat& one, const struct stat& other) {
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino && one.st_size == other.st_size &&
-           one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
-}
-
 // Gives a hidden file the name under which a former one is kept.
 void nameKept(const Folder& keeping, HiddenFile& kept, const QByteArray& name) {
     const int renamed = uninterrupted([&] {

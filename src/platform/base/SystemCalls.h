@@ -71,6 +71,17 @@ inline struct stat infoOf(const Handle& handle) {
     return info;
 }
 
+/// Whether two looks were at one and the same file.
+inline bool isSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// Whether two looks were at one and the same file, and nothing was written to it between them.
+inline bool isSameState(const struct stat& one, const struct stat& other) {
+    return isSameFile(one, other) && one.st_size == other.st_size &&
+           one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+
 /// At most `count` bytes from a position counted from 0; fewer at the end of the file.
 QByteArray bytesOf(const Handle& file, qint64 position, qint64 count);
 /// All bytes of a file; one of 2 GiB or more is refused as too much for the memory.
