@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The names of a folder: the program's table of them against the plainest way to a sorted list, in turns.
 // Usage: bench_names FOLDER ROUNDS; prints "table", "plain" (median nanoseconds) and "count".
-#include "Clock.h"
+#include "Samples.h"
 #include "platform/base/FolderNames.h"
 #include "platform/base/Paths.h"
 
-#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
-#include <cstdlib>
 #include <dirent.h>
 #include <string>
-#include <vector>
 
 namespace {
 using torvane::FolderNames;
+using torvane::bench::median;
 using torvane::bench::wallClock;
 
 size_t plainNames(const char* folder) {
@@ -25,11 +23,6 @@ size_t plainNames(const char* folder) {
     closedir(dir);
     std::sort(names.begin(), names.end());
     return names.size();
-}
-
-std::int64_t median(std::vector<std::int64_t> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 } // namespace
 

@@ -2,18 +2,15 @@
 // Saves the tag of a game of 32 MiB that has one, which strips and appends, and copies the same file plainly,
 // synced once, in turns. Usage: bench_saves FOLDER ROUNDS
 // Prints the wall nanoseconds: "save" and "copy", medians.
-#include "Clock.h"
+#include "Samples.h"
 #include "catalogue/ID3.h"
 #include "platform/base/Paths.h"
 
-#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <functional>
 #include <unistd.h>
-#include <vector>
 
 namespace torvane::bench {
 
@@ -23,10 +20,6 @@ constexpr qsizetype gameSize = 32 << 20;
 struct NoMessages : MessageBoxes {
     int MsgBox(const QString&, int, const QString&) override { return MsgBoxFlags::answerOk; }
 };
-
-void mustHold(bool holds) {
-    if (!holds) std::exit(3);
-}
 
 // The yardstick: what any program does that copies a file and wants it to be on the disk.
 void copyPlainly(const QByteArray& from, const QByteArray& to) {
@@ -43,17 +36,6 @@ void copyPlainly(const QByteArray& from, const QByteArray& to) {
     mustHold(fsync(target) == 0);
     close(source);
     close(target);
-}
-
-std::int64_t timeOf(const std::function<void()>& work) {
-    const std::int64_t start = wallClock();
-    work();
-    return wallClock() - start;
-}
-
-std::int64_t median(std::vector<std::int64_t> samples) {
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
 }
 } // namespace
 

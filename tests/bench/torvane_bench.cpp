@@ -18,9 +18,9 @@ namespace {
 constexpr int rounds = 7;
 constexpr const char* holdMilliseconds = "1000";
 
-std::string format(const char* pattern, double a, double b = 0) {
+std::string format(const char* pattern, double a, double b = 0, double c = 0) {
     char text[128];
-    std::snprintf(text, sizeof text, pattern, a, b);
+    std::snprintf(text, sizeof text, pattern, a, b, c);
     return text;
 }
 
@@ -61,7 +61,7 @@ struct Library {
 class Benchmarks {
 public:
     Benchmarks(const fs::path& programs, const fs::path& scratch)
-        : m_programs(programs), m_small("10,000", scratch, 10'000), m_large("100,000", scratch, 100'000) {}
+        : m_programs(programs), m_empty("0", scratch, 0), m_small("10,000", scratch, 10'000), m_large("100,000", scratch, 100'000) {}
 
     bool runAll() {
         for (int round = 0; round <= rounds; ++round) takeStarts(round > 0);
@@ -73,6 +73,8 @@ public:
         reportSelections();
         reportButtons();
         reportSaves();
+        reportImports();
+        reportArchives();
         reportNames();
         return m_report.allKept();
     }
@@ -178,6 +180,29 @@ private:
                      format("%.1f ms against %.1f ms of a plain copy, both synced", save, copy));
     }
 
+    // The library of the first is empty, and what it brings in is no archive.
+    void reportImports() {
+        const Values values =
+            run({program("bench_imports"), m_empty.folder, m_empty.configuration, std::to_string(rounds)},
+                m_empty.configuration);
+        const double import = values.at("import") / 1e6;
+        const double copy = values.at("copy") / 1e6;
+        m_report.row("The assistant copies 1,000 games", import / copy, 1.5,
+                     format("%.1f ms against %.1f ms of cp and sync, %.1f ms of cp", import, copy,
+                            values.at("unsynced") / 1e6));
+    }
+
+    void reportArchives() {
+        const Values values =
+            run({program("bench_archives"), m_empty.folder, m_empty.configuration, std::to_string(rounds)},
+                m_empty.configuration);
+        const double open = values.at("open") / 1e6;
+        const double unzip = values.at("unzip") / 1e6;
+        m_report.row("Opening an archive of 32 MiB", open / unzip, 1.5,
+                     format("%.1f ms against %.1f ms of unzip", open, unzip));
+        m_report.row("Seconds to list 10,000 small members", values.at("many") / 1e9, 2, "unpacked and painted");
+    }
+
     void reportNames() {
         const Values values = run({program("bench_names"), m_large.folder / "roms", std::to_string(rounds)},
                                   m_large.configuration);
@@ -188,6 +213,7 @@ private:
     }
 
     fs::path m_programs;
+    Library m_empty;
     Library m_small;
     Library m_large;
     Report m_report;
