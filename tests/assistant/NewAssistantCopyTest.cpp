@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the assistant does to files, what it lets the user do meanwhile, and what is dropped on it.
+// What the assistant does to files, and what it lets the user do meanwhile.
 #include "support/Failing.h"
 #include "support/OpenedAssistant.h"
 
@@ -237,100 +237,6 @@ private slots:
         QVERIFY(wasBusy);
         QVERIFY(!opened->isThere());
         expectOnlyWholeGames(32 << 20);
-    }
-
-    // Drops
-    void a_file_dropped_on_the_main_window_opens_the_assistant_with_it() {
-        opened->games(1);
-        const QString path = opened->original(u"a game.gb"_s, "dropped");
-        opened->open();
-        QVERIFY(dropOn(opened->main(), addressOf(path)));
-        QTRY_VERIFY(opened->isThere());
-        QCOMPARE(window().FilePath.Text(), path);
-        QCOMPARE(opened->typed(), opened->said("f12"));
-        QVERIFY(window().chameleonButton1.Enabled());
-        QCOMPARE(window().windowHandle()->transientParent(), opened->main().windowHandle());
-        click(window().chameleonButton1);
-        QCOMPARE(opened->bytesOf(u"a game.gb"_s), QByteArray("dropped"));
-        QCOMPARE(opened->typed(), opened->page("f5", "f6", "f7"));
-    }
-    void a_folder_dropped_on_the_assistant_is_copied_and_asked_about() {
-        originals(3);
-        opened->openAssistant();
-        QVERIFY(dropOn(window(), addressOf(opened->from())));
-        QTRY_COMPARE(opened->library().size(), 3);
-        QCOMPARE(opened->typed(), opened->page("f5b", "f6", "f7"));
-        QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 3);
-    }
-    void of_several_dropped_things_the_first_one_counts() {
-        const QString first = opened->original(u"a.gb"_s);
-        const QString second = opened->original(u"b.gb"_s);
-        opened->openAssistant();
-        QVERIFY(dropOn(window(), "# a comment\r\n" + addressOf(first) + addressOf(second)));
-        QTRY_COMPARE(window().FilePath.Text(), first);
-    }
-    void a_drop_on_a_pending_question_keeps_the_originals() {
-        const QString first = opened->original(u"a.gb"_s);
-        const QString second = opened->original(u"b.gb"_s);
-        opened->openAssistant();
-        opened->copyFile(first);
-        QVERIFY(dropOn(window(), addressOf(second)));
-        QTRY_COMPARE(window().FilePath.Text(), second);
-        QVERIFY(QFile::exists(first));
-        QVERIFY(!isSeen(window().ChameleonButton5) && isSeen(window().FilePath));
-        click(window().chameleonButton1);
-        QCOMPARE(opened->library(), (QStringList{u"a.gb"_s, u"b.gb"_s}));
-    }
-    void a_dropped_name_of_bytes_that_are_no_text_is_copied() {
-        opened->world.folder.makeFolder(u"from"_s);
-        opened->world.folder.writeNative("from/a\xFF.gb", "bytes");
-        opened->openAssistant();
-        QVERIFY(dropOn(window(), "file://" + opened->from().toUtf8() + "/a%FF.gb"));
-        QTRY_VERIFY(isSeen(window().FilePath));
-        click(window().chameleonButton1);
-        QCOMPARE(access(opened->world.folder.native("roms/a\xFF.gb").constData(), R_OK), 0);
-    }
-    void what_is_no_file_of_this_machine_is_refused_data() {
-        QTest::addColumn<QByteArray>("addresses");
-        QTest::newRow("a web page") << QByteArray("https://www.example.org/a.gb");
-        QTest::newRow("another machine") << QByteArray("file://elsewhere/tmp");
-        QTest::newRow("not there") << QByteArray("file:///nowhere/at/all.gb");
-        QTest::newRow("nothing") << QByteArray();
-        QTest::newRow("no path") << QByteArray("file:");
-        QTest::newRow("a zero") << QByteArray("file:///tmp%00");
-        QTest::newRow("comments") << QByteArray("# file:///tmp\r\n");
-    }
-    void what_is_no_file_of_this_machine_is_refused() {
-        QFETCH(QByteArray, addresses);
-        opened->games(1);
-        opened->open();
-        QVERIFY(!dropOn(opened->main(), addresses));
-        QTest::qWait(20);
-        QVERIFY(!opened->isThere());
-    }
-    void a_pipe_is_refused() {
-        opened->games(1);
-        opened->open();
-        const QString pipe = opened->world.folder.path(u"pipe.gb"_s);
-        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-        QVERIFY(!dropOn(opened->main(), addressOf(pipe)));
-    }
-    void a_plain_text_is_refused() {
-        opened->games(1);
-        opened->open();
-        QMimeData data;
-        data.setText(u"/tmp"_s);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
-        enter.setAccepted(false);
-        QCoreApplication::sendEvent(&opened->main(), &enter);
-        QVERIFY(!enter.isAccepted());
-    }
-    void a_main_window_that_takes_no_input_takes_no_drop() {
-        opened->games(1);
-        const QString path = opened->original(u"a.gb"_s);
-        opened->open();
-        click(opened->main().chameleonButton1);
-        QVERIFY(!dropOn(opened->main(), addressOf(path)));
     }
 };
 

@@ -1,43 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The archive window: how it opens, lists, launches and closes.
-#include "support/Archive.h"
-#include "support/OpenedProgram.h"
+#include "support/OpenedViewer.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
-#include <QTimer>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
-class ZIP_ViewerTest : public QObject {
+class ZIP_ViewerTest : public OpenedViewer {
     Q_OBJECT
 
-    std::unique_ptr<OpenedProgram> opened;
-    MainFrm& main() const { return opened->main(); }
-    ZIP_Viewer& window() const { return *opened->program->zipViewer.ifLoaded(); }
-    bool isOpen() const { return opened->program->zipViewer.ifLoaded() != nullptr; }
-    FakeProcesses& processes() const { return opened->world.processes; }
-    QByteArray temp() const { return opened->world.appPath().toUtf8() + "/ziptemp/"; }
-    bool exists(const QString& relative) const {
-        return QFileInfo::exists(opened->world.folder.path(relative));
-    }
-    /// An archive as the only game of the library, opened by the button of its panel.
-    void openArchive(const QList<ArchiveMember>& members, const QString& name = u"game.zip"_s) {
-        writeArchive(opened->world.folder.path(u"roms/"_s + name), members);
-        opened->open();
-        click(main().Zipper);
-        QVERIFY(isOpen());
-    }
     void chooseRow(int row) const { click(window().ListView1, rowPlace(row)); }
     QPoint rowPlace(int row) const { return {100, row * window().ListView1.rowHeight() + 10}; }
     void play(int row) const {
         chooseRow(row);
         doubleClick(window().ListView1, rowPlace(row));
-    }
-    /// What the user does while an archive is being read, which serves his events.
-    void during(int milliseconds, const std::function<void()>& act) {
-        QTimer::singleShot(milliseconds, this, act);
     }
     QStringList panel() const {
         return {window().GameTitle.Caption(), window().GameAutor.Caption(), window().GameDate.Caption(),
@@ -48,8 +26,8 @@ class ZIP_ViewerTest : public QObject {
     const QStringList blank{{}, {}, {}, {}, u"[KB]"_s};
 
 private slots:
-    void init() { opened = std::make_unique<OpenedProgram>(); }
-    void cleanup() { opened.reset(); }
+    void init() { start(); }
+    void cleanup() { end(); }
 
     // Opening
     void the_zip_button_opens_the_archive_and_hides_the_main_window() {
@@ -233,107 +211,6 @@ private slots:
             click(main().Zipper);
             QCOMPARE(window().ListView1.rowCount(), 1);
         }
-    }
-
-    // An archive that gives nothing
-    void an_archive_that_gives_nothing_is_waited_for_until_the_window_closes_data() {
-        QTest::addColumn<bool>("byWindowManager");
-        QTest::newRow("close button") << false;
-        QTest::newRow("window manager") << true;
-    }
-    void an_archive_that_gives_nothing_is_waited_for_until_the_window_closes() {
-        QFETCH(bool, byWindowManager);
-        opened->game(u"game.zip"_s, "no archive");
-        opened->open();
-        bool waited = false;
-        during(700, [&] {
-            waited = isOpen() && window().isVisible() && isSeen(window().Mensaje) && !main().isVisible() &&
-                     exists(u"ziptemp/game"_s);
-            byWindowManager ? static_cast<void>(window().close()) : click(window().chameleonButton1);
-        });
-        click(main().Zipper);
-        QVERIFY(waited);
-        QVERIFY(!isOpen());
-        QVERIFY(main().isVisible());
-        QVERIFY(!exists(u"ziptemp/game"_s));
-        QCOMPARE(opened->world.messages.boxes.size(), 0);
-    }
-    void an_archive_that_is_repaired_meanwhile_shows_itself() {
-        opened->game(u"game.zip"_s, "no archive");
-        opened->open();
-        during(300, [&] { writeArchive(opened->world.folder.path(u"roms/game.zip"_s), {{u"a.gb"_s, "x"}}); });
-        click(main().Zipper);
-        QCOMPARE(window().ListView1.rowCount(), 1);
-        QVERIFY(!isSeen(window().Mensaje));
-    }
-    void waiting_does_not_keep_a_processor_busy() {
-        opened->game(u"game.zip"_s, QByteArray());
-        opened->open();
-        std::clock_t used = 0;
-        during(2000, [&] { used = std::clock(); });
-        during(5000, [&] {
-            used = std::clock() - used;
-            click(window().chameleonButton1);
-        });
-        click(main().Zipper);
-        // Three seconds of waiting; a try a second costs a few milliseconds.
-        QVERIFY2(used < CLOCKS_PER_SEC / 2, qPrintable(QString::number(used)));
-    }
-    void events_are_served_while_it_waits() {
-        opened->game(u"game.zip"_s, "no archive");
-        opened->open();
-        int ticks = 0;
-        QTimer ticking;
-        connect(&ticking, &QTimer::timeout, this, [&] { ++ticks; });
-        ticking.start(20);
-        during(1000, [&] { click(window().chameleonButton1); });
-        click(main().Zipper);
-        QVERIFY2(ticks > 20, qPrintable(QString::number(ticks)));
-    }
-    void closing_in_the_middle_of_an_extraction_leaves_no_folder() {
-        QList<ArchiveMember> members;
-        for (int i = 0; i < 300; ++i) members.append({u"m%1.gb"_s.arg(i), QByteArray(100'000, 'm')});
-        writeArchive(opened->world.folder.path(u"roms/game.zip"_s), members);
-        opened->open();
-        qsizetype unpacked = -1;
-        QTimer looking;
-        connect(&looking, &QTimer::timeout, this, [&] {
-            const qsizetype count = opened->world.folder.entries(u"ziptemp/game"_s).size();
-            if (count == 0) return;
-            looking.stop();
-            unpacked = count;
-            click(window().chameleonButton1);
-        });
-        looking.start(1);
-        click(main().Zipper);
-        QVERIFY2(unpacked > 0 && unpacked < 300, qPrintable(QString::number(unpacked)));
-        QVERIFY(!isOpen());
-        QVERIFY(main().isVisible());
-        QVERIFY(!exists(u"ziptemp/game"_s));
-    }
-    void a_second_click_on_close_in_between_does_no_harm() {
-        opened->game(u"game.zip"_s, "no archive");
-        opened->open();
-        during(200, [&] {
-            emit window().chameleonButton1.Click();
-            emit window().chameleonButton1.Click();
-            window().close();
-        });
-        click(main().Zipper);
-        QVERIFY(!isOpen());
-        QVERIFY(main().isVisible());
-    }
-    void a_foreign_folder_behind_a_link_is_neither_filled_nor_emptied() {
-        opened->world.folder.write(u"mine/a.gb"_s, "mine");
-        opened->world.folder.makeFolder(u"ziptemp"_s);
-        QVERIFY(
-            QFile::link(opened->world.folder.path(u"mine"_s), opened->world.folder.path(u"ziptemp/game"_s)));
-        writeArchive(opened->world.folder.path(u"roms/game.zip"_s), {{u"a.gb"_s, "other"}});
-        opened->open();
-        during(300, [&] { click(window().chameleonButton1); });
-        click(main().Zipper);
-        QCOMPARE(opened->world.folder.read(u"mine/a.gb"_s), QByteArray("mine"));
-        QVERIFY(exists(u"ziptemp/game"_s));
     }
 };
 
