@@ -83,6 +83,27 @@ private slots:
         QVERIFY2(lines[3].first >= second.top() && lines[3].second <= second.bottom() + 2,
                  qPrintable(u"%1 to %2"_s.arg(lines[3].first).arg(lines[3].second)));
     }
+    void a_text_on_a_page_with_marks_ends_above_them_data() {
+        QTest::addColumn<QByteArray>("language");
+        QTest::addColumn<QByteArray>("key");
+        for (const char* language : {"esp", "cat", "eng"}) {
+            for (const char* key : {"f9", "f10", "f11", "f12"})
+                QTest::addRow("%s %s", language, key) << QByteArray(language) << QByteArray(key);
+        }
+    }
+    void a_text_on_a_page_with_marks_ends_above_them() {
+        QFETCH(QByteArray, language);
+        QFETCH(QByteArray, key);
+        opened->world.useLanguage(language);
+        opened->openAssistant();
+        window().ShowDialog(QString());
+        const QImage empty = window().grab().toImage();
+        window().ShowDialog(opened->said(key.constData()));
+        opened->typed();
+        const QList<QPair<int, int>> lines = linesBetween(empty, window().grab().toImage());
+        QVERIFY(!lines.isEmpty());
+        QVERIFY2(lines.last().second < window().AddFile.y(), qPrintable(QString::number(lines.size())));
+    }
 };
 
 QTEST_MAIN(NewAssistantTextsTest)
