@@ -45,7 +45,7 @@ private:
         if (m_isLong) strikeImports(runner, 8 * mebibyte, false);
         strikeTwo(runner);
         strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, !m_isLong);
-        if (m_isLong) strikeAll(runner, 32 * mebibyte, true);
+        if (m_isLong) strikeAll(runner, 32 * mebibyte, false);
     }
 
     void strikeTwo(Runner& runner) {
