@@ -2,7 +2,8 @@
 // Opens archives of the library in their window, up to the painted list. In turns with it `unzip` unpacks the
 // same game of 32 MiB into an empty folder. Usage: bench_archives PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS,
 // with no other archives in the library.
-// Prints wall nanoseconds, medians: "open" and "unzip" of one game, "many" of an archive of 10,000 small ones.
+// Prints wall nanoseconds, medians: "open" and "unzip" of one game, "many" of an archive of 10,000 small
+// ones.
 #include "ProgramUnderBench.h"
 #include "Samples.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Lets the assistant copy a folder of 1,000 games into an empty library, with its window painted, and in turns
-// with it `cp`, followed by one sync of the file system, as the assistant's copies are on the disk in the end.
-// Usage: bench_imports PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS, with an empty library.
-// Prints wall nanoseconds, medians: "import", "copy" and, of the latter, "unsynced", the part before the sync.
+// Lets the assistant copy a folder of 1,000 games into an empty library, with its window painted, and in
+// turns with it `cp`, followed by one sync of the file system, as the assistant's copies are on the disk in
+// the end. Usage: bench_imports PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS, with an empty library. Prints
+// wall nanoseconds, medians: "import", "copy" and, of the latter, "unsynced", the part before the sync.
 #include "ProgramUnderBench.h"
 #include "Samples.h"
 

@@ -61,7 +61,8 @@ struct Library {
 class Benchmarks {
 public:
     Benchmarks(const fs::path& programs, const fs::path& scratch)
-        : m_programs(programs), m_empty("0", scratch, 0), m_small("10,000", scratch, 10'000), m_large("100,000", scratch, 100'000) {}
+        : m_programs(programs), m_empty("0", scratch, 0), m_small("10,000", scratch, 10'000),
+          m_large("100,000", scratch, 100'000) {}
 
     bool runAll() {
         for (int round = 0; round <= rounds; ++round) takeStarts(round > 0);
@@ -200,7 +201,8 @@ private:
         const double unzip = values.at("unzip") / 1e6;
         m_report.row("Opening an archive of 32 MiB", open / unzip, 1.5,
                      format("%.1f ms against %.1f ms of unzip", open, unzip));
-        m_report.row("Seconds to list 10,000 small members", values.at("many") / 1e9, 2, "unpacked and painted");
+        m_report.row("Seconds to list 10,000 small members", values.at("many") / 1e9, 2,
+                     "unpacked and painted");
     }
 
     void reportNames() {

@@ -62,9 +62,9 @@ Verdict verdictOf(const Strike& strike, Call call) {
 } // namespace
 
 const char* nameOf(Call call) {
-    constexpr std::array<const char*, 14> names = {"open",   "create", "read",   "write",  "sync",     "syncfs",
-                                                   "rename", "link",   "unlink", "truncate", "mkdir",
-                                                   "chmod",  "stat",   "close"};
+    constexpr std::array<const char*, 14> names = {"open",   "create", "read", "write",  "sync",
+                                                   "syncfs", "rename", "link", "unlink", "truncate",
+                                                   "mkdir",  "chmod",  "stat", "close"};
     return names.at(static_cast<size_t>(call));
 }
 

@@ -72,8 +72,7 @@ void Inspection::afterNextStart() {
 }
 
 bool Inspection::isAny(const std::vector<Content>& allowed, const std::string& path) const {
-    return std::any_of(allowed.begin(), allowed.end(),
-                       [&](const Content& one) { return holds(path, one); });
+    return std::any_of(allowed.begin(), allowed.end(), [&](const Content& one) { return holds(path, one); });
 }
 
 void Inspection::checkAsides(bool afterNextStart) {
@@ -111,9 +110,9 @@ void Inspection::checkRights() {
 
 void Inspection::checkTreasures() {
     for (const auto& [bytes, places] : m_situation.treasures) {
-        const bool isKept = std::any_of(places.begin(), places.end(), [&, &content = bytes](const auto& path) {
-            return m_workshop.holds(path, content);
-        });
+        const bool isKept =
+            std::any_of(places.begin(), places.end(),
+                        [&, &content = bytes](const auto& path) { return m_workshop.holds(path, content); });
         check(isKept, "what must not get lost stands neither in " + places.front() + " nor elsewhere");
     }
 }
