@@ -185,7 +185,7 @@ void meetOtherProgram(Workshop& workshop, Tally& tally, int rounds, bool brief) 
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);
         }
         for (const Deeds& deeds : allDeeds(true)) {
-            meetInPairs(meeting, deeds, brief ? 2 : mostCalls);
+            meetInPairs(meeting, deeds, brief ? 2 : 8);
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);
         }
     }

@@ -31,7 +31,7 @@ public:
         if (part == "calls") calls();
         if (part == "power") power();
         // What comes at random instants is for the long form alone: a short one must not fail now and then.
-        if (part == "others") meetOtherProgram(m_workshop, m_tally, m_isLong ? 500 : 0, !m_isLong);
+        if (part == "others") meetOtherProgram(m_workshop, m_tally, m_isLong ? 100 : 0, !m_isLong);
         if (part == "kills") kills();
         m_tally.print(part);
         return m_tally.isClean();

@@ -33,6 +33,6 @@ bool takeLease(const Handle& file) {
     return false;
 }
 
-void holdUpOthers(const Handle& file) { take(file, F_WRLCK); }
+bool holdUpOthers(const Handle& file) { return take(file, F_WRLCK); }
 
 } // namespace torvane

@@ -13,7 +13,7 @@ namespace torvane {
 bool takeLease(const Handle& file);
 
 /// The same for a file that is open for writing: until the handle is closed whoever opens the file at all is
-/// held up, this process too. Does nothing where a program holds it open already or there are no leases.
-void holdUpOthers(const Handle& file);
+/// held up, this process too. False where a program holds it open already or there are no leases.
+bool holdUpOthers(const Handle& file);
 
 } // namespace torvane

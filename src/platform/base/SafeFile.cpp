@@ -7,9 +7,14 @@
 #include "Lease.h"
 #include "Paths.h"
 
+#include <chrono>
+#include <thread>
+
 namespace torvane::SafeFile {
 
 namespace {
+constexpr int mostLooks = 20; // at one a millisecond: who holds the file open for longer reads it
+
 // Another program may have removed the file or written into it.
 void requireLength(const Handle& file, qint64 expected) {
     const struct stat now = infoOf(file);
@@ -22,6 +27,17 @@ void requireLength(const Handle& file, qint64 expected) {
 bool takeBack(const Handle& file, AppendNote::Content content, qsizetype written) {
     if (written > 0) content.length = lseek(file.number(), 0, SEEK_CUR) - written;
     return AppendNote::cutBack(file, content);
+}
+// Who is still writing the file would write over the line. That there is no writer can only be seen before
+// the file is open for writing here, and one may come just then: whoever has it open now, perhaps to read it,
+// has it looked at once more.
+Handle openedAlone(const std::function<Handle(int)>& openAs) {
+    for (int i = 1;; ++i) {
+        const bool hasLeases = takeLease(openAs(O_RDONLY));
+        Handle file = openAs(O_RDWR | O_APPEND); // readable, so that a cut can see what it takes away
+        if (!hasLeases || holdUpOthers(file) || i == mostLooks) return file;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
 }
 } // namespace
 
@@ -51,13 +67,10 @@ bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesB
         return opened(uninterrupted(
             [&] { return openat(folder.number(), place.name.constData(), flags | O_CLOEXEC | O_NONBLOCK); }));
     };
-    // Who is still writing the file would write over the line.
-    takeLease(openAs(O_RDONLY));
-    const Handle file = openAs(O_RDWR | O_APPEND); // readable, so that a cut can see what it takes away
+    const Handle file = openedAlone(openAs);
     const struct stat info = infoOf(file);
     if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     const AppendNote::Content content{place.name, info.st_size, bytesBehind(info.st_size)};
-    holdUpOthers(file);
     requireLength(file, content.length);
     if (isWanted && !isWanted(file)) return false;
     AppendNote note(folder, content);
