@@ -185,7 +185,9 @@ void meetOtherProgram(Workshop& workshop, Tally& tally, int rounds, bool brief) 
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);
         }
         for (const Deeds& deeds : allDeeds(true)) {
-            meetInPairs(meeting, deeds, brief ? 2 : 8);
+            // Between the halves of a rewrite all of our own work may lie.
+            const bool isOneRewrite = deeds.errands[1].deed == Deed::endRewriting;
+            meetInPairs(meeting, deeds, isOneRewrite ? 24 : brief ? 2 : 8);
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);
         }
     }
