@@ -12,6 +12,9 @@ class SafeFileAppendTest : public FileWays {
     // What another program does while our bytes are asked for: behind the look at the length.
     std::optional<int> appendFailure(const char* name, const QByteArray& bytes,
                                      const std::function<void()>& meanwhile) const {
+        // A reader keeps the lease away, which would hold up this process, too.
+        QFile reader(at(name));
+        if (!reader.open(QIODevice::ReadOnly)) qFatal("can't read");
         return failureOf([&] {
             SafeFile::append(at(name), [&](qint64) {
                 meanwhile();
