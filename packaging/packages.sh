@@ -8,8 +8,8 @@ packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-im
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
 # To run it on a display of its own, with hand-like events and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
-# To check the form of the sources and to measure.
-packages_check=(clang-format clang-tidy)
+# To check the form of the sources, to make archives for tests, and to measure.
+packages_check=(clang-format clang-tidy python3)
 packages_bench=(unzip)
 # To let fuzzers and a memory checker at the sources, and to see which lines they reach.
 packages_fuzz=(clang libclang-rt-14-dev llvm)

@@ -28,6 +28,7 @@ bool takeBack(const Handle& file, AppendNote::Content content, qsizetype written
     if (written > 0) content.length = lseek(file.number(), 0, SEEK_CUR) - written;
     return AppendNote::cutBack(file, content);
 }
+
 // Who is still writing the file would write over the line. That there is no writer can only be seen before
 // the file is open for writing here, and one may come just then: whoever has it open now, perhaps to read it,
 // has it looked at once more.
