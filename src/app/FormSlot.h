@@ -2,6 +2,8 @@
 // The one instance of a window: created at first use, gone when it unloads itself.
 #pragma once
 
+#include "core/Services.h"
+#include "core/Window.h"
 #include "platform/forms/Form.h"
 
 #include <functional>
@@ -9,37 +11,46 @@
 
 namespace torvane {
 
-template <typename Window>
+/// What every slot is given: the services for its window, and whom to call when the window has unloaded.
+struct SlotContext {
+    const Services& services;
+    std::function<void(Window)> unloaded;
+};
+
+template <typename W>
 class FormSlot {
 public:
-    using Maker = std::function<std::unique_ptr<Window>()>;
+    explicit FormSlot(const SlotContext& context) : m_context(context) {}
 
-    explicit FormSlot(Maker maker) : m_maker(std::move(maker)) {}
-
-    /// The window, created and loaded if need be.
-    Window& get() {
-        load();
-        return *m_window;
-    }
     /// The window if it is there; null if not.
-    Window* ifLoaded() const { return m_window.get(); }
-    /// Creates the window if need be and runs its load handler, after which it may be gone again.
-    void load() {
-        if (m_window) return;
-        m_window = m_maker();
+    W* ifLoaded() const { return m_window.get(); }
+    /// The window, created and run through its load handler if need be; null if it unloaded itself in that.
+    W* load() {
+        if (m_window) return m_window.get();
+        m_window = std::make_unique<W>(m_context.services);
         QObject::connect(m_window.get(), &Form::unloaded, m_window.get(), [this] { letGo(); });
         if constexpr (requires { m_window->Load(); }) m_window->Load();
+        return m_window.get();
     }
     void unload() {
         if (m_window) m_window->Unload();
     }
+    /// Hands the window that is there what it is to work on; windows without a `take` need nothing.
+    void take(const QStringList& subject) {
+        if constexpr (requires { m_window->take(subject); }) {
+            if (m_window && !subject.isEmpty()) m_window->take(subject);
+        }
+    }
 
 private:
-    // The window may be in one of its own handlers: it goes when they are through.
-    void letGo() { m_window.release()->goWhenUnused(); }
+    // The window may be in one of its own handlers, its load among them: it goes when they are through.
+    void letGo() {
+        m_window.release()->goWhenUnused();
+        m_context.unloaded(W::id);
+    }
 
-    Maker m_maker;
-    std::unique_ptr<Window> m_window;
+    const SlotContext& m_context;
+    std::unique_ptr<W> m_window;
 };
 
 } // namespace torvane

@@ -1,59 +1,52 @@
 // SPDX-License-Identifier: MIT
 // Owns everything: the modules, the windows, the desk between them. Made by main, or by a test that hands
-// in its own answers in place of the outside world.
+// in its own answers instead of the outside world.
 #pragma once
 
-#include "FormSlot.h"
+#include "MainWindowShelf.h"
 #include "TorvaneDesk.h"
-#include "assistant/NewAssistant.h"
+#include "Windows.h"
 #include "catalogue/ID3.h"
 #include "core/Funciones.h"
-#include "core/SelLangStartUp.h"
-#include "core/Splash.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
-#include "mainwindow/MainFrm.h"
-#include "mainwindow/Menuing.h"
-#include "toolkit/TorvMsg.h"
-#include "zipviewer/ZIP_Viewer.h"
 
 namespace torvane {
 
-class Program : private MainWindowReach {
+class Program {
 public:
     /// `applicationFolder` is spelled (see Paths), without trailing separator.
     Program(Runtime& runtime, const QString& applicationFolder);
-    ~Program() override;
+    ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     /// Creates the first window; the rest follows from there.
     void start();
 
+    /// The window of a class if it is there; null if not.
+    template <typename T>
+    T* loaded() const {
+        return windows.slot<T>().ifLoaded();
+    }
+    /// The window of a class, created if need be; null if it unloaded itself at once.
+    template <typename T>
+    T* load() {
+        return windows.slot<T>().load();
+    }
+
     Runtime& runtime;
     Globals globals;
-    LanguageTables language;
-    Hosts hosts;
+    LanguageTables language{globals};
+    Hosts hosts{globals};
+    MainWindowShelf shelf;
     Funciones funciones;
-    EmulatorCatalogue emulators;
+    EmulatorCatalogue emulators{globals};
     ShellAndClose shell;
     ID3 id3;
     TorvaneDesk desk;
-
-    FormSlot<Menuing> menuing;
-    FormSlot<SelLangStartUp> selLangStartUp;
-    FormSlot<Splash> splash;
-    FormSlot<MainFrm> mainFrm;
-    FormSlot<TorvMsg> torvMsg;
-    FormSlot<NewAssistant> newAssistant;
-    FormSlot<ZIP_Viewer> zipViewer;
-
-private:
-    // MainWindowReach
-    void followLink(const QString& url) override;
-    void pointGamesAtLibrary() override;
-
-    void deleteRomAndRefresh(const QString& path);
+    const Services services;
+    Windows windows;
 };
 
 } // namespace torvane

@@ -4,80 +4,97 @@
 #include "Program.h"
 
 #include <algorithm>
-#include <array>
 
 namespace torvane {
 
 namespace {
 enum class Opening {
-    hidesOpener,   ///< the opener is hidden; the opened one brings it back when it closes
-    ownedByOpener, ///< the opener stays, and the opened window stands above it
+    replacesMain, ///< the main window is hidden
+    aboveOpener,  ///< the opener stays on screen and owns the opened window
+    anew,         ///< the window unloads if it is there, and loads again
 };
+
+/// Which window is shown after the opened one has unloaded.
+enum class Return {
+    nobody,
+    mainWindow,
+    mainUnlessCompact, ///< the main window, but not while the compact one is on screen
+};
+} // namespace
 
 struct Way {
     Window from;
     Window to;
     Opening opening;
+    Return comesBack;
 };
 
+namespace {
+// Rows for windows that are not in the list of windows (Windows.h) have no effect until they are.
 constexpr std::array ways = {
-    Way{Window::MainFrm, Window::NewAssistant, Opening::ownedByOpener},
-    Way{Window::MainFrm, Window::EditDB, Opening::hidesOpener},
-    Way{Window::MainFrm, Window::Compartir, Opening::hidesOpener},
-    Way{Window::MainFrm, Window::Aboutfrm, Opening::hidesOpener},
-    Way{Window::MainFrm, Window::SearchROM, Opening::ownedByOpener},
-    Way{Window::MainFrm, Window::URL, Opening::hidesOpener},
-    Way{Window::MainFrm, Window::ConfigNew, Opening::ownedByOpener},
-    Way{Window::MainFrm, Window::Torvette, Opening::hidesOpener},
-    Way{Window::MainFrm, Window::AdvSearch, Opening::ownedByOpener},
-    Way{Window::MainFrm, Window::ZIP_Viewer, Opening::hidesOpener},
+    Way{Window::MainFrm, Window::NewAssistant, Opening::aboveOpener, Return::nobody},
+    Way{Window::MainFrm, Window::TorvMsg, Opening::aboveOpener, Return::nobody},
+    Way{Window::MainFrm, Window::EditDB, Opening::replacesMain, Return::mainWindow},
+    Way{Window::MainFrm, Window::Compartir, Opening::replacesMain, Return::mainWindow},
+    Way{Window::MainFrm, Window::Aboutfrm, Opening::replacesMain, Return::mainWindow},
+    Way{Window::MainFrm, Window::SearchROM, Opening::aboveOpener, Return::nobody},
+    Way{Window::MainFrm, Window::URL, Opening::replacesMain, Return::mainWindow},
+    Way{Window::MainFrm, Window::ConfigNew, Opening::aboveOpener, Return::nobody},
+    Way{Window::MainFrm, Window::Torvette, Opening::replacesMain, Return::mainWindow},
+    Way{Window::MainFrm, Window::AdvSearch, Opening::aboveOpener, Return::nobody},
+    Way{Window::MainFrm, Window::ZIP_Viewer, Opening::replacesMain, Return::mainUnlessCompact},
+    Way{Window::MainFrm, Window::MainFrm, Opening::anew, Return::nobody},
 };
+
+constexpr size_t placeOf(Window window) { return static_cast<size_t>(window); }
 } // namespace
 
-// The other windows are not part of the program yet; their rows wait in the table.
-Form* TorvaneDesk::form(Window window) {
-    switch (window) {
-    case Window::SelLangStartUp: return &m_program.selLangStartUp.get();
-    case Window::Splash: return &m_program.splash.get();
-    case Window::MainFrm: return &m_program.mainFrm.get();
-    case Window::Menuing: return &m_program.menuing.get();
-    case Window::TorvMsg: return &m_program.torvMsg.get();
-    case Window::NewAssistant: return &m_program.newAssistant.get();
-    case Window::ZIP_Viewer: return &m_program.zipViewer.get();
-    default: return nullptr;
-    }
-}
+bool TorvaneDesk::exists(Window window) const { return Windows::has(window); }
 
-Form* TorvaneDesk::formIfLoaded(Window window) const {
-    return window == Window::MainFrm ? m_program.mainFrm.ifLoaded() : nullptr;
-}
-
-bool TorvaneDesk::exists(Window window) const {
-    switch (window) {
-    case Window::SelLangStartUp:
-    case Window::Splash:
-    case Window::MainFrm:
-    case Window::Menuing:
-    case Window::TorvMsg:
-    case Window::NewAssistant:
-    case Window::ZIP_Viewer: return true;
-    default: return false;
-    }
-}
-
-void TorvaneDesk::go(Window from, Window to) {
+void TorvaneDesk::go(Window from, Window to, const QStringList& subject) {
     const auto* way = std::find_if(ways.begin(), ways.end(),
                                    [&](const Way& row) { return row.from == from && row.to == to; });
     if (way == ways.end() || !exists(to)) return;
-    Form* opener = formIfLoaded(from);
-    if (opener != nullptr && way->opening == Opening::hidesOpener) opener->Hide();
-    form(to)->Show(way->opening == Opening::ownedByOpener ? opener : nullptr);
+    if (open(*way)) m_program.windows.take(to, subject);
+}
+
+bool TorvaneDesk::open(const Way& way) {
+    Windows& windows = m_program.windows;
+    if (way.opening == Opening::anew) windows.unload(way.to);
+    if (way.opening == Opening::replacesMain) {
+        if (Form* main = windows.ifLoaded(Window::MainFrm)) main->Hide();
+    }
+    m_cameBy[placeOf(way.to)] = &way;
+    Form* opened = windows.load(way.to);
+    if (opened == nullptr) return false;
+    opened->Show(way.opening == Opening::aboveOpener ? windows.ifLoaded(way.from) : nullptr);
+    if (way.opening == Opening::anew) raiseOwned(way.to);
+    return true;
+}
+
+void TorvaneDesk::raiseOwned(Window owner) {
+    Windows& windows = m_program.windows;
+    for (const Way& way : ways) {
+        if (way.from != owner || m_cameBy[placeOf(way.to)] != &way) continue;
+        Form* owned = windows.ifLoaded(way.to);
+        if (way.opening == Opening::aboveOpener && owned != nullptr && owned->isVisible()) {
+            owned->Show(windows.ifLoaded(owner));
+        }
+    }
+}
+
+void TorvaneDesk::unloaded(Window window) {
+    const Way* way = std::exchange(m_cameBy[placeOf(window)], nullptr);
+    if (way == nullptr || way->comesBack == Return::nobody) return;
+    const Form* compact = m_program.windows.ifLoaded(Window::Torvette);
+    const bool isCompact = compact != nullptr && compact->isVisible();
+    if (way->comesBack == Return::mainUnlessCompact && isCompact) return;
+    if (Form* main = m_program.windows.load(Window::MainFrm)) main->Show();
 }
 
 void TorvaneDesk::startApplication() {
     Globals& globals = m_program.globals;
-    globals.VersionText = QStringLiteral("1.1");
-    globals.TitlePrefix = QStringLiteral("Torvane ") + globals.VersionText + QStringLiteral(" » ");
+    globals.setVersion(QStringLiteral(TORVANE_VERSION));
     globals.LanguageFile = m_program.runtime.settings.GetSetting(
         Config::application, Config::section, QStringLiteral("Language"),
         globals.AppPath + QStringLiteral("\\data\\lang\\lang_esp.tvl"));
@@ -85,22 +102,29 @@ void TorvaneDesk::startApplication() {
     globals.LanguageName =
         m_program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname"));
     if (numberSetting("Intro", "1") != 0) {
-        form(Window::Splash)->Show();
+        if (Form* intro = m_program.windows.load(Window::Splash)) intro->Show();
         return;
     }
     const Window first = firstWindow();
-    Form* window = form(first);
-    if (first == Window::MainFrm) m_program.mainFrm.get().selectGame(0);
-    window->Show();
+    Form* window = m_program.windows.load(first);
+    if (first == Window::MainFrm) selectFirstGame();
+    if (window != nullptr) window->Show();
 }
 
 void TorvaneDesk::introEnded() {
-    m_program.mainFrm.get().selectGame(0);
+    Windows& windows = m_program.windows;
+    windows.load(Window::MainFrm);
+    selectFirstGame();
     const Window first = firstWindow();
+    Form* window = windows.load(first);
     // The compact window shows itself before the intro goes, the main window after it.
-    if (first == Window::Torvette) form(first)->Show();
-    m_program.splash.unload();
-    if (first == Window::MainFrm) form(first)->Show();
+    if (first == Window::Torvette && window != nullptr) window->Show();
+    windows.unload(Window::Splash);
+    if (first == Window::MainFrm && window != nullptr) window->Show();
+}
+
+void TorvaneDesk::selectFirstGame() {
+    if (MainFrm* window = m_program.loaded<MainFrm>()) window->selectGame(0);
 }
 
 Window TorvaneDesk::firstWindow() const {
@@ -111,53 +135,6 @@ Window TorvaneDesk::firstWindow() const {
 int TorvaneDesk::numberSetting(const char* key, const char* absent) const {
     return Settings::toNumber(m_program.runtime.settings.GetSetting(
         Config::application, Config::section, QString::fromLatin1(key), QString::fromLatin1(absent)));
-}
-
-void TorvaneDesk::openArchive(const QString& path, const QString& name) {
-    m_program.zipViewer.get().ReadZIP(path, name);
-}
-
-void TorvaneDesk::bringBackMainWindow() {
-    const Form* compact = formIfLoaded(Window::Torvette);
-    if (compact == nullptr || !compact->isVisible()) form(Window::MainFrm)->Show();
-}
-
-void TorvaneDesk::addGames(const QString& path) {
-    go(Window::MainFrm, Window::NewAssistant);
-    m_program.newAssistant.get().take(path);
-}
-
-void TorvaneDesk::gamesAdded() {
-    MainFrm* window = m_program.mainFrm.ifLoaded();
-    if (window == nullptr) return;
-    window->File1.Refresh();
-    window->Games.Refresh();
-    window->Refresh_Click();
-}
-
-void TorvaneDesk::reopenMainWindow() {
-    m_program.mainFrm.unload();
-    form(Window::MainFrm)->Show();
-    // The assistant stays above the window that is there now.
-    NewAssistant* assistant = m_program.newAssistant.ifLoaded();
-    if (assistant != nullptr && assistant->isVisible()) go(Window::MainFrm, Window::NewAssistant);
-}
-
-void TorvaneDesk::makeMSG(const QString& message, const QString& action, const QString& data) {
-    m_program.torvMsg.get().MakeMSG(message, action, data);
-}
-
-Form* TorvaneDesk::visibleMainWindow() const {
-    Form* window = formIfLoaded(Window::MainFrm);
-    return window != nullptr && window->isVisible() ? window : nullptr;
-}
-
-void TorvaneDesk::disableMainWindow() {
-    if (Form* window = formIfLoaded(Window::MainFrm)) window->setEnabled(false);
-}
-
-void TorvaneDesk::enableVisibleMainWindow() {
-    if (Form* window = visibleMainWindow()) window->setEnabled(true);
 }
 
 void TorvaneDesk::endProgram() { m_program.runtime.end(); }

@@ -4,39 +4,40 @@
 
 #include "core/Desk.h"
 
+#include <array>
+
 namespace torvane {
 
+class Form;
 class Program;
+struct Way;
 
 class TorvaneDesk : public Desk {
 public:
     explicit TorvaneDesk(Program& program) : m_program(program) {}
 
     bool exists(Window window) const override;
-    void go(Window from, Window to) override;
+    void go(Window from, Window to, const QStringList& subject = {}) override;
     void startApplication() override;
     void introEnded() override;
-    void openArchive(const QString& path, const QString& name) override;
-    void bringBackMainWindow() override;
-    void addGames(const QString& path) override;
-    void gamesAdded() override;
-    void reopenMainWindow() override;
-    void makeMSG(const QString& message, const QString& action, const QString& data) override;
-    Form* visibleMainWindow() const override;
-    void disableMainWindow() override;
-    void enableVisibleMainWindow() override;
     void endProgram() override;
 
+    /// A window has unloaded itself: what its way says comes back.
+    void unloaded(Window window);
+
 private:
-    /// A window of this program by its name, created if need be; null for those that it does not have.
-    Form* form(Window window);
-    /// The same without creating it.
-    Form* formIfLoaded(Window window) const;
-    int numberSetting(const char* key, const char* absent) const;
+    /// Makes room for the window that a way opens, loads it and shows it. False if it closed itself at once.
+    bool open(const Way& way);
+    /// Puts the windows that a window owns above it again, after it was opened anew.
+    void raiseOwned(Window owner);
+    /// Selects the first game, whatever is wrong with it.
+    void selectFirstGame();
     /// The window that the user's setting wants first.
     Window firstWindow() const;
+    int numberSetting(const char* key, const char* absent) const;
 
     Program& m_program;
+    std::array<const Way*, windowCount> m_cameBy = {}; // the way by which each window was last opened
 };
 
 } // namespace torvane

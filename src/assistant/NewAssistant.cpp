@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The pages of the assistant and the ways between them.
 #include "NewAssistant.h"
+#include "core/GameShelf.h"
 #include "platform/base/File.h"
 #include "toolkit/InputWords.h"
 
@@ -12,7 +13,7 @@ namespace {
 constexpr int linePitch = 22;
 } // namespace
 
-NewAssistant::NewAssistant(const NewAssistantParts& parts) : NewAssistantDesign(parts.runtime), m(parts) {
+NewAssistant::NewAssistant(const Services& services) : NewAssistantDesign(services.runtime), m(services) {
     wireControls();
     Label2.setTwin(Label1);
     Label1.setLinePitch(linePitch);
@@ -30,25 +31,19 @@ NewAssistant::NewAssistant(const NewAssistantParts& parts) : NewAssistantDesign(
 }
 
 void NewAssistant::wireControls() {
-    wire(ChameleonButton2, &chameleonButton::Click, this, &NewAssistant::ChameleonButton2_Click);
-    wire(chameleonButton1, &chameleonButton::Click, this, &NewAssistant::chameleonButton1_Click);
-    wire(chameleonButton3, &chameleonButton::Click, this, &NewAssistant::chameleonButton3_Click);
-    wire(Browse, &chameleonButton::Click, this, &NewAssistant::Browse_Click);
-    wire(File1, &FileList::Click, this, &NewAssistant::File1_Click);
-    wire(AddFile, &Label::Click, this, &NewAssistant::AddFile_Click);
-    wire(AddDir, &Label::Click, this, &NewAssistant::AddDir_Click);
-    // An original that can't be deleted is told; the question stays, and can be answered otherwise.
-    wire(ChameleonButton5, &Label::Click, this, &NewAssistant::ChameleonButton5_Click, Failure::told);
-    wire(ChameleonButton6, &Label::Click, this, &NewAssistant::ChameleonButton6_Click);
-    wire(Timer1, &Timer::Tick, this, &NewAssistant::Timer1_Tick);
-    connect(this, &Form::pathDropped, this, [this](const QString& path) {
-        const Hold hold(*this);
-        runtime().guarded([&] { take(path); });
-    });
-}
-
-QString NewAssistant::text(const char* key) const {
-    return m.language.LangText(QStringLiteral("Assistant"), QString::fromLatin1(key));
+    wire(ChameleonButton2, &chameleonButton::Click, &NewAssistant::ChameleonButton2_Click);
+    wire(chameleonButton1, &chameleonButton::Click, &NewAssistant::chameleonButton1_Click, Failure::reported);
+    wire(chameleonButton3, &chameleonButton::Click, &NewAssistant::chameleonButton3_Click);
+    wire(Browse, &chameleonButton::Click, &NewAssistant::Browse_Click);
+    wire(File1, &FileList::Click, &NewAssistant::File1_Click);
+    wire(AddFile, &Label::Click, &NewAssistant::AddFile_Click);
+    wire(AddDir, &Label::Click, &NewAssistant::AddDir_Click, Failure::reported);
+    // After an original that can't be deleted the question stays, and can be answered otherwise.
+    wire(ChameleonButton5, &Label::Click, &NewAssistant::ChameleonButton5_Click, Failure::reported);
+    wire(ChameleonButton6, &Label::Click, &NewAssistant::ChameleonButton6_Click);
+    wire(Timer1, &Timer::Tick, &NewAssistant::Timer1_Tick);
+    wire(
+        *this, &Form::pathDropped, [this](const QString& path) { take({path}); }, Failure::reported);
 }
 
 QString NewAssistant::pageText(const char* first, const char* second, const char* third) const {
@@ -67,11 +62,11 @@ void NewAssistant::Load() {
 
 void NewAssistant::onUnload() {
     Timer1.setEnabled(false);
-    m.desk.gamesAdded();
+    m.shelf.refresh();
 }
 
 void NewAssistant::chameleonButton1_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     switch (Page) {
     case 1: showChoice(); break;
     case 2: FromFolder == 1 ? showQuestion("f5b") : addFile(); break;
@@ -118,26 +113,41 @@ void NewAssistant::finishPages() {
 }
 
 void NewAssistant::chameleonButton3_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     Page = 1;
     chameleonButton1_Click();
     chameleonButton1.setEnabled(false);
     chameleonButton1.setCaption(text("next"));
 }
 
-// While games are being copied the window goes from sight at once, and for good behind the current file.
+// While games are being copied the window disappears at once, and unloads after the current file.
 void NewAssistant::ChameleonButton2_Click() {
-    m_isToLeave = true;
-    if (m_isBusy) {
+    m_copying.askToClose();
+    if (m_copying.isOn()) {
         Hide();
     } else {
         Unload();
     }
 }
 
-void NewAssistant::take(const QString& path) {
-    if (m_isBusy || isUnloaded()) return;
-    if (!ChameleonButton5.isHidden()) ChameleonButton6_Click();
+void NewAssistant::take(const QStringList& path) {
+    if (isUnloaded()) return;
+    m_waiting += path;
+    if (!m_copying.isOn()) takeWaiting();
+}
+
+// The next drop, which is a reason to stay for a window that was about to leave.
+void NewAssistant::takeWaiting() {
+    if (m_waiting.isEmpty() || m_copying.isOn() || isUnloaded()) return;
+    m_copying.stayOpen();
+    takePath(m_waiting.takeFirst());
+}
+
+void NewAssistant::takePath(const QString& path) {
+    if (!ChameleonButton5.isHidden()) {
+        ShowDialog(text("f11"));
+        finishPages();
+    }
     chameleonButton3_Click();
     if (File::isFolder(path)) {
         addFolder(path);

@@ -11,24 +11,29 @@
 #include "platform/forms/Panel.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
-#include "toolkit/DesignWords.h"
+#include "toolkit/ButtonFaces.h"
 #include "toolkit/chameleonButton.h"
 
 namespace torvane {
 
 struct NewAssistantDesign : Form {
-    explicit NewAssistantDesign(Runtime& runtime)
-        : Form(runtime, {.name="NewAssistant", .title="Form1", .clientSize={480,346}, .picture="NewAssistant-One.jpg", .backColour=0x0000FF, .unit=FormDesign::twips}) {}
+    using Design = NewAssistantDesign;
 
-    chameleonButton ChameleonButton2 {*this, "ChameleonButton2", {0,320,106,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Salir"}};
-    chameleonButton chameleonButton1 {*this, "chameleonButton1", {374,320,106,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Siguiente >"}};
-    chameleonButton chameleonButton3 {*this, "chameleonButton3", {268,320,106,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="< Principio"}};
-    chameleonButton chameleonButton4 {*this, "chameleonButton4", {106,320,162,26}, {.type=7, .fx=3, .back=indigo, .fore=white, .mask=black, .caption="TORVANE 1.1", .font=V8b, .enabled=false}};
+    explicit NewAssistantDesign(Runtime& runtime)
+        : Form(runtime, {.name="NewAssistant", .title="Form1", .clientSize={480,346}, .picture="NewAssistant-One.jpg",
+                         .backColour=0x0000FF, .unit=FormDesign::twips}) {}
+
+    static constexpr const char* games = "*.gba;*.gbc;*.gb;*.agb;*.cgb;*.zip;*.bin";
+
+    chameleonButton ChameleonButton2 {*this, "ChameleonButton2", {0,320,106,26}, wide("Salir")};
+    chameleonButton chameleonButton1 {*this, "chameleonButton1", {374,320,106,26}, wide("Siguiente >")};
+    chameleonButton chameleonButton3 {*this, "chameleonButton3", {268,320,106,26}, wide("< Principio")};
+    chameleonButton chameleonButton4 {*this, "chameleonButton4", {106,320,162,26}, wideOff("TORVANE 1.1")};
     Label           Label1           {*this, "Label1", {260,18,199,181}, {"", trebuchet(12), white}};
     Label           Label2           {*this, "Label2", {80,54,119,39}, {"Label2", M8, black, flushLeft, false, buttonFace}};
     TextBox         FilePath         {*this, "FilePath", {4,272,364,19}, {"C:\\", V8b, white, 0xB97A00}};
-    chameleonButton Browse           {*this, "Browse", {372,268,106,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Buscar..."}};
-    FileList        File1            {*this, "File1", {196,216,59,45}, {.pattern="*.gba;*.gbc;*.gb;*.agb;*.cgb;*.zip;*.bin", .visible=false}};
+    chameleonButton Browse           {*this, "Browse", {372,268,106,26}, wide("Buscar...")};
+    FileList        File1            {*this, "File1", {196,216,59,45}, {.pattern=games, .visible=false}};
     Label           AddFile          {*this, "AddFile", {262,86,195,17}, {}};
     Label           AddDir           {*this, "AddDir", {262,106,195,17}, {}};
     Label           ChameleonButton5 {*this, "ChameleonButton5", {262,86,195,17}, {}};

@@ -2,8 +2,6 @@
 // What the assistant does to files: the copy of one, the copies of a folder, the end of the originals.
 #include "NewAssistant.h"
 
-#include <QScopeGuard>
-
 namespace torvane {
 
 namespace {
@@ -22,7 +20,7 @@ QString bareName(const QString& path) {
 
 // The area is disabled and never enabled again: who goes back finds it dead until the window is opened anew.
 void NewAssistant::AddFile_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     ShowDialog(text("f12"));
     AddFile.setEnabled(false);
     AddDir.setVisible(false);
@@ -34,7 +32,7 @@ void NewAssistant::AddFile_Click() {
 }
 
 void NewAssistant::Browse_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     const QString path = Dlg.ShowOpen({text("f14"), filter, 1, {}});
     if (!isUnloaded()) choose(path);
 }
@@ -50,19 +48,25 @@ void NewAssistant::choose(const QString& path) {
 
 void NewAssistant::addFile() {
     SetFileAttributes(m_chosen);
-    const bool isCopied = ignoring([this] { copyFile(); });
-    if (m_isToLeave) {
-        Unload();
-    } else if (isCopied) {
-        showQuestion("f5");
-    } else {
+    const bool isCopied = ignoring([this] { m_copying.run([this] { copyFile(); }); });
+    workEnded([&] {
+        if (isCopied) return showQuestion("f5");
         showFailure();
+        takeWaiting();
+    });
+}
+
+// Copying has ended. A window that the user has closed meanwhile unloads, unless something was dropped on it
+// or on the main window since.
+void NewAssistant::workEnded(const std::function<void()>& goOn) {
+    if (m_copying.isAskedToClose()) {
+        m_waiting.isEmpty() ? Unload() : takeWaiting();
+    } else {
+        goOn();
     }
 }
 
 void NewAssistant::copyFile() {
-    m_isBusy = true;
-    const auto ended = qScopeGuard([this] { m_isBusy = false; });
     m_adding.begin(pumpEvents);
     const bool isOther = m_adding.AddRomToLibrary(m_chosen, bareName(m_chosen));
     m_adding.finish();
@@ -73,30 +77,31 @@ void NewAssistant::copyFile() {
 // The games of a folder
 
 void NewAssistant::AddDir_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     const QString folder = Dlg.ShowFolder({text("f12"), QStringLiteral("Todos los archivos|*.*"), 1, {}});
     if (!folder.isEmpty() && !isUnloaded()) addFolder(folder);
 }
 
 void NewAssistant::addFolder(const QString& folder) {
-    copyFolder(folder);
-    if (m_isToLeave) {
-        Unload();
-        return;
+    try {
+        m_copying.run([&] { copyFolder(folder); });
+    } catch (const RuntimeFailure&) {
+        workEnded([this] { takeWaiting(); });
+        throw;
     }
-    Page = 2;
-    FromFolder = 1;
-    chameleonButton1_Click();
+    workEnded([this] {
+        Page = 2;
+        FromFolder = 1;
+        chameleonButton1_Click();
+    });
 }
 
 // The text that a file dialog would stand on in the chosen folder ends the folder, wherever it occurs first.
 void NewAssistant::copyFolder(const QString& folder) {
-    m_isBusy = true;
-    const auto ended = qScopeGuard([this] { m_isBusy = false; });
     File1.setPath(folderInFront(folder + QLatin1Char('\\') + text("f13"), text("f13")));
     pumpEvents();
     m_adding.begin(pumpEvents);
-    for (int i = 0; i < File1.ListCount() && !m_isToLeave; ++i) {
+    for (int i = 0; i < File1.ListCount() && !m_copying.isAskedToClose(); ++i) {
         File1.setListIndex(i);
         m_adding.AddRomToLibrary(File1.filePath(), File1.FileName());
     }
@@ -112,7 +117,7 @@ void NewAssistant::File1_Click() {
 // The originals, and the end
 
 void NewAssistant::ChameleonButton5_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     const char* told = "f9";
     if (FromFolder == 1) {
         const bool isAnyGone = m_adding.deleteSources() > 0 || File1.ListCount() == 0;
@@ -125,12 +130,14 @@ void NewAssistant::ChameleonButton5_Click() {
     if (isUnloaded()) return;
     ShowDialog(text(told));
     finishPages();
+    takeWaiting();
 }
 
 void NewAssistant::ChameleonButton6_Click() {
-    if (m_isBusy) return;
+    if (m_copying.isOn()) return;
     ShowDialog(text("f11"));
     finishPages();
+    takeWaiting();
 }
 
 } // namespace torvane

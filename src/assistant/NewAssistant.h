@@ -5,34 +5,30 @@
 
 #include "NewAssistant.design.h"
 #include "catalogue/AddNewROM.h"
-#include "core/Desk.h"
-#include "core/LanguageTables.h"
+#include "core/Services.h"
+#include "core/Texts.h"
+#include "core/Window.h"
+#include "platform/forms/Busy.h"
 #include "toolkit/Typewriter.h"
 
 namespace torvane {
-
-/// What the window works with; all of it outlives the window.
-struct NewAssistantParts {
-    Runtime& runtime;
-    Desk& desk;
-    const Globals& globals;
-    const LanguageTables& language;
-};
 
 class NewAssistant : public NewAssistantDesign {
     Q_OBJECT
 
 public:
-    explicit NewAssistant(const NewAssistantParts& parts);
+    static constexpr Window id = Window::NewAssistant;
+
+    explicit NewAssistant(const Services& services);
 
     /// Runs once after construction.
     void Load();
-    /// Starts to type the text, one character per tick, in the place of what was typed before.
-    void ShowDialog(const QString& text) { m_typewriter.type(text); }
+    /// Starts to type the message, one character per tick, in the place of what was typed before.
+    void ShowDialog(const QString& message) { m_typewriter.type(message); }
     /// What the user has dropped, by its spelled path: a file becomes the chosen one, a folder is copied. A
-    /// pending question about originals is answered with "keep". While games are being copied nothing
-    /// happens.
-    void take(const QString& path);
+    /// pending question about originals is answered with "keep". A drop while games are being copied waits
+    /// for the end of that work and of its question.
+    void take(const QStringList& path);
 
 protected:
     /// The window manager's close leaves as the button does.
@@ -56,22 +52,25 @@ private:
     void showQuestion(const char* firstKey);
     void showFailure();
     void choose(const QString& path);
+    void takePath(const QString& path);
+    void takeWaiting();
+    void workEnded(const std::function<void()>& goOn);
     void addFile();
     void addFolder(const QString& folder);
     void copyFile();
     void copyFolder(const QString& folder);
     void finishPages();
-    QString text(const char* key) const;
     QString pageText(const char* first, const char* second, const char* third) const;
 
-    NewAssistantParts m;
+    const Services& m;
+    const Texts text{m.language, "Assistant"};
     Typewriter m_typewriter{Label2, Timer1};
     AddNewROM m_adding{m.globals};
     int Page = 1;
     int FromFolder = 0;
-    QString m_chosen;      // the file of the dialog, which is copied whatever the text box says
-    bool m_isBusy = false; // games are being copied, and events served meanwhile
-    bool m_isToLeave = false;
+    QString m_chosen; // the file of the dialog, which is copied whatever the text box says
+    Busy m_copying{*this};
+    QStringList m_waiting; // dropped while games were being copied
 };
 
 } // namespace torvane

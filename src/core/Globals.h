@@ -12,6 +12,14 @@ struct Globals {
     QString TitlePrefix;  ///< begins the title line of every window
     QString LanguageFile; ///< spelled path of the language file in use
     QString LanguageName; ///< that language's own name; empty until the application has started
+
+    /// Takes the version, such as "1.1" or "1.1.0", and builds the texts that show it.
+    void setVersion(const QString& version) {
+        VersionText = version.section(QLatin1Char('.'), 0, 1);
+        TitlePrefix = QStringLiteral("Torvane ") + VersionText + QStringLiteral(" » ");
+    }
+    /// The folder of the games, spelled, without trailing separator.
+    QString libraryFolder() const { return AppPath + QStringLiteral("\\roms"); }
 };
 
 /// The application's name in the settings store, and the section that all its settings are in.

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Look-ups in the current language file.
 #include "LanguageTables.h"
+#include "platform/base/IniText.h"
 
 namespace torvane {
 
-LanguageTables::LanguageTables(const Globals& globals, Reader reader)
-    : m_globals(globals), m_reader(std::move(reader)) {}
-
 QString LanguageTables::LangText(const QString& section, const QString& key) const {
-    return m_reader(section, key, m_globals.LanguageFile);
+    return IniText::read(section, key, m_globals.LanguageFile);
 }
 
 QString LanguageTables::LangTextCopy(const QString& section, const QString& key) const {

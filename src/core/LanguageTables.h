@@ -5,17 +5,11 @@
 
 #include "Globals.h"
 
-#include <functional>
-
 namespace torvane {
 
 class LanguageTables {
 public:
-    /// Reads one value: section, key, spelled path of the file. Empty for anything missing.
-    using Reader = std::function<QString(const QString&, const QString&, const QString&)>;
-
-    /// The reader is handed in, since it lives on a window that the first look-up creates.
-    LanguageTables(const Globals& globals, Reader reader);
+    explicit LanguageTables(const Globals& globals) : m_globals(globals) {}
 
     /// The text of a key in the current language file; empty if file, section or key is missing.
     QString LangText(const QString& section, const QString& key) const;
@@ -24,7 +18,6 @@ public:
 
 private:
     const Globals& m_globals;
-    Reader m_reader;
 };
 
 } // namespace torvane

@@ -24,6 +24,11 @@ public:
     /// purpose. A line that names no program does nothing; failures are not told.
     void RunAndWait(const QString& commandLine);
 
+    /// Plays a game: the command line is the emulator's path, a blank and the game's path, without quotes.
+    void play(const QString& emulator, const QString& game) {
+        RunAndWait(emulator + QLatin1Char(' ') + game);
+    }
+
     /// The way to launch a file by its bare name and the setting `zip` (read only for an archive).
     static LaunchWay launchWay(const QString& fileName, const std::function<int()>& zipSetting);
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the main window's buttons do: tags, copies, deletions, launches.
 #include "MainFrm.h"
-#include "platform/base/CodePage1252.h"
+#include "catalogue/TagInput.h"
+#include "core/Desk.h"
+#include "core/Funciones.h"
+#include "emulator/EmulatorCatalogue.h"
+#include "emulator/ShellAndClose.h"
 #include "platform/base/File.h"
 
-#include <QDate>
-#include <QLocale>
 #include <algorithm>
 
 namespace torvane {
@@ -13,21 +15,12 @@ namespace torvane {
 namespace {
 constexpr OleColour activeTab = 49152;
 constexpr OleColour inactiveTab = 8421504;
-constexpr int longestInfo = 125;
-const QString quotes = QStringLiteral("» ");
-
-// Today as the desktop writes dates. A date in letters that a tag can't hold is written in digits.
-QString todayAsText() {
-    const QDate today = QDate::currentDate();
-    const QString text = QLocale::system().toString(today, QLocale::ShortFormat);
-    return CodePage1252::holds(text) ? text : today.toString(QStringLiteral("dd/MM/yyyy"));
-}
 } // namespace
 
 void MainFrm::Edit_Menu_Click() {
     Picture1_1.setVisible(true);
     Picture1_0.setVisible(false);
-    Label17.setCaption(quotes + mainMenu("editid3"));
+    Label17.setCaption(heading(mainMenu("editid3")));
     Edit_Menu.setForeColor(activeTab);
     ID3_Menu.setForeColor(inactiveTab);
 }
@@ -35,21 +28,21 @@ void MainFrm::Edit_Menu_Click() {
 void MainFrm::ID3_Menu_Click() {
     Picture1_0.setVisible(true);
     Picture1_1.setVisible(false);
-    Label17.setCaption(quotes + QStringLiteral("ROM.TAG Info"));
+    Label17.setCaption(heading(QStringLiteral("ROM.TAG Info")));
     ID3_Menu.setForeColor(activeTab);
     Edit_Menu.setForeColor(inactiveTab);
 }
 
 void MainFrm::emptyIfMissing(TextBox& field) {
     if (field.Text().isEmpty()) return;
-    if (field.Text() == m.language.LangText(QStringLiteral("globals"), QStringLiteral("nodisp"))) {
+    if (field.Text() == general("nodisp")) {
         field.setText(QString());
     }
 }
 
 void MainFrm::EditID3Info_Change() {
     emptyIfMissing(EditID3Info);
-    Label2.setCaption(QString::number(longestInfo - EditID3Info.Text().size()));
+    Label2.setCaption(QString::number(TagInput::longestInfo - EditID3Info.Text().size()));
 }
 
 void MainFrm::saveTag() {
@@ -62,7 +55,7 @@ void MainFrm::saveTag() {
             MsgBoxFlags::information, QStringLiteral("Error"));
         return;
     }
-    m.id3.NewDate = todayAsText();
+    m.id3.NewDate = TagInput::todayAsText();
     m.id3.NewCompany = company;
     m.id3.NewTitle = title;
     m.id3.NewInfo = info;
@@ -88,13 +81,13 @@ void MainFrm::copyGame() {
 
 void MainFrm::deleteGame() {
     if (Games.FileName().isEmpty()) return;
-    const QString question = m.language.LangText(QStringLiteral("Globals"), QStringLiteral("suretodelete"));
+    const QString question = general("suretodelete");
     const int answer = m.runtime.messages.MsgBox(question, MsgBoxFlags::question | MsgBoxFlags::yesNo,
                                                  QStringLiteral("Torvane..."));
     if (answer != MsgBoxFlags::answerYes) return;
     File::remove(Games.filePath());
     GetGameList(QString(), QString());
-    m.desk.reopenMainWindow();
+    m.desk.go(id, id);
 }
 
 void MainFrm::Label15_Click() {
@@ -105,12 +98,12 @@ void MainFrm::Label15_Click() {
     switch (way) {
     case LaunchWay::nothing: break;
     case LaunchWay::zipViewer: Zipper_Click(); break;
-    case LaunchWay::straight: launch(Games.filePath()); break;
+    case LaunchWay::straight: m.shell.play(m.emulators.EmulatorCommand, Games.filePath()); break;
     case LaunchWay::withMinimising: {
         const State former = windowStateWord();
         setWindowStateWord(minimised);
         pumpEvents();
-        launch(Games.filePath());
+        m.shell.play(m.emulators.EmulatorCommand, Games.filePath());
         setWindowStateWord(former == minimised ? normal : former);
         break;
     }
@@ -118,12 +111,10 @@ void MainFrm::Label15_Click() {
 }
 
 void MainFrm::Zipper_Click() {
-    if (!Games.FileName().isEmpty()) m.desk.openArchive(Games.filePath(), Games.FileName());
+    if (!Games.FileName().isEmpty()) m.desk.go(id, Window::ZIP_Viewer, {Games.filePath(), Games.FileName()});
 }
 
-void MainFrm::launch(const QString& path) {
-    m.shell.RunAndWait(m.emulators.EmulatorCommand + QLatin1Char(' ') + path);
-}
+void MainFrm::addGames(const QString& path) { m.desk.go(id, Window::NewAssistant, {path}); }
 
 // A page up or down. From places between the pages, where wheel and keys lead, the upper end is the limit.
 void MainFrm::scrollUp() {
@@ -136,7 +127,9 @@ void MainFrm::scrollDown() {
     if (limit < ListView1.Top()) ListView1.setTop(ListView1.Top() - Picture2.height());
 }
 
-void MainFrm::askForExit() { m.desk.makeMSG(mainMenu("suretoend"), QStringLiteral("exit"), QString()); }
+void MainFrm::askForExit() {
+    m.desk.go(id, Window::TorvMsg, {mainMenu("suretoend"), QStringLiteral("exit"), QString()});
+}
 
 // The window manager's close asks the same question; while it stands, there is nothing more to ask.
 void MainFrm::queryUnload() {
@@ -144,12 +137,12 @@ void MainFrm::queryUnload() {
 }
 
 void MainFrm::hint(const QString& text) {
-    Label13.setCaption(quotes + text);
+    Label13.setCaption(heading(text));
     displayer.setEnabled(true);
 }
 
 void MainFrm::displayer_Tick() {
-    Label13.setCaption(quotes + mainMenu("gamelist"));
+    Label13.setCaption(heading(mainMenu("gamelist")));
     displayer.setEnabled(false);
 }
 

@@ -2,14 +2,15 @@
 // The main window's load, its list and its selection.
 #include "MainFrm.h"
 #include "catalogue/GameRows.h"
+#include "core/Desk.h"
+#include "core/Hosts.h"
 #include "core/Pieces.h"
+#include "emulator/EmulatorCatalogue.h"
 #include "platform/base/File.h"
 
 namespace torvane {
 
 namespace {
-const QString quotes = QStringLiteral("» ");
-
 // A number as the panel shows it: no exponent, no more digits than needed.
 QString plainNumber(double value) {
     QString text = QString::number(value, 'f', 15);
@@ -19,21 +20,14 @@ QString plainNumber(double value) {
 }
 } // namespace
 
-MainFrm::MainFrm(const MainFrmParts& parts) : MainFrmDesign(parts.runtime), m(parts) {
+MainFrm::MainFrm(const Services& services) : MainFrmDesign(services.runtime), m(services) {
     wireControls();
-    wireTwins();
     wireTools();
 }
 
-QString MainFrm::mainMenu(const char* key) const {
-    return m.language.LangText(QStringLiteral("MainMenu"), QString::fromLatin1(key));
-}
-
-QString MainFrm::libraryFolder() const { return m.globals.AppPath + QStringLiteral("\\roms"); }
-
 void MainFrm::Load() {
-    Games.setPath(libraryFolder());
-    File1.setPath(libraryFolder());
+    Games.setPath(m.globals.libraryFolder());
+    File1.setPath(m.globals.libraryFolder());
     GetGameList(QString(), QString());
     setCaptions();
     setActionCaptions();
@@ -44,7 +38,7 @@ void MainFrm::Load() {
         ListView1.setCurrentRow(0);
         selectGame(0);
     }
-    if (Games.ListCount() == 0) m.desk.go(Window::MainFrm, Window::NewAssistant);
+    if (Games.ListCount() == 0) m.desk.go(id, Window::NewAssistant);
     ShockwaveFlash1.setMovie(m.hosts.address(Hosts::Host::web, QStringLiteral("/banner.swf")));
     ShockwaveFlash1.Play();
     readEmulatorSetting();
@@ -56,7 +50,7 @@ void MainFrm::Load() {
 }
 
 void MainFrm::setCaptions() {
-    Label13.setCaption(quotes + mainMenu("gamelist"));
+    Label13.setCaption(heading(mainMenu("gamelist")));
     Lbl_ID3Author.setCaption(mainMenu("gamecompany"));
     Lbl_ID3Title.setCaption(mainMenu("gametitle"));
     Lbl_ID3Date.setCaption(mainMenu("gamedate"));
@@ -69,16 +63,13 @@ void MainFrm::setCaptions() {
     Label11.setCaption(mainMenu("ziptitle"));
     Label9.setCaption(mainMenu("size"));
     Label16.setCaption(mainMenu("totalrom"));
-    // These four belong to menu entries that this window does not have; looking them up does no harm.
+    // Has no effect; kept because the four texts belong to entries that this window once had.
     for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"}) mainMenu(key);
-    const auto globals = [this](const char* key) {
-        return m.language.LangText(QStringLiteral("globals"), QString::fromLatin1(key));
-    };
     for (Label* label : {&GameTitle, &GameAutor, &GameDate, &Label8, &Label10, &Label14, &Label20}) {
-        label->setCaption(globals("nodisp"));
+        label->setCaption(general("nodisp"));
     }
-    GameFormat.setCaption(globals("unknown"));
-    GameInfo.setCaption(globals("na"));
+    GameFormat.setCaption(general("unknown"));
+    GameInfo.setCaption(general("na"));
     Label1.setCaption(m.globals.TitlePrefix + mainMenu("maintitle"));
 }
 
@@ -115,7 +106,8 @@ void MainFrm::readEmulatorSetting() {
 }
 
 void MainFrm::GetGameList(const QString& folder, const QString&) {
-    for (FileList* list : {&Games, &File1}) list->setPath(folder.isEmpty() ? libraryFolder() : folder);
+    for (FileList* list : {&Games, &File1})
+        list->setPath(folder.isEmpty() ? m.globals.libraryFolder() : folder);
     m.emulators.read();
     Games.readWith(File1);
     const int count = Games.ListCount();
@@ -132,7 +124,7 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
 
 void MainFrm::Refresh_Click() {
     ListView1.Clear();
-    for (FileList* list : {&Games, &File1}) list->setPath(libraryFolder() + QLatin1Char('\\'));
+    for (FileList* list : {&Games, &File1}) list->setPath(m.globals.libraryFolder() + QLatin1Char('\\'));
     GetGameList(QString(), QString());
     pumpEvents();
     if (Games.ListCount() > 0) Games.setListIndex(0);
@@ -167,7 +159,7 @@ void MainFrm::showArchive() {
     ID3_Menu.setVisible(false);
     Label10.setCaption(Games.FileName());
     Label14.setCaption(Games.FileName());
-    Label17.setCaption(quotes + QStringLiteral("ZIP Info"));
+    Label17.setCaption(heading(QStringLiteral("ZIP Info")));
     const double kilobytes = static_cast<double>(File::lengthOf(Games.filePath())) / 1024.0;
     Label8.setCaption(plainNumber(kilobytes));
     Label8.setCaption(plainNumber(kilobytes / 1024.0).left(5) + QStringLiteral("MB"));
@@ -179,8 +171,8 @@ void MainFrm::showGame() {
     Picture1_2.setVisible(false);
     ID3_Menu.setVisible(true);
     Edit_Menu.setVisible(true);
-    Label17.setCaption(quotes +
-                       (Picture1_1.isHidden() ? QStringLiteral("ROM.TAG Info") : mainMenu("editid3")));
+    Label17.setCaption(
+        heading((Picture1_1.isHidden() ? QStringLiteral("ROM.TAG Info") : mainMenu("editid3"))));
 }
 
 void MainFrm::showTag(const RomTagRecord& tag) {

@@ -14,31 +14,40 @@
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
 #include "platform/forms/TrayIcon.h"
-#include "toolkit/DesignWords.h"
+#include "toolkit/ButtonFaces.h"
 #include "toolkit/chameleonButton.h"
 #include "toolkit/vbwHyperlink.h"
 
 namespace torvane {
 
 struct MainFrmDesign : Form {
-    explicit MainFrmDesign(Runtime& runtime)
-        : Form(runtime, {.name="MainFrm", .title="Torvane 1.1", .clientSize={478,504}, .picture="MainFrm.jpg", .backColour=0x0000FF, .inTaskBar=true}) {}
+    using Design = MainFrmDesign;
 
-    FileList        Games                {*this, "Games", {484,6,94,158}, {.pattern="*.gb;*.gbc;*.gba;*.zip", .font=V8b, .fore=black, .back=0x0000FF, .visible=false}};
+    explicit MainFrmDesign(Runtime& runtime)
+        : Form(runtime, {.name="MainFrm", .title="Torvane 1.1", .clientSize={478,504}, .picture="MainFrm.jpg", .backColour=0x0000FF,
+                         .inTaskBar=true}) {}
+
+    static constexpr FileList::Look games = {.pattern="*.gb;*.gbc;*.gba;*.zip", .font=V8b, .fore=black, .back=0x0000FF,
+                                             .visible=false};
+    static constexpr FileList::Look allGames = {.pattern="*.gb;*.gba;*.gbc;*.cgb;*.agb;*.zip", .back=Colours::system(7)};
+    static constexpr std::initializer_list<const char*> consoles = {"console-advance-32.png", "console-gameboy-32.png",
+                                                                    "console-color-32.png", "console-archive-32.png"};
+
+    FileList        Games                {*this, "Games", {484,6,94,158}, games};
     Label           Lbl_SS               {*this, "Lbl_SS", {543,1059,178,13}, {"No hay Captura", V8b, black, centred}};
     Label           Label15              {*this, "Label15", {484,308,32,37}, {"", M8, black, flushLeft, false, buttonFace}};
     Label           Label16              {*this, "Label16", {10,480,112,13}, {"ROMs Totals", V8b, white}};
     Label           TotalRom             {*this, "TotalRom", {206,480,37,13}, {"0000", V8, white, flushRight}};
-    FileList        File1                {*this, "File1", {480,168,93,32}, {.pattern="*.gb;*.gba;*.gbc;*.cgb;*.agb;*.zip", .back=Colours::system(7)}};
-    chameleonButton ChameleonButton12    {*this, "ChameleonButton12", {0,0,21,21}, {.type=6, .fx=2, .back=band, .fore=black, .mask=0xC0C0C0, .picture="compact-16.png", .toolTip="Cambiar a Torvette"}};
-    chameleonButton chameleonButton1     {*this, "chameleonButton1", {456,0,22,21}, {.type=6, .fx=2, .back=band, .fore=black, .mask=0xC0C0C0, .picture="close-16.png", .toolTip="!"}};
-    chameleonButton chameleonButton2     {*this, "chameleonButton2", {436,0,21,21}, {.type=6, .fx=2, .back=band, .fore=black, .mask=0xC0C0C0, .picture="minimise-16.png", .toolTip="Minimizar"}};
+    FileList        File1                {*this, "File1", {480,168,93,32}, allGames};
+    chameleonButton ChameleonButton12    {*this, "ChameleonButton12", {0,0,21,21}, onBand("compact-16.png", "Cambiar a Torvette")};
+    chameleonButton chameleonButton1     {*this, "chameleonButton1", {456,0,22,21}, onBand("close-16.png", "!")};
+    chameleonButton chameleonButton2     {*this, "chameleonButton2", {436,0,21,21}, onBand("minimise-16.png", "Minimizar")};
     Label           Label1               {*this, "Label1", {26,2,407,17}, {"Torvane 1.1 » Menú Principal", V9b, white}};
-    chameleonButton Zipper               {*this, "Zipper", {52,94,23,23}, {.type=6, .fx=3, .back=slate, .fore=black, .mask=black, .picture="archive-16.png", .toolTip="Navegador .ZIP", .enabled=false}};
-    chameleonButton Refresh              {*this, "Refresh", {6,94,23,23}, {.type=6, .fx=3, .back=slate, .fore=black, .mask=black, .picture="refresh-16.png", .toolTip="Refresh"}};
-    chameleonButton Searcher             {*this, "Searcher", {29,94,23,23}, {.type=6, .fx=3, .back=slate, .fore=black, .mask=black, .picture="search-16.png", .toolTip="Búsqueda Avanzada"}};
-    chameleonButton ID3_Menu             {*this, "ID3_Menu", {252,94,40,23}, {.type=6, .fx=3, .back=indigo, .fore=0x808080, .foreOver=0x00C000, .mask=black, .caption="TAG", .font=V8b}};
-    chameleonButton Edit_Menu            {*this, "Edit_Menu", {292,94,40,23}, {.type=6, .fx=3, .back=indigo, .fore=0x808080, .foreOver=0x00C000, .mask=black, .caption="EDIT", .font=V8b}};
+    chameleonButton Zipper               {*this, "Zipper", {52,94,23,23}, tool("archive-16.png", "Navegador .ZIP", false)};
+    chameleonButton Refresh              {*this, "Refresh", {6,94,23,23}, tool("refresh-16.png", "Refresh")};
+    chameleonButton Searcher             {*this, "Searcher", {29,94,23,23}, tool("search-16.png", "Búsqueda Avanzada")};
+    chameleonButton ID3_Menu             {*this, "ID3_Menu", {252,94,40,23}, tab("TAG")};
+    chameleonButton Edit_Menu            {*this, "Edit_Menu", {292,94,40,23}, tab("EDIT")};
     Label           Label13              {*this, "Label13", {82,98,162,13}, {"» Llista de Jocs", V8b, white}};
     Label           Label17              {*this, "Label17", {338,98,192,13}, {"» ROM.TAG Info", V8b, white}};
     Panel           Picture1_0           {*this, "Picture1(0)", {256,120,211,337}, {indigo}};
@@ -53,12 +62,12 @@ struct MainFrmDesign : Form {
     Label           Lbl_ID3Info          {Picture1_0, "Lbl_ID3Info", {0,128,196,13}, {"Información", V8b, white}};
     Label           GameInfo             {Picture1_0, "GameInfo", {12,142,194.7,120}, {"N/A", V8, white}};
     MoviePlayer     ShockwaveFlash1      {*this, "ShockwaveFlash1", {5,24,468,60}};
-    chameleonButton chameleonButton3     {*this, "chameleonButton3", {252,462,35,36}, {.type=6, .fx=2, .back=indigo, .fore=black, .mask=black, .picture="database-24.png", .pictureOver="database-24-over.png", .toolTip="OnLine DataBase"}};
-    chameleonButton chameleonButton4     {*this, "chameleonButton4", {324,462,37,36}, {.type=6, .fx=2, .back=indigo, .fore=black, .mask=black, .picture="gallery-24.png", .pictureOver="gallery-24-over.png", .toolTip="Galería de Imágenes"}};
-    chameleonButton chameleonButton5     {*this, "chameleonButton5", {435,462,37,36}, {.type=6, .fx=2, .back=indigo, .fore=black, .mask=black, .picture="about-24.png", .pictureOver="about-24-over.png", .toolTip="Acerca de..."}};
-    chameleonButton chameleonButton6     {*this, "chameleonButton6", {287,462,37,36}, {.type=6, .fx=2, .back=indigo, .fore=black, .mask=black, .picture="web-search-24.png", .pictureOver="web-search-24-over.png", .toolTip="Buscar ROMs"}};
-    chameleonButton chameleonButton7     {*this, "chameleonButton7", {361,462,37,36}, {.type=6, .fx=2, .back=indigo, .fore=black, .mask=black, .picture="weblist-24.png", .pictureOver="weblist-24-over.png", .toolTip="WebList"}};
-    chameleonButton chameleonButton8     {*this, "chameleonButton8", {398,462,37,36}, {.type=6, .fx=2, .back=indigo, .fore=black, .mask=black, .picture="settings-24.png", .pictureOver="settings-24-over.png", .toolTip="Configuración"}};
+    chameleonButton chameleonButton3     {*this, "chameleonButton3", {252,462,35,36}, door("database-24.png", "OnLine DataBase")};
+    chameleonButton chameleonButton4     {*this, "chameleonButton4", {324,462,37,36}, door("gallery-24.png", "Galería de Imágenes")};
+    chameleonButton chameleonButton5     {*this, "chameleonButton5", {435,462,37,36}, door("about-24.png", "Acerca de...")};
+    chameleonButton chameleonButton6     {*this, "chameleonButton6", {287,462,37,36}, door("web-search-24.png", "Buscar ROMs")};
+    chameleonButton chameleonButton7     {*this, "chameleonButton7", {361,462,37,36}, door("weblist-24.png", "WebList")};
+    chameleonButton chameleonButton8     {*this, "chameleonButton8", {398,462,37,36}, door("settings-24.png", "Configuración")};
     Label           Label18              {Picture1_0, "Label18", {14,144,194,120}, GameInfo};
     Label           Label28              {Picture1_0, "Label28", {2,130,196,13}, Lbl_ID3Info};
     Label           Label29              {Picture1_0, "Label29", {14,112,194,13}, GameFormat};
@@ -82,11 +91,11 @@ struct MainFrmDesign : Form {
     Label           Label44              {Picture1_1, "Label44", {16,52,256,13}, Label43};
     Label           Label57              {Picture1_1, "Label57", {14,84,252,13}, {"Informació", V8, white}};
     Label           Label58              {Picture1_1, "Label58", {16,86,256,13}, Label57};
-    chameleonButton chameleonButton9     {Picture1_1, "chameleonButton9", {4,280,204,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Eliminar la ROM", .picture="delete-16.png"}};
-    chameleonButton chameleonButton10    {Picture1_1, "chameleonButton10", {4,308,204,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Copiar la ROM", .picture="copy-16.png"}};
-    chameleonButton chameleonButton11    {Picture1_1, "chameleonButton11", {4,252,204,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Eliminar ROM.TAG", .picture="tag-delete-16.png"}};
-    chameleonButton chameleonButton14    {*this, "chameleonButton14", {6,452,23,23}, {.type=6, .fx=3, .back=slate, .fore=black, .mask=black, .picture="up-16.png"}};
-    chameleonButton chameleonButton15    {*this, "chameleonButton15", {225,452,23,23}, {.type=6, .fx=3, .back=slate, .fore=black, .mask=black, .picture="down-16.png"}};
+    chameleonButton chameleonButton9     {Picture1_1, "chameleonButton9", {4,280,204,26}, wide("Eliminar la ROM", "delete-16.png")};
+    chameleonButton chameleonButton10    {Picture1_1, "chameleonButton10", {4,308,204,26}, wide("Copiar la ROM", "copy-16.png")};
+    chameleonButton chameleonButton11    {Picture1_1, "chameleonButton11", {4,252,204,26}, wide("Eliminar ROM.TAG", "tag-delete-16.png")};
+    chameleonButton chameleonButton14    {*this, "chameleonButton14", {6,452,23,23}, tool("up-16.png")};
+    chameleonButton chameleonButton15    {*this, "chameleonButton15", {225,452,23,23}, tool("down-16.png")};
     Label           Label41              {*this, "Label41", {34,456,183,13}, {"#0/000", V8b, white, centred}};
     Label           Label42              {*this, "Label42", {37,458,181,13}, Label41};
     Panel           Picture2             {*this, "Picture2", {10,119,233,330}, {slate}};
@@ -94,9 +103,9 @@ struct MainFrmDesign : Form {
     TextBox         EditID3Title         {Picture1_1, "EditID3Title", {6,32,205,15}, {"", V8b, white, slate}};
     TextBox         EditID3Company       {Picture1_1, "EditID3Company", {6,66,205,15}, {"", V8b, white, slate}};
     TextBox         EditID3Info          {Picture1_1, "EditID3Info", {6,100,205,99}, {"", M8, white, slate, true}};
-    chameleonButton ChameleonButton16    {Picture1_0, "ChameleonButton16", {4,292,204,42}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Cargar esta ROM!", .picture="launch-32.png"}};
+    chameleonButton ChameleonButton16    {Picture1_0, "ChameleonButton16", {4,292,204,42}, wide("Cargar esta ROM!", "launch-32.png")};
     Panel           Picture1_2           {*this, "Picture1(2)", {256,120,211,337}, {indigo}};
-    chameleonButton ChameleonButton13    {Picture1_2, "ChameleonButton13", {4,292,204,42}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Obrir el ZIP", .picture="open-zip-32.png"}};
+    chameleonButton ChameleonButton13    {Picture1_2, "ChameleonButton13", {4,292,204,42}, wide("Obrir el ZIP", "open-zip-32.png")};
     Label           Label8               {Picture1_2, "Label8", {12,60,196,13}, {"No disponible", V8, white}};
     Label           Label9               {Picture1_2, "Label9", {0,46,212,13}, {"Tamany", V8b, white}};
     Label           Label10              {Picture1_2, "Label10", {12,16,200,26}, {"No disponible", V8, white}};
@@ -105,16 +114,16 @@ struct MainFrmDesign : Form {
     Label           Label14              {Picture1_2, "Label14", {14,18,200,26}, Label10};
     Label           Label19              {Picture1_2, "Label19", {2,48,212,13}, Label9};
     Label           Label20              {Picture1_2, "Label20", {14,62,194,13}, Label8};
-    chameleonButton ChameleonButton17    {Picture1_2, "ChameleonButton17", {4,236,204,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Eliminar el ZIP", .picture="delete-16.png"}};
-    chameleonButton ChameleonButton18    {Picture1_2, "ChameleonButton18", {4,264,204,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Copiar el ZIP", .picture="copy-16.png"}};
+    chameleonButton ChameleonButton17    {Picture1_2, "ChameleonButton17", {4,236,204,26}, wide("Eliminar el ZIP", "delete-16.png")};
+    chameleonButton ChameleonButton18    {Picture1_2, "ChameleonButton18", {4,264,204,26}, wide("Copiar el ZIP", "copy-16.png")};
     Label           Label2               {Picture1_1, "Label2", {186,84,24,13}, {"000", V8, white}};
     Label           Label3               {Picture1_1, "Label3", {188,86,24,13}, Label2};
     vbwHyperlink    URL_Linker           {*this, "URL_Linker", {500,374,45,16}, {.font=T9u, .fore=Colours::system(7)}};
-    chameleonButton chameleonButton19    {Picture1_1, "chameleonButton19", {4,224,204,26}, {.type=7, .fx=2, .back=indigo, .fore=white, .mask=black, .caption="Aplicar ROM.TAG", .picture="apply-24.png"}};
+    chameleonButton chameleonButton19    {Picture1_1, "chameleonButton19", {4,224,204,26}, wide("Aplicar ROM.TAG", "apply-24.png")};
     CommonDialog    Dlg                  {*this, "Dlg"};
     TrayIcon        TrayIcon1            {*this, "TrayIcon1", "Torvane"};
     Timer           displayer            {*this, "displayer", 1000, false};
-    ImageList       ImageList1           {*this, "ImageList1", {"console-advance-32.png", "console-gameboy-32.png", "console-color-32.png", "console-archive-32.png"}};
+    ImageList       ImageList1           {*this, "ImageList1", consoles};
     Image           Configuration_yellow {*this, "Configuration_yellow", {798,927,48,48}, ""};
     Image           Configuration_white  {*this, "Configuration_white", {792,975,48,48}, ""};
     Image           Configuration_red    {*this, "Configuration_red", {732,954,48,48}, ""};

@@ -6,33 +6,20 @@
 
 #include "MainFrm.design.h"
 #include "catalogue/ID3.h"
-#include "core/Desk.h"
-#include "core/Funciones.h"
-#include "core/Hosts.h"
-#include "emulator/EmulatorCatalogue.h"
-#include "emulator/ShellAndClose.h"
+#include "core/Services.h"
+#include "core/Texts.h"
+#include "core/Window.h"
 #include "toolkit/DragStrip.h"
 
 namespace torvane {
-
-/// What the main window works with; all of it outlives the window.
-struct MainFrmParts {
-    Runtime& runtime;
-    Desk& desk;
-    const Globals& globals;
-    const LanguageTables& language;
-    const Hosts& hosts;
-    Funciones& funciones;
-    EmulatorCatalogue& emulators;
-    ShellAndClose& shell;
-    ID3& id3;
-};
 
 class MainFrm : public MainFrmDesign, private GamePanel {
     Q_OBJECT
 
 public:
-    explicit MainFrm(const MainFrmParts& parts);
+    static constexpr Window id = Window::MainFrm;
+
+    explicit MainFrm(const Services& services);
 
     /// Runs once after construction.
     void Load();
@@ -59,10 +46,9 @@ private:
 
     // MainFrm.wiring.cpp
     void wireControls();
-    void wireTwins();
     void wireTools();
     void opens(chameleonButton& button, Window window);
-    void hints(chameleonButton& button, const QString& key);
+    void hints(chameleonButton& button, const char* key);
 
     // MainFrm.cpp: load, list, selection
     void setCaptions();
@@ -73,8 +59,6 @@ private:
     void showArchive();
     void showGame();
     void ListView1_RowClick(int row);
-    QString mainMenu(const char* key) const;
-    QString libraryFolder() const;
 
     // MainFrm.actions.cpp: what the buttons do
     void Edit_Menu_Click();
@@ -86,14 +70,17 @@ private:
     void copyGame();
     void deleteGame();
     void Zipper_Click();
-    void launch(const QString& path);
+    void addGames(const QString& path);
     void scrollUp();
     void scrollDown();
     void askForExit();
     void hint(const QString& text);
+    static QString heading(const QString& text) { return QStringLiteral("» ") + text; }
     void displayer_Tick();
 
-    MainFrmParts m;
+    const Services& m;
+    const Texts mainMenu{m.language, "MainMenu"};
+    const Texts general{m.language, "globals"};
     DragStrip m_dragStrip{*this, Label1};
 };
 

@@ -4,13 +4,6 @@
 
 namespace torvane {
 
-Menuing::Menuing(Runtime& runtime)
-    : Form(runtime, {.name = "Menuing",
-                     .title = "Form1",
-                     .clientSize = {460, 439},
-                     .border = FormDesign::sizable,
-                     .start = FormDesign::systemDefault,
-                     .unit = FormDesign::twips,
-                     .inTaskBar = true}) {}
+Menuing::Menuing(const Services& services) : MenuingDesign(services.runtime) {}
 
 } // namespace torvane

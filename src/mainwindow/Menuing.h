@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// The window that is never shown. It is created by the first look-up of a text and stays to the end, for
-// it holds the reader through which all language files are read.
+// The window that is never shown. It is created at the start and stays to the end.
 #pragma once
 
-#include "platform/forms/Form.h"
-#include "platform/forms/INITool.h"
+#include "Menuing.design.h"
+#include "core/Services.h"
+#include "core/Window.h"
 
 namespace torvane {
 
-class Menuing : public Form {
+class Menuing : public MenuingDesign {
     Q_OBJECT
 
 public:
-    explicit Menuing(Runtime& runtime);
+    static constexpr Window id = Window::Menuing;
 
-    INITool INITool1{*this, "INITool1"};
+    explicit Menuing(const Services& services);
 
     /// Does nothing; kept for callers that want to be sure that the window is there.
     void LoadMenu() {}

@@ -19,8 +19,8 @@ struct ButtonLook {
     std::optional<OleColour> foreOver = {}; ///< none: the same as `fore`
     OleColour mask = 0xC0C0C0;
     const char* caption = "";
-    const char* picture = "";     ///< a name in the resources (see Pictures), or empty
-    const char* pictureOver = ""; ///< the same, shown under the mouse
+    const char* picture = ""; ///< a name in the resources (see Pictures), or empty
+    bool lightsUp = false;    ///< under the mouse the picture's twin is shown, "NAME-over.png"
     const char* toolTip = "";
     FontSpec font = Fonts::M8b;
     bool enabled = true;

@@ -10,6 +10,10 @@
 namespace torvane {
 
 namespace {
+// "NAME-over.png" for "NAME.png".
+QString overName(const char* picture) {
+    return QString::fromLatin1(picture).replace(QStringLiteral(".png"), QStringLiteral("-over.png"));
+}
 constexpr int overTimerMilliseconds = 3;
 constexpr int arrowPointer = 1;
 constexpr int customScheme = 2;
@@ -30,7 +34,7 @@ chameleonButton::chameleonButton(QWidget& parent, const char* name, const Design
     m_p.maskColor = look.mask;
     m_p.mousePointer = arrowPointer;
     m_p.pictureNormal = Pictures::load(QString::fromLatin1(look.picture), devicePixelRatioF());
-    m_p.pictureOver = Pictures::load(QString::fromLatin1(look.pictureOver), devicePixelRatioF());
+    if (look.lightsUp) m_p.pictureOver = Pictures::load(overName(look.picture), devicePixelRatioF());
     m_p.softBevel = look.softBevel;
     m_p.useGreyscale = look.useGreyscale;
     m_p.specialEffect = look.fx;

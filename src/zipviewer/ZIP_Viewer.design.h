@@ -9,19 +9,25 @@
 #include "platform/forms/Panel.h"
 #include "platform/forms/ScrolledListView.h"
 #include "platform/forms/UnZipCtl.h"
-#include "toolkit/DesignWords.h"
+#include "toolkit/ButtonFaces.h"
 #include "toolkit/chameleonButton.h"
 
 namespace torvane {
 
 struct ZIP_ViewerDesign : Form {
+    using Design = ZIP_ViewerDesign;
+
     explicit ZIP_ViewerDesign(Runtime& runtime)
-        : Form(runtime, {.name="ZIP_Viewer", .title="Torvane 1.1", .clientSize={552,426}, .picture="ZIP_Viewer.jpg", .backColour=0x0000FF, .inTaskBar=true}) {}
+        : Form(runtime, {.name="ZIP_Viewer", .title="Torvane 1.1", .clientSize={552,426}, .picture="ZIP_Viewer.jpg", .backColour=0x0000FF,
+                         .inTaskBar=true}) {}
 
     static constexpr OleColour pale = 0xFFDFBF;
+    static constexpr const char* waiting = "ZIP_Viewer-Mensaje.jpg";
+    static constexpr std::initializer_list<const char*> consoles = {"console-gameboy-32.png", "console-advance-32.png",
+                                                                    "console-color-32.png", "console-unknown-32.png"};
 
     ScrolledListView ListView1        {*this, "ListView1", {4,26,543,395}, ImageList1};
-    Panel            Mensaje          {*this, "Mensaje", {154.5,187.5,243,51}, {.back=Colours::windowBack, .picture="ZIP_Viewer-Mensaje.jpg"}};
+    Panel            Mensaje          {*this, "Mensaje", {154.5,187.5,243,51}, {.back=Colours::windowBack, .picture=waiting}};
     Label            Label2           {Mensaje, "Label2", {2,0,271,33}, {"···DesZipeando", verdana(20.25), white}};
     Label            Label3           {Mensaje, "Label3", {4,34,211,15}, {"Leyendo el contenido del ZIP...", V8b, white}};
     FileList         File1            {*this, "File1", {376,462,97,383}, {.visible=false}};
@@ -36,11 +42,11 @@ struct ZIP_ViewerDesign : Form {
     Label            GameInfo         {*this, "GameInfo", {568,288,174,104}, {"N/A", V8, pale}};
     Label            Lbl_ID3Info      {*this, "Lbl_ID3Info", {434,176,196,13}, {"Información", V8b, white}};
     Label            Lbl_ID3Format    {*this, "Lbl_ID3Format", {572,162,196,13}, {"Formato y Tamaño", V8b, white}};
-    chameleonButton  chameleonButton2 {*this, "chameleonButton2", {510,0,21,21}, {.type=6, .fx=2, .back=band, .fore=black, .mask=0xC0C0C0, .picture="minimise-16.png"}};
-    chameleonButton  chameleonButton1 {*this, "chameleonButton1", {531,0,21,21}, {.type=6, .fx=2, .back=band, .fore=black, .mask=0xC0C0C0, .picture="close-16.png"}};
+    chameleonButton  chameleonButton2 {*this, "chameleonButton2", {510,0,21,21}, onBand("minimise-16.png")};
+    chameleonButton  chameleonButton1 {*this, "chameleonButton1", {531,0,21,21}, onBand("close-16.png")};
     Label            Label1           {*this, "Label1", {4,2,407,17}, {"Torvane 1.1 » Navegador .ZIP", V9b, white}};
     UnZipCtl         UnZip1           {*this, "UnZip1"};
-    ImageList        ImageList1       {*this, "ImageList1", {"console-gameboy-32.png", "console-advance-32.png", "console-color-32.png", "console-unknown-32.png"}};
+    ImageList        ImageList1       {*this, "ImageList1", consoles};
 };
 
 } // namespace torvane

@@ -5,46 +5,38 @@
 
 #include "ZIP_Viewer.design.h"
 #include "catalogue/ZipMembers.h"
-#include "core/Desk.h"
-#include "core/LanguageTables.h"
-#include "emulator/EmulatorCatalogue.h"
-#include "emulator/ShellAndClose.h"
-
-#include <QEventLoop>
+#include "core/Services.h"
+#include "core/Texts.h"
+#include "core/Window.h"
+#include "platform/forms/Busy.h"
 
 namespace torvane {
-
-/// What the window works with; all of it outlives the window.
-struct ZIP_ViewerParts {
-    Runtime& runtime;
-    Desk& desk;
-    const Globals& globals;
-    const LanguageTables& language;
-    const EmulatorCatalogue& emulators;
-    ShellAndClose& shell;
-};
 
 class ZIP_Viewer : public ZIP_ViewerDesign {
     Q_OBJECT
 
 public:
-    explicit ZIP_Viewer(const ZIP_ViewerParts& parts);
+    static constexpr Window id = Window::ZIP_Viewer;
+
+    explicit ZIP_Viewer(const Services& services);
 
     /// Runs once after construction.
     void Load();
-    /// Shows the window in the place of the main one, unpacks the archive (full path and bare name) and lists
-    /// it. Serves events meanwhile; returns when a member is listed, which may be never, or the user closes
-    /// the window.
+    /// Unpacks the archive (full path and bare name) and lists it in the window, which the desk has shown.
+    /// Serves events meanwhile; returns when a member is listed, which may be never, or the user closes the
+    /// window.
     void ReadZIP(const QString& path, const QString& name);
+    /// The archive to read: full path and bare name.
+    void take(const QStringList& archive) { ReadZIP(archive.value(0), archive.value(1)); }
 
 protected:
     /// The window manager's close does what the close button does.
     void queryUnload() override { chameleonButton1_Click(); }
 
 private:
+    void read(const QString& path, const QString& name);
     void readUntilListed(const QString& path, const QString& name);
     void ListZipMembers(const QString& name);
-    void pause(int milliseconds);
     void blankPanel();
     void closeWindow();
     void File2_Click();
@@ -52,14 +44,11 @@ private:
     void ListView1_DblClick();
     void chameleonButton1_Click();
     void chameleonButton2_Click() { setWindowStateWord(minimised); }
-    QString text(const char* key) const;
 
-    ZIP_ViewerParts m;
+    const Services& m;
     ZipTemp m_temp{m.globals};
     QString ZipName;
-    QEventLoop m_pause;
-    bool m_isReading = false;
-    bool m_isToClose = false;
+    Busy m_reading{*this};
 };
 
 } // namespace torvane

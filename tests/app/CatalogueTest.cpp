@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Every window against the catalogue of windows and controls, as its design stands before any handler has
-// run. A window that is added to the program gets one line in `makers`.
+// Every window of the program against the catalogue of windows and controls, as its design is before any
+// handler has run.
 #include "ControlLooks.h"
+#include "app/Windows.h"
 #include "art/ArtResources.h"
-#include "assistant/NewAssistant.design.h"
-#include "core/SelLangStartUp.design.h"
-#include "core/Splash.design.h"
-#include "mainwindow/MainFrm.design.h"
-#include "mainwindow/Menuing.h"
 #include "support/CatalogueTable.h"
 #include "support/FakeWorld.h"
-#include "toolkit/TorvMsg.design.h"
-#include "zipviewer/ZIP_Viewer.design.h"
 
 #include <QDirIterator>
 
@@ -21,20 +15,19 @@ using namespace Qt::StringLiterals;
 using Row = QMap<QString, QString>;
 
 namespace {
-template <typename Design>
-std::unique_ptr<Form> make(Runtime& runtime) {
-    return std::make_unique<Design>(runtime);
-}
+using Makers = QMap<QString, std::unique_ptr<Form> (*)(Runtime&)>;
 
-const QMap<QString, std::unique_ptr<Form> (*)(Runtime&)> makers{
-    {u"MainFrm"_s, make<MainFrmDesign>},
-    {u"Menuing"_s, make<Menuing>},
-    {u"NewAssistant"_s, make<NewAssistantDesign>},
-    {u"SelLangStartUp"_s, make<SelLangStartUpDesign>},
-    {u"Splash"_s, make<SplashDesign>},
-    {u"TorvMsg"_s, make<TorvMsgDesign>},
-    {u"ZIP_Viewer"_s, make<ZIP_ViewerDesign>},
-};
+// The designs of the windows in the program's own list, by the names of the windows.
+const Makers makers = [] {
+    Makers result;
+    Windows::forEach([&]<typename W>() {
+        const QString className = QString::fromLatin1(W::staticMetaObject.className());
+        result.insert(className.section(u"::"_s, -1), [](Runtime& runtime) -> std::unique_ptr<Form> {
+            return std::make_unique<typename W::Design>(runtime);
+        });
+    });
+    return result;
+}();
 
 // Its menus are no part of it yet, so its controls are not compared.
 const QStringList withoutControls{u"Menuing"_s};

@@ -54,11 +54,11 @@ private slots:
             {u"core/Desk.h"_s, u"#include \"Globals.h\"\n#include \"platform/base/File.h\"\n"_s},
             {u"catalogue/ID3.h"_s, u"#include \"core/Globals.h\"\n#include <vector>\n"_s},
             {u"search/Pages.h"_s, u"#include \"catalogue/ID3.h\"\n"_s},
-            {u"core/Splash.design.h"_s, u"#include \"toolkit/Shaper.h\"\n"_s},
-            {u"core/Splash.h"_s, u"#include \"Splash.design.h\"\n#include \"Desk.h\"\n"_s},
-            {u"core/Splash.cpp"_s, u"#include \"Splash.h\"\n#include \"Splash.moc\"\n"_s},
+            {u"core/splash/Splash.design.h"_s, u"#include \"toolkit/Shaper.h\"\n"_s},
+            {u"core/splash/Splash.h"_s, u"#include \"Splash.design.h\"\n#include \"Desk.h\"\n"_s},
+            {u"core/splash/Splash.cpp"_s, u"#include \"Splash.h\"\n#include \"Splash.moc\"\n"_s},
             {u"mainwindow/MainFrm.actions.cpp"_s, u"#include \"search/Pages.h\"\n"_s},
-            {u"app/main.cpp"_s, u"#include \"core/Splash.h\"\n#include \"art/ArtResources.h\"\n"_s},
+            {u"app/main.cpp"_s, u"#include \"core/splash/Splash.h\"\n#include \"art/ArtResources.h\"\n"_s},
         };
         QCOMPARE(faultsOf(tree).join(u'\n'), QString());
     }
@@ -67,7 +67,7 @@ private slots:
         QTest::addColumn<Tree>("tree");
         QTest::addColumn<QString>("fault");
         const QString form = u"platform/forms/Form.h"_s;
-        const QString splash = u"core/Splash.h"_s;
+        const QString splash = u"core/splash/Splash.h"_s;
         addOffence("from base up to forms",
                    {{form, {}}, {u"platform/base/File.h"_s, u"\n#include \"../forms/Form.h\"\n"_s}},
                    "platform/base/File.h:2: \"../forms/Form.h\": this layer lies above or beside");
@@ -91,23 +91,25 @@ private slots:
         addOffence("from a module to a window",
                    {{splash, {}}, {u"core/Funciones.h"_s, u"#include \"Splash.h\""_s}},
                    "core/Funciones.h:1: \"Splash.h\": only app/ includes a window");
-        addOffence("from a window to another one",
-                   {{splash, {}}, {u"mainwindow/MainFrm.wiring.cpp"_s, u"#include \"core/Splash.h\""_s}},
-                   "mainwindow/MainFrm.wiring.cpp:1: \"core/Splash.h\": only app/ includes a window");
-        addOffence("from a window to the design of another one",
-                   {{u"core/Splash.design.h"_s, {}},
-                    {u"toolkit/TorvMsg.h"_s, u"#include \"core/Splash.design.h\""_s}},
-                   "toolkit/TorvMsg.h:1: \"core/Splash.design.h\": only app/ includes a window");
+        addOffence(
+            "from a window to another one",
+            {{splash, {}}, {u"mainwindow/MainFrm.wiring.cpp"_s, u"#include \"core/splash/Splash.h\""_s}},
+            "mainwindow/MainFrm.wiring.cpp:1: \"core/splash/Splash.h\": only app/ includes a window");
+        addOffence(
+            "from a window to the design of another one",
+            {{u"core/splash/Splash.design.h"_s, {}},
+             {u"toolkit/torvmsg/TorvMsg.h"_s, u"#include \"core/splash/Splash.design.h\""_s}},
+            "toolkit/torvmsg/TorvMsg.h:1: \"core/splash/Splash.design.h\": only app/ includes a window");
         addOffence("from a window up to app",
                    {{u"app/Program.h"_s, {}}, {splash, u"#include \"app/Program.h\""_s}},
-                   "core/Splash.h:1: \"app/Program.h\": this layer lies above or beside");
+                   "core/splash/Splash.h:1: \"app/Program.h\": this layer lies above or beside");
         addOffence("in brackets in place of quotes",
                    {{u"app/Program.h"_s, {}}, {splash, u"#include <app/Program.h>"_s}},
-                   "core/Splash.h:1: \"app/Program.h\": this layer lies above or beside");
+                   "core/splash/Splash.h:1: \"app/Program.h\": this layer lies above or beside");
         addOffence("a file that does not exist", {{splash, u"#include \"Gone.h\""_s}},
-                   "core/Splash.h:1: \"Gone.h\": there is no such file");
+                   "core/splash/Splash.h:1: \"Gone.h\": there is no such file");
         addOffence("a window that reaches the artwork", {{splash, u"#include \"art/ArtResources.h\""_s}},
-                   "core/Splash.h:1: \"art/ArtResources.h\": only app/ reaches the artwork");
+                   "core/splash/Splash.h:1: \"art/ArtResources.h\": only app/ reaches the artwork");
     }
     void an_offence_is_told_with_file_line_and_include() {
         QFETCH(Tree, tree);

@@ -6,7 +6,7 @@
 
 #include "StillButton.h"
 #include "mainwindow/MainFrm.design.h"
-#include "toolkit/TorvMsg.design.h"
+#include "toolkit/torvmsg/TorvMsg.design.h"
 
 #include <memory>
 #include <vector>

@@ -183,7 +183,7 @@ private slots:
             emit window().chameleonButton3.Click();
             emit window().ChameleonButton5.Click();
             emit window().ChameleonButton6.Click();
-            window().take(opened->from());
+            window().take({opened->from()});
         });
         connect(&window().File1, &FileList::Click, this, [&] {
             if (window().File1.ListIndex() == 0) trying.start(0);

@@ -23,7 +23,7 @@ struct ProgramUnderBench {
     /// The main window after a start without intro; where there is none, nothing can be measured.
     MainFrm& startedMainWindow() {
         program.start();
-        MainFrm* window = program.mainFrm.ifLoaded();
+        MainFrm* window = program.loaded<MainFrm>();
         if (window == nullptr) {
             std::fputs("The program did not start with its main window.\n", stderr);
             _exit(3);

@@ -71,12 +71,12 @@ public:
         mustHold(window().ListView1.rowCount() == expectedRows);
         emit window().chameleonButton1.Click();
         QApplication::processEvents();
-        mustHold(m_bench.program.zipViewer.ifLoaded() == nullptr);
+        mustHold(m_bench.program.loaded<ZIP_Viewer>() == nullptr);
     }
 
 private:
     ZIP_Viewer& window() {
-        ZIP_Viewer* window = m_bench.program.zipViewer.ifLoaded();
+        ZIP_Viewer* window = m_bench.program.loaded<ZIP_Viewer>();
         mustHold(window != nullptr);
         return *window;
     }

@@ -59,7 +59,7 @@ int runImports(const fs::path& program, const char* configurationFolder, int rou
     makeEmpty(library);
     ProgramUnderBench bench(program.c_str(), configurationFolder);
     bench.startedMainWindow();
-    NewAssistant* assistant = bench.program.newAssistant.ifLoaded();
+    NewAssistant* assistant = bench.program.loaded<NewAssistant>();
     mustHold(assistant != nullptr);
     std::vector<std::int64_t> importing;
     std::vector<std::int64_t> copying;

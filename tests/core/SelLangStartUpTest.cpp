@@ -15,7 +15,7 @@ class SelLangStartUpTest : public QObject {
 
     std::unique_ptr<OpenedProgram> opened;
 
-    SelLangStartUp& window() const { return *opened->program->selLangStartUp.ifLoaded(); }
+    SelLangStartUp& window() const { return *opened->program->loaded<SelLangStartUp>(); }
     Label& label(const QString& name) const { return *window().findChild<Label*>(name); }
     /// Lets the typewriter come to its end without waiting for it.
     QString typed() const {
@@ -28,7 +28,7 @@ private slots:
         opened = std::make_unique<OpenedProgram>();
         opened->world.setSetting("Language", QString());
         opened->start();
-        QVERIFY(opened->program->selLangStartUp.ifLoaded() != nullptr);
+        QVERIFY(opened->program->loaded<SelLangStartUp>() != nullptr);
         QVERIFY(QTest::qWaitForWindowExposed(&window()));
     }
     void cleanup() { opened.reset(); }
@@ -37,9 +37,9 @@ private slots:
         OpenedProgram fresh;
         QVERIFY(QFile::remove(fresh.world.settings.fileOf(QStringLiteral("Torvane"))));
         Program& program = fresh.start();
-        QVERIFY(program.selLangStartUp.ifLoaded()->isVisible());
-        QVERIFY(!program.splash.ifLoaded());
-        QVERIFY(!program.mainFrm.ifLoaded());
+        QVERIFY(program.loaded<SelLangStartUp>()->isVisible());
+        QVERIFY(!program.loaded<Splash>());
+        QVERIFY(!program.loaded<MainFrm>());
         QCOMPARE(fresh.world.setting("Language"), QStringLiteral("(absent)"));
     }
     void the_request_is_typed_one_character_a_tick_every_75_milliseconds() {
@@ -184,25 +184,25 @@ private slots:
         click(window().Label6);
         click(window().ok);
         emit window().Timer2.Tick();
-        QVERIFY(opened->program->selLangStartUp.ifLoaded() == nullptr);
+        QVERIFY(opened->program->loaded<SelLangStartUp>() == nullptr);
         QVERIFY(opened->main().isVisible());
         QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("English"));
     }
     void quitting_before_the_15_seconds_have_passed_leaves_the_language_set_and_the_next_start_goes_on() {
         click(window().Label5);
         click(window().ok);
-        QVERIFY(!opened->program->mainFrm.ifLoaded());
+        QVERIFY(!opened->program->loaded<MainFrm>());
         opened->close();
         Program& next = opened->start();
-        QVERIFY(!next.selLangStartUp.ifLoaded());
-        QVERIFY(next.mainFrm.ifLoaded()->isVisible());
+        QVERIFY(!next.loaded<SelLangStartUp>());
+        QVERIFY(next.loaded<MainFrm>()->isVisible());
         QCOMPARE(next.globals.LanguageName, QStringLiteral("Català"));
     }
     void a_choice_that_was_not_confirmed_is_asked_for_again() {
         click(window().Label5);
         opened->close();
         opened->start();
-        QVERIFY(opened->program->selLangStartUp.ifLoaded() != nullptr);
+        QVERIFY(opened->program->loaded<SelLangStartUp>() != nullptr);
         QCOMPARE(typed(), request);
     }
     void a_settings_store_that_cannot_be_written_is_told_and_ends_the_program() {

@@ -9,8 +9,8 @@ class SplashTest : public QObject {
 
     std::unique_ptr<OpenedProgram> opened;
 
-    Splash& splash() const { return *opened->program->splash.ifLoaded(); }
-    bool introIsOver() const { return opened->program->splash.ifLoaded() == nullptr; }
+    Splash& splash() const { return *opened->program->loaded<Splash>(); }
+    bool introIsOver() const { return opened->program->loaded<Splash>() == nullptr; }
     void openIntro() {
         opened->start();
         QVERIFY(!introIsOver());
@@ -28,7 +28,7 @@ private slots:
 
     void the_intro_stands_alone_and_the_main_window_is_not_made_yet() {
         QVERIFY(splash().isVisible());
-        QVERIFY(!opened->program->mainFrm.ifLoaded());
+        QVERIFY(!opened->program->loaded<MainFrm>());
     }
     void it_plays_the_movie_beside_the_program_and_missing_it_waits_for_input_all_the_same() {
         QCOMPARE(splash().Flash.Movie(), opened->world.appPath() + QStringLiteral("\\data\\intro.dat"));
@@ -107,7 +107,7 @@ private slots:
         opened->world.setSetting("Start", QStringLiteral("1"));
         QTest::keyClick(&splash(), Qt::Key_Return);
         QVERIFY(introIsOver());
-        QVERIFY(opened->program->mainFrm.ifLoaded() != nullptr);
+        QVERIFY(opened->program->loaded<MainFrm>() != nullptr);
         if (!opened->program->desk.exists(Window::Torvette)) QVERIFY(opened->main().isVisible());
     }
     void a_start_setting_that_is_no_number_takes_the_default_failure_path() {
@@ -136,7 +136,7 @@ private slots:
     void closing_the_window_by_the_window_manager_ends_the_program() {
         splash().close();
         QCOMPARE(opened->world.ends, 1);
-        QVERIFY(!opened->program->mainFrm.ifLoaded());
+        QVERIFY(!opened->program->loaded<MainFrm>());
     }
 
 private:

@@ -17,8 +17,8 @@ private slots:
 
     void a_set_language_goes_straight_on_and_the_language_window_is_gone() {
         Program& program = opened->start();
-        QVERIFY(program.selLangStartUp.ifLoaded() == nullptr);
-        QVERIFY(program.mainFrm.ifLoaded()->isVisible());
+        QVERIFY(program.loaded<SelLangStartUp>() == nullptr);
+        QVERIFY(program.loaded<MainFrm>()->isVisible());
     }
     void the_texts_of_every_window_are_set() {
         const Globals& globals = opened->start().globals;
@@ -54,15 +54,15 @@ private slots:
         QFETCH(bool, shown);
         world().setSetting("Intro", intro);
         Program& program = opened->start();
-        QCOMPARE(program.splash.ifLoaded() != nullptr, shown);
-        QCOMPARE(program.mainFrm.ifLoaded() != nullptr, !shown);
+        QCOMPARE(program.loaded<Splash>() != nullptr, shown);
+        QCOMPARE(program.loaded<MainFrm>() != nullptr, !shown);
     }
     void without_an_intro_setting_the_intro_is_shown() {
         QVERIFY(QFile::remove(world().settings.fileOf(QStringLiteral("Torvane"))));
         world().useLanguage("eng");
         Program& program = opened->start();
-        QVERIFY(program.splash.ifLoaded() != nullptr);
-        QVERIFY(program.splash.ifLoaded()->isVisible());
+        QVERIFY(program.loaded<Splash>() != nullptr);
+        QVERIFY(program.loaded<Splash>()->isVisible());
     }
     void an_intro_setting_that_is_no_number_takes_the_default_failure_path() {
         world().setSetting("Intro", QStringLiteral("yes"));
@@ -71,8 +71,8 @@ private slots:
         QCOMPARE(world().messages.last(), QStringLiteral("Run-time error '13':\n\nType mismatch"));
         QCOMPARE(world().messages.boxes.last().flags, 16);
         QCOMPARE(world().ends, 1);
-        QVERIFY(!program.splash.ifLoaded());
-        QVERIFY(!program.mainFrm.ifLoaded());
+        QVERIFY(!program.loaded<Splash>());
+        QVERIFY(!program.loaded<MainFrm>());
     }
     void a_start_setting_that_is_no_number_takes_the_default_failure_path() {
         world().setSetting("Start", QStringLiteral("1x"));
@@ -84,9 +84,9 @@ private slots:
         world().setSetting("Start", QStringLiteral("1"));
         Program& program = opened->start();
         if (program.desk.exists(Window::Torvette)) {
-            QVERIFY(program.mainFrm.ifLoaded() == nullptr);
+            QVERIFY(program.loaded<MainFrm>() == nullptr);
         } else {
-            QVERIFY(program.mainFrm.ifLoaded()->isVisible());
+            QVERIFY(program.loaded<MainFrm>()->isVisible());
         }
         QCOMPARE(world().ends, 0);
     }
@@ -99,7 +99,7 @@ private slots:
     void any_other_start_setting_opens_the_main_window() {
         QFETCH(QString, start);
         world().setSetting("Start", start);
-        QVERIFY(opened->start().mainFrm.ifLoaded()->isVisible());
+        QVERIFY(opened->start().loaded<MainFrm>()->isVisible());
     }
     void the_main_window_stands_on_its_first_game() {
         opened->games(3);
@@ -138,7 +138,7 @@ private slots:
         click(window.Edit_Menu);
         QCOMPARE(window.Label17.Caption(), QStringLiteral("» "));
         click(window.chameleonButton1);
-        QCOMPARE(opened->program->torvMsg.ifLoaded()->Label2.Caption(), QString());
+        QCOMPARE(opened->program->loaded<TorvMsg>()->Label2.Caption(), QString());
         QCOMPARE(world().messages.boxes.size(), 0);
         QCOMPARE(world().ends, 0);
     }
@@ -157,15 +157,21 @@ private slots:
                  world().appPath() + QStringLiteral("\\data\\lang\\lang_esp.tvl"));
         QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("Español"));
     }
-    void a_look_up_before_any_window_creates_the_window_that_holds_the_reader() {
+    void a_look_up_needs_no_window() {
         Program program(world().runtime, world().appPath());
         program.globals.LanguageFile = world().appPath() + QStringLiteral("\\data\\lang\\lang_eng.tvl");
-        QVERIFY(!program.menuing.ifLoaded());
         QCOMPARE(program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname")),
                  QStringLiteral("English"));
-        QVERIFY(program.menuing.ifLoaded() != nullptr);
-        QVERIFY(!program.menuing.ifLoaded()->isVisible());
-        QVERIFY(!program.mainFrm.ifLoaded());
+        QVERIFY(!program.loaded<Menuing>());
+        QVERIFY(!program.loaded<MainFrm>());
+    }
+    void the_window_of_the_menu_is_there_from_the_start_and_is_never_shown() {
+        Program& program = opened->start();
+        QVERIFY(program.loaded<Menuing>() != nullptr);
+        QVERIFY(!program.loaded<Menuing>()->isVisible());
+        QCOMPARE(program.loaded<Menuing>()->INITool1.Read(
+                     QStringLiteral("FileInfo"), QStringLiteral("langname"), program.globals.LanguageFile),
+                 QStringLiteral("English"));
     }
     void look_ups_are_not_cached_and_take_sections_and_keys_in_any_case() {
         opened->start();
@@ -182,9 +188,9 @@ private slots:
         Program program(world().runtime, world().appPath());
         program.funciones.OpenURL(QStringLiteral("http://one.example/?a=<b>&c=%20"));
         QCOMPARE(world().browser.urls, QStringList{QStringLiteral("http://one.example/?a=<b>&c=%20")});
-        QVERIFY(program.mainFrm.ifLoaded() != nullptr);
-        QVERIFY(!program.mainFrm.ifLoaded()->isVisible());
-        QCOMPARE(program.mainFrm.ifLoaded()->URL_Linker.URL(),
+        QVERIFY(program.loaded<MainFrm>() != nullptr);
+        QVERIFY(!program.loaded<MainFrm>()->isVisible());
+        QCOMPARE(program.loaded<MainFrm>()->URL_Linker.URL(),
                  QStringLiteral("http://one.example/?a=<b>&c=%20"));
     }
     void the_fatal_error_is_told_in_fixed_spanish_and_opens_the_page_of_questions() {

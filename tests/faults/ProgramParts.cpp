@@ -7,8 +7,7 @@ namespace torvane::faults {
 
 ProgramParts::ProgramParts(const Workshop& workshop)
     : m_root(workshop.path()), m_globals{QString::fromStdString(workshop.path("program")), {}, {}, {}, {}},
-      m_language(m_globals, [](const QString&, const QString&, const QString&) { return QString(); }),
-      m_hosts(m_globals), settings(QString::fromStdString(workshop.path("config"))),
+      m_language(m_globals), m_hosts(m_globals), settings(QString::fromStdString(workshop.path("config"))),
       funciones({m_globals, m_language, m_hosts, *this, *this, settings}, *this),
       id3(m_globals, m_language, *this), adding(m_globals) {
     id3.NewCompany = QString::fromLatin1(TagBytes::company);

@@ -102,8 +102,7 @@ void checkShown(const ID3& id3, const Panel& panel, const std::string& file, con
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const Scratch folder;
     static const Globals globals{};
-    static const LanguageTables language(
-        globals, [](const QString&, const QString& key, const QString&) { return key; });
+    static const LanguageTables language(globals);
     static NoMessages messages;
     Input input(data, size);
     const std::string name = names[static_cast<size_t>(input.byte()) % names.size()];

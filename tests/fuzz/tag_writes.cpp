@@ -135,8 +135,7 @@ QString text(const QByteArray& bytes) { return CodePage1252::fromBytes(bytes); }
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const Scratch folder;
     static const Globals globals{QString::fromStdString(folder.path()), {}, {}, {}, {}};
-    static const LanguageTables language(
-        globals, [](const QString&, const QString& key, const QString&) { return key; });
+    static const LanguageTables language(globals);
     Messages messages;
     ID3 id3(globals, language, messages);
     Input input(data, size);

@@ -181,8 +181,8 @@ private slots:
         QFETCH(QByteArray, code);
         openIn(code);
         click(window().chameleonButton1);
-        const TorvMsg& question = *opened->program->torvMsg.ifLoaded();
-        QVERIFY(QTest::qWaitForWindowExposed(opened->program->torvMsg.ifLoaded()));
+        const TorvMsg& question = *opened->program->loaded<TorvMsg>();
+        QVERIFY(QTest::qWaitForWindowExposed(opened->program->loaded<TorvMsg>()));
         QVERIFY(checkSeen(question) >= 2);
         if (!isWhole(question.Label2.Caption(), Fonts::of(Fonts::V8b), Qt::AlignLeft, question.Label2)) {
             complain(question.Label2, question.Label2.Caption());
@@ -197,7 +197,7 @@ private slots:
         QFETCH(int, language);
         opened->world.setSetting("Language", QString());
         opened->start();
-        SelLangStartUp& first = *opened->program->selLangStartUp.ifLoaded();
+        SelLangStartUp& first = *opened->program->loaded<SelLangStartUp>();
         QVERIFY(QTest::qWaitForWindowExposed(&first));
         const auto type = [&] {
             while (first.Timer1.Enabled()) emit first.Timer1.Tick();
@@ -252,7 +252,7 @@ private slots:
         // What is looked up at the moment it is shown is new at once.
         click(window().Edit_Menu);
         QCOMPARE(window().Label17.Caption(), QStringLiteral("» Edita el ROM.TAG"));
-        opened->program->desk.reopenMainWindow();
+        opened->program->desk.go(Window::MainFrm, Window::MainFrm);
         QCOMPARE(window().Lbl_ID3Title.Caption(), QStringLiteral("Títol del joc"));
         QCOMPARE(window().Label1.Caption(), QStringLiteral("Torvane 1.1 » Menú principal"));
         QCOMPARE(window().Label13.Caption(), QStringLiteral("» Llista de jocs"));

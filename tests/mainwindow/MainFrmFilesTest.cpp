@@ -159,7 +159,7 @@ private slots:
         QCOMPARE(messages().boxes.last().flags, 36);
         QCOMPARE(messages().boxes.last().title, QStringLiteral("Torvane..."));
         QVERIFY(exists("g001.gb"));
-        QCOMPARE(opened->program->mainFrm.ifLoaded(), &main);
+        QCOMPARE(opened->program->loaded<MainFrm>(), &main);
         QVERIFY(isSeen(main.Picture1_1));
     }
     void an_answer_that_is_not_yes_keeps_the_game() {
@@ -221,7 +221,7 @@ private slots:
         QVERIFY(messages().last().startsWith(QStringLiteral("Run-time error '70'")));
         QCOMPARE(opened->world.ends, 0);
         QVERIFY(exists("g001.gb"));
-        QCOMPARE(opened->program->mainFrm.ifLoaded(), &main);
+        QCOMPARE(opened->program->loaded<MainFrm>(), &main);
         QVERIFY(isSeen(main.Picture1_1));
     }
     void a_game_that_vanished_before_the_deletion_is_told() {

@@ -139,7 +139,7 @@ private slots:
         opened->world.setSetting("zip", QStringLiteral("1"));
         opened->open();
         doubleClick(window().ListView1, opened->rowPlace(0));
-        QVERIFY(opened->program->zipViewer.ifLoaded() != nullptr);
+        QVERIFY(opened->program->loaded<ZIP_Viewer>() != nullptr);
         window().Label15_Click();
         QCOMPARE(processes().starts.size(), 0);
         QVERIFY(!window().isVisible());

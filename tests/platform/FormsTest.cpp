@@ -24,8 +24,8 @@ class Probe : public TestForm {
 
 public:
     explicit Probe(Runtime& givenRuntime) : TestForm(givenRuntime) {
-        wire(button, &Label::Click, this, &Probe::button_Click);
-        wire(teller, &Label::Click, this, &Probe::button_Click, Failure::told);
+        wire(button, &Label::Click, &Probe::button_Click);
+        wire(teller, &Label::Click, &Probe::button_Click, Failure::reported);
     }
 
     Label button{*this, "button", {0, 0, 50, 20}, {"button"}};

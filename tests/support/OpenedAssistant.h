@@ -11,8 +11,8 @@ namespace torvane {
 
 struct OpenedAssistant : OpenedProgram {
     FakeDialogs& dialogs() const { return const_cast<FakeWorld&>(world).dialogs; }
-    bool isThere() const { return program->newAssistant.ifLoaded() != nullptr; }
-    NewAssistant& assistant() const { return *program->newAssistant.ifLoaded(); }
+    bool isThere() const { return program->loaded<NewAssistant>() != nullptr; }
+    NewAssistant& assistant() const { return *program->loaded<NewAssistant>(); }
 
     /// The program on its first start: no games, the assistant above the main window.
     NewAssistant& openAssistant() {

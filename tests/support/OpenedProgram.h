@@ -87,7 +87,7 @@ public:
         if (!QTest::qWaitForWindowExposed(&window)) qFatal("no main window");
         return window;
     }
-    MainFrm& main() const { return program->mainFrm.get(); }
+    MainFrm& main() const { return *program->load<MainFrm>(); }
     void close() {
         program.reset();
         collectGone();

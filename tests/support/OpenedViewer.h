@@ -16,8 +16,8 @@ protected:
     void start() { opened = std::make_unique<OpenedProgram>(); }
     void end() { opened.reset(); }
     MainFrm& main() const { return opened->main(); }
-    ZIP_Viewer& window() const { return *opened->program->zipViewer.ifLoaded(); }
-    bool isOpen() const { return opened->program->zipViewer.ifLoaded() != nullptr; }
+    ZIP_Viewer& window() const { return *opened->program->loaded<ZIP_Viewer>(); }
+    bool isOpen() const { return opened->program->loaded<ZIP_Viewer>() != nullptr; }
     FakeProcesses& processes() const { return opened->world.processes; }
     QByteArray temp() const { return opened->world.appPath().toUtf8() + "/ziptemp/"; }
     bool exists(const QString& relative) const {

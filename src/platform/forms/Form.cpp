@@ -150,6 +150,11 @@ void Form::dropEvent(QDropEvent* event) {
     QTimer::singleShot(0, this, [this, path = *path] { emit pathDropped(path); });
 }
 
+void Form::run(const std::function<void()>& handler, Failure failure) {
+    const Hold hold(*this);
+    failure == Failure::ends ? m_runtime.guarded(handler) : m_runtime.reporting(handler);
+}
+
 void Form::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange) emit resized();
     QWidget::changeEvent(event);

@@ -10,6 +10,7 @@
 #include <QPixmap>
 #include <QPointer>
 #include <QWidget>
+#include <concepts>
 
 namespace torvane {
 
@@ -105,17 +106,28 @@ protected:
     virtual void onUnload() {}
 
     /// What becomes of a failure that a handler lets through.
-    enum class Failure { ends, told };
-    /// Connects a signal to a handler of this window, and catches failures at the handler's edge: they end
-    /// the process, or are told in the same box while the program goes on.
-    template <typename Sender, typename Signal, typename Window>
-    void wire(Sender& sender, Signal signal, Window* window, void (Window::*handler)(),
-              Failure failure = Failure::ends) {
-        connect(&sender, signal, window, [this, window, handler, failure] {
-            const Hold hold(*this);
-            const auto run = [&] { (window->*handler)(); };
-            failure == Failure::ends ? m_runtime.guarded(run) : m_runtime.telling(run);
+    enum class Failure {
+        ends,    ///< the error box, and then the end of the process
+        reported ///< the same box, and the program goes on
+    };
+    /// Connects a signal to a handler: a member function of this window that takes the signal's arguments
+    /// or none. The window stays in memory to the handler's end, and no failure passes its edge.
+    template <typename Sender, typename Signal, typename W, typename... Args>
+    void wire(Sender& sender, Signal signal, void (W::*handler)(Args...), Failure failure = Failure::ends) {
+        auto* window = static_cast<W*>(this);
+        connect(&sender, signal, this, [this, window, handler, failure](Args... args) {
+            run([&] { (window->*handler)(args...); }, failure);
         });
+    }
+    /// The same for a function object.
+    template <typename Sender, typename Signal, typename Handler>
+    void wire(Sender& sender, Signal signal, Handler handler, Failure failure = Failure::ends) {
+        connect(
+            &sender, signal, this,
+            [ this, handler,
+              failure ](auto... args) requires std::invocable<const Handler&, decltype(args)...> {
+                run([&] { handler(args...); }, failure);
+            });
     }
 
     void paintEvent(QPaintEvent* event) override;
@@ -125,6 +137,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void run(const std::function<void()>& handler, Failure failure);
     void takeStartPosition();
     void follow(Form& owner);
     void showWaiting();

@@ -22,6 +22,7 @@ Label::Label(QWidget& parent, const char* name, const DesignRect& rect, Label& s
     m_wrapWidth = source.m_wrapWidth;
     setAttribute(Qt::WA_TransparentForMouseEvents);
     stackUnder(&source);
+    source.setTwin(*this);
 }
 
 void Label::setCaption(const QString& caption) {

@@ -22,7 +22,7 @@ public:
     };
 
     Label(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
-    /// The shadow of another label of the same parent: same caption and font, black, under it.
+    /// The shadow of another label of the same parent: same font, black, under it. It follows the caption.
     Label(QWidget& parent, const char* name, const DesignRect& rect, Label& source);
 
     QString kind() const override { return QStringLiteral("label"); }

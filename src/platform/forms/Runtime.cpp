@@ -15,7 +15,7 @@ void Runtime::guarded(const std::function<void()>& handler) {
     }
 }
 
-void Runtime::telling(const std::function<void()>& handler) {
+void Runtime::reporting(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeFailure& failure) {

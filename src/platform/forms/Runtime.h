@@ -23,8 +23,8 @@ struct Runtime {
     /// Runs a handler; a failure that it lets through takes the default path: the error box with number
     /// and text, then the end of the process. Nothing is ever thrown on into the toolkit's own frames.
     void guarded(const std::function<void()>& handler);
-    /// Runs a handler whose failures are told in the same box, after which the program goes on.
-    void telling(const std::function<void()>& handler);
+    /// Runs a handler whose failures are reported in the same box, after which the program goes on.
+    void reporting(const std::function<void()>& handler);
 
 private:
     void showFailure(const RuntimeFailure& failure);

@@ -12,6 +12,8 @@
 namespace torvane {
 
 struct SplashDesign : Form {
+    using Design = SplashDesign;
+
     explicit SplashDesign(Runtime& runtime)
         : Form(runtime, {.name="Splash", .title="", .clientSize={460,265}, .picture="Splash.bmp"}) {}
 

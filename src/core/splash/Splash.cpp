@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: MIT
 // The intro and its end.
 #include "Splash.h"
+#include "core/Desk.h"
+#include "core/Globals.h"
 #include "toolkit/Shaper.h"
 
 #include <QKeyEvent>
 
 namespace torvane {
 
-Splash::Splash(Runtime& runtime, Desk& desk, const Globals& globals)
-    : SplashDesign(runtime), m_desk(desk), m_globals(globals) {
-    wire(Timer1, &Timer::Tick, this, &Splash::Timer1_Tick);
-    wire(Flash, &MoviePlayer::readyStateChanged, this, &Splash::Flash_ReadyStateChange);
-    connect(&Picture1, &Panel::keyPressed, this,
-            [this](int keyCode) { this->runtime().guarded([&] { Picture1_KeyPressed(keyCode); }); });
+Splash::Splash(const Services& services) : SplashDesign(services.runtime), m(services) {
+    wire(Timer1, &Timer::Tick, &Splash::Timer1_Tick);
+    wire(Flash, &MoviePlayer::readyStateChanged, &Splash::Flash_ReadyStateChange);
+    wire(Picture1, &Panel::keyPressed, &Splash::Picture1_KeyPressed);
     Picture1.setFocusPolicy(Qt::StrongFocus);
     // A click on the movie is a click in the window.
     Flash.setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
+void Splash::queryUnload() { m.desk.endProgram(); }
+
 void Splash::Load() {
     ShapeForm(*this);
     DragForm(*this);
-    Flash.setMovie(m_globals.AppPath + QStringLiteral("\\data\\intro.dat"));
+    Flash.setMovie(m.globals.AppPath + QStringLiteral("\\data\\intro.dat"));
     Flash.Play();
 }
 
@@ -48,6 +50,6 @@ void Splash::mousePressEvent(QMouseEvent* event) {
 void Splash::keyHandler(int keyCode, int shift) { mouseHandler(keyCode, shift, 0, 0); }
 
 // Any key and any button will do.
-void Splash::mouseHandler(int, int, int, int) { m_desk.introEnded(); }
+void Splash::mouseHandler(int, int, int, int) { m.desk.introEnded(); }
 
 } // namespace torvane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The choice of the language at the first start.
 #include "SelLangStartUp.h"
+#include "core/Desk.h"
+#include "core/Globals.h"
 #include "platform/forms/Pictures.h"
 
 namespace torvane {
@@ -11,8 +13,8 @@ constexpr OleColour plainWhite = 0xFFFFFF;
 const QString languageKey = QStringLiteral("Language");
 } // namespace
 
-SelLangStartUp::SelLangStartUp(Runtime& runtime, Desk& desk, const Globals& globals)
-    : SelLangStartUpDesign(runtime), m_desk(desk), m_globals(globals) {
+SelLangStartUp::SelLangStartUp(const Services& services)
+    : SelLangStartUpDesign(services.runtime), m(services) {
     wireControls();
     setAnswersVisible(false);
     // The typed text lies over the languages; it must not take their clicks.
@@ -20,21 +22,23 @@ SelLangStartUp::SelLangStartUp(Runtime& runtime, Desk& desk, const Globals& glob
 }
 
 void SelLangStartUp::wireControls() {
-    wire(Label4, &Label::Click, this, &SelLangStartUp::Label4_Click);
-    wire(Label5, &Label::Click, this, &SelLangStartUp::Label5_Click);
-    wire(Label6, &Label::Click, this, &SelLangStartUp::Label6_Click);
-    wire(ok, &Label::Click, this, &SelLangStartUp::ok_Click);
-    wire(no, &Label::Click, this, &SelLangStartUp::no_Click);
-    wire(Timer1, &Timer::Tick, this, &SelLangStartUp::Timer1_Tick);
-    wire(Timer2, &Timer::Tick, this, &SelLangStartUp::Timer2_Tick);
+    wire(Label4, &Label::Click, &SelLangStartUp::Label4_Click);
+    wire(Label5, &Label::Click, &SelLangStartUp::Label5_Click);
+    wire(Label6, &Label::Click, &SelLangStartUp::Label6_Click);
+    wire(ok, &Label::Click, &SelLangStartUp::ok_Click);
+    wire(no, &Label::Click, &SelLangStartUp::no_Click);
+    wire(Timer1, &Timer::Tick, &SelLangStartUp::Timer1_Tick);
+    wire(Timer2, &Timer::Tick, &SelLangStartUp::Timer2_Tick);
 }
+
+void SelLangStartUp::queryUnload() { m.desk.endProgram(); }
 
 void SelLangStartUp::Load() {
     if (!runtime()
              .settings.GetSetting(Config::application, Config::section, languageKey, QString())
              .isEmpty()) {
         Unload();
-        m_desk.startApplication();
+        m.desk.startApplication();
         return;
     }
     ShowDialog(QStringLiteral("Escoge Idioma\r\nSel·lecciona Llengua\r\nSelect Your Language"));
@@ -81,7 +85,7 @@ void SelLangStartUp::no_Click() {
 
 void SelLangStartUp::ok_Click() {
     runtime().settings.SaveSetting(Config::application, Config::section, languageKey,
-                                   m_globals.AppPath + QStringLiteral("\\data\\lang\\lang_") +
+                                   m.globals.AppPath + QStringLiteral("\\data\\lang\\lang_") +
                                        ChosenLanguage + QStringLiteral(".tvl"));
     setAnswersVisible(false);
     for (Label* label : {&Label4, &Label5, &Label6}) label->setVisible(false);
@@ -107,7 +111,7 @@ QString SelLangStartUp::thanks() const {
 void SelLangStartUp::Timer2_Tick() {
     Timer2.setEnabled(false);
     Unload();
-    m_desk.startApplication();
+    m.desk.startApplication();
 }
 
 void SelLangStartUp::setAnswersVisible(bool visible) {

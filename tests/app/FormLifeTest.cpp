@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How long a window lives that is closed while its own handlers run, and when an owned window stands above.
-#include "app/FormSlot.h"
+#include "app/Program.h"
 #include "platform/forms/Label.h"
 #include "support/FakeWorld.h"
 #include "support/TestForm.h"
@@ -18,8 +18,10 @@ class Waiting : public TestForm {
     Q_OBJECT
 
 public:
-    explicit Waiting(Runtime& givenRuntime) : TestForm(givenRuntime) {
-        wire(button, &Label::Click, this, &Waiting::button_Click);
+    static constexpr Window id = Window::MainFrm;
+
+    explicit Waiting(const Services& services) : TestForm(services.runtime) {
+        wire(button, &Label::Click, &Waiting::button_Click);
     }
 
     Label button{*this, "button", {0, 0, 50, 20}, {"button"}};
@@ -33,27 +35,52 @@ private:
         button.setCaption(u"still there"_s);
     }
 };
+
+// A window that finds nothing to do.
+class Refusing : public TestForm {
+public:
+    static constexpr Window id = Window::TorvMsg;
+
+    explicit Refusing(const Services& services) : TestForm(services.runtime) {}
+    void Load() { Unload(); }
+    void take(const QStringList&) { QFAIL("nobody is there"); }
+};
 } // namespace
 
 class FormLifeTest : public QObject {
     Q_OBJECT
 
     FakeWorld world;
-    FormSlot<Waiting> slot{[this] { return std::make_unique<Waiting>(world.runtime); }};
+    Program program{world.runtime, world.appPath()};
+    QList<Window> gone;
+    SlotContext context{program.services, [this](Window window) { gone.append(window); }};
+    FormSlot<Waiting> slot{context};
 
     static void collectGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 private slots:
     void an_unloaded_window_goes_when_the_events_come_round() {
-        const QPointer<Waiting> window = &slot.get();
+        const QPointer<Waiting> window = slot.load();
         window->Unload();
         QVERIFY(!slot.ifLoaded());
         QVERIFY(window->isUnloaded());
         collectGone();
         QVERIFY(window.isNull());
     }
+    void the_owner_hears_of_an_unloaded_window() {
+        gone.clear();
+        slot.load()->Unload();
+        QCOMPARE(gone, QList<Window>{Window::MainFrm});
+    }
+    void a_window_that_unloads_itself_in_its_load_is_not_there() {
+        FormSlot<Refusing> refusing(context);
+        QCOMPARE(refusing.load(), nullptr);
+        QCOMPARE(refusing.ifLoaded(), nullptr);
+        refusing.take({u"work"_s});
+        collectGone();
+    }
     void a_window_that_is_closed_in_its_own_handler_lives_to_the_end_of_it() {
-        const QPointer<Waiting> window = &slot.get();
+        const QPointer<Waiting> window = slot.load();
         bool livedOn = false;
         window->meanwhile = [&] {
             QTimer::singleShot(0, window, [&] { window->Unload(); });
@@ -67,18 +94,18 @@ private slots:
         QVERIFY(window.isNull());
     }
     void the_slot_makes_a_new_window_while_the_former_one_still_runs() {
-        Waiting& former = slot.get();
+        Waiting& former = *slot.load();
         bool isAnother = false;
         former.meanwhile = [&] {
             former.Unload();
-            isAnother = &slot.get() != &former;
+            isAnother = slot.load() != &former;
         };
         emit former.button.Click();
         QVERIFY(isAnother);
         slot.unload();
     }
     void holds_may_be_nested() {
-        const QPointer<Waiting> window = &slot.get();
+        const QPointer<Waiting> window = slot.load();
         {
             const Form::Hold outer(*window);
             {
@@ -103,7 +130,7 @@ private slots:
     }
     void a_window_that_is_gone_before_its_owner_is_shown_is_not_shown() {
         TestForm owner(world.runtime);
-        const QPointer<Waiting> window = &slot.get();
+        const QPointer<Waiting> window = slot.load();
         window->Show(&owner);
         window->Unload();
         owner.Show();

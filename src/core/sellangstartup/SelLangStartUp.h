@@ -2,9 +2,9 @@
 // The first window of all: asks for the language at the first start, and is gone at once at later ones.
 #pragma once
 
-#include "Desk.h"
-#include "Globals.h"
 #include "SelLangStartUp.design.h"
+#include "core/Services.h"
+#include "core/Window.h"
 #include "toolkit/Typewriter.h"
 
 namespace torvane {
@@ -13,7 +13,9 @@ class SelLangStartUp : public SelLangStartUpDesign {
     Q_OBJECT
 
 public:
-    SelLangStartUp(Runtime& runtime, Desk& desk, const Globals& globals);
+    static constexpr Window id = Window::SelLangStartUp;
+
+    explicit SelLangStartUp(const Services& services);
 
     /// Starts to type the text, one character per tick, in the place of what was typed before.
     void ShowDialog(const QString& text);
@@ -25,7 +27,7 @@ public:
 
 protected:
     /// Closing the window by the window manager leaves nothing behind: the program ends.
-    void queryUnload() override { m_desk.endProgram(); }
+    void queryUnload() override;
 
 private:
     void wireControls();
@@ -40,8 +42,7 @@ private:
     void setAnswersVisible(bool visible);
     QString thanks() const;
 
-    Desk& m_desk;
-    const Globals& m_globals;
+    const Services& m;
     Typewriter m_typewriter{Label7, Timer1};
     QString ChosenLanguage;
 };

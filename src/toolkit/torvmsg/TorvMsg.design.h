@@ -6,15 +6,18 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
-#include "toolkit/DesignWords.h"
+#include "toolkit/ButtonFaces.h"
 #include "toolkit/TVLabel.h"
 #include "toolkit/chameleonButton.h"
 
 namespace torvane {
 
 struct TorvMsgDesign : Form {
+    using Design = TorvMsgDesign;
+
     explicit TorvMsgDesign(Runtime& runtime)
-        : Form(runtime, {.name="TorvMsg", .title="", .clientSize={302,68}, .picture="TorvMsg.jpg", .backColour=0x00FFFF, .unit=FormDesign::twips}) {}
+        : Form(runtime, {.name="TorvMsg", .title="", .clientSize={302,68}, .picture="TorvMsg.jpg", .backColour=0x00FFFF,
+                         .unit=FormDesign::twips}) {}
 
     Label           Label1           {*this, "Label1", {128,320,13,1}, {"", M8, black, flushLeft, false, 0x00FFFF}};
     Label           Label3           {*this, "Label3", {140,314,1,7}, {"Label3", M8, black, flushLeft, false, 0x00FFFF}};
@@ -27,8 +30,8 @@ struct TorvMsgDesign : Form {
     Label           Label10          {*this, "Label10", {67,352,19,13}, {"no", V8b, 0x8080FF}};
     Label           Label11          {*this, "Label11", {61,346,1,22}, {"Label11", M8, black, flushLeft, false, 0x8080FF}};
     TVLabel         Label2           {*this, "Label2", {6,6,273,19}, {"##################", M8}};
-    chameleonButton chameleonButton2 {*this, "chameleonButton2", {0,41.3,151,27}, {.type=6, .fx=3, .back=indigo, .backOver=0x9FFFA5, .fore=black, .mask=0xC0C0C0, .caption="si", .font=V9b, .showFocusRect=true, .useGreyscale=false}};
-    chameleonButton chameleonButton3 {*this, "chameleonButton3", {151.3,41.3,151,27}, {.type=6, .fx=3, .back=indigo, .backOver=0xC0C0FF, .fore=black, .mask=0xC0C0C0, .caption="no", .font=V9b, .showFocusRect=true, .useGreyscale=false}};
+    chameleonButton chameleonButton2 {*this, "chameleonButton2", {0,41.3,151,27}, answer("si", 0x9FFFA5)};
+    chameleonButton chameleonButton3 {*this, "chameleonButton3", {151.3,41.3,151,27}, answer("no", 0xC0C0FF)};
     Image           Image2           {*this, "Image2", {100,343,24,24}, "no-24.png"};
     Image           Image3           {*this, "Image3", {104,311,24,24}, "yes-24.png"};
 };

@@ -2,9 +2,9 @@
 // The intro: a shaped window with a movie that stands until a key or a click.
 #pragma once
 
-#include "Desk.h"
-#include "Globals.h"
 #include "Splash.design.h"
+#include "core/Services.h"
+#include "core/Window.h"
 
 namespace torvane {
 
@@ -12,14 +12,16 @@ class Splash : public SplashDesign {
     Q_OBJECT
 
 public:
-    Splash(Runtime& runtime, Desk& desk, const Globals& globals);
+    static constexpr Window id = Window::Splash;
+
+    explicit Splash(const Services& services);
 
     /// Runs once after construction.
     void Load();
 
 protected:
     /// Closing the window by the window manager leaves nothing behind: the program ends.
-    void queryUnload() override { m_desk.endProgram(); }
+    void queryUnload() override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
@@ -30,8 +32,7 @@ private:
     void keyHandler(int keyCode, int shift);
     void mouseHandler(int button, int shift, int x, int y);
 
-    Desk& m_desk;
-    const Globals& m_globals;
+    const Services& m;
 };
 
 } // namespace torvane

@@ -12,8 +12,11 @@
 namespace torvane {
 
 struct SelLangStartUpDesign : Form {
+    using Design = SelLangStartUpDesign;
+
     explicit SelLangStartUpDesign(Runtime& runtime)
-        : Form(runtime, {.name="SelLangStartUp", .title="Form1", .clientSize={480,320}, .picture="SelLangStartUp.jpg", .backColour=0x0000FF, .unit=FormDesign::twips}) {}
+        : Form(runtime, {.name="SelLangStartUp", .title="Form1", .clientSize={480,320}, .picture="SelLangStartUp.jpg",
+                         .backColour=0x0000FF, .unit=FormDesign::twips}) {}
 
     Label           Label4 {*this, "Label4", {276,90,71,25}, {"Español", trebuchet(14.25), white}};
     Label           Label5 {*this, "Label5", {276,114,71,25}, {"Català", trebuchet(14.25), white}};

@@ -9,9 +9,10 @@ class TorvMsgTest : public QObject {
 
     std::unique_ptr<OpenedProgram> opened;
 
-    TorvMsg* box() const { return opened->program->torvMsg.ifLoaded(); }
+    TorvMsg* box() const { return opened->program->loaded<TorvMsg>(); }
     void ask(const char* action, const QString& data = {}, const char* message = "Well?") {
-        opened->program->desk.makeMSG(QString::fromUtf8(message), QString::fromLatin1(action), data);
+        opened->program->desk.go(Window::MainFrm, Window::TorvMsg,
+                                 {QString::fromUtf8(message), QString::fromLatin1(action), data});
         QVERIFY(QTest::qWaitForWindowExposed(box()));
     }
     void yes() { click(box()->chameleonButton2); }
@@ -134,12 +135,13 @@ private slots:
         QVERIFY(QFile::exists(opened->world.folder.path(QStringLiteral("roms/g001.gb"))));
         QVERIFY(box() == nullptr);
     }
-    void a_file_that_cannot_be_deleted_takes_the_default_failure_path() {
+    void a_file_that_cannot_be_deleted_is_reported_and_the_question_stays() {
         ask("delete", opened->world.appPath() + QStringLiteral("\\roms\\gone.gb"));
         yes();
         QCOMPARE(opened->world.messages.boxes.size(), 1);
-        QVERIFY(opened->world.messages.last().contains(QStringLiteral("'53'")));
-        QCOMPARE(opened->world.ends, 1);
+        QVERIFY(opened->world.messages.last().contains(QStringLiteral("53")));
+        QCOMPARE(opened->world.ends, 0);
+        QVERIFY(box()->isVisible());
         QCOMPARE(opened->main().TotalRom.Caption(), QStringLiteral("0002"));
     }
     void a_second_question_takes_the_place_of_the_first() {

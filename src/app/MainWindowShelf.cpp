@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// Requests to the main window.
+#include "MainWindowShelf.h"
+
+namespace torvane {
+
+MainFrm& MainWindowShelf::window() {
+    MainFrm* window = m_windows.slot<MainFrm>().load();
+    if (window == nullptr) throw RuntimeFailure(RuntimeFailure::noObject);
+    return *window;
+}
+
+SelectedGame MainWindowShelf::selected() {
+    const FileList& games = window().Games;
+    return {games.FileName(), games.filePath(), games.ListIndex(), games.ListCount()};
+}
+
+void MainWindowShelf::select(int index) { window().Games.setListIndex(index); }
+
+void MainWindowShelf::refresh() {
+    MainFrm* window = m_windows.slot<MainFrm>().ifLoaded();
+    if (window == nullptr) return;
+    window->File1.Refresh();
+    window->Games.Refresh();
+    window->Refresh_Click();
+}
+
+void MainWindowShelf::launch() { window().Label15_Click(); }
+
+int MainWindowShelf::listTop() { return window().ListView1.Top(); }
+
+void MainWindowShelf::setListTop(int pixels) { window().ListView1.setTop(pixels); }
+
+void MainWindowShelf::setTakesInput(bool takes) {
+    MainFrm* window = m_windows.slot<MainFrm>().ifLoaded();
+    if (window == nullptr || (takes && !window->isVisible())) return;
+    window->setEnabled(takes);
+}
+
+void MainWindowShelf::followLink(const QString& url) {
+    window().URL_Linker.setURL(url);
+    window().URL_Linker.UserClick();
+}
+
+void MainWindowShelf::pointGamesAtLibrary() { window().Games.setPath(m_globals.libraryFolder()); }
+
+} // namespace torvane

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// The main window as the modules and the other windows see it.
+#pragma once
+
+#include "Windows.h"
+#include "core/Funciones.h"
+#include "core/GameShelf.h"
+
+namespace torvane {
+
+class MainWindowShelf : public GameShelf, public MainWindowReach {
+public:
+    MainWindowShelf(Windows& windows, const Globals& globals) : m_windows(windows), m_globals(globals) {}
+
+    // GameShelf
+    SelectedGame selected() override;
+    void select(int index) override;
+    void refresh() override;
+    void launch() override;
+    int listTop() override;
+    void setListTop(int pixels) override;
+    void setTakesInput(bool takes) override;
+
+    // MainWindowReach
+    void followLink(const QString& url) override;
+    void pointGamesAtLibrary() override;
+
+private:
+    MainFrm& window();
+
+    Windows& m_windows;
+    const Globals& m_globals;
+};
+
+} // namespace torvane

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// All windows of the program. To add one: its include and its name here, its rows in the desk's table of
+// ways (TorvaneDesk.cpp), and its own files.
+#pragma once
+
+#include "WindowSet.h"
+#include "assistant/NewAssistant.h"
+#include "core/sellangstartup/SelLangStartUp.h"
+#include "core/splash/Splash.h"
+#include "mainwindow/MainFrm.h"
+#include "mainwindow/Menuing.h"
+#include "toolkit/torvmsg/TorvMsg.h"
+#include "zipviewer/ZIP_Viewer.h"
+
+namespace torvane {
+
+using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer>;
+
+} // namespace torvane

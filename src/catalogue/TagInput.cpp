@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// The filter of entered text, and today's date.
+#include "TagInput.h"
+#include "platform/base/CodePage1252.h"
+
+#include <QDate>
+#include <QLocale>
+
+namespace torvane::TagInput {
+
+QString storable(const QString& entered) {
+    QString kept;
+    for (const QChar c : entered) {
+        const bool breaksLine = c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line;
+        if (breaksLine || c.category() == QChar::Separator_Paragraph) {
+            kept += QLatin1Char(' ');
+        } else if (c != QChar(u'§') && CodePage1252::holds(QStringView(&c, 1))) {
+            kept += c;
+        }
+    }
+    return kept;
+}
+
+QString todayAsText() {
+    const QDate today = QDate::currentDate();
+    const QString text = QLocale::system().toString(today, QLocale::ShortFormat);
+    return CodePage1252::holds(text) ? text : today.toString(QStringLiteral("dd/MM/yyyy"));
+}
+
+} // namespace torvane::TagInput

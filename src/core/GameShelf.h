@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// What other windows may ask of the main window: its selected game and its list. Implemented in app/ over
+// the window itself, so that nobody else includes it.
+#pragma once
+
+#include <QString>
+
+namespace torvane {
+
+struct SelectedGame {
+    QString name;   ///< bare file name; empty if no game is selected
+    QString path;   ///< spelled (see Paths); meaningless without a name
+    int index = -1; ///< place in the list, counted from 0; -1 for none
+    int count = 0;  ///< games in the list
+};
+
+/// All operations but `refresh` and `setTakesInput` load the main window if it is not there.
+class GameShelf {
+public:
+    virtual ~GameShelf() = default;
+
+    virtual SelectedGame selected() = 0;
+    /// Selects a game by its place in the list and reads its tag, as a click on its row does. Fails with an
+    /// invalid property value if there is no such place.
+    virtual void select(int index) = 0;
+    /// Lists the library anew and selects its first game. Does nothing while there is no main window.
+    virtual void refresh() = 0;
+    /// The launch action: plays the selected game.
+    virtual void launch() = 0;
+    /// The top edge of the game list within its panel, in pixels.
+    virtual int listTop() = 0;
+    virtual void setListTop(int pixels) = 0;
+    /// Keeps the main window from taking input while a question is open, or lets it take input again if the
+    /// user can see it. Does nothing while there is no main window.
+    virtual void setTakesInput(bool takes) = 0;
+};
+
+} // namespace torvane

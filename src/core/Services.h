@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// What a window works with. One set for all windows, owned by the program, which outlives them.
+#pragma once
+
+namespace torvane {
+
+struct Runtime;
+struct Globals;
+class Desk;
+class EmulatorCatalogue;
+class Funciones;
+class GameShelf;
+class Hosts;
+class ID3;
+class LanguageTables;
+class ShellAndClose;
+
+struct Services {
+    Runtime& runtime;
+    Desk& desk;
+    GameShelf& shelf;
+    Globals& globals;
+    const LanguageTables& language;
+    const Hosts& hosts;
+    Funciones& funciones;
+    EmulatorCatalogue& emulators;
+    ShellAndClose& shell;
+    ID3& id3;
+};
+
+} // namespace torvane

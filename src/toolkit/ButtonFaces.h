@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+// The recurring faces of skinned buttons, by name, so that a button stays on one line of a design.
+#pragma once
+
+#include "ButtonLook.h"
+#include "DesignWords.h"
+
+namespace torvane {
+
+/// A wide button with a caption, and a picture at its left if it has one.
+constexpr ButtonLook wide(const char* caption, const char* picture = "") {
+    return {.type = 7,
+            .fx = 2,
+            .back = indigo,
+            .fore = white,
+            .mask = black,
+            .caption = caption,
+            .picture = picture};
+}
+/// The same, switched off.
+constexpr ButtonLook wideOff(const char* caption) {
+    return {.type = 7,
+            .fx = 3,
+            .back = indigo,
+            .fore = white,
+            .mask = black,
+            .caption = caption,
+            .font = V8b,
+            .enabled = false};
+}
+/// A button of the title band.
+constexpr ButtonLook onBand(const char* picture, const char* toolTip = "") {
+    return {.type = 6,
+            .fx = 2,
+            .back = band,
+            .fore = black,
+            .mask = 0xC0C0C0,
+            .picture = picture,
+            .toolTip = toolTip};
+}
+/// A small tool above or below a list.
+constexpr ButtonLook tool(const char* picture, const char* toolTip = "", bool enabled = true) {
+    return {.type = 6,
+            .fx = 3,
+            .back = slate,
+            .fore = black,
+            .mask = black,
+            .picture = picture,
+            .toolTip = toolTip,
+            .enabled = enabled};
+}
+/// A button that opens another window; its picture changes under the mouse.
+constexpr ButtonLook door(const char* picture, const char* toolTip) {
+    return {.type = 6,
+            .fx = 2,
+            .back = indigo,
+            .fore = black,
+            .mask = black,
+            .picture = picture,
+            .lightsUp = true,
+            .toolTip = toolTip};
+}
+/// A tab of the game panel.
+constexpr ButtonLook tab(const char* caption) {
+    return {.type = 6,
+            .fx = 3,
+            .back = indigo,
+            .fore = 0x808080,
+            .foreOver = 0x00C000,
+            .mask = black,
+            .caption = caption,
+            .font = V8b};
+}
+/// An answer to the program's own question.
+constexpr ButtonLook answer(const char* caption, OleColour backOver) {
+    return {.type = 6,
+            .fx = 3,
+            .back = indigo,
+            .backOver = backOver,
+            .fore = black,
+            .caption = caption,
+            .font = V9b,
+            .showFocusRect = true,
+            .useGreyscale = false};
+}
+
+} // namespace torvane
