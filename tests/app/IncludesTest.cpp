@@ -55,7 +55,7 @@ private slots:
             {u"catalogue/ID3.h"_s, u"#include \"core/Globals.h\"\n#include <vector>\n"_s},
             {u"search/Pages.h"_s, u"#include \"catalogue/ID3.h\"\n"_s},
             {u"core/splash/Splash.design.h"_s, u"#include \"toolkit/Shaper.h\"\n"_s},
-            {u"core/splash/Splash.h"_s, u"#include \"Splash.design.h\"\n#include \"Desk.h\"\n"_s},
+            {u"core/splash/Splash.h"_s, u"#include \"Splash.design.h\"\n#include \"core/Desk.h\"\n"_s},
             {u"core/splash/Splash.cpp"_s, u"#include \"Splash.h\"\n#include \"Splash.moc\"\n"_s},
             {u"mainwindow/MainFrm.actions.cpp"_s, u"#include \"search/Pages.h\"\n"_s},
             {u"app/main.cpp"_s, u"#include \"core/splash/Splash.h\"\n#include \"art/ArtResources.h\"\n"_s},
@@ -89,8 +89,8 @@ private slots:
             {{u"toolkit/Shaper.h"_s, {}}, {u"core/Funciones.cpp"_s, u"#include \"toolkit/Shaper.h\""_s}},
             "core/Funciones.cpp:1: \"toolkit/Shaper.h\": this layer lies above or beside");
         addOffence("from a module to a window",
-                   {{splash, {}}, {u"core/Funciones.h"_s, u"#include \"Splash.h\""_s}},
-                   "core/Funciones.h:1: \"Splash.h\": only app/ includes a window");
+                   {{splash, {}}, {u"core/Funciones.h"_s, u"#include \"splash/Splash.h\""_s}},
+                   "core/Funciones.h:1: \"splash/Splash.h\": only app/ includes a window");
         addOffence(
             "from a window to another one",
             {{splash, {}}, {u"mainwindow/MainFrm.wiring.cpp"_s, u"#include \"core/splash/Splash.h\""_s}},
@@ -148,6 +148,17 @@ private slots:
     void a_file_that_includes_itself_is_a_circle() {
         QCOMPARE(faultsOf({{u"core/A.h"_s, u"#include \"A.h\"\n"_s}}),
                  QStringList{u"core/A.h:1: \"A.h\": a circle: core/A.h > core/A.h"_s});
+    }
+    void a_circle_of_folders_is_reported_though_no_file_is_on_one() {
+        const Tree tree{{u"catalogue/ID3.h"_s, u"#include \"emulator/Shell.h\"\n"_s},
+                        {u"catalogue/Tag.h"_s, {}},
+                        {u"emulator/Shell.h"_s, {}},
+                        {u"emulator/List.h"_s, u"#include \"catalogue/Tag.h\"\n"_s}};
+        QCOMPARE(faultsOf(tree), QStringList{u"catalogue: a circle of folders: catalogue, emulator"_s});
+    }
+    void a_window_among_modules_is_reported() {
+        QCOMPARE(faultsOf({{u"core/Globals.h"_s, {}}, {u"core/Splash.h"_s, {}}}),
+                 QStringList{u"core: a window lies among modules"_s});
     }
     void two_ways_to_the_same_file_are_no_circle() {
         QCOMPARE(faultsOf({{u"core/A.h"_s, u"#include \"B.h\"\n#include \"C.h\"\n"_s},

@@ -124,6 +124,48 @@ void IncludeRules::findCircles(const QString& path, QStringList& way, QSet<QStri
     done.insert(path);
 }
 
+namespace {
+QString folderOf(const QString& path) { return path.section(u'/', 0, -2); }
+} // namespace
+
+QMap<QString, QSet<QString>> IncludeRules::foldersIncluded() const {
+    QMap<QString, QSet<QString>> included;
+    for (const QString& path : m_texts.keys()) {
+        for (const Include& include : includesOf(path)) {
+            if (include.target.isEmpty() || folderOf(include.target) == folderOf(path)) continue;
+            included[folderOf(path)].insert(folderOf(include.target));
+        }
+    }
+    return included;
+}
+
+// Folders that no include leads out of any more are taken away; what is left lies on circles, or leads to
+// one.
+void IncludeRules::findFolderCircles(QStringList& found) const {
+    QMap<QString, QSet<QString>> open = foldersIncluded();
+    for (bool isChanged = true; isChanged;) {
+        isChanged = false;
+        for (const QString& folder : open.keys()) {
+            open[folder].removeIf([&](const QString& target) { return !open.contains(target); });
+            if (open[folder].isEmpty()) isChanged = open.remove(folder) > 0;
+        }
+    }
+    if (!open.isEmpty())
+        found.append(open.firstKey() + u": a circle of folders: "_s + open.keys().join(u", "_s));
+}
+
+void IncludeRules::findMixedFolders(QStringList& found) const {
+    QSet<QString> ofModules;
+    QSet<QString> ofWindows;
+    for (const QString& path : m_texts.keys()) {
+        const Layer layer = layerOf(path);
+        if (layer == window) ofWindows.insert(folderOf(path));
+        if (layer == module || layer == core || layer == controls) ofModules.insert(folderOf(path));
+    }
+    for (const QString& folder : ofWindows& ofModules)
+        found.append(folder + u": a window lies among modules"_s);
+}
+
 QStringList IncludeRules::faults() const {
     QStringList found;
     QStringList way;
@@ -136,6 +178,8 @@ QStringList IncludeRules::faults() const {
         }
         findCircles(path, way, done, found);
     }
+    findFolderCircles(found);
+    findMixedFolders(found);
     return found;
 }
 

@@ -21,7 +21,8 @@ public:
     /// Adds one file: path from the root of the sources, and its text.
     void add(const QString& path, const QString& text);
 
-    /// One line for each fault: "file:line: what is wrong". Empty if all rules are kept.
+    /// One line for each fault: "file:line: what is wrong", or "folder: what is wrong". Empty if all rules are
+    /// kept.
     QStringList faults() const;
 
 private:
@@ -42,6 +43,9 @@ private:
     static bool mayInclude(Layer from, Layer to);
     static bool isOfQtCore(const QString& header);
     void findCircles(const QString& path, QStringList& way, QSet<QString>& done, QStringList& found) const;
+    QMap<QString, QSet<QString>> foldersIncluded() const;
+    void findFolderCircles(QStringList& found) const;
+    void findMixedFolders(QStringList& found) const;
 
     QSet<QString> m_windows;
     QMap<QString, QString> m_texts;
