@@ -3,7 +3,7 @@
 #include "ZipMembers.h"
 #include "AddNewROM.h"
 #include "core/Pieces.h"
-#include "platform/base/HiddenFile.h"
+#include "platform/base/Folder.h"
 #include "platform/base/Paths.h"
 
 #include <algorithm>

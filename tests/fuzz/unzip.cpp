@@ -22,18 +22,18 @@ void checkHarmless(const QByteArray& name) {
     require(name.front() != '.', "a name is in every list");
     require(name.back() != '.' && name.back() != ' ', "a name ends with what every system keeps");
     require(std::none_of(name.begin(), name.end(), isControl), "a name has no control characters");
-    require(EntryName::harmless(name) == name, "a harmless name stays");
+    require(EntryName::sanitized(name) == name, "a harmless name stays");
     require(NativeText::toNative(NativeText::fromNative(name)) == name, "a name goes through text and back");
 }
 
 void checkName(const QByteArray& entry) {
-    const QByteArray name = EntryName::harmless(entry);
+    const QByteArray name = EntryName::sanitized(entry);
     if (name.isEmpty()) return;
     checkHarmless(name);
     require(entry.contains(name), "nothing is made up");
-    require(EntryName::harmless("./" + entry + " .") == name, "what says nothing changes nothing");
+    require(EntryName::sanitized("./" + entry + " .") == name, "what says nothing changes nothing");
     for (const char* front : {"../", "/", "a/", "..\\", "C:"}) {
-        require(EntryName::harmless(front + name).isEmpty(), "no other folder is reached");
+        require(EntryName::sanitized(front + name).isEmpty(), "no other folder is reached");
     }
 }
 

@@ -45,7 +45,7 @@ private slots:
     }
     void an_ordinary_name_stays() {
         QFETCH(QByteArray, name);
-        QCOMPARE(EntryName::harmless(name), name);
+        QCOMPARE(EntryName::sanitized(name), name);
     }
 
     void a_harmful_name_is_left_out_data() {
@@ -102,12 +102,12 @@ private slots:
     }
     void a_harmful_name_is_left_out() {
         QFETCH(QByteArray, name);
-        QCOMPARE(EntryName::harmless(name), QByteArray());
+        QCOMPARE(EntryName::sanitized(name), QByteArray());
     }
 
     void what_says_nothing_is_cut_off_data() {
         QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<QByteArray>("harmless");
+        QTest::addColumn<QByteArray>("sanitized");
         const QByteArray longest(255, 'a');
         QTest::newRow("a dot") << QByteArray("a.gb.") << QByteArray("a.gb");
         QTest::newRow("dots and blanks") << QByteArray("a.gb . ..") << QByteArray("a.gb");
@@ -117,15 +117,15 @@ private slots:
     }
     void what_says_nothing_is_cut_off() {
         QFETCH(QByteArray, name);
-        QFETCH(QByteArray, harmless);
-        QCOMPARE(EntryName::harmless(name), harmless);
-        QCOMPARE(EntryName::harmless(harmless), harmless);
+        QFETCH(QByteArray, sanitized);
+        QCOMPARE(EntryName::sanitized(name), sanitized);
+        QCOMPARE(EntryName::sanitized(sanitized), sanitized);
     }
 
     void the_path_of_any_byte_in_a_name_leads_back_to_it() {
         int kept = 0;
         for (int byte = 0; byte < 256; ++byte) {
-            const QByteArray name = EntryName::harmless(QByteArray("a") + static_cast<char>(byte) + 'z');
+            const QByteArray name = EntryName::sanitized(QByteArray("a") + static_cast<char>(byte) + 'z');
             if (name.isEmpty()) continue;
             ++kept;
             const QString text = NativeText::fromNative(name);

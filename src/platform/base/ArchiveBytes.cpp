@@ -86,7 +86,7 @@ zip_int64_t ArchiveBytes::seek(void* data, zip_uint64_t length) {
 }
 
 zip_int64_t ArchiveBytes::read(char* data, zip_uint64_t length) {
-    if (!m_pulse.beats() || m_bytesLeft == 0) return fail(ZIP_ER_READ);
+    if (!m_pulse.shouldContinue() || m_bytesLeft == 0) return fail(ZIP_ER_READ);
     QByteArrayView bytes;
     if (!ignoring([&] { bytes = bytesHere(); })) return fail(ZIP_ER_READ);
     auto count = static_cast<qint64>(std::min(length, static_cast<zip_uint64_t>(bytes.size())));

@@ -31,7 +31,7 @@ std::unique_ptr<Arrival> Arrival::ofCopy(const QByteArray& from, const QByteArra
     return arrival;
 }
 
-void Arrival::giveRights() const {
+void Arrival::applyPermissions() const {
     struct stat former {};
     const bool replaces = m_folder.stat(m_place.name, former);
     // A file that can't be looked at is there all the same, and has rights to keep.
@@ -39,7 +39,7 @@ void Arrival::giveRights() const {
     FileRights::give(m_fresh.handle(), replaces ? &former : nullptr);
 }
 
-void Arrival::takePlace() {
+void Arrival::rename() {
     const int folder = m_folder.number();
     const int renamed = uninterrupted(
         [&] { return renameat(folder, m_fresh.name().constData(), folder, m_place.name.constData()); });
@@ -47,10 +47,10 @@ void Arrival::takePlace() {
     m_fresh.forget();
 }
 
-void Arrival::arrive() {
-    giveRights();
+void Arrival::commit() {
+    applyPermissions();
     m_fresh.sync();
-    takePlace();
+    rename();
     m_folder.sync();
 }
 

@@ -24,16 +24,16 @@ public:
                                            const std::function<void()>& betweenBlocks = {});
 
     const HiddenFile& fresh() const { return m_fresh; }
-    /// Where it will stand.
+    /// Its final place.
     const Place& place() const { return m_place; }
     const Folder& folder() const { return m_folder; }
 
-    /// Gives the file the owner and mode of what stands in its place, or those of any new file.
-    void giveRights() const;
-    /// Renames the file, which has been synced, to its name. The folder is still to be synced.
-    void takePlace();
-    /// All of it, up to the sync of the folder.
-    void arrive();
+    /// Gives the file the owner and mode of the file that it replaces, or those of any new file.
+    void applyPermissions() const;
+    /// Renames the file, which has been synced, to its final name. The folder is still to be synced.
+    void rename();
+    /// Permissions, sync, rename, and the sync of the folder.
+    void commit();
 
 private:
     Place m_place;

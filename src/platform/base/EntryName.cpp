@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Making names of entries harmless.
+// Checking and trimming names of entries.
 #include "EntryName.h"
 #include "NativeText.h"
 
@@ -44,7 +44,7 @@ QByteArrayView withoutEnds(QByteArrayView name) {
 }
 } // namespace
 
-QByteArray harmless(QByteArrayView entry) {
+QByteArray sanitized(QByteArrayView entry) {
     const QByteArrayView name = withoutEnds(entry);
     if (name.isEmpty() || name.size() > mostBytes || name.startsWith('.')) return {};
     if (name.contains('/') || name.contains('\\') || hasDrive(name) || isDevice(name)) return {};

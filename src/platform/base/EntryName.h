@@ -17,8 +17,8 @@
 
 namespace torvane::EntryName {
 
-/// The file name for the name of an entry; empty if the entry is to be left out. What comes out goes in and
-/// comes out again unchanged.
-QByteArray harmless(QByteArrayView entry);
+/// The file name for the name of an entry; empty if the entry is to be left out. Applied to its own result it
+/// changes nothing.
+QByteArray sanitized(QByteArrayView entry);
 
 } // namespace torvane::EntryName

@@ -66,7 +66,7 @@ bool FileCopies::add(const QString& source, const QString& name) {
     waiting.arrival = Arrival::ofCopy(waiting.record.source, waiting.record.target, waiting.record.was,
                                       [this] { serveIfDue(); });
     if (!waiting.arrival) return false;
-    waiting.arrival->giveRights();
+    waiting.arrival->applyPermissions();
     // The disk may begin at once: there will be less to wait for. That it does is no matter.
     sync_file_range(waiting.arrival->fresh().handle().number(), 0, 0, SYNC_FILE_RANGE_WRITE);
     m_waiting.push_back(std::move(waiting));
@@ -93,7 +93,7 @@ void FileCopies::place(std::vector<Waiting>& batch) {
     std::vector<Waiting> placed;
     for (Waiting& waiting : batch) {
         try {
-            waiting.arrival->takePlace();
+            waiting.arrival->rename();
             waiting.record.copy = infoOf(waiting.arrival->fresh().handle());
             placed.push_back(std::move(waiting));
         } catch (const RuntimeFailure& failure) {

@@ -3,34 +3,12 @@
 // notes of what is under way. Their names tell Leftovers what a killed run has left behind.
 #pragma once
 
-#include "SystemCalls.h"
+#include "Folder.h"
 
 #include <QByteArrayView>
 #include <functional>
 
 namespace torvane {
-
-/// An open folder: names in it mean the same files even if the folder itself is renamed meanwhile.
-class Folder {
-public:
-    /// Opens the folder of a real path. One that may be written but not read can be used, not synced.
-    explicit Folder(const QByteArray& path);
-    /// Makes a folder with those around it, each on the disk before anything is put into it. One that is
-    /// there stays.
-    static void make(const QByteArray& path);
-
-    int number() const { return m_handle.number(); }
-    /// Brings all changes of names to the disk. File systems that have no such call count as synced; every
-    /// other error is a failure.
-    void sync() const;
-    /// The state of a name, links not followed; false if there is none.
-    bool stat(const QByteArray& name, struct stat& info) const;
-    void unlink(const QByteArray& name) const { unlinkat(number(), name.constData(), 0); }
-
-private:
-    Handle m_handle;
-    bool m_canSync = true;
-};
 
 /// A new file under a name that no list shows, locked as long as this object lives, so that no other run of
 /// the program takes it for a leftover. Gone at the end of the scope unless it has got another name.
@@ -66,14 +44,5 @@ private:
     QByteArray m_name;
     Handle m_handle;
 };
-
-/// A folder and the name in it.
-struct Place {
-    QByteArray folder;
-    QByteArray name;
-};
-/// The place of a real path behind all symbolic links: where a rename has to hit. A link may lead to a file
-/// that is still to be made. Links in a circle are a failure.
-Place placeOf(const QByteArray& path);
 
 } // namespace torvane

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The question of long work to its caller, whether it is to go on: asked again and again, but not too often.
+// Asks the caller of long work whether to continue, at most every 10 ms.
 #pragma once
 
 #include <QElapsedTimer>
@@ -10,13 +10,15 @@ namespace torvane {
 
 class Pulse {
 public:
-    /// Without a question the work goes on to its end. The question must not fail.
-    explicit Pulse(std::function<bool()> goesOn) : m_goesOn(std::move(goesOn)) { m_sinceAnswer.start(); }
+    /// Without a question the work continues to its end. The question must not fail.
+    explicit Pulse(std::function<bool()> question) : m_question(std::move(question)) {
+        m_sinceAnswer.start();
+    }
 
-    /// Whether to go on; asks if the last answer is 10 ms old. The first "no" is the last answer.
-    bool beats() {
+    /// Whether to continue; asks if the last answer is 10 ms old. After the first "no" it never asks again.
+    bool shouldContinue() {
         if (m_hasEnded || m_sinceAnswer.elapsed() < milliseconds) return !m_hasEnded;
-        m_hasEnded = m_goesOn && !m_goesOn();
+        m_hasEnded = m_question && !m_question();
         m_sinceAnswer.start();
         return !m_hasEnded;
     }
@@ -24,7 +26,7 @@ public:
 private:
     static constexpr qint64 milliseconds = 10;
 
-    std::function<bool()> m_goesOn;
+    std::function<bool()> m_question;
     QElapsedTimer m_sinceAnswer;
     bool m_hasEnded = false;
 };

@@ -48,14 +48,14 @@ void replace(const QString& path, const QByteArray& bytes) {
     FileRights::refuseUnlessWritable(target);
     Arrival arrival(place);
     arrival.fresh().write(bytes);
-    arrival.arrive();
+    arrival.commit();
 }
 
 void copy(const QString& sourcePath, const QString& targetPath) {
     struct stat source {};
     const auto copy = Arrival::ofCopy(Paths::real(sourcePath), Paths::real(targetPath), source);
     if (!copy) throw RuntimeFailure(RuntimeFailure::permissionDenied);
-    copy->arrive();
+    copy->commit();
 }
 
 bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The settings store over INI files.
 #include "Settings.h"
-#include "HiddenFile.h"
+#include "Folder.h"
 #include "IniFile.h"
 #include "NativeText.h"
 #include "Paths.h"

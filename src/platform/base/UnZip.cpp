@@ -23,8 +23,9 @@ public:
         : m_folder(Paths::real(folder)), m_limits(limits), m_pulse(pulse) {}
 
     void unpack(Archive& archive, const NamePattern& pattern) {
-        for (qint64 i = 0; i < archive.count() && m_bytes <= m_limits.bytesInAll && m_pulse.beats(); ++i) {
-            const QByteArray name = EntryName::harmless(archive.name(i));
+        for (qint64 i = 0; i < archive.count() && m_bytes <= m_limits.bytesInAll && m_pulse.shouldContinue();
+             ++i) {
+            const QByteArray name = EntryName::sanitized(archive.name(i));
             const QString folded = NativeText::folded(NativeText::fromNative(name));
             if (name.isEmpty() || !pattern.matches(name) || m_done.contains(folded)) continue;
             if (!archive.isFile(i) || archive.claimedSize(i) > m_limits.bytesPerEntry || !isFree(name))
@@ -59,11 +60,11 @@ private:
             size += block.size();
             m_bytes += block.size();
             const bool isAllowed = size <= m_limits.bytesPerEntry && m_bytes <= m_limits.bytesInAll &&
-                                   hasRoomFor(block.size()) && m_pulse.beats();
+                                   hasRoomFor(block.size()) && m_pulse.shouldContinue();
             if (isAllowed) fresh.write(block);
             return isAllowed;
         });
-        if (!isWhole || !m_pulse.beats()) return false;
+        if (!isWhole || !m_pulse.shouldContinue()) return false;
         FileRights::give(fresh.handle(), nullptr);
         const int folder = m_folder.number();
         if (renameat(folder, fresh.name().constData(), folder, name.constData()) != 0) return false;

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Opening, making and syncing folders; following symbolic links.
+#include "Folder.h"
+
+#include <array>
+#include <climits>
+
+namespace torvane {
+
+namespace {
+constexpr int mostLinks = 40; // as many as the kernel follows
+
+QByteArray parentOf(const QByteArray& path) {
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.first(slash);
+}
+} // namespace
+
+Folder::Folder(const QByteArray& path) {
+    const auto openAs = [&](int flags) {
+        return uninterrupted([&] { return open(path.constData(), flags | O_DIRECTORY | O_CLOEXEC); });
+    };
+    int number = openAs(O_RDONLY);
+    if (number < 0 && errno == EACCES) {
+        m_canSync = false;
+        number = openAs(O_PATH);
+    }
+    m_handle = opened(number);
+}
+
+void Folder::make(const QByteArray& path) {
+    struct stat info {};
+    if (::stat(path.constData(), &info) == 0) return;
+    const QByteArray parent = placeOf(path).folder;
+    if (parent != path) make(parent);
+    if (mkdir(path.constData(), 0777) != 0 && errno != EEXIST) failWithErrno();
+    Folder(parent).sync();
+}
+
+void Folder::sync() const {
+    if (!m_canSync || uninterrupted([this] { return fsync(number()); }) == 0) return;
+    // Some network file systems sync every change of a name by themselves and refuse the call.
+    if (errno != EINVAL && errno != ENOTSUP) failWithErrno();
+}
+
+bool Folder::stat(const QByteArray& name, struct stat& info) const {
+    return fstatat(number(), name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+Place placeOf(const QByteArray& given) {
+    QByteArray path = given;
+    for (int links = 0; links < mostLinks; ++links) {
+        std::array<char, PATH_MAX> target{};
+        const ssize_t length = readlink(path.constData(), target.data(), target.size());
+        // What can't be read may be a link: a rename would put a file in its place.
+        if (length < 0 && errno != EINVAL && errno != ENOENT) failWithErrno();
+        if (length < 0) return {parentOf(path), path.sliced(path.lastIndexOf('/') + 1)};
+        const QByteArray next(target.data(), static_cast<qsizetype>(length));
+        path = next.startsWith('/') ? next : parentOf(path) + '/' + next;
+    }
+    throw RuntimeFailure::fromErrno(ELOOP);
+}
+
+} // namespace torvane
