@@ -227,8 +227,7 @@ void chameleonButton::setUseGreyscale(bool use) {
 
 void chameleonButton::setValue(bool value) {
     m_p.value = value;
-    // Not in the last state: that is the pressed one as long as the value was true.
-    if (m_p.checkBoxBehaviour) Repaint(normal, always);
+    if (m_p.checkBoxBehaviour) repaintLastState();
 }
 
 void chameleonButton::setDisplayAsDefault(bool isDefault) {

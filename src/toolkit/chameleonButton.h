@@ -145,6 +145,7 @@ private:
     bool m_iconIsHand = false; // the mouse icon came with HandPointer
     int m_lastButton = 0;
     int m_lastKeyCode = 0;
+    bool m_spaceIsDown = false; // went down on this button and has not come up since
 };
 
 } // namespace torvane

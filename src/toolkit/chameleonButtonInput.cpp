@@ -9,6 +9,7 @@
 #include <QShortcutEvent>
 #include <QTextDocument>
 #include <QToolTip>
+#include <utility>
 
 namespace torvane {
 
@@ -114,8 +115,13 @@ void chameleonButton::toggleIfCheckBox() {
 void chameleonButton::keyPressEvent(QKeyEvent* event) {
     const int code = InputWords::keyCode(event->key());
     emit KeyDown(code, InputWords::shift(event->modifiers()));
-    m_lastKeyCode = code;
-    if (code == InputWords::keySpace) Repaint(pressed, unlessSame);
+    // A space that repeats here but went down on another control presses nothing.
+    const bool isForeign = code == InputWords::keySpace && event->isAutoRepeat() && !m_spaceIsDown;
+    m_lastKeyCode = isForeign ? 0 : code;
+    if (code == InputWords::keySpace && !isForeign) {
+        m_spaceIsDown = true;
+        Repaint(pressed, unlessSame);
+    }
     if (code == InputWords::keyLeft || code == InputWords::keyUp) focusNextPrevChild(false);
     if (code == InputWords::keyRight || code == InputWords::keyDown) focusNextPrevChild(true);
     const int ascii = InputWords::keyAscii(*event);
@@ -127,6 +133,7 @@ void chameleonButton::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
     const int code = InputWords::keyCode(event->key());
     emit KeyUp(code, InputWords::shift(event->modifiers()));
+    if (code == InputWords::keySpace) m_spaceIsDown = false;
     if (m_lastKeyCode != InputWords::keySpace || code != InputWords::keySpace) return;
     toggleIfCheckBox();
     Repaint(normal, unlessSame);
@@ -140,10 +147,14 @@ void chameleonButton::focusInEvent(QFocusEvent*) {
 }
 
 void chameleonButton::focusOutEvent(QFocusEvent*) {
-    // A key that is released on another control has not been pressed here.
+    // Whatever key is down now comes up on another control: here it clicks nothing.
     m_lastKeyCode = 0;
     setHasFocus(false);
-    repaintLastState();
+    if (std::exchange(m_spaceIsDown, false)) {
+        Repaint(normal, always);
+    } else {
+        repaintLastState();
+    }
 }
 
 } // namespace torvane

@@ -64,13 +64,49 @@ private slots:
         QVERIFY(!form.first.Value());
     }
 
-    void focus_comes_and_goes_without_lifting_a_pressed_look() {
+    void focus_that_leaves_lets_a_held_space_go_without_a_click() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.first, &chameleonButton::Click);
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        QCOMPARE(form.corner(), pressedCorner);
+        form.second.setFocus();
+        QCOMPARE(form.corner(), raisedCorner);
+        form.first.setFocus();
+        QCOMPARE(form.corner(), raisedCorner);
+        QTest::keyRelease(&form.first, Qt::Key_Space);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void a_letter_typed_meanwhile_does_not_keep_the_button_down_when_the_focus_leaves() {
         ButtonForm form;
         QTest::keyPress(&form.first, Qt::Key_Space);
+        QTest::keyPress(&form.first, Qt::Key_A);
+        form.second.setFocus();
+        QCOMPARE(form.corner(), raisedCorner);
+    }
+
+    void focus_that_leaves_keeps_the_look_that_the_mouse_pressed() {
+        ButtonForm form;
+        form.press();
         form.second.setFocus();
         QCOMPARE(form.corner(), pressedCorner);
         form.first.setFocus();
         QCOMPARE(form.corner(), pressedCorner);
+        form.release();
+        QCOMPARE(form.corner(), raisedCorner);
+    }
+
+    void a_space_that_repeats_after_the_focus_has_moved_presses_no_other_button() {
+        ButtonForm form;
+        QSignalSpy clicks(&form.second, &chameleonButton::Click);
+        const QImage before = form.second.grab().toImage();
+        QTest::keyPress(&form.first, Qt::Key_Space);
+        form.second.setFocus();
+        QKeyEvent again(QEvent::KeyPress, Qt::Key_Space, {}, QStringLiteral(" "), true);
+        QCoreApplication::sendEvent(&form.second, &again);
+        QCOMPARE(form.second.grab().toImage(), before);
+        QTest::keyRelease(&form.second, Qt::Key_Space);
+        QCOMPARE(clicks.size(), 0);
     }
 
     void a_held_space_clicks_once() {

@@ -180,14 +180,37 @@ private slots:
         QVERIFY(form.button.Enabled());
     }
 
-    void value_presses_a_check_box_button_and_lets_it_go() {
+    void value_presses_a_check_box_button() {
         ButtonForm form;
         const QImage normal = form.picture();
         form.button.setValue(true);
         QCOMPARE(form.picture(), normal);
         form.button.setCheckBoxBehaviour(true);
         QVERIFY(form.picture() != normal);
+    }
+
+    void a_value_that_is_set_is_painted_in_the_last_state() {
+        ButtonForm form;
+        form.button.setCheckBoxBehaviour(true);
+        const QImage normal = form.picture();
+        QTest::mousePress(&form.button, Qt::LeftButton);
+        const QImage pressed = form.picture();
         form.button.setValue(false);
+        QCOMPARE(form.picture(), pressed);
+        QTest::mouseRelease(&form.button, Qt::LeftButton, {}, {-5, -5});
+        QCOMPARE(form.picture(), normal);
+    }
+
+    void a_button_that_was_checked_stays_down_until_it_is_painted_in_another_state() {
+        ButtonForm form;
+        form.button.setCheckBoxBehaviour(true);
+        const QImage normal = form.picture();
+        form.button.setValue(true);
+        const QImage pressed = form.picture();
+        form.button.setValue(false);
+        QCOMPARE(form.picture(), pressed);
+        QTest::mousePress(&form.button, Qt::LeftButton);
+        QTest::mouseRelease(&form.button, Qt::LeftButton, {}, {-5, -5});
         QCOMPARE(form.picture(), normal);
     }
 
