@@ -92,7 +92,9 @@ void ButtonSurface::setPaintingAllowed(bool allowed) {
 
 bool ButtonSurface::surfaceIsStale() const {
     const qreal ratio = devicePixelRatioF();
-    return m_asked || m_surface.devicePixelRatio() != ratio ||
+    // Qt reports no change of a button that is switched off while its window is.
+    const bool isOutdated = m_asked || (m_paintingAllowed && m_paintedEnabled != Enabled());
+    return isOutdated || m_surface.devicePixelRatio() != ratio ||
            m_surface.size() != (QSizeF(size()) * ratio).toSize();
 }
 
@@ -102,6 +104,7 @@ void ButtonSurface::renderSurface() {
     if (m_surface.size() != wanted) m_surface = QImage(wanted, QImage::Format_RGB32);
     m_surface.setDevicePixelRatio(ratio);
     m_asked = false;
+    m_paintedEnabled = Enabled();
     if (!m_surface.isNull()) ButtonPainter(m_surface, faceToPaint()).paint();
 }
 
@@ -111,7 +114,7 @@ ButtonFace ButtonSurface::faceToPaint() const {
     face.place = static_cast<PicturePlace>(m_p.picturePosition);
     face.specialEffect = m_p.specialEffect;
     face.customScheme = m_p.colorScheme == 2;
-    face.enabled = m_p.enabled;
+    face.enabled = Enabled();
     face.pressed = m_lastState == pressed;
     face.over = m_askedOver;
     face.focusMark = m_p.showFocusRect && m_hasFocus;
@@ -144,6 +147,16 @@ ButtonPalette ButtonSurface::palette() const {
     source.mask = m_p.maskColor;
     source.containerBack = backColourOf(parentWidget());
     return ApplyColorScheme(source);
+}
+
+void ButtonSurface::changeEvent(QEvent* event) {
+    // Under construction there is no size to lay anything out in.
+    if (event->type() == QEvent::FontChange && m_layout.client.isValid()) {
+        LayoutCaption();
+        repaintLastState();
+    }
+    if (event->type() == QEvent::EnabledChange && m_paintedEnabled != Enabled()) repaintLastState();
+    Control::changeEvent(event);
 }
 
 void ButtonSurface::paintEvent(QPaintEvent* event) {

@@ -33,6 +33,8 @@ protected:
     /// Takes a picture of what lies under the button now; for type 11.
     void GrabParentBackground();
 
+    /// Whether the button itself is enabled, whatever its window is.
+    bool Enabled() const { return isEnabledTo(parentWidget()); }
     void setPaintingAllowed(bool allowed);
     /// Whether the mouse counts as being over the button.
     bool isOver() const { return m_over; }
@@ -40,12 +42,13 @@ protected:
     void setHasFocus(bool hasFocus) { m_hasFocus = hasFocus; }
     void setDefaultMark(bool isDefault) { m_isDefault = isDefault; }
 
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
-    ButtonProperties m_p;
+    ButtonProperties m_p; // but for `enabled` and `font`, which the widget holds
 
 private:
     bool surfaceIsStale() const;
@@ -59,6 +62,7 @@ private:
     State m_lastState = normal;
     QString m_lastCaption;
     bool m_paintingAllowed = true;
+    bool m_paintedEnabled = true;
     bool m_over = false;
     bool m_hasFocus = false;
     bool m_isDefault = false;

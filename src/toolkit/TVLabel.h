@@ -26,9 +26,9 @@ public:
 
     // Kept and saved, without any effect on the screen.
     bool Enabled() const { return m_enabled; }
-    void setEnabled(bool enabled) { m_enabled = enabled; }
+    void setEnabledNote(bool enabled) { m_enabled = enabled; }
     const FontSpec& Font() const { return m_fontNote; }
-    void setFont(const FontSpec& font) { m_fontNote = font; }
+    void setFontNote(const FontSpec& font) { m_fontNote = font; }
     int Appearance() const { return m_appearance; }
     void setAppearance(int appearance) { m_appearance = appearance; }
 

@@ -63,18 +63,25 @@ void chameleonButton::construct() {
 
 void chameleonButton::applyProperties() {
     setFontSpec(m_p.font);
-    QWidget::setEnabled(m_p.enabled);
+    setEnabled(m_p.enabled);
     applyPointer();
     applyAccessKey();
     takeSize();
 }
 
 void chameleonButton::ReadProperties(const PropertyBag& bag) {
-    m_p = ButtonProperties::read(bag, m_p.font);
+    m_p = ButtonProperties::read(bag, fontSpec());
     m_iconIsHand = m_p.handPointer;
     if (m_iconIsHand && m_p.mouseIcon.isNull())
         m_p.mouseIcon = InputWords::handIcon(InputWords::Hand::overButton, devicePixelRatioF());
     applyProperties();
+}
+
+void chameleonButton::WriteProperties(PropertyBag& bag) const {
+    ButtonProperties now = m_p;
+    now.enabled = Enabled();
+    now.font = fontSpec();
+    now.write(bag);
 }
 
 QString chameleonButton::accessibleText() const {
@@ -130,53 +137,41 @@ void chameleonButton::setCaption(const QString& caption) {
     QAccessible::updateAccessibility(&changed);
 }
 
-void chameleonButton::setEnabled(bool enabled) {
-    QWidget::setEnabled(enabled);
-    change(m_p.enabled, enabled);
-}
-
-void chameleonButton::setFont(const FontSpec& font) {
-    m_p.font = font;
-    setFontSpec(font);
-    LayoutCaption();
-    repaintLastState();
-}
-
 void chameleonButton::setFontBold(bool bold) {
-    FontSpec font = m_p.font;
+    FontSpec font = fontSpec();
     font.bold = bold;
-    setFont(font);
+    setFontSpec(font);
 }
 
 void chameleonButton::setFontItalic(bool italic) {
-    FontSpec font = m_p.font;
+    FontSpec font = fontSpec();
     font.italic = italic;
-    setFont(font);
+    setFontSpec(font);
 }
 
 void chameleonButton::setFontUnderline(bool underline) {
-    FontSpec font = m_p.font;
+    FontSpec font = fontSpec();
     font.underline = underline;
-    setFont(font);
+    setFontSpec(font);
 }
 
 void chameleonButton::setFontSize(int points) {
-    FontSpec font = m_p.font;
+    FontSpec font = fontSpec();
     font.points = points;
-    setFont(font);
+    setFontSpec(font);
 }
 
 QString chameleonButton::FontName() const {
-    return QString::fromLatin1(Fonts::standIn(m_p.font.face).designFace);
+    return QString::fromLatin1(Fonts::standIn(fontSpec().face).designFace);
 }
 
 void chameleonButton::setFontName(const QString& name) {
-    FontSpec font = m_p.font;
+    FontSpec font = fontSpec();
     for (const auto face : {FontSpec::Verdana, FontSpec::MSSansSerif, FontSpec::Tahoma, FontSpec::TrebuchetMS,
                             FontSpec::CourierNew}) {
         if (name == QLatin1String(Fonts::standIn(face).designFace)) font.face = face;
     }
-    setFont(font);
+    setFontSpec(font);
 }
 
 void chameleonButton::setMousePointer(int pointer) {

@@ -41,17 +41,15 @@ public:
     void setButtonType(int type);
     const QString& Caption() const { return m_p.caption; }
     void setCaption(const QString& caption);
-    bool Enabled() const { return m_p.enabled; }
-    void setEnabled(bool enabled);
-    const FontSpec& Font() const { return m_p.font; }
-    void setFont(const FontSpec& font);
-    bool FontBold() const { return m_p.font.bold; }
+    using ButtonSurface::Enabled; // set by QWidget::setEnabled
+    const FontSpec& Font() const { return fontSpec(); }
+    bool FontBold() const { return fontSpec().bold; }
     void setFontBold(bool bold);
-    bool FontItalic() const { return m_p.font.italic; }
+    bool FontItalic() const { return fontSpec().italic; }
     void setFontItalic(bool italic);
-    bool FontUnderline() const { return m_p.font.underline; }
+    bool FontUnderline() const { return fontSpec().underline; }
     void setFontUnderline(bool underline);
-    int FontSize() const { return qRound(m_p.font.points); } ///< in whole points
+    int FontSize() const { return qRound(fontSpec().points); } ///< in whole points
     void setFontSize(int points);
     /// One of the faces that the designs name; an unknown one leaves the font as it is.
     QString FontName() const;
@@ -93,7 +91,7 @@ public:
 
     /// The saved state: all keys are written; what a bag lacks is read as its default.
     void ReadProperties(const PropertyBag& bag);
-    void WriteProperties(PropertyBag& bag) const { m_p.write(bag); }
+    void WriteProperties(PropertyBag& bag) const;
 
     /// The letter that presses the button together with Alt, in lower case; null without one.
     QChar accessKey() const { return m_accessKey; }

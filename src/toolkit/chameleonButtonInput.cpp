@@ -102,7 +102,7 @@ void chameleonButton::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void chameleonButton::containerClick() {
-    if (m_lastButton != InputWords::leftButton || !m_p.enabled) return;
+    if (m_lastButton != InputWords::leftButton || !Enabled()) return;
     toggleIfCheckBox();
     repaintAtOnce(normal);
     emit Click();

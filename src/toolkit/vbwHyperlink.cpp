@@ -7,6 +7,7 @@
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 namespace torvane {
 
@@ -19,7 +20,7 @@ const OleColour disabledText = Colours::system(17);
 
 vbwHyperlink::vbwHyperlink(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
     : Control(parent, name, rect), m_caption(defaultCaption), m_url(defaultUrl), m_foreColor(look.fore) {
-    setFontSpec(look.font);
+    takeFont(look.font);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     // A link that is parked outside of its window is never seen: no font is loaded to measure it, and its
@@ -51,20 +52,21 @@ void vbwHyperlink::restoreLook() {
     setUnderline(m_savedUnderline);
 }
 
+// Leaves the size as it is: an underline takes no room, and whoever sets more than the font fits the size in
+// the end.
+void vbwHyperlink::takeFont(const FontSpec& font) {
+    const QScopedValueRollback keepsSize(m_resizing, true);
+    setFontSpec(font);
+}
+
 void vbwHyperlink::setUnderline(bool underline) {
     FontSpec font = fontSpec();
     font.underline = underline;
-    setFontSpec(font);
-    update();
+    takeFont(font);
 }
 
 void vbwHyperlink::setCaption(const QString& caption) {
     m_caption = caption;
-    fitToCaption();
-}
-
-void vbwHyperlink::setFont(const FontSpec& font) {
-    setFontSpec(font);
     fitToCaption();
 }
 
@@ -83,10 +85,9 @@ void vbwHyperlink::setForeColor(OleColour colour) {
     update();
 }
 
-void vbwHyperlink::setEnabled(bool enabled) {
-    m_enabled = enabled;
-    QWidget::setEnabled(enabled);
-    update();
+void vbwHyperlink::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) fitToCaption();
+    Control::changeEvent(event);
 }
 
 void vbwHyperlink::fitToCaption() {
@@ -106,7 +107,7 @@ void vbwHyperlink::ReadProperties(const PropertyBag& bag) {
     m_caption = bag.ReadProperty(QStringLiteral("Caption"), defaultCaption);
     m_autoSize = bag.ReadProperty(QStringLiteral("AutoSize"), true);
     m_url = bag.ReadProperty(QStringLiteral("URL"), defaultUrl);
-    setFontSpec(bag.ReadProperty(QStringLiteral("Font"), Fonts::M8));
+    takeFont(bag.ReadProperty(QStringLiteral("Font"), Fonts::M8));
     m_foreColor = bag.ReadProperty(QStringLiteral("ForeColor"), Colours::black);
     m_backColor = bag.ReadProperty(QStringLiteral("BackColor"), Colours::buttonFace);
     setEnabled(bag.ReadProperty(QStringLiteral("Enabled"), true));
@@ -123,13 +124,13 @@ void vbwHyperlink::WriteProperties(PropertyBag& bag) const {
     bag.WriteProperty(QStringLiteral("Font"), font(fontSpec()), font(Fonts::M8));
     bag.WriteProperty(QStringLiteral("ForeColor"), m_foreColor, Colours::black);
     bag.WriteProperty(QStringLiteral("BackColor"), m_backColor, Colours::buttonFace);
-    bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);
+    bag.WriteProperty(QStringLiteral("Enabled"), Enabled(), true);
 }
 
 void vbwHyperlink::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Colours::toQColor(m_backColor));
-    painter.setPen(Colours::toQColor(m_enabled ? m_foreColor : disabledText));
+    painter.setPen(Colours::toQColor(Enabled() ? m_foreColor : disabledText));
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, m_caption);
 }
 

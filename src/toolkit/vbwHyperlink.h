@@ -43,11 +43,10 @@ public:
     const QString& URL() const { return m_url; }
     void setURL(const QString& url) { m_url = url; }
     const FontSpec& Font() const { return fontSpec(); }
-    void setFont(const FontSpec& font);
     OleColour ForeColor() const { return m_foreColor; }
     void setForeColor(OleColour colour);
-    bool Enabled() const { return m_enabled; }
-    void setEnabled(bool enabled);
+    /// Whether the link itself is enabled, whatever its window is; set by QWidget::setEnabled.
+    bool Enabled() const { return isEnabledTo(parentWidget()); }
 
     /// The saved state; a value equal to its default is not written.
     void ReadProperties(const PropertyBag& bag);
@@ -60,6 +59,7 @@ signals:
     void AfterJump(bool NotFound);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
@@ -70,6 +70,7 @@ protected:
 private:
     void lightUp();
     void restoreLook();
+    void takeFont(const FontSpec& font);
     void setUnderline(bool underline);
     void fitToCaption();
 
@@ -80,7 +81,6 @@ private:
     OleColour m_backColor = Colours::buttonFace;
     bool m_hoverUnderline = true;
     bool m_autoSize = true;
-    bool m_enabled = true;
     bool m_tracking = false;       // the mouse is over the link and its look changed
     bool m_savedUnderline = false; // the look to go back to; nothing is saved before the first hover
     OleColour m_savedForeColor = Colours::black;

@@ -78,13 +78,22 @@ private slots:
     void font_enabled_and_appearance_change_nothing_on_the_screen() {
         LabelForm form;
         const QImage before = form.picture();
-        form.label.setFont(Fonts::V9b);
-        form.label.setEnabled(true);
+        form.label.setFontNote(Fonts::V9b);
+        form.label.setEnabledNote(true);
         form.label.setAppearance(1);
         QCOMPARE(form.picture(), before);
         QVERIFY(form.label.Font() == Fonts::V9b);
         QVERIFY(form.label.Enabled());
         QCOMPARE(form.label.Appearance(), 1);
+    }
+
+    void the_kept_enabled_flag_does_not_switch_the_label_off() {
+        LabelForm form;
+        form.label.setEnabledNote(false);
+        QVERIFY(form.label.isEnabled());
+        form.label.setEnabledNote(true);
+        form.label.setEnabled(false);
+        QVERIFY(form.label.Enabled());
     }
 
     void transparent_back_style_shows_the_form() {
@@ -153,7 +162,7 @@ private slots:
         LabelForm form;
         form.label.setBackStyle(0);
         form.label.setForeColor(0x00C000);
-        form.label.setFont(Fonts::V8);
+        form.label.setFontNote(Fonts::V8);
         PropertyBag bag;
         form.label.WriteProperties(bag);
         QCOMPARE(bag.names().join(u' '), QStringLiteral("Font Caption BackStyle ForeColor"));

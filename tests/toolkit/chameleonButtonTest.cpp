@@ -172,6 +172,53 @@ private slots:
         QVERIFY(!form.button.isEnabled());
     }
 
+    void a_button_that_is_disabled_as_a_plain_widget_is_disabled_in_every_way() {
+        ButtonForm form;
+        ButtonForm other;
+        other.button.setEnabled(false);
+        QWidget& plain = form.button;
+        plain.setEnabled(false);
+        QVERIFY(!form.button.Enabled());
+        QCOMPARE(form.picture(), other.picture());
+        PropertyBag bag;
+        form.button.WriteProperties(bag);
+        QCOMPARE(bag.ReadProperty(QStringLiteral("ENAB"), true), false);
+        plain.setEnabled(true);
+        QVERIFY(form.button.Enabled());
+        QVERIFY(form.picture() != other.picture());
+    }
+
+    void a_button_that_is_disabled_while_its_window_is_looks_so_afterwards() {
+        ButtonForm form;
+        ButtonForm other;
+        other.button.setEnabled(false);
+        form.picture();
+        form.setEnabled(false);
+        form.button.setEnabled(false);
+        form.setEnabled(true);
+        QVERIFY(!form.button.Enabled());
+        QCOMPARE(form.picture(), other.picture());
+    }
+
+    void a_disabled_button_is_not_painted_while_painting_is_not_allowed() {
+        ButtonForm form;
+        const QImage before = form.picture();
+        form.button.DisableRefresh();
+        form.button.setEnabled(false);
+        QCOMPARE(form.picture(), before);
+        form.button.Refresh();
+        QVERIFY(form.picture() != before);
+    }
+
+    void a_font_that_is_set_as_on_a_plain_widget_lays_the_caption_out_anew() {
+        ButtonForm form;
+        ButtonForm other;
+        other.button.setFontSpec({FontSpec::Verdana, 12, true});
+        QWidget& plain = form.button;
+        plain.setFont(other.button.font());
+        QCOMPARE(form.picture(), other.picture());
+    }
+
     void a_disabled_window_does_not_give_its_buttons_the_disabled_look() {
         ButtonForm form;
         const QImage before = form.picture();

@@ -126,7 +126,7 @@ private slots:
         form.link.setCaption(QStringLiteral("un enlace mucho más largo"));
         QVERIFY(form.link.width() > small.width());
         const int width = form.link.width();
-        form.link.setFont(Fonts::M8);
+        form.link.setFontSpec(Fonts::M8);
         QVERIFY(form.link.width() < width);
         form.showAndWait();
         form.link.resize(10, 10);
@@ -174,6 +174,31 @@ private slots:
         QCOMPARE(other.link.ForeColor(), OleColour(0));
         QCOMPARE(other.link.BackColor(), OleColour(0x8000000F));
         QVERIFY(other.link.HoverUnderline() && other.link.AutoSize() && other.link.Enabled());
+    }
+
+    void a_link_that_is_disabled_or_set_in_another_font_as_a_plain_widget_knows_it() {
+        LinkForm form;
+        const QSize before = form.link.size();
+        QWidget& plain = form.link;
+        plain.setFont(Fonts::of({FontSpec::Verdana, 18, true}));
+        QVERIFY(form.link.width() > before.width() && form.link.height() > before.height());
+        plain.setEnabled(false);
+        QVERIFY(!form.link.Enabled());
+        PropertyBag bag;
+        form.link.WriteProperties(bag);
+        QCOMPARE(bag.ReadProperty(QStringLiteral("Enabled"), true), false);
+    }
+
+    void hover_leaves_the_size_as_it_is() {
+        LinkForm form;
+        form.link.setAutoSize(false);
+        form.link.resize(200, 40);
+        form.link.setAutoSize(true);
+        const QSize fitted = form.link.size();
+        form.send(QEvent::MouseMove, {3, 3});
+        QCOMPARE(form.link.size(), fitted);
+        form.leave();
+        QCOMPARE(form.link.size(), fitted);
     }
 
     void disabled_link_takes_no_mouse() {

@@ -34,8 +34,9 @@ public:
     const DesignRect& designRect() const { return m_designRect; }
     /// The place in the form's tab order, counted from 0; -1 for a control without one.
     int tabIndex() const { return m_tabIndex; }
-    /// The font that the design names.
+    /// The font that the design names, and the one to draw with from now on.
     const FontSpec& fontSpec() const { return m_fontSpec; }
+    void setFontSpec(const FontSpec& named);
     /// What an assistive tool says of the control.
     virtual QAccessible::Role accessibleRole() const { return QAccessible::Client; }
     virtual QString accessibleText() const { return objectName(); }
@@ -43,7 +44,6 @@ public:
 protected:
     /// The parent is a form or a panel of one. A control with `takesTabPlace` gets the next place.
     Control(QWidget& parent, const char* name, const DesignRect& rect, bool takesTabPlace = true);
-    void setFontSpec(const FontSpec& named);
     /// The form that the control lies on, directly or in a panel.
     Form& form() const;
 
