@@ -2,6 +2,7 @@
 // The desk: the table of ways between windows, the start and the end.
 #include "TorvaneDesk.h"
 #include "Program.h"
+#include "core/LanguageChoice.h"
 
 #include <algorithm>
 
@@ -95,9 +96,11 @@ void TorvaneDesk::unloaded(Window window) {
 void TorvaneDesk::startApplication() {
     Globals& globals = m_program.globals;
     globals.setVersion(QStringLiteral(TORVANE_VERSION));
-    globals.LanguageFile = m_program.runtime.settings.GetSetting(
-        Config::application, Config::section, QStringLiteral("Language"),
-        globals.AppPath + QStringLiteral("\\data\\lang\\lang_esp.tvl"));
+    const LanguageChoice choice(m_program.runtime.settings, globals);
+    globals.LanguageFile = choice.file();
+    // Without any file that can be read the texts are empty, and the program runs.
+    if (globals.LanguageFile.isEmpty()) globals.LanguageFile = choice.stored();
+    if (choice.isFirst()) globals.LanguageFile = choice.folder() + QStringLiteral("lang_esp.tvl");
     pumpEvents();
     globals.LanguageName =
         m_program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname"));

@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the assistant does to files: the copy of one, the copies of a folder, the end of the originals.
 #include "NewAssistant.h"
+#include "platform/base/Paths.h"
 
 namespace torvane {
 
 namespace {
 const QString filter =
     QStringLiteral("Juegos de GameBoy|*.gba;*.gbc;*.gb;*.agb;*.cgb;*.zip;*.bin|Todos los Archivos|*.*");
-
-QString bareName(const QString& path) {
-    const auto isSeparator = [](QChar c) { return c == QLatin1Char('\\') || c == QLatin1Char('/'); };
-    qsizetype start = path.size();
-    while (start > 0 && !isSeparator(path[start - 1])) --start;
-    return path.sliced(start);
-}
 } // namespace
 
 // A single file
@@ -68,7 +62,7 @@ void NewAssistant::workEnded(const std::function<void()>& goOn) {
 
 void NewAssistant::copyFile() {
     m_adding.begin(pumpEvents);
-    const bool isOther = m_adding.AddRomToLibrary(m_chosen, bareName(m_chosen));
+    const bool isOther = m_adding.AddRomToLibrary(m_chosen, Paths::bareName(m_chosen));
     m_adding.finish();
     pumpEvents();
     if (!isOther) throw RuntimeFailure(RuntimeFailure::permissionDenied);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The filter of entered text, and today's date.
 #include "TagInput.h"
+#include "TagLine.h"
 #include "platform/base/CodePage1252.h"
 
 #include <QDate>
@@ -19,6 +20,15 @@ QString storable(const QString& entered) {
         }
     }
     return kept;
+}
+
+bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize) {
+    // The piece has 1024 bytes and ends in front of the file's last one, which belongs to the line's end.
+    constexpr qsizetype longestLine = 1025;
+    const QByteArray line = TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
+                                            CodePage1252::toBytes(todayAsText()), CodePage1252::toBytes(info),
+                                            QByteArray::number(imageSize)});
+    return line.size() > longestLine;
 }
 
 QString todayAsText() {

@@ -43,6 +43,7 @@ void MainFrm::emptyIfMissing(TextBox& field) {
 void MainFrm::EditID3Info_Change() {
     emptyIfMissing(EditID3Info);
     Label2.setCaption(QString::number(TagInput::longestInfo - EditID3Info.Text().size()));
+    ignoring([this] { warnIfTooLong(); });
 }
 
 void MainFrm::saveTag() {
@@ -55,14 +56,31 @@ void MainFrm::saveTag() {
             MsgBoxFlags::information, QStringLiteral("Error"));
         return;
     }
+    warnIfTooLong();
     m.id3.NewDate = TagInput::todayAsText();
     m.id3.NewCompany = company;
     m.id3.NewTitle = title;
     m.id3.NewInfo = info;
     m.id3.SaveRomTag(Games.filePath(), pumpEvents);
     m.runtime.messages.MsgBox(QStringLiteral("TAG Completado"));
-    // The other face shall not go on showing what the file no longer says.
+    // The other face shall not go on showing what the file no longer says. The fields keep what was saved also
+    // where the reader does not find it: in small files, and at the end of long lines.
     Games_Click();
+    EditID3Title.setText(title);
+    EditID3Company.setText(company);
+    EditID3Info.setText(info);
+}
+
+void MainFrm::warnIfTooLong() {
+    const QString& title = EditID3Title.Text();
+    const QString& company = EditID3Company.Text();
+    const QString& info = EditID3Info.Text();
+    // Tags that were read are never so long: a selection asks no file.
+    constexpr qsizetype alwaysFits = 900;
+    if (Games.FileName().isEmpty() || title.size() + company.size() + info.size() < alwaysFits) return;
+    if (TagInput::isTooLongToRead(title, company, info, File::lengthOf(Games.filePath()))) {
+        hint(mainMenu("toolong", QStringLiteral("Too long to show")));
+    }
 }
 
 void MainFrm::deleteTag() {

@@ -65,12 +65,19 @@ void MainFrm::setCaptions() {
     Label16.setCaption(mainMenu("totalrom"));
     // Has no effect; kept because the four texts belong to entries that this window once had.
     for (const char* key : {"changeromname", "listeditor", "deleterom", "romassist"}) mainMenu(key);
+    emptyPanel();
+    Label1.setCaption(m.globals.TitlePrefix + mainMenu("maintitle"));
+}
+
+// What the panel shows of no game.
+void MainFrm::emptyPanel() {
     for (Label* label : {&GameTitle, &GameAutor, &GameDate, &Label8, &Label10, &Label14, &Label20}) {
         label->setCaption(general("nodisp"));
     }
     GameFormat.setCaption(general("unknown"));
     GameInfo.setCaption(general("na"));
-    Label1.setCaption(m.globals.TitlePrefix + mainMenu("maintitle"));
+    for (TextBox* field : {&EditID3Title, &EditID3Company, &EditID3Info}) field->setText(QString());
+    Label41.setCaption(QStringLiteral("#1/0"));
 }
 
 void MainFrm::setActionCaptions() {
@@ -127,7 +134,12 @@ void MainFrm::Refresh_Click() {
     for (FileList* list : {&Games, &File1}) list->setPath(m.globals.libraryFolder() + QLatin1Char('\\'));
     GetGameList(QString(), QString());
     pumpEvents();
-    if (Games.ListCount() > 0) Games.setListIndex(0);
+    if (Games.ListCount() > 0) {
+        Games.setListIndex(0);
+    } else {
+        showGame();
+        emptyPanel();
+    }
 }
 
 // The start goes on whatever is wrong with the first game; a click of the user's tells it.

@@ -52,6 +52,7 @@ private:
 
     // MainFrm.cpp: load, list, selection
     void setCaptions();
+    void emptyPanel();
     void setActionCaptions();
     void setUpTray();
     void readEmulatorSetting();
@@ -66,6 +67,7 @@ private:
     void emptyIfMissing(TextBox& field);
     void EditID3Info_Change();
     void saveTag();
+    void warnIfTooLong();
     void deleteTag();
     void copyGame();
     void deleteGame();

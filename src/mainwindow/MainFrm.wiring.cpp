@@ -20,7 +20,8 @@ void MainFrm::wireControls() {
     wire(EditID3Info, &TextBox::Change, &MainFrm::EditID3Info_Change);
     for (TextBox* field : {&EditID3Title, &EditID3Company, &EditID3Info}) {
         field->setInputFilter(TagInput::storable);
-        wire(*field, &TextBox::inputRefused, [this] { hint(QStringLiteral("Sólo/Only CP1252")); });
+        wire(*field, &TextBox::inputRefused,
+             [this] { hint(mainMenu("notstorable", QStringLiteral("Sólo/Only CP1252"))); });
     }
 }
 

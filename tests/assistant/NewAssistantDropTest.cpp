@@ -37,6 +37,41 @@ private slots:
         QCOMPARE(opened->typed(), opened->page("f5b", "f6", "f7"));
         QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 3);
     }
+    void a_drop_while_a_hidden_assistant_still_copies_is_taken_afterwards() {
+        opened->games(1);
+        const QString dropped = opened->original(u"late.gb"_s, "late");
+        for (const QString& name : {u"a.gb"_s, u"b.gb"_s, u"c.gb"_s}) {
+            opened->world.folder.write(u"many/"_s + name, "game");
+        }
+        opened->open();
+        opened->program->desk.go(Window::MainFrm, Window::NewAssistant);
+        QVERIFY(QTest::qWaitForWindowExposed(&window()));
+        bool wasHidden = false;
+        connect(&window().File1, &FileList::Click, this, [&] {
+            if (window().File1.ListIndex() != 0) return;
+            emit window().ChameleonButton2.Click();
+            wasHidden = !window().isVisible();
+            emit opened->main().pathDropped(dropped);
+        });
+        opened->copyFolder(opened->world.folder.path(u"many"_s));
+        QVERIFY(wasHidden);
+        QVERIFY(opened->isThere() && window().isVisible());
+        QCOMPARE(window().FilePath.Text(), dropped);
+        QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("game"));
+        click(window().chameleonButton1);
+        QCOMPARE(opened->bytesOf(u"late.gb"_s), QByteArray("late"));
+    }
+    void a_drop_while_a_visible_assistant_copies_waits_for_the_answer_to_its_question() {
+        const QString dropped = opened->original(u"late.gb"_s, "late");
+        opened->world.folder.write(u"many/a.gb"_s, "game");
+        opened->openAssistant();
+        connect(&window().File1, &FileList::Click, this, [&] { emit window().pathDropped(dropped); });
+        opened->copyFolder(opened->world.folder.path(u"many"_s));
+        QCOMPARE(opened->typed(), opened->page("f5b", "f6", "f7"));
+        click(window().ChameleonButton5);
+        QCOMPARE(opened->world.folder.entries(u"many"_s), QStringList());
+        QCOMPARE(window().FilePath.Text(), dropped);
+    }
     void of_several_dropped_things_the_first_one_counts() {
         const QString first = opened->original(u"a.gb"_s);
         const QString second = opened->original(u"b.gb"_s);

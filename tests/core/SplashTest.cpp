@@ -2,6 +2,8 @@
 // The intro: what it plays, and what ends it.
 #include "support/OpenedProgram.h"
 
+#include <QPointer>
+
 using namespace torvane;
 
 class SplashTest : public QObject {
@@ -103,12 +105,32 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.size(), 0);
         QCOMPARE(opened->world.ends, 0);
     }
+    // The main window appears after the intro has gone: they are never on screen together.
+    void the_intro_goes_before_the_main_window_appears() {
+        struct Watch : QObject {
+            QPointer<Splash> intro;
+            bool wasSeenTogether = false;
+            bool hasMainAppeared = false;
+            bool eventFilter(QObject* object, QEvent* event) override {
+                if (event->type() == QEvent::Show && object->objectName() == QStringLiteral("MainFrm")) {
+                    hasMainAppeared = true;
+                    wasSeenTogether = intro != nullptr && intro->isVisible();
+                }
+                return false;
+            }
+        } watch;
+        watch.intro = &splash();
+        qApp->installEventFilter(&watch);
+        QTest::keyClick(&splash(), Qt::Key_Return);
+        QVERIFY(watch.hasMainAppeared);
+        QVERIFY(!watch.wasSeenTogether);
+    }
     void the_main_window_is_there_also_when_the_compact_one_is_wanted() {
         opened->world.setSetting("Start", QStringLiteral("1"));
         QTest::keyClick(&splash(), Qt::Key_Return);
         QVERIFY(introIsOver());
         QVERIFY(opened->program->loaded<MainFrm>() != nullptr);
-        if (!opened->program->desk.exists(Window::Torvette)) QVERIFY(opened->main().isVisible());
+        QVERIFY(opened->main().isVisible());
     }
     void a_start_setting_that_is_no_number_takes_the_default_failure_path() {
         opened->world.setSetting("Start", QStringLiteral("main"));

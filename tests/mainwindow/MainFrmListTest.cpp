@@ -152,6 +152,30 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.size(), 0);
         QCOMPARE(opened->world.ends, 0);
     }
+    void refresh_of_a_library_that_became_empty_shows_nothing_of_the_vanished_game() {
+        opened->game(QStringLiteral("pack.zip"));
+        MainFrm& main = opened->open();
+        main.EditID3Title.setText(QStringLiteral("left over"));
+        QVERIFY(isSeen(main.Picture1_2));
+        QVERIFY(QFile::remove(opened->world.folder.path(QStringLiteral("roms/pack.zip"))));
+        click(main.Refresh);
+        QVERIFY(!isSeen(main.Picture1_2) && !isSeen(main.Zipper) && isSeen(main.Edit_Menu));
+        QCOMPARE(main.Label41.Caption(), QStringLiteral("#1/0"));
+        QCOMPARE(main.Label42.Caption(), QStringLiteral("#1/0"));
+        for (const Label* label : {&main.GameTitle, &main.GameAutor, &main.GameDate, &main.Label10}) {
+            QCOMPARE(label->Caption(), opened->text("globals", "nodisp"));
+        }
+        QCOMPARE(main.GameFormat.Caption(), opened->text("globals", "unknown"));
+        QCOMPARE(main.GameInfo.Caption(), opened->text("globals", "na"));
+        QCOMPARE(main.EditID3Title.Text(), QString());
+    }
+    void the_last_game_is_the_current_entry_of_both_lists_after_the_list_is_made() {
+        opened->games(4);
+        MainFrm& main = opened->open();
+        main.GetGameList(QString(), QString());
+        QCOMPARE(main.Games.ListIndex(), 3);
+        QCOMPARE(main.File1.ListIndex(), 3);
+    }
     void refresh_of_a_library_that_became_empty_leaves_no_game_selected() {
         const QString path = opened->game(QStringLiteral("a.gb"));
         MainFrm& main = opened->open();

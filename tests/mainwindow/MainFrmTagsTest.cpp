@@ -127,6 +127,40 @@ private slots:
         QCOMPARE(opened->bytesOf(gameName), image() + "\r\n" + savedLine("c" + odd, "t" + odd, "new", 3002));
     }
 
+    void the_fields_keep_what_was_saved_where_the_reader_does_not_find_it() {
+        openOn(image(500));
+        enter(window().EditID3Title, QStringLiteral("Small"));
+        enter(window().EditID3Company, QStringLiteral("Tiny"));
+        enter(window().EditID3Info, QStringLiteral("A file under 2,048 bytes"));
+        save();
+        QVERIFY(opened->bytesOf(gameName).contains("Small"));
+        QCOMPARE(window().EditID3Title.Text(), QStringLiteral("Small"));
+        QCOMPARE(window().EditID3Company.Text(), QStringLiteral("Tiny"));
+        QCOMPARE(window().EditID3Info.Text(), QStringLiteral("A file under 2,048 bytes"));
+        QCOMPARE(window().GameTitle.Caption(), opened->text("globals", "nodisp"));
+    }
+    void a_line_that_is_too_long_for_the_reader_is_announced_on_the_status_line_data() {
+        QTest::addColumn<int>("lineLength");
+        QTest::addColumn<bool>("isTooLong");
+        QTest::newRow("the longest that is read") << 1025 << false;
+        QTest::newRow("one more") << 1026 << true;
+    }
+    void a_line_that_is_too_long_for_the_reader_is_announced_on_the_status_line() {
+        QFETCH(int, lineLength);
+        QFETCH(bool, isTooLong);
+        openOn(image());
+        const qsizetype rest = savedLine("c", "t", "", 3000).size();
+        enter(window().EditID3Company, QStringLiteral("c"));
+        enter(window().EditID3Title, QStringLiteral("t"));
+        const QString info(lineLength - rest, QLatin1Char('i'));
+        window().EditID3Info.setText(info);
+        const QString said = window().Label13.Caption();
+        QCOMPARE(said == QStringLiteral("» ") + opened->text("MainMenu", "toolong"), isTooLong);
+        save();
+        QCOMPARE(opened->bytesOf(gameName).size(), 3000 + lineLength);
+        QCOMPARE(window().EditID3Info.Text(), info);
+        QCOMPARE(window().GameTitle.Caption() == QStringLiteral("t"), !isTooLong);
+    }
     void a_save_appends_the_line_of_the_fields_and_of_today() {
         openOn(image());
         enterAll("The title", "Señor & Co.", "What it is");

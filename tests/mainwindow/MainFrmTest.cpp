@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The main window: its load, the selection of games and archives, hints, tools, and its place on the screen.
 #include "platform/forms/Screen.h"
+#include "support/Archive.h"
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
 
@@ -247,23 +248,45 @@ private slots:
         QCOMPARE(main.Label13.Caption(), QStringLiteral("» Game list"));
         QVERIFY(!main.displayer.Enabled());
     }
-    void a_button_of_a_window_that_the_program_lacks_is_switched_off() {
-        opened->game(QStringLiteral("a.zip"));
+    void a_tool_ends_in_its_window_or_is_switched_off_data() {
+        QTest::addColumn<QByteArray>("button");
+        QTest::addColumn<QByteArray>("opens");
+        QTest::addColumn<bool>("isBuilt");
+        const auto row = [](const char* button, const char* opens, bool isBuilt) {
+            QTest::newRow(button) << QByteArray(button) << QByteArray(opens) << isBuilt;
+        };
+        row("chameleonButton3", "EditDB", false);
+        row("chameleonButton4", "Compartir", false);
+        row("chameleonButton5", "Aboutfrm", false);
+        row("chameleonButton6", "SearchROM", false);
+        row("chameleonButton7", "URL", false);
+        row("chameleonButton8", "ConfigNew", false);
+        row("ChameleonButton12", "Torvette", false);
+        row("Searcher", "AdvSearch", false);
+        row("Zipper", "ZIP_Viewer", true);
+        row("ChameleonButton13", "ZIP_Viewer", true);
+        row("chameleonButton1", "TorvMsg", true);
+    }
+    void a_tool_ends_in_its_window_or_is_switched_off() {
+        QFETCH(QByteArray, button);
+        QFETCH(QByteArray, opens);
+        QFETCH(bool, isBuilt);
+        writeArchive(opened->world.folder.path(QStringLiteral("roms/a.zip")),
+                     {{QStringLiteral("m.gb"), "x"}});
         MainFrm& main = opened->open();
-        const QList<QPair<chameleonButton*, Window>> tools = {
-            {&main.chameleonButton3, Window::EditDB},    {&main.chameleonButton4, Window::Compartir},
-            {&main.chameleonButton5, Window::Aboutfrm},  {&main.chameleonButton6, Window::SearchROM},
-            {&main.chameleonButton7, Window::URL},       {&main.chameleonButton8, Window::ConfigNew},
-            {&main.ChameleonButton12, Window::Torvette}, {&main.Searcher, Window::AdvSearch},
-            {&main.Zipper, Window::ZIP_Viewer},          {&main.ChameleonButton13, Window::ZIP_Viewer}};
-        for (const auto& [button, opens] : tools) {
-            const bool there = opened->program->desk.exists(opens);
-            QCOMPARE(button->Enabled(), there);
-            QCOMPARE(button->isEnabled(), there);
-            if (there) continue;
-            click(*button);
-            QVERIFY(main.isVisible());
+        auto* tool = main.findChild<chameleonButton*>(QString::fromLatin1(button));
+        QCOMPARE(tool->Enabled(), isBuilt);
+        QCOMPARE(tool->isEnabled(), isBuilt);
+        click(*tool);
+        QStringList others;
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window != &main) others.append(window->objectName());
         }
+        QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
+        QCOMPARE(main.isVisible(), opens != "ZIP_Viewer");
+    }
+    void the_tools_of_the_list_and_of_the_window_are_on() {
+        MainFrm& main = opened->open();
         for (const chameleonButton* button : {&main.Refresh, &main.chameleonButton1, &main.chameleonButton2,
                                               &main.chameleonButton14, &main.chameleonButton15}) {
             QVERIFY2(button->isEnabled(), qPrintable(button->objectName()));

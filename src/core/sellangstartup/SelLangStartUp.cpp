@@ -3,6 +3,7 @@
 #include "SelLangStartUp.h"
 #include "core/Desk.h"
 #include "core/Globals.h"
+#include "core/LanguageChoice.h"
 #include "platform/forms/Pictures.h"
 
 namespace torvane {
@@ -34,9 +35,7 @@ void SelLangStartUp::wireControls() {
 void SelLangStartUp::queryUnload() { m.desk.endProgram(); }
 
 void SelLangStartUp::Load() {
-    if (!runtime()
-             .settings.GetSetting(Config::application, Config::section, languageKey, QString())
-             .isEmpty()) {
+    if (!LanguageChoice(m.runtime.settings, m.globals).file().isEmpty()) {
         Unload();
         m.desk.startApplication();
         return;

@@ -65,6 +65,13 @@ QByteArray real(const QString& path) {
     return found;
 }
 
+QString bareName(const QString& spelled) {
+    const auto isSeparator = [](QChar c) { return c == QLatin1Char('\\') || c == QLatin1Char('/'); };
+    qsizetype start = spelled.size();
+    while (start > 0 && !isSeparator(spelled[start - 1])) --start;
+    return spelled.sliced(start);
+}
+
 QString spelled(QByteArrayView path) { return NativeText::fromNative(path); }
 
 } // namespace torvane::Paths

@@ -16,6 +16,9 @@ QString applicationFolder();
 /// stays as spelled, so that the path can be used to create it. A zero character becomes "?".
 QByteArray real(const QString& spelled);
 
+/// The last piece of a spelled path, after any separator.
+QString bareName(const QString& spelled);
+
 /// The spelled form of a path in the system's own form (as a file dialog gives it).
 QString spelled(QByteArrayView real);
 

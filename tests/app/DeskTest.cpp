@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+// The ways between windows, and what other windows may ask of the main one.
+#include "support/Archive.h"
+#include "support/OpenedProgram.h"
+
+using namespace torvane;
+
+class DeskTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedProgram> opened;
+
+    Program& program() const { return *opened->program; }
+    GameShelf& shelf() const { return program().shelf; }
+
+private slots:
+    void init() { opened = std::make_unique<OpenedProgram>(); }
+    void cleanup() { opened.reset(); }
+
+    void every_name_in_the_list_of_windows_is_there_once() {
+        QSet<int> ids;
+        int count = 0;
+        Windows::forEach([&]<typename W>() {
+            ids.insert(static_cast<int>(W::id));
+            ++count;
+        });
+        QCOMPARE(ids.size(), count);
+    }
+    void every_name_stands_for_the_window_that_bears_it() {
+        opened->games(1);
+        opened->open();
+        Windows::forEach([&]<typename W>() {
+            const QString name = QString::fromLatin1(W::staticMetaObject.className()).section(u':', -1);
+            Form* form = program().windows.load(W::id);
+            // The choice of the language is gone at once: there is one.
+            QCOMPARE(form == nullptr, W::id == Window::SelLangStartUp);
+            if (form != nullptr) QCOMPARE(form->objectName(), name);
+        });
+    }
+    void a_way_that_the_table_does_not_have_leads_nowhere() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::Splash, Window::NewAssistant);
+        QVERIFY(program().loaded<NewAssistant>() == nullptr);
+    }
+    void a_way_to_a_window_that_is_not_built_leaves_the_opener_on_screen() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::SelLang);
+        program().desk.go(Window::MainFrm, Window::ConfGen);
+        QVERIFY(opened->main().isVisible());
+    }
+    void the_main_window_is_hidden_behind_the_archive_window_and_comes_back_when_it_has_gone() {
+        writeArchive(opened->world.folder.path(QStringLiteral("roms/a.zip")),
+                     {{QStringLiteral("m.gb"), "x"}});
+        opened->open();
+        click(opened->main().Zipper);
+        ZIP_Viewer* viewer = program().loaded<ZIP_Viewer>();
+        QVERIFY(viewer->isVisible() && !opened->main().isVisible());
+        click(viewer->chameleonButton1);
+        QVERIFY(program().loaded<ZIP_Viewer>() == nullptr);
+        QVERIFY(opened->main().isVisible());
+    }
+    void an_owned_window_leaves_its_opener_on_screen_and_stays_above_one_that_loads_anew() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::NewAssistant);
+        NewAssistant* assistant = program().loaded<NewAssistant>();
+        QVERIFY(opened->main().isVisible() && assistant->isVisible());
+        const MainFrm* old = program().loaded<MainFrm>();
+        program().desk.go(Window::MainFrm, Window::MainFrm);
+        QVERIFY(program().loaded<MainFrm>() != old);
+        QVERIFY(opened->main().isVisible());
+        QCOMPARE(assistant->windowHandle()->transientParent(), opened->main().windowHandle());
+    }
+    void a_window_that_was_closed_before_is_not_shown_when_its_opener_loads_anew() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::NewAssistant);
+        program().loaded<NewAssistant>()->Unload();
+        program().desk.go(Window::MainFrm, Window::MainFrm);
+        QVERIFY(program().loaded<NewAssistant>() == nullptr);
+    }
+
+    void the_shelf_gives_the_selected_game() {
+        opened->games(3);
+        opened->open();
+        opened->chooseRow(1);
+        const SelectedGame game = shelf().selected();
+        QCOMPARE(game.name, QStringLiteral("g002.gb"));
+        QCOMPARE(game.path, opened->world.appPath() + QStringLiteral("\\roms\\g002.gb"));
+        QCOMPARE(game.index, 1);
+        QCOMPARE(game.count, 3);
+    }
+    void the_shelf_gives_no_game_of_an_empty_library() {
+        opened->open();
+        QCOMPARE(shelf().selected().name, QString());
+        QCOMPARE(shelf().selected().index, -1);
+        QCOMPARE(shelf().selected().count, 0);
+    }
+    void a_selection_through_the_shelf_is_that_of_a_click() {
+        opened->games(3);
+        opened->open();
+        shelf().select(2);
+        QCOMPARE(opened->main().Games.ListIndex(), 2);
+        QCOMPARE(opened->main().ListView1.currentRow(), 2);
+        QCOMPARE(opened->main().Label41.Caption(), QStringLiteral("#3/3"));
+    }
+    void a_place_beyond_the_list_is_an_invalid_property_value() {
+        opened->games(3);
+        opened->open();
+        try {
+            shelf().select(3);
+            QFAIL("no failure");
+        } catch (const RuntimeFailure& failure) {
+            QCOMPARE(failure.number(), RuntimeFailure::invalidProperty);
+        }
+        QCOMPARE(shelf().selected().index, 0);
+    }
+    void the_shelf_loads_a_main_window_that_is_not_there() {
+        opened->games(2);
+        Program fresh(opened->world.runtime, opened->world.appPath());
+        QVERIFY(fresh.loaded<MainFrm>() == nullptr);
+        fresh.shelf.refresh();
+        fresh.shelf.setTakesInput(false);
+        QVERIFY(fresh.loaded<MainFrm>() == nullptr);
+        QCOMPARE(fresh.shelf.selected().count, 2);
+        QVERIFY(!fresh.loaded<MainFrm>()->isVisible());
+    }
+    void a_refresh_through_the_shelf_lists_what_came_and_selects_the_first_game() {
+        opened->games(2);
+        opened->open();
+        opened->chooseRow(1);
+        opened->game(QStringLiteral("a.gb"));
+        shelf().refresh();
+        QCOMPARE(shelf().selected().name, QStringLiteral("a.gb"));
+        QCOMPARE(shelf().selected().count, 3);
+    }
+    void a_launch_through_the_shelf_plays_the_selected_game() {
+        opened->games(1);
+        opened->open();
+        shelf().launch();
+        QCOMPARE(opened->world.processes.starts.size(), 1);
+        QVERIFY(opened->world.processes.starts.last().arguments.last().endsWith("g001.gb"));
+    }
+    void the_place_of_the_list_can_be_read_and_set() {
+        opened->games(40);
+        opened->open();
+        QCOMPARE(shelf().listTop(), 1);
+        shelf().setListTop(-100);
+        QCOMPARE(shelf().listTop(), -100);
+        QCOMPARE(opened->main().ListView1.Top(), -100);
+    }
+    void input_is_given_back_only_to_a_window_that_is_seen() {
+        opened->games(1);
+        opened->open();
+        shelf().setTakesInput(false);
+        QVERIFY(!opened->main().isEnabled());
+        opened->main().Hide();
+        shelf().setTakesInput(true);
+        QVERIFY(!opened->main().isEnabled());
+        opened->main().Show();
+        shelf().setTakesInput(true);
+        QVERIFY(opened->main().isEnabled());
+    }
+};
+
+QTEST_MAIN(DeskTest)
+#include "DeskTest.moc"
