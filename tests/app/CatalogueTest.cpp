@@ -6,6 +6,7 @@
 #include "art/ArtResources.h"
 #include "support/CatalogueTable.h"
 #include "support/FakeWorld.h"
+#include "support/TestMain.h"
 
 #include <QDirIterator>
 
@@ -294,5 +295,5 @@ void CatalogueTest::a_control_looks_as_noted() {
     QVERIFY2(notes.rest().isEmpty(), qPrintable(u"not compared: "_s + notes.rest()));
 }
 
-QTEST_MAIN(CatalogueTest)
+TORVANE_TEST(CatalogueTest)
 #include "CatalogueTest.moc"

@@ -4,6 +4,7 @@
 #include "platform/forms/Label.h"
 #include "support/FakeWorld.h"
 #include "support/TestForm.h"
+#include "support/TestMain.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -151,5 +152,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(FormLifeTest)
+TORVANE_TEST(FormLifeTest)
 #include "FormLifeTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Includes run one way: no file includes a layer above its own, no module a widget, no window another one.
 #include "support/IncludeRules.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QtTest>
@@ -168,5 +169,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(IncludesTest)
+TORVANE_APPLESS_TEST(IncludesTest)
 #include "IncludesTest.moc"

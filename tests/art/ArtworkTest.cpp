@@ -3,6 +3,7 @@
 // hard-edged and tell something in every state, hidden buttons leave a plate, the intro has a real outline.
 #include "ArtFiles.h"
 #include "art/ArtResources.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QImageReader>
@@ -370,5 +371,5 @@ void ArtworkTest::a_tray_sign_can_be_told_in_a_small_tray() {
     }
 }
 
-QTEST_MAIN(ArtworkTest)
+TORVANE_TEST(ArtworkTest)
 #include "ArtworkTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The moving pictures as the player gets them: calm loops in two densities that show the same.
 #include "ArtFiles.h"
+#include "support/TestMain.h"
 
 #include <QImageReader>
 #include <QTest>
@@ -100,5 +101,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MoviesTest)
+TORVANE_TEST(MoviesTest)
 #include "MoviesTest.moc"

@@ -3,6 +3,7 @@
 // fields lie in wells, and turning a page moves nothing but the helper.
 #include "ArtFiles.h"
 #include "art/ArtResources.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 #include <algorithm>
@@ -231,5 +232,5 @@ void PagesTest::an_unknown_file_is_told_from_a_console_by_shape_and_by_colour() 
     }
 }
 
-QTEST_MAIN(PagesTest)
+TORVANE_TEST(PagesTest)
 #include "PagesTest.moc"

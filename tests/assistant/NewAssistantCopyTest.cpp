@@ -2,6 +2,7 @@
 // What the assistant does to files, and what it lets the user do meanwhile.
 #include "support/Failing.h"
 #include "support/OpenedAssistant.h"
+#include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -241,5 +242,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(NewAssistantCopyTest)
+TORVANE_TEST(NewAssistantCopyTest)
 #include "NewAssistantCopyTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files and folders that are dropped on the main window or on the assistant.
 #include "support/OpenedAssistant.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -144,5 +145,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(NewAssistantDropTest)
+TORVANE_TEST(NewAssistantDropTest)
 #include "NewAssistantDropTest.moc"

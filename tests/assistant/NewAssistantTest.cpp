@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The pages of the assistant: what each shows, and the ways between them.
 #include "support/OpenedAssistant.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -270,5 +271,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(NewAssistantTest)
+TORVANE_TEST(NewAssistantTest)
 #include "NewAssistantTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the assistant says, how it types it, and where on the page it stands.
 #include "support/OpenedAssistant.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -106,5 +107,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(NewAssistantTextsTest)
+TORVANE_TEST(NewAssistantTextsTest)
 #include "NewAssistantTextsTest.moc"

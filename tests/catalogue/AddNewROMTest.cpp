@@ -3,6 +3,7 @@
 #include "catalogue/AddNewROM.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
+#include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <sys/stat.h>
@@ -282,5 +283,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(AddNewROMTest)
+TORVANE_GUILESS_TEST(AddNewROMTest)
 #include "AddNewROMTest.moc"

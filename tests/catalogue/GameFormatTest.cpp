@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Consoles by size: every limit from both sides.
 #include "catalogue/GameFormat.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 #include <limits>
@@ -60,5 +61,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(GameFormatTest)
+TORVANE_APPLESS_TEST(GameFormatTest)
 #include "GameFormatTest.moc"

@@ -4,6 +4,7 @@
 #include "platform/base/File.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -245,5 +246,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(GameRowsTest)
+TORVANE_APPLESS_TEST(GameRowsTest)
 #include "GameRowsTest.moc"

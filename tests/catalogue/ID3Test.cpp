@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The tags in ROM files: what is read, and what an append leaves, byte for byte.
+#include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
 #include "support/Failing.h"
-#include "support/ID3Fixture.h"
+#include "support/TestMain.h"
 
 #include <sys/stat.h>
 
@@ -309,5 +310,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ID3Test)
+TORVANE_GUILESS_TEST(ID3Test)
 #include "ID3Test.moc"

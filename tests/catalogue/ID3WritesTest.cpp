@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Stripping, saving and replacing tags: what stands in the file afterwards, also when a write fails.
+#include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
 #include "support/Failing.h"
-#include "support/ID3Fixture.h"
+#include "support/TestMain.h"
 
 #include <sys/stat.h>
 
@@ -274,5 +275,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ID3WritesTest)
+TORVANE_GUILESS_TEST(ID3WritesTest)
 #include "ID3WritesTest.moc"

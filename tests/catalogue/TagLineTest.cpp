@@ -2,6 +2,7 @@
 // The tag line in bytes: how it is found, cut and built.
 #include "catalogue/TagLine.h"
 #include "support/Failing.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -220,5 +221,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TagLineTest)
+TORVANE_APPLESS_TEST(TagLineTest)
 #include "TagLineTest.moc"

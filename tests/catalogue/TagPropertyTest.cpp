@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A million generated tags, compared with the format once more in plain words: what is built, what is read
 // again, and what is left of the image, for all bytes in all fields. Some thousand go through real files.
+#include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/RuntimeFailure.h"
-#include "support/ID3Fixture.h"
 #include "support/TagReference.h"
+#include "support/TestMain.h"
 
 #include <array>
 #include <random>
@@ -163,5 +164,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TagPropertyTest)
+TORVANE_GUILESS_TEST(TagPropertyTest)
 #include "TagPropertyTest.moc"

@@ -4,6 +4,7 @@
 #include "support/Archive.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
+#include "support/TestMain.h"
 
 #include <QElapsedTimer>
 
@@ -200,5 +201,5 @@ private slots:
     void a_folder_that_is_not_there_is_no_failure() { temp->DeleteTemp(u"none.zip"_s); }
 };
 
-QTEST_GUILESS_MAIN(ZipMembersTest)
+TORVANE_GUILESS_TEST(ZipMembersTest)
 #include "ZipMembersTest.moc"

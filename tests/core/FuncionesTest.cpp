@@ -5,6 +5,7 @@
 #include "support/Failing.h"
 #include "support/FakeWorld.h"
 #include "support/OtherProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -253,5 +254,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(FuncionesTest)
+TORVANE_APPLESS_TEST(FuncionesTest)
 #include "FuncionesTest.moc"

@@ -2,6 +2,7 @@
 // The filter of the game dialogs and the pair that a file's kind chooses.
 #include "core/GameFilter.h"
 #include "core/Pieces.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -76,5 +77,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(GameFilterTest)
+TORVANE_APPLESS_TEST(GameFilterTest)
 #include "GameFilterTest.moc"

@@ -3,6 +3,7 @@
 #include "core/Hosts.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
+#include "support/TestMain.h"
 
 #include <QUrl>
 
@@ -116,5 +117,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(HostsTest)
+TORVANE_APPLESS_TEST(HostsTest)
 #include "HostsTest.moc"

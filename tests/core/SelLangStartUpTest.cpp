@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The first start: the window that asks for the language, from the request to the main window.
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -231,5 +232,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(SelLangStartUpTest)
+TORVANE_TEST(SelLangStartUpTest)
 #include "SelLangStartUpTest.moc"

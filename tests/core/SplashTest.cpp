@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The intro: what it plays, and what ends it.
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 #include <QPointer>
 
@@ -167,5 +168,5 @@ private:
     }
 };
 
-QTEST_MAIN(SplashTest)
+TORVANE_TEST(SplashTest)
 #include "SplashTest.moc"

@@ -2,6 +2,7 @@
 // The start with a language chosen: the program's texts, which window comes first, and what goes wrong.
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -253,5 +254,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(StartTest)
+TORVANE_TEST(StartTest)
 #include "StartTest.moc"

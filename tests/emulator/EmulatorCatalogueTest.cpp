@@ -3,6 +3,7 @@
 #include "emulator/EmulatorCatalogue.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -128,5 +129,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(EmulatorCatalogueTest)
+TORVANE_APPLESS_TEST(EmulatorCatalogueTest)
 #include "EmulatorCatalogueTest.moc"

@@ -4,6 +4,7 @@
 #include "platform/base/NativeProcess.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
+#include "support/TestMain.h"
 
 #include <QElapsedTimer>
 
@@ -214,5 +215,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(ShellAndCloseTest)
+TORVANE_APPLESS_TEST(ShellAndCloseTest)
 #include "ShellAndCloseTest.moc"

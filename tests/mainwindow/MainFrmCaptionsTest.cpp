@@ -2,6 +2,7 @@
 // The words on the built windows in all three languages: whole on the screen, in the fonts that they were
 // measured for, and out of the language file that is set.
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 #include "toolkit/ButtonLayout.h"
 
 #include <QFontInfo>
@@ -259,5 +260,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmCaptionsTest)
+TORVANE_TEST(MainFrmCaptionsTest)
 #include "MainFrmCaptionsTest.moc"

@@ -2,6 +2,7 @@
 // Copying games out of the library and deleting them, by the buttons of the main window.
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -243,5 +244,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmFilesTest)
+TORVANE_TEST(MainFrmFilesTest)
 #include "MainFrmFilesTest.moc"

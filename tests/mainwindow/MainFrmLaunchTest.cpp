@@ -2,6 +2,7 @@
 // The launch of games from the main window, and what the window does meanwhile.
 #include "support/Archive.h"
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -254,5 +255,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmLaunchTest)
+TORVANE_TEST(MainFrmLaunchTest)
 #include "MainFrmLaunchTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The game list of the main window: its making out of the folder, its heights, its moves within the frame.
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 #include <QWheelEvent>
 
@@ -332,5 +333,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmListTest)
+TORVANE_TEST(MainFrmListTest)
 #include "MainFrmListTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the edit fields of a tag take from the user and what they leave out.
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -163,5 +164,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmTagInputTest)
+TORVANE_TEST(MainFrmTagInputTest)
 #include "MainFrmTagInputTest.moc"

@@ -3,6 +3,7 @@
 // what is told when they fail.
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 #include <QLocale>
 
@@ -374,5 +375,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmTagsTest)
+TORVANE_TEST(MainFrmTagsTest)
 #include "MainFrmTagsTest.moc"

@@ -4,6 +4,7 @@
 #include "support/Archive.h"
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -394,5 +395,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainFrmTest)
+TORVANE_TEST(MainFrmTest)
 #include "MainFrmTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The search for the access key in a caption.
 #include "toolkit/AccessKey.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -44,5 +45,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(AccessKeyTest)
+TORVANE_APPLESS_TEST(AccessKeyTest)
 #include "AccessKeyTest.moc"

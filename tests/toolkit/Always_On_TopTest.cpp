@@ -2,6 +2,7 @@
 // The top-most band, as far as it can be seen without a window manager.
 #include "toolkit/Always_On_Top.h"
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 
 #include <QSignalSpy>
 #include <QWindow>
@@ -81,5 +82,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(Always_On_TopTest)
+TORVANE_TEST(Always_On_TopTest)
 #include "Always_On_TopTest.moc"

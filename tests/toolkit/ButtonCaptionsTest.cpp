@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Captions of the skinned button: colours, effect passes and places, against text painted by hand.
 #include "PaintedFace.h"
+#include "support/TestMain.h"
 
 #include <QPainter>
 
@@ -256,5 +257,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ButtonCaptionsTest)
+TORVANE_TEST(ButtonCaptionsTest)
 #include "ButtonCaptionsTest.moc"

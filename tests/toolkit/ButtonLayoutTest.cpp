@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Places of caption, picture and focus mark, and the outlines of the skinned button.
 #include "toolkit/ButtonLayout.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -146,5 +147,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(ButtonLayoutTest)
+TORVANE_APPLESS_TEST(ButtonLayoutTest)
 #include "ButtonLayoutTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Frames, grounds and the focus mark of the skinned button, single pixels worked out by hand.
 #include "PaintedFace.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -355,5 +356,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ButtonPainterTest)
+TORVANE_TEST(ButtonPainterTest)
 #include "ButtonPainterTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Colour arithmetic and the four schemes of the skinned button, against values worked out by hand.
 #include "toolkit/ButtonPalette.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -186,5 +187,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(ButtonPaletteTest)
+TORVANE_APPLESS_TEST(ButtonPaletteTest)
 #include "ButtonPaletteTest.moc"

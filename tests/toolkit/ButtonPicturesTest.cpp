@@ -2,6 +2,7 @@
 // Which picture a skinned button shows, where, and with which passes. The picture is a single dot that
 // falls on (10, 10).
 #include "PaintedFace.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -305,5 +306,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ButtonPicturesTest)
+TORVANE_TEST(ButtonPicturesTest)
 #include "ButtonPicturesTest.moc"

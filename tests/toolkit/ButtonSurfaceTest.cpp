@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // When a skinned button paints, its outline on a window, and what shows through it.
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 #include "toolkit/chameleonButton.h"
 
 using namespace torvane;
@@ -268,5 +269,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ButtonSurfaceTest)
+TORVANE_TEST(ButtonSurfaceTest)
 #include "ButtonSurfaceTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The skinned button on a screen with two dots to the pixel: sharp lines and letters, the same places.
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 #include "toolkit/chameleonButton.h"
 
 #include <QApplication>
@@ -31,6 +32,9 @@ bool hasFineDots(const QImage& image) {
 
 class DenseScreenTest : public QObject {
     Q_OBJECT
+
+public:
+    static void initMain() { qputenv("QT_SCALE_FACTOR", "2"); }
 
 private slots:
     void lines_are_two_dots_wide() {
@@ -90,10 +94,5 @@ private slots:
     }
 };
 
-int main(int argc, char** argv) {
-    qputenv("QT_SCALE_FACTOR", "2");
-    QApplication application(argc, argv);
-    DenseScreenTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+TORVANE_TEST(DenseScreenTest)
 #include "DenseScreenTest.moc"

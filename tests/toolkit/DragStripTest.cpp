@@ -4,6 +4,7 @@
 #include "platform/forms/Screen.h"
 #include "support/FakeWorld.h"
 #include "support/TestForm.h"
+#include "support/TestMain.h"
 
 #include <QMouseEvent>
 #include <QSignalSpy>
@@ -132,5 +133,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(DragStripTest)
+TORVANE_TEST(DragStripTest)
 #include "DragStripTest.moc"

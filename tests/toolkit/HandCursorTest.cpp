@@ -2,6 +2,7 @@
 // The program's own hands over buttons and links, with the program's pictures linked in.
 #include "TestRuntime.h"
 #include "art/ArtResources.h"
+#include "support/TestMain.h"
 #include "toolkit/InputWords.h"
 #include "toolkit/chameleonButton.h"
 #include "toolkit/vbwHyperlink.h"
@@ -100,5 +101,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(HandCursorTest)
+TORVANE_TEST(HandCursorTest)
 #include "HandCursorTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The numbers of mouse buttons, keys and pointers.
 #include "toolkit/InputWords.h"
+#include "support/TestMain.h"
 
 #include <QKeyEvent>
 #include <QtTest>
@@ -86,5 +87,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(InputWordsTest)
+TORVANE_TEST(InputWordsTest)
 #include "InputWordsTest.moc"

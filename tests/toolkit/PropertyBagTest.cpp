@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Property bags, and the keys and defaults of the skinned button in one.
+#include "support/TestMain.h"
 #include "toolkit/ButtonProperties.h"
 
 #include <QtTest>
@@ -160,5 +161,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PropertyBagTest)
+TORVANE_TEST(PropertyBagTest)
 #include "PropertyBagTest.moc"

@@ -2,6 +2,7 @@
 // The outline that a window takes from its picture.
 #include "toolkit/Shaper.h"
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 
 #include <QPainter>
 
@@ -145,5 +146,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ShaperTest)
+TORVANE_TEST(ShaperTest)
 #include "ShaperTest.moc"

@@ -2,6 +2,7 @@
 // The skinned label: two captions, hover at its free edge, saved state.
 #include "toolkit/TVLabel.h"
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 
 #include <QPainter>
 #include <QSignalSpy>
@@ -188,5 +189,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TVLabelTest)
+TORVANE_TEST(TVLabelTest)
 #include "TVLabelTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program's own question: its words, its answers, and the main window behind it.
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -198,5 +199,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TorvMsgTest)
+TORVANE_TEST(TorvMsgTest)
 #include "TorvMsgTest.moc"

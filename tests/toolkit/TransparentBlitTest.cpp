@@ -2,6 +2,7 @@
 // The masked copy, pixel by pixel.
 #include "toolkit/TransparentBlit.h"
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -163,5 +164,5 @@ private slots:
     void no_picture_stays_none() { QVERIFY(pictureAt({}, 1.0, mask).isNull()); }
 };
 
-QTEST_GUILESS_MAIN(TransparentBlitTest)
+TORVANE_GUILESS_TEST(TransparentBlitTest)
 #include "TransparentBlitTest.moc"

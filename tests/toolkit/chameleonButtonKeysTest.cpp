@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Keyboard and focus of the skinned button.
 #include "ButtonsOnForm.h"
+#include "support/TestMain.h"
 
 #include <QSignalSpy>
 
@@ -216,5 +217,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(chameleonButtonKeysTest)
+TORVANE_TEST(chameleonButtonKeysTest)
 #include "chameleonButtonKeysTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Mouse of the skinned button.
 #include "ButtonsOnForm.h"
+#include "support/TestMain.h"
 
 #include <QSignalSpy>
 
@@ -391,5 +392,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(chameleonButtonMouseTest)
+TORVANE_TEST(chameleonButtonMouseTest)
 #include "chameleonButtonMouseTest.moc"

@@ -2,6 +2,7 @@
 // The skinned button's properties and what they show.
 #include "toolkit/chameleonButton.h"
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 
 #include <QHelpEvent>
 #include <QToolTip>
@@ -322,5 +323,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(chameleonButtonTest)
+TORVANE_TEST(chameleonButtonTest)
 #include "chameleonButtonTest.moc"

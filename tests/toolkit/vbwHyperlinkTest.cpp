@@ -2,6 +2,7 @@
 // The link label: jumps, events, hover, size and saved state.
 #include "toolkit/vbwHyperlink.h"
 #include "TestRuntime.h"
+#include "support/TestMain.h"
 
 #include <QSignalSpy>
 
@@ -209,5 +210,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(vbwHyperlinkTest)
+TORVANE_TEST(vbwHyperlinkTest)
 #include "vbwHyperlinkTest.moc"

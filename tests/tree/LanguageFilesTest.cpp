@@ -3,6 +3,8 @@
 // program's tolerant reader would swallow in silence is a fault here. The keys that the windows ask for
 // stand in language_keys.tsv, spelled as the windows spell them. Whether a text fits its control on the
 // screen is left to the tests of the windows.
+#include "support/TestMain.h"
+
 #include <QFile>
 #include <QHash>
 #include <QSet>
@@ -250,5 +252,5 @@ private slots:
 
 } // namespace torvane
 
-QTEST_APPLESS_MAIN(torvane::LanguageFilesTest)
+TORVANE_APPLESS_TEST(torvane::LanguageFilesTest)
 #include "LanguageFilesTest.moc"

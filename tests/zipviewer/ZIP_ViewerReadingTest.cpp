@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // While the archive window reads: archives that give nothing yet, and what the user does meanwhile.
 #include "support/OpenedViewer.h"
+#include "support/TestMain.h"
 
 #include <ctime>
 
@@ -115,5 +116,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ZIP_ViewerReadingTest)
+TORVANE_TEST(ZIP_ViewerReadingTest)
 #include "ZIP_ViewerReadingTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The archive window: how it opens, lists, launches and closes.
 #include "support/OpenedViewer.h"
+#include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -214,5 +215,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ZIP_ViewerTest)
+TORVANE_TEST(ZIP_ViewerTest)
 #include "ZIP_ViewerTest.moc"

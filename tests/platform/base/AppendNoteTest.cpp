@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+// The note of an append: what it says, when it says nothing, and what is put back after it.
+#include "platform/base/AppendNote.h"
+#include "support/FileFixture.h"
+#include "support/TestMain.h"
+
+using namespace torvane;
+
+namespace {
+const QByteArray rom = "rom bytes";
+const QByteArray line("ID3TAG\xA7"
+                      "a\0b\xA7\r\n",
+                      13);
+const AppendNote::Content game{"a.gb", rom.size(), line};
+} // namespace
+
+class AppendNoteTest : public FileFixture {
+    Q_OBJECT
+
+    std::unique_ptr<Folder> open;
+
+    // The bytes of a note as it lies on the disk.
+    QByteArray noteBytes(const AppendNote::Content& content) const {
+        { AppendNote(*open, content).leave(); }
+        for (const QString& name : folder->entries()) {
+            if (!HiddenFile::isOfKind(HiddenFile::appendNote, name.toLatin1())) continue;
+            const QByteArray bytes = folder->read(name);
+            QFile::remove(folder->path(name));
+            return bytes;
+        }
+        return {};
+    }
+    std::optional<AppendNote::Content> readNote(const QByteArray& bytes) const {
+        write("note", bytes);
+        return AppendNote::read(Handle(::open(folder->native("note").constData(), O_RDONLY)));
+    }
+    bool cutBack(const AppendNote::Content& content = game) const {
+        return AppendNote::cutBack(Handle(::open(folder->native("a.gb").constData(), O_RDWR)), content);
+    }
+
+private slots:
+    void init() {
+        renewFolder();
+        open = std::make_unique<Folder>(folder->native("."));
+    }
+
+    void a_note_lies_hidden_in_the_folder_until_the_append_is_done() {
+        {
+            const AppendNote note(*open, game);
+            const QStringList names = folder->entries();
+            QCOMPARE(names.size(), 1);
+            QVERIFY(HiddenFile::isOfKind(HiddenFile::appendNote, names[0].toLatin1()));
+            QCOMPARE(modeOf(names[0].toLatin1().constData()), 0600u);
+        }
+        expectNames({});
+    }
+    void a_note_says_what_was_written_into_it_data() {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<qint64>("length");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("game") << game.name << game.length << game.bytes;
+        QTest::newRow("name of any bytes") << QByteArray("\xF1\n\\%s \x01") << qint64(0) << line;
+        QTest::newRow("longest name") << QByteArray(255, 'n') << qint64(1) << line;
+        QTest::newRow("huge file") << game.name << (qint64(1) << 40) << line;
+        QTest::newRow("nothing appended") << game.name << game.length << QByteArray();
+        QTest::newRow("much appended") << game.name << game.length << QByteArray(2 << 20, 'x');
+    }
+    void a_note_says_what_was_written_into_it() {
+        QFETCH(QByteArray, name);
+        QFETCH(qint64, length);
+        QFETCH(QByteArray, bytes);
+        const auto content = readNote(noteBytes({name, length, bytes}));
+        QVERIFY(content.has_value());
+        QCOMPARE(content->name, name);
+        QCOMPARE(content->length, length);
+        QCOMPARE(content->bytes, bytes);
+    }
+    void a_note_that_is_damaged_at_any_byte_says_nothing() {
+        const QByteArray whole = noteBytes(game);
+        QVERIFY(readNote(whole).has_value());
+        for (qsizetype i = 0; i < whole.size(); ++i) {
+            for (const int mask : {0x01, 0x80, 0xFF}) {
+                QByteArray damaged = whole;
+                damaged[i] = static_cast<char>(damaged[i] ^ mask);
+                QVERIFY2(!readNote(damaged).has_value(), QByteArray::number(i).constData());
+            }
+        }
+    }
+    void a_note_that_is_cut_or_longer_says_nothing() {
+        const QByteArray whole = noteBytes(game);
+        for (qsizetype length = 0; length < whole.size(); ++length) {
+            QVERIFY(!readNote(whole.first(length)).has_value());
+            QVERIFY(!readNote(whole.first(length) + QByteArray(whole.size() - length, '\0')).has_value());
+        }
+        QVERIFY(!readNote(whole + '\0').has_value());
+    }
+    void a_note_that_leads_out_of_its_folder_says_nothing_data() {
+        QTest::addColumn<QByteArray>("name");
+        for (const char* name : {"sub/a.gb", "../a.gb", "/a.gb", "a.gb/"})
+            QTest::newRow(name) << QByteArray(name);
+    }
+    void a_note_that_leads_out_of_its_folder_says_nothing() {
+        QFETCH(QByteArray, name);
+        QVERIFY(!readNote(noteBytes({name, 1, line})).has_value());
+    }
+    void a_note_with_a_length_below_0_says_nothing() {
+        QVERIFY(!readNote(noteBytes({"a.gb", -1, line})).has_value());
+    }
+    void a_huge_file_is_no_note_and_fills_no_memory() {
+        write("note", "");
+        QVERIFY(QFile::resize(at("note"), qint64(1) << 40));
+        QVERIFY(!AppendNote::read(Handle(::open(folder->native("note").constData(), O_RDONLY))).has_value());
+    }
+
+    void settling_keeps_a_whole_line_and_cuts_every_part_of_one() {
+        for (qsizetype length = 0; length <= line.size(); ++length) {
+            write("a.gb", rom + line.first(length));
+            QVERIFY(AppendNote::settle(*open, game));
+            QCOMPARE(read("a.gb"), length == line.size() ? rom + line : rom);
+        }
+    }
+    void settling_cuts_zeros_that_stand_in_the_place_of_bytes() {
+        for (qsizetype hole = 0; hole < line.size(); ++hole) {
+            QByteArray withHole = line;
+            withHole[hole] = '\0';
+            if (withHole == line) continue;
+            write("a.gb", rom + withHole);
+            QVERIFY(AppendNote::settle(*open, game));
+            QCOMPARE(read("a.gb"), rom);
+            write("a.gb", rom + QByteArray(hole + 1, '\0'));
+            QVERIFY(AppendNote::settle(*open, game));
+            QCOMPARE(read("a.gb"), rom);
+        }
+    }
+    void what_another_program_has_made_of_the_file_stays_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("shorter") << rom.chopped(1);
+        QTest::newRow("as long") << QByteArray(rom.size(), '\0');
+        QTest::newRow("other bytes behind it") << rom + "X";
+        QTest::newRow("half a line and other bytes") << rom + line.first(5) + "X";
+        QTest::newRow("a line and more") << rom + line + line.first(1);
+        QTest::newRow("a line and a zero") << rom + line + '\0';
+        QTest::newRow("as many other bytes") << rom + QByteArray(line.size(), 'X');
+    }
+    void what_another_program_has_made_of_the_file_stays() {
+        QFETCH(QByteArray, bytes);
+        write("a.gb", bytes);
+        QVERIFY(AppendNote::settle(*open, game));
+        QCOMPARE(read("a.gb"), bytes);
+        QVERIFY(cutBack());
+        QCOMPARE(read("a.gb"), bytes);
+    }
+    void cutting_back_takes_a_whole_line_too() {
+        for (qsizetype length = 0; length <= line.size(); ++length) {
+            write("a.gb", rom + line.first(length));
+            QVERIFY(cutBack());
+            QCOMPARE(read("a.gb"), rom);
+        }
+    }
+    void cutting_back_what_can_not_be_cut_is_told_and_never_fails() {
+        write("a.gb", rom + line);
+        const Handle reading(::open(folder->native("a.gb").constData(), O_RDONLY));
+        QVERIFY(!AppendNote::cutBack(reading, game));
+        QVERIFY(!AppendNote::cutBack(Handle(), game));
+        QCOMPARE(read("a.gb"), rom + line);
+    }
+    void a_name_that_no_file_bears_any_more_needs_no_settling_data() {
+        QTest::addColumn<QByteArray>("kind");
+        for (const char* kind : {"missing", "folder", "link", "pipe"})
+            QTest::newRow(kind) << QByteArray(kind);
+    }
+    void a_name_that_no_file_bears_any_more_needs_no_settling() {
+        QFETCH(QByteArray, kind);
+        const QByteArray half = rom + line.first(3);
+        write("elsewhere.gb", half);
+        if (kind == "folder") folder->makeFolder(QStringLiteral("a.gb"));
+        if (kind == "link") softLink("elsewhere.gb", "a.gb");
+        if (kind == "pipe") QCOMPARE(mkfifo(folder->native("a.gb").constData(), 0600), 0);
+        QVERIFY(AppendNote::settle(*open, game));
+        QCOMPARE(read("elsewhere.gb"), half);
+    }
+    void a_file_that_may_not_be_written_can_not_be_settled() {
+        write("a.gb", rom + line.first(3));
+        setMode("a.gb", 0444);
+        {
+            const OrdinaryUser user;
+            QVERIFY(!AppendNote::settle(*open, game));
+        }
+        QCOMPARE(read("a.gb"), rom + line.first(3));
+    }
+};
+
+TORVANE_APPLESS_TEST(AppendNoteTest)
+#include "AppendNoteTest.moc"

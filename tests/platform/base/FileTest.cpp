@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// One open file: what is read, and what number every refusal has.
+#include "platform/base/File.h"
+#include "support/FileFixture.h"
+#include "support/TestMain.h"
+
+#include <limits>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+using namespace torvane;
+
+class FileTest : public FileFixture {
+    Q_OBJECT
+
+    static std::optional<int> openFailure(const QString& path) {
+        return failureOf([&] { const File file(path); });
+    }
+
+private slots:
+    void init() { renewFolder(); }
+
+    void all_bytes_are_read_as_they_are() {
+        QByteArray bytes;
+        for (int i = 0; i < 1024; ++i) bytes.append(static_cast<char>(i));
+        const QString path = folder->write(QStringLiteral("a.gb"), bytes);
+        QCOMPARE(File::contentOf(path), bytes);
+        QCOMPARE(File::lengthOf(path), 1024);
+    }
+    void an_empty_file_has_length_0_and_no_bytes() {
+        const QString path = folder->write(QStringLiteral("empty"), "");
+        QCOMPARE(File::lengthOf(path), 0);
+        QCOMPARE(File::contentOf(path), QByteArray());
+        QCOMPARE(File(path).readAt(0, 10), QByteArray());
+    }
+    void reading_at_a_position_gives_at_most_what_is_there_data() {
+        QTest::addColumn<qint64>("position");
+        QTest::addColumn<qint64>("count");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("inside") << qint64(2) << qint64(3) << QByteArray("234");
+        QTest::newRow("up to the end") << qint64(7) << qint64(3) << QByteArray("789");
+        QTest::newRow("over the end") << qint64(7) << qint64(100) << QByteArray("789");
+        QTest::newRow("at the end") << qint64(10) << qint64(1) << QByteArray();
+        QTest::newRow("behind the end") << qint64(1000) << qint64(1) << QByteArray();
+        QTest::newRow("nothing") << qint64(3) << qint64(0) << QByteArray();
+    }
+    void reading_at_a_position_gives_at_most_what_is_there() {
+        QFETCH(qint64, position);
+        QFETCH(qint64, count);
+        QFETCH(QByteArray, bytes);
+        const QString path = folder->write(QStringLiteral("digits"), "0123456789");
+        QCOMPARE(File(path).readAt(position, count), bytes);
+    }
+    void a_position_in_front_of_the_file_fails() {
+        const File file(folder->write(QStringLiteral("digits"), "0123456789"));
+        QCOMPARE(failureOf([&] { (void)file.readAt(-1, 5); }), number(RuntimeFailure::deviceError));
+    }
+    void a_missing_file_is_told_and_not_made() {
+        QCOMPARE(openFailure(at("gone")), number(RuntimeFailure::fileNotFound));
+        QVERIFY(!QFile::exists(at("gone")));
+    }
+    void a_file_that_may_not_be_written_is_read() {
+        const QString path = folder->write(QStringLiteral("a.gb"), "rom");
+        setMode("a.gb", 0444);
+        const OrdinaryUser user;
+        QCOMPARE(File::contentOf(path), QByteArray("rom"));
+    }
+    void a_file_that_may_not_be_read_is_refused() {
+        const QString path = folder->write(QStringLiteral("shut"), "secret");
+        folder->setMode(QStringLiteral("shut"), 0);
+        const OrdinaryUser user;
+        QCOMPARE(openFailure(path), number(RuntimeFailure::permissionDenied));
+        QCOMPARE(failureOf([&] { (void)File::lengthOf(path); }), number(RuntimeFailure::permissionDenied));
+    }
+    void what_is_no_file_is_refused_at_once_data() {
+        QTest::addColumn<QString>("kind");
+        for (const char* kind : {"folder", "pipe", "device", "socket"})
+            QTest::newRow(kind) << QString::fromLatin1(kind);
+    }
+    void what_is_no_file_is_refused_at_once() {
+        QFETCH(QString, kind);
+        folder->makeFolder(QStringLiteral("folder"));
+        QCOMPARE(mkfifo(folder->native("pipe").constData(), 0666), 0);
+        QCOMPARE(symlink("/dev/null", folder->native("device").constData()), 0);
+        const int listening = socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        qstrncpy(address.sun_path, folder->native("socket").constData(), sizeof address.sun_path);
+        QCOMPARE(bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        const auto failure = openFailure(folder->path(kind));
+        close(listening);
+        QCOMPARE(failure, number(RuntimeFailure::pathAccess));
+    }
+    void a_path_that_leads_nowhere_has_the_number_of_its_reason_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("empty path") << QString() << int(RuntimeFailure::fileNotFound);
+        QTest::newRow("missing folder") << QStringLiteral("gone\\a.gb") << int(RuntimeFailure::fileNotFound);
+        QTest::newRow("below a file") << QStringLiteral("file\\a.gb") << int(RuntimeFailure::pathNotFound);
+        QTest::newRow("name too long") << QString(300, QLatin1Char('n')) << int(RuntimeFailure::pathAccess);
+        QTest::newRow("links in a circle") << QStringLiteral("circle") << int(RuntimeFailure::pathAccess);
+        QTest::newRow("link to nowhere") << QStringLiteral("nowhere") << int(RuntimeFailure::fileNotFound);
+    }
+    void a_path_that_leads_nowhere_has_the_number_of_its_reason() {
+        QFETCH(QString, path);
+        QFETCH(int, expected);
+        folder->write(QStringLiteral("file"), "x");
+        QCOMPARE(symlink("circle", folder->native("circle").constData()), 0);
+        QCOMPARE(symlink("missing", folder->native("nowhere").constData()), 0);
+        QCOMPARE(openFailure(path.isEmpty() ? path : folder->path(path)), std::optional<int>(expected));
+    }
+    void a_huge_file_is_read_in_part_and_refused_whole() {
+        QFile sparse(folder->write(QStringLiteral("huge"), ""));
+        const qint64 limit = std::numeric_limits<qint32>::max();
+        QVERIFY(sparse.resize(limit + 1));
+        const File file(at("huge"));
+        QCOMPARE(file.length(), limit + 1);
+        QCOMPARE(file.readAt(limit - 1, 1024), QByteArray(2, '\0'));
+        QCOMPARE(failureOf([&] { (void)file.readAll(); }), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(failureOf([&] { (void)File::contentOf(at("huge")); }), number(RuntimeFailure::outOfMemory));
+    }
+    void names_of_any_bytes_are_opened() {
+        for (const char* name :
+             {"no utf8 \xF1.gb", "back\\slash", "%s \"quoted\"", "line\nbreak", " blanks "}) {
+            QCOMPARE(File::contentOf(folder->writeNative(name, name)), QByteArray(name));
+        }
+    }
+    void a_file_is_found_without_regard_to_case() {
+        folder->write(QStringLiteral("Roms/Game.GB"), "x");
+        QCOMPARE(File::lengthOf(folder->path() + QStringLiteral("\\roms\\GAME.gb")), 1);
+    }
+    void removing_takes_the_file_away_and_fails_on_what_is_none() {
+        const QString path = folder->write(QStringLiteral("a.gb"), "x");
+        File::remove(path);
+        QVERIFY(!QFile::exists(path));
+        QCOMPARE(failureOf([&] { File::remove(path); }), number(RuntimeFailure::fileNotFound));
+        folder->makeFolder(QStringLiteral("sub"));
+        QCOMPARE(failureOf([&] { File::remove(at("sub")); }), number(RuntimeFailure::pathAccess));
+        QVERIFY(QFile::exists(at("sub")));
+    }
+    void removing_a_link_leaves_the_file_that_it_names() {
+        folder->write(QStringLiteral("a.gb"), "x");
+        QCOMPARE(symlink("a.gb", folder->native("link").constData()), 0);
+        File::remove(at("link"));
+        QCOMPARE(folder->entries(), QStringList{QStringLiteral("a.gb")});
+    }
+    void existence_is_told_of_files_and_folders_and_never_fails() {
+        folder->write(QStringLiteral("sub/A.gb"), "x");
+        QVERIFY(File::exists(at("sub/A.gb")));
+        QVERIFY(File::exists(at("sub")));
+        QVERIFY(File::exists(folder->path() + QStringLiteral("\\SUB\\a.GB")));
+        QVERIFY(!File::exists(at("gone")));
+        QVERIFY(!File::exists(at("sub/A.gb/below")));
+        QVERIFY(!File::exists(QString()));
+        QVERIFY(!File::exists(folder->path(QString(5000, QLatin1Char('n')))));
+        QCOMPARE(symlink("missing", folder->native("nowhere").constData()), 0);
+        QVERIFY(!File::exists(at("nowhere")));
+    }
+};
+
+TORVANE_APPLESS_TEST(FileTest)
+#include "FileTest.moc"

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// From spelled paths to real ones: separators, names that differ in case only, names of any bytes.
+#include "platform/base/Paths.h"
+#include "support/Failing.h"
+#include "support/TestFolder.h"
+#include "support/TestMain.h"
+
+using namespace torvane;
+
+class PathsTest : public QObject {
+    Q_OBJECT
+
+    TestFolder folder;
+
+    QByteArray realOf(const QString& relative) const { return Paths::real(folder.path() + relative); }
+    QByteArray at(const char* relative) const { return QFile::encodeName(folder.path()) + relative; }
+
+private slots:
+    void the_application_folder_is_the_one_of_the_executable_without_a_separator_at_its_end() {
+        const QString program = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+        QCOMPARE(Paths::applicationFolder(), program);
+        QVERIFY(!Paths::applicationFolder().endsWith(QLatin1Char('/')));
+    }
+    void both_slashes_separate() {
+        folder.write(QStringLiteral("roms/data/a.gb"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\roms\\data\\a.gb")), at("/roms/data/a.gb"));
+        QCOMPARE(realOf(QStringLiteral("/roms\\data/a.gb")), at("/roms/data/a.gb"));
+    }
+    void every_piece_is_found_without_regard_to_case() {
+        folder.write(QStringLiteral("Roms/Data/Game One.GB"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\ROMS\\data\\game one.gb")), at("/Roms/Data/Game One.GB"));
+    }
+    void letters_outside_of_ascii_are_found_without_regard_to_case() {
+        folder.write(QStringLiteral("Señor/ÀÉ.gb"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\SEÑOR\\àé.GB")), at("/Señor/ÀÉ.gb"));
+    }
+    void what_exists_as_spelled_is_taken_before_what_differs_in_case() {
+        folder.write(QStringLiteral("two/GAME.gb"), "x");
+        folder.write(QStringLiteral("two/game.gb"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\two\\game.gb")), at("/two/game.gb"));
+        QCOMPARE(realOf(QStringLiteral("\\two\\GAME.gb")), at("/two/GAME.gb"));
+    }
+    void of_several_names_that_differ_in_case_the_least_is_taken() {
+        for (const char* name : {"three/gAME.gb", "three/Game.gb", "three/game.gb"}) {
+            folder.write(QString::fromLatin1(name), "x");
+        }
+        QCOMPARE(realOf(QStringLiteral("\\three\\GAME.GB")), at("/three/Game.gb"));
+    }
+    void bytes_that_are_no_text_are_never_taken_for_each_other() {
+        folder.makeFolder(QStringLiteral("Bytes"));
+        folder.writeNative("Bytes/Game\xFE.gb", "x");
+        const QString top = folder.path() + QLatin1Char('\\');
+        QCOMPARE(Paths::real(top + Paths::spelled("bytes/GAME\xFE.gb")), at("/Bytes/Game\xFE.gb"));
+        QCOMPARE(Paths::real(top + Paths::spelled("bytes/GAME\xFF.gb")), at("/Bytes/GAME\xFF.gb"));
+    }
+    void a_zero_character_does_not_cut_a_path() {
+        folder.write(QStringLiteral("Zero"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\Zero") + QChar(0) + QStringLiteral("more")), at("/Zero?more"));
+    }
+    void what_is_not_found_stays_as_spelled_below_the_folder_that_is() {
+        folder.makeFolder(QStringLiteral("Library"));
+        QCOMPARE(realOf(QStringLiteral("\\LIBRARY\\New.GB")), at("/Library/New.GB"));
+        // A folder that is missing ends the search: nothing below it can be there.
+        QCOMPARE(realOf(QStringLiteral("\\LIBRARY\\Sub\\library")), at("/Library/Sub/library"));
+    }
+    void a_name_of_any_bytes_is_reached_by_its_spelled_path_data() {
+        QTest::addColumn<QByteArray>("name");
+        for (const char* name :
+             {"back\\slash.gb", "\\front.gb", "no utf8 \xF1\xFF.gb", "two  blanks .gb", " outer ",
+              "quote\"'.gb", "%s%n.gb", "line\nbreak.gb", "..dots..gb", "\xEF\xBB\xBFmark"}) {
+            QTest::newRow(name) << QByteArray(name);
+        }
+    }
+    void a_name_of_any_bytes_is_reached_by_its_spelled_path() {
+        QFETCH(QByteArray, name);
+        const QString spelled = folder.writeNative(name, "x");
+        QCOMPARE(Paths::real(spelled), folder.native(name));
+        // The search by case goes through the same conversion.
+        folder.makeFolder(QStringLiteral("Deep"));
+        folder.writeNative("Deep/" + name, "x");
+        QCOMPARE(Paths::real(folder.path() + QStringLiteral("\\dEEP\\") + Paths::spelled(name)),
+                 folder.native("Deep/" + name));
+    }
+    void a_separator_at_the_end_and_doubled_ones_lead_to_the_same_place() {
+        folder.write(QStringLiteral("Ends/a.gb"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\ENDS\\")), at("/Ends"));
+        QCOMPARE(realOf(QStringLiteral("\\\\ENDS\\\\A.GB")), at("/Ends/a.gb"));
+    }
+    void steps_up_are_followed() {
+        folder.write(QStringLiteral("Up/a.gb"), "x");
+        QCOMPARE(
+            QFileInfo(QFile::decodeName(realOf(QStringLiteral("\\Up\\..\\UP\\A.gb")))).canonicalFilePath(),
+            QFileInfo(folder.path(QStringLiteral("Up/a.gb"))).canonicalFilePath());
+    }
+    void a_relative_path_is_looked_for_in_the_working_folder() {
+        folder.write(QStringLiteral("Here/a.gb"), "x");
+        const QString former = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(folder.path()));
+        const QByteArray exact = Paths::real(QStringLiteral("Here\\a.gb"));
+        const QByteArray like = Paths::real(QStringLiteral("HERE\\A.gb"));
+        QVERIFY(QDir::setCurrent(former));
+        QCOMPARE(exact, QByteArray("Here/a.gb"));
+        QCOMPARE(like, QByteArray("./Here/a.gb"));
+    }
+    void an_empty_path_stays_empty_and_the_root_is_itself() {
+        QCOMPARE(Paths::real(QString()), QByteArray());
+        QCOMPARE(Paths::real(QStringLiteral("\\")), QByteArray("/"));
+        QCOMPARE(Paths::real(QStringLiteral("\\TMP")), QByteArray("/tmp"));
+    }
+    void a_link_that_leads_nowhere_is_there_as_spelled() {
+        QCOMPARE(symlink("nowhere", folder.native("Link").constData()), 0);
+        folder.write(QStringLiteral("link"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\Link")), at("/Link"));
+    }
+    void below_a_file_or_an_unreadable_folder_the_path_stays_as_spelled() {
+        folder.write(QStringLiteral("file"), "x");
+        QCOMPARE(realOf(QStringLiteral("\\FILE\\below")), at("/file/below"));
+        folder.write(QStringLiteral("shut/Game.gb"), "x");
+        folder.setMode(QStringLiteral("shut"), 0);
+        QByteArray real;
+        {
+            const OrdinaryUser user;
+            real = realOf(QStringLiteral("\\SHUT\\game.gb"));
+        }
+        folder.setMode(QStringLiteral("shut"), 0755);
+        QCOMPARE(real, at("/shut/game.gb"));
+    }
+    void a_path_that_is_far_too_long_stays_as_spelled() {
+        const QString name(5000, QLatin1Char('n'));
+        QCOMPARE(realOf(QLatin1Char('\\') + name), at("/") + name.toLatin1());
+    }
+};
+
+TORVANE_APPLESS_TEST(PathsTest)
+#include "PathsTest.moc"

@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: MIT
+// The settings store: what is kept apart, what comes back, and what a reader makes of a number.
+#include "platform/base/Settings.h"
+#include "support/Failing.h"
+#include "support/TestFolder.h"
+#include "support/TestMain.h"
+
+#include <random>
+#include <sys/wait.h>
+
+using namespace torvane;
+
+namespace {
+const QString app = QStringLiteral("Torvane");
+const QString config = QStringLiteral("Config");
+const QString absent = QStringLiteral("(absent)");
+std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
+} // namespace
+
+class SettingsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestFolder> folder;
+    std::unique_ptr<Settings> settings;
+
+    QString get(const QString& key) const { return settings->GetSetting(app, config, key, absent); }
+    QString get(const char* key) const { return get(QString::fromLatin1(key)); }
+    void set(const char* key, const QString& value) {
+        settings->SaveSetting(app, config, QString::fromLatin1(key), value);
+    }
+
+private slots:
+    void init() {
+        folder = std::make_unique<TestFolder>();
+        settings = std::make_unique<Settings>(folder->path(QStringLiteral("config")));
+    }
+
+    void an_empty_store_gives_the_reader_s_default_and_makes_no_file() {
+        QCOMPARE(get("Language"), absent);
+        QCOMPARE(settings->GetSetting(app, config, QStringLiteral("Language"), QString()), QString());
+        const QString emulator =
+            QStringLiteral("VisualBoy Advance 1.0a") + QString(100, QLatin1Char(' ')) + QLatin1Char('0');
+        QCOMPARE(settings->GetSetting(app, config, QStringLiteral("Emulador"), emulator), emulator);
+        QVERIFY(folder->entries().isEmpty());
+    }
+    void the_default_applies_only_to_an_absent_key() {
+        set("Language", QString());
+        QCOMPARE(get("Language"), QString());
+    }
+    void a_saved_value_is_there_at_once_for_another_store_of_the_same_folder() {
+        set("Intro", QStringLiteral("0"));
+        QCOMPARE(Settings(folder->path(QStringLiteral("config")))
+                     .GetSetting(app, config, QStringLiteral("Intro"), absent),
+                 QStringLiteral("0"));
+        set("Intro", QStringLiteral("1"));
+        QCOMPARE(get("Intro"), QStringLiteral("1"));
+    }
+    void application_section_and_key_are_compared_without_regard_to_case() {
+        set("zip", QStringLiteral("1"));
+        QCOMPARE(settings->GetSetting(QStringLiteral("TORVANE"), QStringLiteral("config"),
+                                      QStringLiteral("ZIP"), absent),
+                 QStringLiteral("1"));
+        settings->SaveSetting(QStringLiteral("torvane"), QStringLiteral("CONFIG"), QStringLiteral("Zip"),
+                              QStringLiteral("0"));
+        QCOMPARE(get("zip"), QStringLiteral("0"));
+        QCOMPARE(folder->entries(QStringLiteral("config")), QStringList{app});
+        QCOMPARE(folder->read(QStringLiteral("config/Torvane/Torvane.conf")).toLower().count("zip"), 1);
+    }
+    void applications_sections_and_keys_are_kept_apart() {
+        set("Icon", QStringLiteral("1"));
+        settings->SaveSetting(QStringLiteral("Other"), config, QStringLiteral("Icon"), QStringLiteral("2"));
+        settings->SaveSetting(app, QStringLiteral("Other"), QStringLiteral("Icon"), QStringLiteral("3"));
+        set("Icon2", QStringLiteral("4"));
+        QCOMPARE(get("Icon"), QStringLiteral("1"));
+        QCOMPARE(settings->GetSetting(QStringLiteral("Other"), config, QStringLiteral("Icon"), absent),
+                 QStringLiteral("2"));
+        QCOMPARE(settings->GetSetting(app, QStringLiteral("Other"), QStringLiteral("Icon"), absent),
+                 QStringLiteral("3"));
+        QCOMPARE(get("Icon2"), QStringLiteral("4"));
+    }
+    void an_application_s_name_never_leads_to_another_folder_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"../up", "..\\up", "a/b", "/etc", "..", ".", ""})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void an_application_s_name_never_leads_to_another_folder() {
+        QFETCH(QString, name);
+        settings->SaveSetting(name, config, QStringLiteral("k"), QStringLiteral("v"));
+        QCOMPARE(settings->GetSetting(name, config, QStringLiteral("k"), absent), QStringLiteral("v"));
+        QCOMPARE(folder->entries(), QStringList{QStringLiteral("config")});
+        QCOMPARE(folder->entries(QStringLiteral("config")).size(), 1);
+    }
+    void the_file_is_torvane_conf_in_the_configuration_folder() {
+        QCOMPARE(settings->fileOf(app), folder->path(QStringLiteral("config/Torvane/Torvane.conf")));
+        set("Mini", QStringLiteral("1"));
+        QVERIFY(QFile::exists(settings->fileOf(app)));
+    }
+    void a_backslash_in_the_configuration_folder_is_part_of_its_name() {
+        QVERIFY(QDir().mkpath(folder->path(QStringLiteral("back\\slash"))));
+        Settings strange(folder->path(QStringLiteral("back\\slash")));
+        strange.SaveSetting(app, config, QStringLiteral("k"), QStringLiteral("v"));
+        QVERIFY(QFile::exists(folder->path(QStringLiteral("back\\slash/Torvane/Torvane.conf"))));
+        QCOMPARE(strange.GetSetting(app, config, QStringLiteral("k"), absent), QStringLiteral("v"));
+    }
+    void any_text_comes_back_data() {
+        QTest::addColumn<QString>("value");
+        for (const char* text : {"",
+                                 " ",
+                                 "  ",
+                                 " outer blanks ",
+                                 "\ttab\t",
+                                 "a=b",
+                                 "=",
+                                 "; no comment",
+                                 "#no comment",
+                                 "\"quoted\"",
+                                 "\"",
+                                 "'",
+                                 "[x]",
+                                 "line\nbreak",
+                                 "\n",
+                                 "\r",
+                                 "a\r\nb\r\n",
+                                 "\n[Config]\nIntro=9",
+                                 "<<<END",
+                                 "a\nEND_OF_TEXT\nb",
+                                 "%",
+                                 "%%",
+                                 "%41",
+                                 "%zz",
+                                 "50% a",
+                                 "%250",
+                                 "%s%n",
+                                 "\\",
+                                 "C:\\",
+                                 "\\\\",
+                                 "/home/user/%20/x",
+                                 "Señor – 😀",
+                                 "\x7F",
+                                 "$(touch x)",
+                                 "\uFEFFmark"}) {
+            QTest::newRow(text) << QString::fromUtf8(text);
+        }
+        QTest::newRow("zero") << QString(QChar(0));
+        QTest::newRow("half a pair that stands for a byte")
+            << QStringLiteral("/home/no utf8 ") + QChar(0xDCF1);
+        // Half of this character is the unit that stands for a backslash inside of a name.
+        QTest::newRow("handbag") << QStringLiteral("/home/\U0001F45C\\\U0001F45C%5C") + QChar(0xDC5C);
+        QTest::newRow("backslash inside of a name")
+            << QStringLiteral("\\data\\a") + QChar(0xDC5C) + QStringLiteral("b");
+        QTest::newRow("long") << QString(100000, QLatin1Char('x'));
+    }
+    void any_text_comes_back() {
+        QFETCH(QString, value);
+        set("Intro", QStringLiteral("1"));
+        set("Capturas", value);
+        set("Tray", QStringLiteral("0"));
+        QCOMPARE(get("Capturas"), value);
+        QCOMPARE(get("Intro"), QStringLiteral("1"));
+        QCOMPARE(get("Tray"), QStringLiteral("0"));
+    }
+    void random_texts_come_back() {
+        std::mt19937 random(29);
+        const QString signs = QStringLiteral("%0aAfF \\/\n\r=;#[]<\"xñ");
+        for (int round = 0; round < 200; ++round) {
+            QString value;
+            for (auto n = random() % 14; n > 0; --n)
+                value += signs[static_cast<qsizetype>(random() % signs.size())];
+            set("Capturas", value);
+            QCOMPARE(get("Capturas"), value);
+        }
+    }
+    void a_path_stands_in_the_file_as_the_program_spells_it() {
+        set("Language", QStringLiteral("/opt/Torvane 100%\\data\\lang\\lang_esp.tvl"));
+        QVERIFY(folder->read(QStringLiteral("config/Torvane/Torvane.conf"))
+                    .contains("/opt/Torvane 100%\\data\\lang\\lang_esp.tvl\n"));
+    }
+    void a_file_written_by_hand_is_read_and_its_comments_stay() {
+        folder->write(QStringLiteral("config/Torvane/Torvane.conf"),
+                      "; mine\r\n\r\njunk\r\n[config]\r\n# why\r\nINTRO = 0\r\nStart=1");
+        QCOMPARE(get("Intro"), QStringLiteral("0"));
+        set("Start", QStringLiteral("0"));
+        const QByteArray bytes = folder->read(QStringLiteral("config/Torvane/Torvane.conf"));
+        QVERIFY(bytes.contains("; mine") && bytes.contains("# why"));
+        QCOMPARE(get("Intro"), QStringLiteral("0"));
+        QCOMPARE(get("Start"), QStringLiteral("0"));
+    }
+    void an_unreadable_file_counts_as_empty_and_is_not_overwritten() {
+        folder->write(QStringLiteral("config/Torvane/Torvane.conf"), "[Config]\nIntro=0\n");
+        folder->setMode(QStringLiteral("config/Torvane"), 0777);
+        folder->setMode(QStringLiteral("config/Torvane/Torvane.conf"), 0);
+        {
+            const OrdinaryUser user;
+            QCOMPARE(get("Intro"), absent);
+            QCOMPARE(failureOf([&] { set("Start", QStringLiteral("1")); }),
+                     number(RuntimeFailure::permissionDenied));
+        }
+        folder->setMode(QStringLiteral("config/Torvane/Torvane.conf"), 0644);
+        QCOMPARE(get("Intro"), QStringLiteral("0"));
+    }
+    void a_store_that_can_not_be_kept_is_told() {
+        folder->write(QStringLiteral("config"), "a file in the place of the folder");
+        QVERIFY(failureOf([&] { set("Start", QStringLiteral("1")); }).has_value());
+        folder->makeFolder(QStringLiteral("shut"));
+        folder->setMode(QStringLiteral("shut"), 0555);
+        Settings shut(folder->path(QStringLiteral("shut/config")));
+        {
+            const OrdinaryUser user;
+            QCOMPARE(failureOf([&] { shut.SaveSetting(app, config, QStringLiteral("k"), absent); }),
+                     number(RuntimeFailure::permissionDenied));
+        }
+        folder->setMode(QStringLiteral("shut"), 0755);
+    }
+    void a_kill_during_a_save_loses_nothing() {
+        set("Language", QStringLiteral("kept"));
+        set("Capturas", QStringLiteral("0"));
+        std::mt19937 random(31);
+        for (int round = 0; round < 30; ++round) {
+            const pid_t child = fork();
+            if (child == 0) {
+                for (int i = 0;; ++i) set("Capturas", QString::number(i).repeated(1000));
+            }
+            QVERIFY(child > 0);
+            usleep(500 + random() % 8000);
+            QCOMPARE(kill(child, SIGKILL), 0);
+            QCOMPARE(waitpid(child, nullptr, 0), child);
+            QCOMPARE(get("Language"), QStringLiteral("kept"));
+            const QString now = get("Capturas");
+            QVERIFY(now == QStringLiteral("0") ||
+                    (now.size() % 1000 == 0 && now == now.left(now.size() / 1000).repeated(1000)));
+        }
+    }
+
+    void a_text_is_a_number_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("expected");
+        const auto row = [](const char* text, int expected) {
+            QTest::newRow(text) << QString::fromLatin1(text) << expected;
+        };
+        row("0", 0);
+        row("1", 1);
+        row("-1", -1);
+        row("+7", 7);
+        row(" 6 ", 6);
+        row("007", 7);
+        row("0.5", 0);
+        row("1.5", 2);
+        row("2.5", 2);
+        row("-0.5", 0);
+        row("-1.5", -2);
+        row("1e3", 1000);
+        row("2147483647", std::numeric_limits<int>::max());
+        row("2147483647.4", std::numeric_limits<int>::max());
+        row("-2147483648", std::numeric_limits<int>::min());
+        row("True", -1);
+        row("true", -1);
+        row("FALSE", 0);
+    }
+    void a_text_is_a_number() {
+        QFETCH(QString, text);
+        QFETCH(int, expected);
+        QCOMPARE(Settings::toNumber(text), expected);
+    }
+    void a_text_that_is_no_number_is_a_type_mismatch_data() {
+        QTest::addColumn<QString>("text");
+        for (const char* text :
+             {"", " ", "a", "1a", "0x10", "1 2", "inf", "-inf", "nan", "1,5", "--1", "yes", "%1", "١"}) {
+            QTest::newRow(text) << QString::fromUtf8(text);
+        }
+    }
+    void a_text_that_is_no_number_is_a_type_mismatch() {
+        QFETCH(QString, text);
+        QCOMPARE(failureOf([&] { (void)Settings::toNumber(text); }), number(RuntimeFailure::typeMismatch));
+    }
+    void a_number_outside_of_32_bits_is_an_overflow() {
+        for (const char* text : {"2147483648", "2147483647.5", "-2147483649", "1e300"}) {
+            QCOMPARE(failureOf([&] { (void)Settings::toNumber(QString::fromLatin1(text)); }),
+                     number(RuntimeFailure::overflow));
+        }
+    }
+};
+
+TORVANE_APPLESS_TEST(SettingsTest)
+#include "SettingsTest.moc"

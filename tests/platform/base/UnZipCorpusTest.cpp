@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Every archive of tests/archives: in the folder lies what the list beside them tells, each file whole and
+// with ordinary rights, and around the folder nothing has changed.
+#include "support/TestMain.h"
+#include "support/UnZipFixture.h"
+
+using namespace torvane;
+
+class UnZipCorpusTest : public UnZipFixture {
+    Q_OBJECT
+
+    static QString archives() { return QStringLiteral(TORVANE_TESTS_DIR "/archives/"); }
+    // The lines of the list behind its headings: name, what is wrong, what comes out.
+    static QList<QStringList> list() {
+        QFile file(archives() + QStringLiteral("expected.tsv"));
+        if (!file.open(QIODevice::ReadOnly)) return {};
+        QList<QStringList> rows;
+        const QString text = QString::fromUtf8(file.readAll());
+        for (const QString& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            rows << line.split(QLatin1Char('\t'));
+        }
+        return rows.mid(1);
+    }
+    // Each answer that is right, with what lay there before.
+    static QList<FolderTree> answersIn(const QString& cell, const FolderTree& before) {
+        QList<FolderTree> trees;
+        for (const QString& answer : cell.split(QLatin1Char('|'))) {
+            FolderTree& tree = trees.emplaceBack(before);
+            for (const QString& pair : answer.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+                const QList<QByteArray> pieces = pair.toLatin1().split('=');
+                tree["target/" + QByteArray::fromPercentEncoding(pieces[0])] =
+                    fileWith(QByteArray::fromPercentEncoding(pieces[1]));
+            }
+        }
+        return trees;
+    }
+
+private slots:
+    void initTestCase() { umask(022); }
+    void init() { renewTarget(); }
+
+    void what_comes_out_is_right_and_nothing_else_changes_data() {
+        QTest::addColumn<QString>("wrong");
+        QTest::addColumn<QString>("expected");
+        for (const QStringList& row : list()) QTest::newRow(qPrintable(row[0])) << row[1] << row[2];
+    }
+    void what_comes_out_is_right_and_nothing_else_changes() {
+        QFETCH(QString, wrong);
+        QFETCH(QString, expected);
+        const QString archive = archives() + QLatin1String(QTest::currentDataTag()) + QStringLiteral(".zip");
+        QVERIFY2(QFile::exists(archive), qPrintable(wrong));
+        const FolderTree before = wholeTree();
+        extract(archive);
+        const FolderTree tree = wholeTree();
+        const QList<FolderTree> answers = answersIn(expected, before);
+        if (!answers.contains(tree)) QCOMPARE(tree, answers.first());
+        // Once more over what lies there now, as after a program that was ended meanwhile.
+        extract(archive);
+        QCOMPARE(wholeTree(), tree);
+    }
+    void every_archive_is_in_the_list() {
+        QStringList listed;
+        for (const QStringList& row : list()) listed << row[0] + QStringLiteral(".zip");
+        QStringList there = QDir(archives()).entryList({QStringLiteral("*.zip")});
+        std::sort(listed.begin(), listed.end());
+        std::sort(there.begin(), there.end());
+        QCOMPARE(there, listed);
+        QVERIFY(there.size() > 70);
+    }
+};
+
+TORVANE_APPLESS_TEST(UnZipCorpusTest)
+#include "UnZipCorpusTest.moc"

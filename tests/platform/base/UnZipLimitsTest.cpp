@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// Bombs: what is larger than any game is left out, whatever the archive claims.
+#include "platform/base/ArchiveBytes.h"
+#include "support/TestMain.h"
+#include "support/UnZipFixture.h"
+
+#include <QtEndian>
+
+#include <sys/statvfs.h>
+
+using namespace torvane;
+
+class UnZipLimitsTest : public UnZipFixture {
+    Q_OBJECT
+
+    // Changes the size that the directory tells for the first entry.
+    void claimSize(const QString& archive, quint32 size) const {
+        QByteArray bytes = folder->read(archive);
+        const qsizetype entry = bytes.indexOf("PK\1\2");
+        qToLittleEndian(size, bytes.data() + entry + 24);
+        folder->write(archive, bytes);
+    }
+    static QByteArray zeros(qsizetype count) { return QByteArray(count, '\0'); }
+
+private slots:
+    void initTestCase() { umask(022); }
+    void init() { renewTarget(); }
+
+    void an_entry_of_just_the_limit_comes_out_and_one_byte_more_does_not() {
+        const UnZip::Limits limits{.bytesPerEntry = 1000};
+        extract(makeArchive("a.zip", {{"over.gb", zeros(1001)}, {"just.gb", zeros(1000)}}), limits);
+        QCOMPARE(targetTree(), files({{"just.gb", zeros(1000)}}));
+    }
+    void an_entry_that_lies_about_its_size_is_read_to_the_limit_and_no_further() {
+        const UnZip::Limits limits{.bytesPerEntry = 1 << 20, .bytesInAll = 2 << 20};
+        const QString archive = makeArchive("a.zip", {{"bomb.gb", zeros(32 << 20)}, {"game.gb", "game"}});
+        claimSize(QStringLiteral("a.zip"), 100);
+        extract(archive, limits);
+        QCOMPARE(targetTree(), files({{"game.gb", "game"}}));
+    }
+    void an_entry_that_calls_itself_too_large_takes_nothing_from_the_others() {
+        const UnZip::Limits limits{.bytesPerEntry = 1000, .bytesInAll = 1000};
+        extract(makeArchive("a.zip", {{"over.gb", zeros(1001)}, {"game.gb", zeros(1000)}}), limits);
+        QCOMPARE(targetTree(), files({{"game.gb", zeros(1000)}}));
+    }
+    void beyond_the_limit_of_all_entries_the_work_ends() {
+        const UnZip::Limits limits{.bytesInAll = 1000};
+        extract(makeArchive("a.zip", {{"a", zeros(600)}, {"b", zeros(400)}, {"c", zeros(1)}, {"d", ""}}),
+                limits);
+        QCOMPARE(targetTree(), files({{"a", zeros(600)}, {"b", zeros(400)}}));
+    }
+    void damaged_entries_count_too() {
+        const QString archive = makeArchive("a.zip", {{"a", zeros(900), ZIP_CM_STORE}, {"b", zeros(200)}});
+        claimSize(QStringLiteral("a.zip"), 901);
+        extract(archive, {.bytesInAll = 1000});
+        QCOMPARE(targetTree(), FolderTree());
+        extract(archive, {.bytesInAll = 1100});
+        QCOMPARE(targetTree(), files({{"b", zeros(200)}}));
+    }
+    void an_archive_of_just_as_many_entries_comes_out_and_one_of_more_does_not() {
+        const QString archive = makeArchive("a.zip", {{"a", "1"}, {"b", "2"}, {"sub/c", "3"}});
+        extract(archive, {.entries = 2});
+        QCOMPARE(targetTree(), FolderTree());
+        extract(archive, {.entries = 3});
+        QCOMPARE(targetTree(), files({{"a", "1"}, {"b", "2"}}));
+    }
+    void a_directory_that_would_fill_the_memory_is_not_read() {
+        Pulse pulse({});
+        const qint64 room = 1 << 20; // beside the entries, for the search
+        ArchiveBytes bytes(write("a.zip", zeros(3 << 20)), 100, pulse);
+        const std::unique_ptr<zip_source_t, void (*)(zip_source_t*)> source(bytes.source(), zip_source_free);
+        QCOMPARE(zip_source_open(source.get()), 0);
+        QByteArray read(3 << 20, 'x');
+        const auto all = static_cast<zip_uint64_t>(read.size());
+        QCOMPARE(zip_source_read(source.get(), read.data(), all), room + qint64{512} * 100);
+        QCOMPARE(zip_source_seek(source.get(), 0, SEEK_SET), 0);
+        QCOMPARE(zip_source_read(source.get(), read.data(), all), -1);
+        zip_source_close(source.get());
+    }
+    void what_is_read_of_an_open_archive_has_no_such_limit() {
+        const QByteArray game(3 << 20, 'g');
+        extract(makeArchive("a.zip", {{"a.gb", game, ZIP_CM_STORE}}), {.entries = 1});
+        QCOMPARE(targetTree(), files({{"a.gb", game}}));
+    }
+    void an_archive_that_tells_of_too_many_entries_is_not_even_opened() {
+        const auto opening = [](const char* name, qint64 mostEntries) {
+            Pulse pulse({});
+            const QString path = QStringLiteral(TORVANE_TESTS_DIR "/archives/") + QLatin1String(name);
+            return failureOf([&] { const ArchiveBytes bytes(path, mostEntries, pulse); });
+        };
+        QCOMPARE(opening("zip64-many.zip", 999'999), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(opening("zip64-many.zip", 1'000'000), nothing);
+        QCOMPARE(opening("zip64-count.zip", 100'000), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(opening("zip64.zip", 2), nothing);
+        QCOMPARE(opening("zip64.zip", 1), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(opening("zip64-place.zip", 1), nothing); // libzip will tell
+        QCOMPARE(opening("sound.zip", 1), nothing);
+    }
+    void the_largest_directory_of_ordinary_names_is_read() {
+        QList<ArchiveEntry> entries;
+        for (int i = 0; i < 3000; ++i) {
+            entries.append(
+                ArchiveEntry{"sub/" + QByteArray::number(i).rightJustified(251, 'g'), "", ZIP_CM_STORE});
+        }
+        entries.append(ArchiveEntry{"game.gb", "game"});
+        extract(makeArchive("a.zip", entries), {.entries = 3001});
+        QCOMPARE(targetTree(), files({{"game.gb", "game"}}));
+    }
+    void by_itself_the_control_lets_64_mib_through_and_no_more() {
+        extract(makeArchive("a.zip", {{"over.gb", zeros((64 << 20) + 1)}, {"just.gb", zeros(64 << 20)}}));
+        QCOMPARE(targetTree().keys(), QList<QByteArray>{"just.gb"});
+        QCOMPARE(infoOf("target/just.gb").st_size, 64 << 20);
+    }
+    void space_stays_free_on_the_disk() {
+        struct statvfs disk {};
+        QCOMPARE(statvfs(folder->native("target").constData(), &disk), 0);
+        const auto free = static_cast<qint64>(disk.f_bavail) * static_cast<qint64>(disk.f_frsize);
+        const QString archive = makeArchive("a.zip", {{"game.gb", "game"}});
+        extract(archive, {.bytesLeftFree = free + (qint64{1} << 40)});
+        QCOMPARE(targetTree(), FolderTree());
+        extract(archive, {.bytesLeftFree = free / 2});
+        QCOMPARE(targetTree(), files({{"game.gb", "game"}}));
+    }
+};
+
+TORVANE_APPLESS_TEST(UnZipLimitsTest)
+#include "UnZipLimitsTest.moc"

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+// The real message boxes and file dialogs, looked at and answered while they stand.
+#include "platform/forms/DesktopDialogs.h"
+#include "platform/base/NativeText.h"
+#include "support/TestFolder.h"
+#include "support/TestMain.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTimer>
+#include <functional>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+class DesktopDialogsTest : public QObject {
+    Q_OBJECT
+
+    bool looked = false;
+
+    // Looks at the box or dialog that the event loop comes to, and closes it if the look does not.
+    template <typename Dialog>
+    void whenShown(const std::function<void(Dialog&)>& look) {
+        QTimer::singleShot(0, this, [this, look] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog != nullptr);
+            looked = true;
+            look(*dialog);
+            // A look that has failed on its way leaves the dialog standing, and the test with it.
+            if (dialog->isVisible()) dialog->reject();
+        });
+    }
+    // The answer to a box that is closed by one of its buttons.
+    int answerBy(QMessageBox::StandardButton button, int flags) {
+        whenShown<QMessageBox>([button](QMessageBox& box) {
+            QVERIFY(box.button(button) != nullptr);
+            box.button(button)->click();
+        });
+        return DesktopMessageBoxes().MsgBox(u"text"_s, flags);
+    }
+
+private slots:
+    void init() { looked = false; }
+    void cleanup() { QVERIFY(QApplication::activeModalWidget() == nullptr); }
+
+    void the_text_of_a_box_is_plain() {
+        const QString text = u"<b>x</b> &amp; <img src='/x'>\n\n100 %1"_s;
+        whenShown<QMessageBox>([&](QMessageBox& box) {
+            QCOMPARE(box.textFormat(), Qt::PlainText);
+            QCOMPARE(box.text(), text);
+            box.accept();
+        });
+        DesktopMessageBoxes().MsgBox(text, 64);
+        QVERIFY(looked);
+    }
+    void a_box_bears_the_title_or_else_the_applications_name() {
+        QApplication::setApplicationDisplayName(u"Torvane"_s);
+        const auto titled = [](const QString& title) {
+            return [title](QMessageBox& box) {
+                QVERIFY2(box.windowTitle().startsWith(title), qPrintable(box.windowTitle()));
+                box.accept();
+            };
+        };
+        whenShown<QMessageBox>(titled(u"Atención"_s));
+        DesktopMessageBoxes().MsgBox(u"text"_s, 0, u"Atención"_s);
+        whenShown<QMessageBox>(titled(u"Torvane"_s));
+        DesktopMessageBoxes().MsgBox(u"text"_s, 0);
+    }
+    void the_flags_tell_the_icon_and_the_buttons_data() {
+        QTest::addColumn<int>("flags");
+        QTest::addColumn<QMessageBox::Icon>("icon");
+        QTest::addColumn<bool>("asks");
+        QTest::newRow("0") << 0 << QMessageBox::NoIcon << false;
+        QTest::newRow("16") << 16 << QMessageBox::Critical << false;
+        QTest::newRow("36") << 36 << QMessageBox::Question << true;
+        QTest::newRow("48") << 48 << QMessageBox::Warning << false;
+        QTest::newRow("52") << 52 << QMessageBox::Warning << true;
+        QTest::newRow("64") << 64 << QMessageBox::Information << false;
+    }
+    void the_flags_tell_the_icon_and_the_buttons() {
+        QFETCH(int, flags);
+        QFETCH(QMessageBox::Icon, icon);
+        QFETCH(bool, asks);
+        whenShown<QMessageBox>([=](QMessageBox& box) {
+            QCOMPARE(box.icon(), icon);
+            const QMessageBox::StandardButtons buttons =
+                asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok);
+            QCOMPARE(box.standardButtons(), buttons);
+            box.reject();
+        });
+        DesktopMessageBoxes().MsgBox(u"text"_s, flags);
+        QVERIFY(looked);
+    }
+    void yes_is_6_and_no_is_7() {
+        QCOMPARE(answerBy(QMessageBox::Yes, 36), 6);
+        QCOMPARE(answerBy(QMessageBox::No, 36), 7);
+        QCOMPARE(answerBy(QMessageBox::Yes, 52), 6);
+    }
+    void ok_is_1() { QCOMPARE(answerBy(QMessageBox::Ok, 48), 1); }
+    void the_escape_key_means_no() {
+        whenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QCOMPARE(DesktopMessageBoxes().MsgBox(u"text"_s, 36), 7);
+        QVERIFY(looked);
+    }
+    void closing_a_question_means_no() {
+        whenShown<QMessageBox>([](QMessageBox& box) { box.close(); });
+        QCOMPARE(DesktopMessageBoxes().MsgBox(u"text"_s, 52), 7);
+    }
+
+    void pairs_of_a_filter_become_name_filters_data() {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QStringList>("filters");
+        QTest::newRow("one") << u"ROM|*.gb"_s << QStringList{u"ROM (*.gb)"_s};
+        QTest::newRow("several patterns") << u"ROM|*.gb;*.gbc"_s << QStringList{u"ROM (*.gb *.gbc)"_s};
+        QTest::newRow("two") << u"ROM|*.gb|ZIP|*.zip"_s << QStringList{u"ROM (*.gb)"_s, u"ZIP (*.zip)"_s};
+        QTest::newRow("a pair without pattern") << u"nothing||ZIP|*.zip"_s << QStringList{u"ZIP (*.zip)"_s};
+        QTest::newRow("half a pair at the end") << u"ROM|*.gb|rest"_s << QStringList{u"ROM (*.gb)"_s};
+        QTest::newRow("no pair") << u"rest"_s << QStringList{};
+        QTest::newRow("empty") << QString() << QStringList{};
+    }
+    void pairs_of_a_filter_become_name_filters() {
+        QFETCH(QString, filter);
+        QFETCH(QStringList, filters);
+        QCOMPARE(DesktopFileDialogs::nameFilters(filter), filters);
+    }
+    void the_open_dialog_asks_for_an_existing_file_with_the_chosen_filter() {
+        whenShown<QFileDialog>([](QFileDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Abrir"_s);
+            QCOMPARE(dialog.fileMode(), QFileDialog::ExistingFile);
+            QCOMPARE(dialog.acceptMode(), QFileDialog::AcceptOpen);
+            QCOMPARE(dialog.nameFilters(), (QStringList{u"ROM (*.gb)"_s, u"ZIP (*.zip)"_s}));
+            QCOMPARE(dialog.selectedNameFilter(), u"ZIP (*.zip)"_s);
+            dialog.reject();
+        });
+        const FileQuestion question{u"Abrir"_s, u"ROM|*.gb|ZIP|*.zip"_s, 2, {}};
+        QCOMPARE(DesktopFileDialogs().showOpen(question), QString());
+        QVERIFY(looked);
+    }
+    void a_filter_number_outside_of_the_filters_does_no_harm() {
+        for (const int index : {-1, 0, 3}) {
+            whenShown<QFileDialog>([](QFileDialog& dialog) {
+                QCOMPARE(dialog.selectedNameFilter(), u"ROM (*.gb)"_s);
+                dialog.reject();
+            });
+            QCOMPARE(DesktopFileDialogs().showOpen({u"x"_s, u"ROM|*.gb"_s, index, {}}), QString());
+        }
+    }
+    void the_chosen_file_comes_back_as_a_spelled_path_of_its_bytes() {
+        const TestFolder folder;
+        const QString spelled = folder.writeNative("Pok\xC3\xA9 two  blanks.gb", "x");
+        whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            dialog.selectFile(QFile::decodeName(NativeText::toNative(spelled)));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        QCOMPARE(DesktopFileDialogs().showOpen({u"x"_s, {}, 1, {}}), spelled);
+    }
+    void the_save_dialog_proposes_the_name_and_gives_a_path_that_need_not_exist() {
+        const TestFolder folder;
+        const QString proposed = folder.path() + u"\\new game.gb"_s;
+        whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            QCOMPARE(dialog.acceptMode(), QFileDialog::AcceptSave);
+            QCOMPARE(dialog.selectedFiles(), QStringList{folder.path() + u"/new game.gb"_s});
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        QCOMPARE(DesktopFileDialogs().showSave({u"x"_s, u"ROM|*.gb"_s, 1, proposed}),
+                 folder.path() + u"/new game.gb"_s);
+        QVERIFY(looked);
+    }
+    void the_folder_dialog_asks_for_an_existing_folder_and_gives_its_path() {
+        const TestFolder folder;
+        folder.makeFolder(u"my games"_s);
+        whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Carpeta"_s);
+            QCOMPARE(dialog.fileMode(), QFileDialog::Directory);
+            dialog.setDirectory(folder.path());
+            dialog.selectFile(folder.path(u"my games"_s));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        QCOMPARE(DesktopFileDialogs().showFolder({u"Carpeta"_s, {}, 1, {}}), folder.path(u"my games"_s));
+        whenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+        QCOMPARE(DesktopFileDialogs().showFolder({u"Carpeta"_s, {}, 1, {}}), QString());
+    }
+    void an_empty_address_is_not_opened() { QVERIFY(!DesktopBrowser().open(QString())); }
+};
+
+TORVANE_TEST(DesktopDialogsTest)
+#include "DesktopDialogsTest.moc"

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// What boxes, fields and scroll bars of the toolkit look like once the application has its look.
+#include "platform/forms/DesktopLook.h"
+#include "support/TestForm.h"
+#include "support/TestMain.h"
+
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolTip>
+
+using namespace torvane;
+
+namespace {
+constexpr DesktopLook dark{.ground = 0x4A3933,
+                           .button = 0x644D4E,
+                           .field = 0x382B26,
+                           .text = 0xFFFFFF,
+                           .selection = 0xA37774,
+                           .faint = 0xB09A93};
+
+// The relative luminance of a colour and the contrast of two, after the web's accessibility guidelines 2.1.
+double luminanceOf(const QColor& colour) {
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrastOf(const QColor& one, const QColor& other) {
+    const double a = luminanceOf(one) + 0.05;
+    const double b = luminanceOf(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+// 0 black to 255 white.
+int meanGreyOf(const QImage& image) {
+    int sum = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) sum += qGray(image.pixel(x, y));
+    }
+    return sum / (image.width() * image.height());
+}
+} // namespace
+
+class DesktopLookTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { applyDesktopLook(dark); }
+
+    void a_message_box_stands_on_the_ground_colour() {
+        QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Torvane"), QStringLiteral("text"),
+                        QMessageBox::Ok);
+        box.show();
+        QCOMPARE(imageOf(box).pixelColor(2, 2), QColor(0x33, 0x39, 0x4A));
+        QVERIFY(hasColour(imageOf(box), Qt::white));
+    }
+
+    void the_scroll_bar_of_a_long_text_does_not_dazzle() {
+        QPlainTextEdit field(QStringLiteral("a\nlong\ntext\n").repeated(20));
+        field.resize(200, 80);
+        field.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&field));
+        QVERIFY(field.verticalScrollBar()->isVisible());
+        QVERIFY(meanGreyOf(imageOf(*field.verticalScrollBar())) < 0x70);
+    }
+
+    void every_text_can_be_read_on_its_ground_data() {
+        QTest::addColumn<QPalette::ColorGroup>("group");
+        QTest::addColumn<QPalette::ColorRole>("text");
+        QTest::addColumn<QPalette::ColorRole>("ground");
+        QTest::newRow("box") << QPalette::Active << QPalette::WindowText << QPalette::Window;
+        QTest::newRow("field") << QPalette::Active << QPalette::Text << QPalette::Base;
+        QTest::newRow("button") << QPalette::Active << QPalette::ButtonText << QPalette::Button;
+        QTest::newRow("inactive") << QPalette::Inactive << QPalette::WindowText << QPalette::Window;
+        QTest::newRow("other rows") << QPalette::Active << QPalette::Text << QPalette::AlternateBase;
+        QTest::newRow("dead") << QPalette::Disabled << QPalette::WindowText << QPalette::Window;
+        QTest::newRow("hint") << QPalette::Active << QPalette::PlaceholderText << QPalette::Base;
+    }
+    void every_text_can_be_read_on_its_ground() {
+        QFETCH(QPalette::ColorGroup, group);
+        QFETCH(QPalette::ColorRole, text);
+        QFETCH(QPalette::ColorRole, ground);
+        const QPalette palette = QApplication::palette();
+        // 3 to 1 is what the guidelines ask of what is not in use, 4.5 to 1 of all other texts.
+        const double wanted = group == QPalette::Disabled ? 3.0 : 4.5;
+        QVERIFY(contrastOf(palette.color(group, text), palette.color(group, ground)) >= wanted);
+    }
+
+    void the_selection_and_a_tool_tip_can_be_read() {
+        const QPalette palette = QApplication::palette();
+        QVERIFY(contrastOf(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)) >
+                3.0);
+        const QPalette tip = QToolTip::palette();
+        QVERIFY(contrastOf(tip.color(QPalette::ToolTipText), tip.color(QPalette::ToolTipBase)) >= 4.5);
+    }
+};
+
+TORVANE_TEST(DesktopLookTest)
+#include "DesktopLookTest.moc"

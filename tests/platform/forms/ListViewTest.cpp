@@ -1,0 +1,361 @@
+// SPDX-License-Identifier: MIT
+// The list with pictures inside its panel: reach, mouse, wheel, keys, and the cost of painting.
+#include "platform/forms/ListView.h"
+#include "art/ArtResources.h"
+#include "platform/forms/Panel.h"
+#include "support/FakeWorld.h"
+#include "support/TestForm.h"
+#include "support/TestMain.h"
+
+#include <QSet>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+namespace {
+// Rows that note which of them are asked for.
+struct NotingRows : RowSource {
+    explicit NotingRows(int rows) : m_count(rows) {}
+    explicit NotingRows(QStringList rows) : m_count(int(rows.size())), m_texts(std::move(rows)) {}
+
+    int count() const override { return m_count; }
+    QString text(int row) const override {
+        asked.insert(row);
+        return m_texts.isEmpty() ? u"Game %1"_s.arg(row) : m_texts[row];
+    }
+    int icon(int row) const override {
+        asked.insert(row);
+        return row % 5;
+    }
+    mutable QSet<int> asked;
+
+private:
+    int m_count;
+    QStringList m_texts;
+};
+} // namespace
+
+class ListViewTest : public QObject {
+    Q_OBJECT
+
+    static constexpr int panelHeight = 330;
+    static constexpr int rowHeight = 33;
+
+    std::unique_ptr<FakeWorld> world;
+    std::unique_ptr<TestForm> form;
+    std::unique_ptr<Panel> panel;
+    std::unique_ptr<ImageList> icons;
+    std::unique_ptr<ListView> list;
+
+    void fill(int rows) const { list->setItems(std::make_shared<NotingRows>(rows)); }
+    void fill(const QStringList& rows) const { list->setItems(std::make_shared<NotingRows>(rows)); }
+    void key(Qt::Key which) const { QTest::keyClick(list.get(), which); }
+    // A click at a height of the panel, where the user sees it.
+    void clickInPanel(int y) const {
+        QTest::mouseClick(list.get(), Qt::LeftButton, {}, list->mapFrom(panel.get(), QPoint(100, y)));
+    }
+    // What a user's double click sends: the second press comes as an event of its own kind.
+    void doubleClick(int row) const {
+        const QPoint place(100, row * rowHeight + 4);
+        QTest::mouseClick(list.get(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(list.get(), Qt::LeftButton, {}, place);
+    }
+    void wheel(int eighths) const {
+        const QPoint place(100, 20 - list->y());
+        QWheelEvent event(place, list->mapToGlobal(place), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(list.get(), &event);
+    }
+    bool isInSight(int row) const {
+        return QRect(0, 0, 233, panelHeight).contains(QRect(0, list->y() + row * rowHeight, 233, rowHeight));
+    }
+
+private slots:
+    void initTestCase() { initArtResources(); }
+    void init() {
+        world = std::make_unique<FakeWorld>();
+        FormDesign design = TestForm::plain;
+        design.clientSize = {300, 400};
+        form = std::make_unique<TestForm>(world->runtime, design);
+        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, panelHeight}, Panel::Look{});
+        icons = std::make_unique<ImageList>(
+            *form, "icons",
+            std::initializer_list<const char*>{"console-advance-32.png", "console-gameboy-32.png",
+                                               "console-color-32.png", "console-archive-32.png"});
+        list = std::make_unique<ListView>(*panel, "list", DesignRect{0, 1, 233, 327}, *icons);
+        QVERIFY(form->appear());
+    }
+    void cleanup() {
+        list.reset();
+        icons.reset();
+        panel.reset();
+        form.reset();
+    }
+
+    // Height and reach
+    void the_height_is_kept_as_told() {
+        QCOMPARE(list->Height(), 327);
+        for (const int height : {0, 33, 327, 20000}) {
+            list->setHeight(height);
+            QCOMPARE(list->Height(), height);
+            fill(20);
+            QCOMPARE(list->Height(), height);
+        }
+    }
+    void every_row_can_be_reached_whatever_height_is_told() {
+        for (const int height : {0, 33, 327, 20000}) {
+            list->setHeight(height);
+            fill(50);
+            key(Qt::Key_End);
+            QCOMPARE(list->currentRow(), 49);
+            QVERIFY(isInSight(49));
+            QVERIFY(list->height() >= 50 * rowHeight);
+            clickInPanel(panelHeight - 2 - rowHeight);
+            QCOMPARE(list->currentRow(), 48);
+            key(Qt::Key_Home);
+        }
+    }
+    void the_top_is_moved_as_told() {
+        fill(50);
+        list->setTop(-329);
+        QCOMPARE(list->Top(), -329);
+        QCOMPARE(list->pos(), QPoint(0, -329));
+        clickInPanel(5);
+        QCOMPARE(list->currentRow(), 10);
+    }
+    void the_space_below_few_rows_has_the_colour_of_the_list() {
+        fill(2);
+        const QImage image = imageOf(*panel);
+        QCOMPARE(image.pixelColor(5, panelHeight - 1), QColor(0x33, 0x39, 0x4A));
+        list->Clear();
+        QCOMPARE(list->rowCount(), 0);
+        QCOMPARE(imageOf(*panel).pixelColor(5, 10), QColor(0x33, 0x39, 0x4A));
+    }
+    void new_rows_have_no_current_one() {
+        fill(5);
+        list->setCurrentRow(3);
+        fill(5);
+        QCOMPARE(list->currentRow(), -1);
+    }
+    void the_current_row_is_set_without_a_signal_and_only_to_a_row_that_exists() {
+        fill(5);
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        list->setCurrentRow(4);
+        QCOMPARE(list->currentRow(), 4);
+        list->setCurrentRow(5);
+        QCOMPARE(list->currentRow(), -1);
+        list->setCurrentRow(-7);
+        QCOMPARE(list->currentRow(), -1);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    // Mouse
+    void a_click_chooses_the_row_under_the_mouse() {
+        fill(5);
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        clickInPanel(1 + 2 * rowHeight);
+        QCOMPARE(list->currentRow(), 2);
+        clickInPanel(2 * rowHeight);
+        QCOMPARE(list->currentRow(), 1);
+        QCOMPARE(clicks.size(), 2);
+        QCOMPARE(clicks[0][0].toInt(), 2);
+    }
+    void a_click_under_the_last_row_selects_nothing() {
+        fill(5);
+        list->setCurrentRow(1);
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        clickInPanel(1 + 5 * rowHeight);
+        clickInPanel(panelHeight - 1);
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(list->currentRow(), 1);
+    }
+    void the_right_button_chooses_nothing() {
+        fill(5);
+        QTest::mouseClick(list.get(), Qt::RightButton, {}, {100, 10});
+        QCOMPARE(list->currentRow(), -1);
+    }
+    void a_double_click_is_told_for_its_row() {
+        fill(5);
+        QSignalSpy doubles(list.get(), &ListView::rowDoubleClicked);
+        doubleClick(3);
+        QCOMPARE(doubles.size(), 1);
+        QCOMPARE(doubles[0][0].toInt(), 3);
+        doubleClick(5);
+        QCOMPARE(doubles.size(), 1);
+    }
+    void the_wheel_moves_three_rows_a_notch_and_stops_at_both_ends() {
+        fill(20);
+        wheel(-120);
+        QCOMPARE(list->Top(), 1 - 3 * rowHeight);
+        wheel(-60);
+        wheel(-60);
+        QCOMPARE(list->Top(), 1 - 6 * rowHeight);
+        for (int i = 0; i < 10; ++i) wheel(-120);
+        QVERIFY(isInSight(19));
+        QCOMPARE(list->Top() + 20 * rowHeight, panelHeight);
+        for (int i = 0; i < 20; ++i) wheel(120);
+        QCOMPARE(list->Top(), 1);
+        QCOMPARE(list->currentRow(), -1);
+    }
+    void the_wheel_does_not_move_a_list_that_fits() {
+        fill(9);
+        wheel(-120);
+        QCOMPARE(list->Top(), 1);
+        wheel(120);
+        QCOMPARE(list->Top(), 1);
+    }
+
+    // Keys
+    void arrows_go_row_by_row_and_stop_at_the_ends() {
+        fill(3);
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        const QList<std::pair<Qt::Key, int>> steps{{Qt::Key_Down, 0}, {Qt::Key_Down, 1}, {Qt::Key_Down, 2},
+                                                   {Qt::Key_Down, 2}, {Qt::Key_Up, 1},   {Qt::Key_Up, 0},
+                                                   {Qt::Key_Up, 0}};
+        for (const auto& [which, row] : steps) {
+            key(which);
+            QCOMPARE(list->currentRow(), row);
+        }
+        QCOMPARE(clicks.size(), 5);
+    }
+    void page_keys_go_by_what_the_panel_holds() {
+        fill(35);
+        list->setCurrentRow(0);
+        key(Qt::Key_PageDown);
+        QCOMPARE(list->currentRow(), 10);
+        QVERIFY(isInSight(10));
+        key(Qt::Key_PageDown);
+        key(Qt::Key_PageDown);
+        key(Qt::Key_PageDown);
+        QCOMPARE(list->currentRow(), 34);
+        key(Qt::Key_PageUp);
+        QCOMPARE(list->currentRow(), 24);
+        key(Qt::Key_PageUp);
+        key(Qt::Key_PageUp);
+        key(Qt::Key_PageUp);
+        QCOMPARE(list->currentRow(), 0);
+        QVERIFY(isInSight(0));
+    }
+    void home_and_end_go_to_the_ends() {
+        fill(35);
+        key(Qt::Key_End);
+        QCOMPARE(list->currentRow(), 34);
+        QVERIFY(isInSight(34));
+        key(Qt::Key_Home);
+        QCOMPARE(list->currentRow(), 0);
+        QCOMPARE(list->Top(), 1);
+    }
+    void every_row_that_keys_reach_is_in_sight() {
+        fill(35);
+        for (int row = 0; row < 35; ++row) {
+            key(Qt::Key_Down);
+            QVERIFY2(isInSight(row), qPrintable(QString::number(row)));
+        }
+        for (int row = 33; row >= 0; --row) {
+            key(Qt::Key_Up);
+            QVERIFY2(isInSight(row), qPrintable(QString::number(row)));
+        }
+    }
+    void return_is_a_double_click_on_the_current_row() {
+        fill(3);
+        QSignalSpy doubles(list.get(), &ListView::rowDoubleClicked);
+        key(Qt::Key_Return);
+        QCOMPARE(doubles.size(), 0);
+        list->setCurrentRow(1);
+        key(Qt::Key_Return);
+        QCOMPARE(doubles.size(), 1);
+        QCOMPARE(doubles[0][0].toInt(), 1);
+    }
+    void typing_the_beginning_of_a_name_goes_to_it() {
+        fill({u"Alpha"_s, u"Tennis"_s, u"Tetris"_s, u"TETRIS 2"_s, u"Zelda"_s, u"ñandú"_s});
+        QTest::keyClicks(list.get(), u"t"_s);
+        QCOMPARE(list->currentRow(), 1);
+        QTest::keyClicks(list.get(), u"et"_s);
+        QCOMPARE(list->currentRow(), 2);
+        QTest::keyClicks(list.get(), u"ris 2"_s);
+        QCOMPARE(list->currentRow(), 3);
+    }
+    void after_a_pause_typing_begins_a_new_name() {
+        fill({u"Alpha"_s, u"Tetris"_s, u"Zelda"_s});
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        QTest::keyClicks(list.get(), u"te"_s);
+        QCOMPARE(list->currentRow(), 1);
+        QTest::keyClicks(list.get(), u"z"_s);
+        QCOMPARE(list->currentRow(), 1);
+        QTest::qWait(1100);
+        QTest::keyClicks(list.get(), u"z"_s);
+        QCOMPARE(list->currentRow(), 2);
+        QTest::qWait(1100);
+        QTest::keyClicks(list.get(), u"AL"_s);
+        QCOMPARE(list->currentRow(), 0);
+        QCOMPARE(clicks.last()[0].toInt(), 0);
+    }
+    void a_list_of_one_row_stays_where_it_is() {
+        fill(1);
+        for (const Qt::Key which : {Qt::Key_End, Qt::Key_Home, Qt::Key_PageDown, Qt::Key_Down, Qt::Key_Up}) {
+            key(which);
+            QCOMPARE(list->currentRow(), 0);
+            QCOMPARE(list->Top(), 1);
+        }
+        wheel(-120);
+        QCOMPARE(list->Top(), 1);
+        clickInPanel(rowHeight);
+        QCOMPARE(list->currentRow(), 0);
+    }
+    void an_empty_list_takes_keys_wheel_and_clicks_in_silence() {
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        for (const Qt::Key which :
+             {Qt::Key_End, Qt::Key_Home, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_A}) {
+            key(which);
+        }
+        wheel(-120);
+        clickInPanel(10);
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(list->currentRow(), -1);
+        QCOMPARE(list->Top(), 1);
+    }
+
+    // Painting
+    void of_a_hundred_thousand_rows_only_the_visible_ones_are_asked_for() {
+        const auto rows = std::make_shared<NotingRows>(100000);
+        list->setItems(rows);
+        imageOf(*panel);
+        QVERIFY(!rows->asked.isEmpty());
+        QVERIFY2(rows->asked.size() <= panelHeight / rowHeight + 2,
+                 qPrintable(QString::number(rows->asked.size())));
+        rows->asked.clear();
+        key(Qt::Key_End);
+        QCOMPARE(list->currentRow(), 99999);
+        QVERIFY(isInSight(99999));
+        imageOf(*panel);
+        QVERIFY(rows->asked.contains(99999));
+        QVERIFY(rows->asked.size() <= panelHeight / rowHeight + 2);
+        clickInPanel(panelHeight - 2);
+        QCOMPARE(list->currentRow(), 99999);
+    }
+    void the_current_row_looks_different_and_icons_are_drawn() {
+        fill(5);
+        const QImage plain = imageOf(*panel);
+        list->setCurrentRow(1);
+        const QImage chosen = imageOf(*panel);
+        QCOMPARE(chosen.copy(0, 1, 233, rowHeight), plain.copy(0, 1, 233, rowHeight));
+        QVERIFY(chosen.copy(0, 1 + rowHeight, 233, rowHeight) !=
+                plain.copy(0, 1 + rowHeight, 233, rowHeight));
+        // Row 0 has no picture, row 1 the first one.
+        const QColor back(0x33, 0x39, 0x4A);
+        QVERIFY(inkOf(plain.copy(0, 1, 38, rowHeight - 1), back).isNull());
+        QVERIFY(!inkOf(plain.copy(0, 1 + rowHeight, 38, rowHeight - 1), back).isNull());
+    }
+    void pictures_are_numbered_from_one_and_others_are_none() {
+        QCOMPARE(icons->picture(1).deviceIndependentSize(), QSizeF(32, 32));
+        QCOMPARE(icons->picture(4).deviceIndependentSize(), QSizeF(32, 32));
+        QVERIFY(icons->picture(0).isNull());
+        QVERIFY(icons->picture(5).isNull());
+        QVERIFY(icons->picture(-1).isNull());
+    }
+};
+
+TORVANE_TEST(ListViewTest)
+#include "ListViewTest.moc"
