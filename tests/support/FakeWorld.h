@@ -1,80 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The world in place of the user, the desktop and the emulator: answers that a test has prepared, and a
-// record of what was asked. With a program folder of its own for the program under test.
+// The world around a program under test: a stand-in for everything outside, and a program folder.
 #pragma once
 
-#include "TestFolder.h"
-#include "platform/forms/Runtime.h"
-
-#include <functional>
+#include "FakeDesktop.h"
 
 namespace torvane {
 
-struct FakeMessages : MessageBoxes {
-    struct Box {
-        QString text;
-        int flags;
-        QString title;
-    };
-    QList<Box> boxes;
-    int answer = MsgBoxFlags::answerOk;
-
-    int MsgBox(const QString& text, int flags, const QString& title) override {
-        boxes.append({text, flags, title});
-        return answer;
-    }
-    QString last() const { return boxes.isEmpty() ? QString() : boxes.last().text; }
-};
-
-struct FakeDialogs : FileDialogs {
-    QList<FileQuestion> questions;
-    QString answer;
-
-    QString showOpen(const FileQuestion& question) override { return ask(question); }
-    QString showSave(const FileQuestion& question) override { return ask(question); }
-    QString showFolder(const FileQuestion& question) override { return ask(question); }
-
-private:
-    QString ask(const FileQuestion& question) {
-        questions.append(question);
-        return answer;
-    }
-};
-
-struct FakeBrowser : Browser {
-    QStringList urls;
-    bool open(const QString& url) override {
-        urls.append(url);
-        return true;
-    }
-};
-
-struct FakeProcesses : ProcessRunner {
-    struct Start {
-        QByteArray program;
-        QByteArrayList arguments;
-    };
-    QList<Start> starts;
-    std::function<void()> whileRunning = [] {};
-
-    bool isProgram(const QByteArray& path) override { return path.endsWith("mgba.sh"); }
-    void runAndWait(const QByteArray& program, const QByteArrayList& arguments) override {
-        starts.append({program, arguments});
-        whileRunning();
-    }
-};
-
-/// All of it together, on a program folder with the real language files and an empty library.
-struct FakeWorld {
-    TestFolder folder;
-    FakeMessages messages;
-    FakeDialogs dialogs;
-    FakeBrowser browser;
-    FakeProcesses processes;
-    Settings settings{folder.path(QStringLiteral("config"))};
-    int ends = 0;
-    Runtime runtime{messages, dialogs, browser, processes, settings, [this] { ++ends; }};
-
+/// A program folder with the real language files and an empty library, on a desktop of stand-ins.
+struct FakeWorld : FakeDesktop {
     FakeWorld() {
         folder.makeFolder(QStringLiteral("roms"));
         folder.makeFolder(QStringLiteral("data/lang"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The top-most band, as far as it can be seen without a window manager.
 #include "toolkit/Always_On_Top.h"
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
@@ -27,7 +27,7 @@ class Always_On_TopTest : public QObject {
 
 private slots:
     void false_puts_a_shown_window_on_top_and_true_takes_it_out() {
-        TestForm form;
+        PanelForm form;
         form.showAndWait();
         QVERIFY(!isTopMost(form));
         SetTopMost(form, false);
@@ -39,7 +39,7 @@ private slots:
     }
 
     void a_shown_window_is_never_hidden() {
-        TestForm form;
+        PanelForm form;
         form.showAndWait();
         HideCounter counter;
         form.installEventFilter(&counter);
@@ -50,7 +50,7 @@ private slots:
     }
 
     void the_window_lands_exactly_where_it_was() {
-        TestForm form;
+        PanelForm form;
         form.moveTo(123 * twipsPerPixel, 77 * twipsPerPixel);
         form.showAndWait();
         const QRect before = form.geometry();
@@ -60,7 +60,7 @@ private slots:
     }
 
     void other_flags_of_the_window_stay() {
-        TestForm form;
+        PanelForm form;
         const Qt::WindowFlags before = form.windowFlags();
         SetTopMost(form, false);
         SetTopMost(form, true);
@@ -68,7 +68,7 @@ private slots:
     }
 
     void a_window_on_top_before_its_first_show_is_shown_on_top() {
-        TestForm form;
+        PanelForm form;
         SetTopMost(form, false);
         QVERIFY(!form.isVisible());
         form.showAndWait();
@@ -76,7 +76,7 @@ private slots:
     }
 
     void a_window_without_a_place_is_not_given_one() {
-        TestForm form;
+        PanelForm form;
         SetTopMost(form, true);
         QVERIFY(!form.testAttribute(Qt::WA_Moved));
     }

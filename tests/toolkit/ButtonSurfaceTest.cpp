@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // When a skinned button paints, its outline on a window, and what shows through it.
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "support/TestMain.h"
 #include "toolkit/chameleonButton.h"
 
@@ -9,7 +9,7 @@ using namespace torvane;
 namespace {
 constexpr OleColour face = 0x644D4E;
 
-struct ButtonForm : TestForm {
+struct ButtonForm : PanelForm {
     chameleonButton button{
         *this,
         "chameleonButton1",
@@ -229,9 +229,9 @@ private slots:
         form.showAndWait();
         const QImage image = form.grab().toImage();
         for (const QPoint corner : {QPoint(20, 20), QPoint(119, 20), QPoint(20, 49), QPoint(119, 49)}) {
-            COMPARE_PIXEL(image, corner.x(), corner.y(), TestForm::back);
+            COMPARE_PIXEL(image, corner.x(), corner.y(), PanelForm::back);
         }
-        QVERIFY(colourAt(image, 21, 20) != TestForm::back);
+        QVERIFY(colourAt(image, 21, 20) != PanelForm::back);
     }
 
     void type_11_shows_what_lay_under_it() {
@@ -257,15 +257,15 @@ private slots:
     }
 
     void type_11_shows_controls_under_it_but_not_above_it() {
-        TestForm form;
+        PanelForm form;
         chameleonButton under(form, "under", {0, 0, 60, 60}, {.type = 10, .back = 0x0000FF});
         chameleonButton button(form, "button", {30, 30, 100, 30}, {.type = 10});
         chameleonButton above(form, "above", {100, 30, 60, 60}, {.type = 10, .back = 0x00FF00});
         button.setButtonType(11);
         const QImage image = button.grab().toImage();
         COMPARE_PIXEL(image, 2, 2, 0x0000FFU);
-        COMPARE_PIXEL(image, 40, 2, TestForm::back);
-        COMPARE_PIXEL(image, 90, 2, TestForm::back);
+        COMPARE_PIXEL(image, 40, 2, PanelForm::back);
+        COMPARE_PIXEL(image, 90, 2, PanelForm::back);
     }
 };
 

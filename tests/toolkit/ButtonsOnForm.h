@@ -2,7 +2,7 @@
 // Three skinned buttons on a shown window, and ways to send the first one the mouse.
 #pragma once
 
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "toolkit/chameleonButton.h"
 
 namespace torvane {
@@ -18,7 +18,7 @@ inline ButtonLook lookWith(const char* caption) {
     return {.type = 7, .back = back, .backOver = backOver, .fore = Colours::white, .caption = caption};
 }
 
-struct ButtonForm : TestForm {
+struct ButtonForm : PanelForm {
     chameleonButton first{*this, "first", {20, 20, 100, 30}, lookWith("&Uno")};
     chameleonButton second{*this, "second", {20, 60, 100, 30}, lookWith("&Dos")};
     chameleonButton third{*this, "third", {20, 100, 100, 30}, lookWith("Tres")};

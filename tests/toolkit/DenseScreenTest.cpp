@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The skinned button on a screen with two dots to the pixel: sharp lines and letters, the same places.
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "support/TestMain.h"
 #include "toolkit/chameleonButton.h"
 
@@ -38,7 +38,7 @@ public:
 
 private slots:
     void lines_are_two_dots_wide() {
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 100, 30}, {.type = 7, .back = face});
         const QImage image = pictureOf(button);
         QCOMPARE(image.size(), QSize(200, 60));
@@ -48,14 +48,14 @@ private slots:
     }
 
     void letters_are_drawn_in_single_dots() {
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 100, 30},
                                {.type = 7, .back = face, .caption = "Salir"});
         QVERIFY(hasFineDots(pictureOf(button)));
     }
 
     void dense_pictures_are_shown_dot_for_dot() {
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 100, 30},
                                {.type = 7, .back = face, .useGreyscale = false});
         QImage dense(32, 32, QImage::Format_RGB32);
@@ -81,7 +81,7 @@ private slots:
 
     void a_caption_that_fits_stays_on_one_line() {
         QFETCH(QString, caption);
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 204, 42},
                                {.type = 10, .back = face, .fore = Colours::white});
         button.setCaption(caption);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The program's own hands over buttons and links, with the program's pictures linked in.
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "art/ArtResources.h"
 #include "support/TestMain.h"
 #include "toolkit/InputWords.h"
@@ -47,7 +47,7 @@ private slots:
     }
 
     void hand_pointer_is_the_button_hand_and_its_mouse_icon() {
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 100, 30}, {});
         button.setHandPointer(true);
         const QImage glove = InputWords::handIcon(Hand::overButton, 1.0).toImage();
@@ -61,7 +61,7 @@ private slots:
     }
 
     void another_mouse_icon_takes_the_hands_place() {
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 100, 30}, {});
         button.setHandPointer(true);
         QPixmap icon(8, 8);
@@ -74,7 +74,7 @@ private slots:
     }
 
     void a_saved_hand_comes_back_with_its_hot_spot() {
-        TestForm form;
+        PanelForm form;
         chameleonButton button(form, "button", {20, 20, 100, 30}, {});
         button.setHandPointer(true);
         PropertyBag bag;
@@ -92,7 +92,7 @@ private slots:
     }
 
     void a_link_has_the_hand_of_the_links() {
-        TestForm form;
+        PanelForm form;
         vbwHyperlink link(form, "link", {20, 20, 45, 16}, {});
         QEnterEvent enter({3, 3}, {3, 3}, link.mapToGlobal(QPointF(3, 3)));
         QCoreApplication::sendEvent(&link, &enter);

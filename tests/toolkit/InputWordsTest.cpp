@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The numbers of mouse buttons, keys and pointers.
 #include "toolkit/InputWords.h"
+#include "WithoutPictures.h"
 #include "support/TestMain.h"
 
 #include <QKeyEvent>
@@ -12,6 +13,8 @@ class InputWordsTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { removePictures(); }
+
     void buttons_are_1_2_and_4() {
         QCOMPARE(InputWords::button(Qt::LeftButton), 1);
         QCOMPARE(InputWords::button(Qt::RightButton), 2);

@@ -2,7 +2,7 @@
 // A skinned button's paint for tests: a face of 20 x 20 pixels with custom colours, painted on an image.
 #pragma once
 
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "platform/forms/Fonts.h"
 #include "toolkit/ButtonPainter.h"
 #include "toolkit/TransparentBlit.h"

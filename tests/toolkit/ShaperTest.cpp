@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The outline that a window takes from its picture.
 #include "toolkit/Shaper.h"
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "support/TestMain.h"
 
 #include <QPainter>
@@ -94,20 +94,20 @@ private slots:
     void no_image_has_no_shape() { QVERIFY(shapeOf({}, end).isEmpty()); }
 
     void a_window_without_a_picture_keeps_its_rectangle() {
-        TestForm form;
+        PanelForm form;
         ShapeForm(form);
         QVERIFY(form.mask().isEmpty());
     }
 
     void a_window_takes_the_shape_of_its_picture() {
-        TestForm form;
+        PanelForm form;
         form.setPicture(boxPicture(Qt::green, Qt::blue));
         ShapeForm(form);
         QVERIFY(covers(form.mask(), QRegion(100, 100, 50, 40)));
     }
 
     void the_back_colour_beside_a_small_picture_ends_the_rows() {
-        TestForm form;
+        PanelForm form;
         QPixmap picture(60, 20);
         picture.fill(Qt::green);
         QPainter(&picture).fillRect(50, 0, 10, 20, Qt::blue);
@@ -117,8 +117,8 @@ private slots:
     }
 
     void a_system_back_colour_is_compared_after_translation() {
-        TestRuntime world;
-        Form form(world.doors,
+        FakeDesktop world;
+        Form form(world.runtime,
                   {.name = "F", .title = "", .clientSize = {4, 1}, .backColour = Colours::system(15)});
         QImage image = imageOf({".abc"});
         image.setPixel(2, 0, Colours::toQColor(Colours::system(15)).rgb());
@@ -128,7 +128,7 @@ private slots:
     }
 
     void a_window_without_a_visible_pixel_vanishes() {
-        TestForm form;
+        PanelForm form;
         form.setPicture(boxPicture(Qt::green, Qt::green));
         ShapeForm(form);
         QVERIFY(!form.mask().isEmpty()); // an empty mask would show the whole window
@@ -136,7 +136,7 @@ private slots:
     }
 
     void a_drag_without_a_mouse_button_leaves_the_window_alone() {
-        TestForm form;
+        PanelForm form;
         DragForm(form);
         form.showAndWait();
         const QPoint place = form.pos();

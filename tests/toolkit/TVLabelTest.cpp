@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The skinned label: two captions, hover at its free edge, saved state.
 #include "toolkit/TVLabel.h"
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "support/TestMain.h"
 
 #include <QPainter>
@@ -13,7 +13,7 @@ namespace {
 constexpr OleColour restingBack = 0x4A3933;
 constexpr OleColour hoverBack = 0xB09A93;
 
-struct LabelForm : TestForm {
+struct LabelForm : PanelForm {
     TVLabel label{*this, "TVLabel1", {10, 10, 203, 17}, {"Idioma", Fonts::M8}};
 
     QImage picture() { return label.grab().toImage(); }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The masked copy, pixel by pixel.
 #include "toolkit/TransparentBlit.h"
-#include "TestRuntime.h"
+#include "PanelForm.h"
 #include "support/TestMain.h"
 
 using namespace torvane;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The skinned button's properties and what they show.
 #include "toolkit/chameleonButton.h"
-#include "TestRuntime.h"
+#include "PanelForm.h"
+#include "WithoutPictures.h"
 #include "support/TestMain.h"
 
 #include <QHelpEvent>
@@ -13,7 +14,7 @@ namespace {
 constexpr OleColour face = 0x644D4E;
 constexpr OleColour highlight = 0x937C7D;
 
-struct ButtonForm : TestForm {
+struct ButtonForm : PanelForm {
     chameleonButton button{
         *this,
         "chameleonButton1",
@@ -34,6 +35,8 @@ class chameleonButtonTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { removePictures(); }
+
     void design_gives_what_every_button_of_the_program_has() {
         ButtonForm form;
         const chameleonButton& button = form.button;
@@ -52,7 +55,7 @@ private slots:
     }
 
     void fresh_button_has_its_name_as_caption_and_the_systems_colours() {
-        TestForm form;
+        PanelForm form;
         const chameleonButton button(form, "Command1");
         QCOMPARE(button.Caption(), QStringLiteral("Command1"));
         QCOMPARE(button.size(), QSize(320, 240));
@@ -265,7 +268,7 @@ private slots:
     void scheme_4_takes_the_windows_back_colour() {
         ButtonForm form;
         form.button.setColorScheme(4);
-        COMPARE_PIXEL(form.picture(), 2, 2, TestForm::back);
+        COMPARE_PIXEL(form.picture(), 2, 2, PanelForm::back);
     }
 
     void pointer_and_hand() {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The link label: jumps, events, hover, size and saved state.
 #include "toolkit/vbwHyperlink.h"
-#include "TestRuntime.h"
+#include "PanelForm.h"
+#include "WithoutPictures.h"
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
@@ -9,7 +10,7 @@
 using namespace torvane;
 
 namespace {
-struct LinkForm : TestForm {
+struct LinkForm : PanelForm {
     vbwHyperlink link{
         *this, "URL_Linker", {20, 20, 45, 16}, {.font = Fonts::T9u, .fore = Colours::system(7)}};
 
@@ -28,6 +29,8 @@ class vbwHyperlinkTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { removePictures(); }
+
     void user_click_hands_the_address_over_as_it_stands_data() {
         QTest::addColumn<QString>("url");
         for (const char* url : {"http://torvane.example/faq", "www.torvane.example/no scheme",

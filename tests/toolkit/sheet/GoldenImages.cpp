@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Painting and comparison of golden images.
 #include "GoldenImages.h"
-#include "../TestRuntime.h"
+#include "../PanelForm.h"
 #include "CellButton.h"
 
 #include <QFontDatabase>
@@ -10,7 +10,7 @@ namespace torvane {
 
 namespace {
 // A window for one button at a time. Something else has the focus while no button wants it.
-struct CellForm : TestForm {
+struct CellForm : PanelForm {
     QWidget resting{this};
 
     CellForm() {

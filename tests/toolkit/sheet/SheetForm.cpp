@@ -30,7 +30,8 @@ SheetPlan SheetPlan::of(const std::vector<SheetGroup>& groups) {
 }
 
 SheetForm::SheetForm(const SheetPlan& plan)
-    : Form(doors, {.name = "ButtonSheet", .title = "Buttons", .clientSize = plan.size, .backColour = back}),
+    : Form(FakeDesktop::runtime,
+           {.name = "ButtonSheet", .title = "Buttons", .clientSize = plan.size, .backColour = back}),
       m_plan(plan) {
     // The focus rests here at first, and not on the first button.
     setFocusPolicy(Qt::StrongFocus);

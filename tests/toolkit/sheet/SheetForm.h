@@ -3,7 +3,7 @@
 // until the mouse comes. Where it is shown or saved is the program's affair.
 #pragma once
 
-#include "../TestRuntime.h"
+#include "../PanelForm.h"
 #include "ButtonSheet.h"
 
 #include <memory>
@@ -18,7 +18,7 @@ struct SheetPlan {
     static SheetPlan of(const std::vector<SheetGroup>& groups);
 };
 
-class SheetForm : private TestRuntime, public Form {
+class SheetForm : private FakeDesktop, public Form {
 public:
     static constexpr OleColour back = 0x4A3933;
 

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// Stand-ins for the user, the desktop and the emulator: answers that a test has prepared, and a record of
+// what was asked.
+#pragma once
+
+#include "TestFolder.h"
+#include "platform/forms/Runtime.h"
+
+#include <functional>
+
+namespace torvane {
+
+struct FakeMessages : MessageBoxes {
+    struct Box {
+        QString text;
+        int flags;
+        QString title;
+    };
+    QList<Box> boxes;
+    int answer = MsgBoxFlags::answerOk;
+
+    int MsgBox(const QString& text, int flags, const QString& title) override {
+        boxes.append({text, flags, title});
+        return answer;
+    }
+    QString last() const { return boxes.isEmpty() ? QString() : boxes.last().text; }
+};
+
+struct FakeDialogs : FileDialogs {
+    QList<FileQuestion> questions;
+    QString answer;
+
+    QString showOpen(const FileQuestion& question) override { return ask(question); }
+    QString showSave(const FileQuestion& question) override { return ask(question); }
+    QString showFolder(const FileQuestion& question) override { return ask(question); }
+
+private:
+    QString ask(const FileQuestion& question) {
+        questions.append(question);
+        return answer;
+    }
+};
+
+struct FakeBrowser : Browser {
+    QStringList urls;
+    bool found = true;
+
+    bool open(const QString& url) override {
+        urls.append(url);
+        return found;
+    }
+};
+
+struct FakeProcesses : ProcessRunner {
+    struct Start {
+        QByteArray program;
+        QByteArrayList arguments;
+    };
+    QList<Start> starts;
+    std::function<void()> whileRunning = [] {};
+
+    bool isProgram(const QByteArray& path) override { return path.endsWith("mgba.sh"); }
+    void runAndWait(const QByteArray& program, const QByteArrayList& arguments) override {
+        starts.append({program, arguments});
+        whileRunning();
+    }
+};
+
+/// All of them together, with settings in a temporary folder.
+struct FakeDesktop {
+    TestFolder folder;
+    FakeMessages messages;
+    FakeDialogs dialogs;
+    FakeBrowser browser;
+    FakeProcesses processes;
+    Settings settings{folder.path(QStringLiteral("config"))};
+    int ends = 0;
+    Runtime runtime{messages, dialogs, browser, processes, settings, [this] { ++ends; }};
+};
+
+} // namespace torvane
