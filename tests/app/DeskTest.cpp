@@ -2,6 +2,7 @@
 // The ways between windows, and what other windows may ask of the main one.
 #include "support/Archive.h"
 #include "support/OpenedProgram.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -165,5 +166,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(DeskTest)
+TORVANE_TEST(DeskTest)
 #include "DeskTest.moc"

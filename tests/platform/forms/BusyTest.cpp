@@ -3,6 +3,7 @@
 #include "platform/forms/Busy.h"
 #include "support/FakeWorld.h"
 #include "support/TestForm.h"
+#include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -82,5 +83,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(BusyTest)
+TORVANE_TEST(BusyTest)
 #include "BusyTest.moc"
