@@ -6,6 +6,7 @@
 #include "core/Pieces.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
+#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeFailure.h"
 #include "platform/base/SafeFile.h"
 
@@ -69,7 +70,7 @@ void ID3::readTagged(const QString& path, qint64& length, GamePanel& panel) {
     if (isTooShort(length)) throw RuntimeFailure(RuntimeFailure::subscript);
     const QByteArray window = tailWindow(file, length);
     const TagLine::Fields tag = TagLine::fields(TagLine::tagPart(window));
-    const qint32 sizeKB = toSizeKB(TagLine::number(tag.size));
+    const qint32 sizeKB = toSizeKB(NumberText::toReal(tag.size));
     RomTag.Company = CodePage1252::fromBytes(tag.company);
     RomTag.Title = CodePage1252::fromBytes(tag.title);
     RomTag.Date = CodePage1252::fromBytes(tag.date);

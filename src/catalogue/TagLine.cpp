@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Cutting and building tag lines.
 #include "TagLine.h"
+#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeFailure.h"
 
 #include <QByteArrayList>
@@ -58,18 +59,10 @@ QByteArray storedSizeText(QByteArrayView tagPart) { return piece(piecesOf(tagPar
 
 QByteArrayView keptImage(QByteArrayView bytes) {
     const QByteArrayView tag = tagPart(bytes);
-    const double stored = std::nearbyint(number(storedSizeText(tag)));
+    const double stored = std::nearbyint(NumberText::toReal(storedSizeText(tag)));
     if (stored < 0) throw RuntimeFailure(RuntimeFailure::invalidCall);
     const QByteArrayView image = bytes.first(tag.data() - bytes.data() - marker.size());
     return stored >= static_cast<double>(image.size()) ? image : image.first(static_cast<qsizetype>(stored));
-}
-
-double number(const QByteArray& text) {
-    bool isNumber = false;
-    const double value = text.trimmed().toDouble(&isNumber);
-    // The toolkit's conversion also takes "inf" and "nan", which no size is.
-    if (!isNumber || !std::isfinite(value)) throw RuntimeFailure(RuntimeFailure::typeMismatch);
-    return value;
 }
 
 QByteArray build(const Fields& fields) {

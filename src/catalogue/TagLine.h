@@ -29,8 +29,6 @@ QByteArrayView tagPart(QByteArrayView bytes);
 Fields fields(QByteArrayView tagPart);
 /// The Size piece of a tag part alone, as it stands. Fails with "subscript".
 QByteArray storedSizeText(QByteArrayView tagPart);
-/// Text as a number, with blanks around it; fails with "type mismatch".
-double number(const QByteArray& text);
 /// The image that remains of a tagged file when its tag goes: what stands in front of the first marker, at
 /// most as many bytes as the tag's size says. Fails with "subscript" or "type mismatch" if there is no tag or
 /// none that can be understood, and with "invalid call" for a size below 0.

@@ -101,7 +101,7 @@ void MainFrm::setUpTray() {
         TrayIcon1.setPicture(m.globals.AppPath + QStringLiteral("\\data\\tray\\") + read("Icon", "0") +
                              QStringLiteral(".dat"));
     });
-    ignoring([&] { TrayIcon1.setShown(Settings::toNumber(read("Tray", "True")) != 0); });
+    ignoring([&] { TrayIcon1.setShown(Settings::toFlag(read("Tray", "True"))); });
 }
 
 // The setting is a name and a number behind a run of 100 blanks. It is cut at 500 blanks, which never

@@ -46,7 +46,7 @@ class Entry:
         def tell(key, truth):
             return self.value(key, truth, local)
 
-        name, extra = tell("name_bytes", self.name), tell("extra", b"")
+        name, extra, comment = tell("name_bytes", self.name), tell("extra", b""), tell("comment", b"")
         common = struct.pack(
             "<HHHHHIII", tell("needed", 20), tell("flags", 0), tell("method", self.method), 0, 0x21,
             tell("crc", zlib.crc32(self.data)), tell("packed_size", len(self.raw)), tell("size", len(self.data)))
@@ -54,8 +54,8 @@ class Entry:
             return b"PK\3\4" + common + struct.pack("<HH", len(name), len(extra)) + name + extra
         mode = tell("mode", 0)
         return (b"PK\1\2" + bytes([20, tell("system", UNIX if mode else DOS)]) + common + struct.pack(
-            "<HHHHHII", len(name), len(extra), 0, tell("disk", 0), 0, mode << 16 | tell("attributes", 0),
-            tell("offset", offset)) + name + extra)
+            "<HHHHHII", len(name), len(extra), len(comment), tell("disk", 0), 0, mode << 16 | tell("attributes", 0),
+            tell("offset", offset)) + name + extra + comment)
 
 
 def end(entries, size, offset, comment=b"", disk=0, comment_length=None):
@@ -104,6 +104,9 @@ def file(kind, permissions=0o644):
 GAME = Entry("game.gb", b"game")
 SOUND = archive(GAME)
 LONG = bytes(range(256)) * 2
+# A record that tells of a million entries, and a locator that leads to it in an archive that begins with it.
+MANY = end64(1_000_000, 1, 1, 0)[:56]
+LOCATOR = struct.pack("<4sIQI", b"PK\6\7", 0, 34, 1)
 ALL = {"game.gb": b"game"}
 E = Entry
 
@@ -139,7 +142,7 @@ LIST = [
     ("controls", "names hold control characters", archive(
         E("a\nb.gb"), E("a\tb.gb"), E("a\rb.gb"), E("\x7f.gb"), E("\x7fé", flags=UTF8), E("\x85é", flags=UTF8),
         E("\u2028.gb", flags=UTF8), GAME), ALL),
-    ("controls-utf8", "a name in UTF-8 holds an escape character", archive(E("\x1b[2Jé.gb", flags=UTF8), GAME), {}),
+    ("controls-utf8", "a name in UTF-8 holds an escape character", archive(E("\x1b[2Jé.gb", flags=UTF8), GAME), ALL),
     ("controls-cp437", "control characters are signs in the format's own code page", archive(E(b"\1\x1b.gb"), GAME),
      {**ALL, "☺←.gb": b"rom"}),
     ("zeros", "names hold zeros, which end them elsewhere", archive(
@@ -154,7 +157,18 @@ LIST = [
     ("utf8", "nothing: names in UTF-8", archive(E("ñandú.gb", flags=UTF8), E("日本🎮.gba", flags=UTF8)),
      {"ñandú.gb": b"rom", "日本🎮.gba": b"rom"}),
     ("utf8-unmarked", "names in UTF-8 that are not marked so", archive(E("Pokémon.gb")), {"Pokémon.gb": b"rom"}),
-    ("utf8-wrong", "a name is marked as UTF-8 and is none", archive(E(b"a\xff.gb", flags=UTF8), GAME), {}),
+    ("utf8-wrong", "a name is marked as UTF-8 and is none", archive(E(b"a\xff.gb", flags=UTF8), GAME), ALL),
+    ("utf8-wrong-names", "several names are marked as UTF-8 and are none", archive(
+        E(b"\xff", flags=UTF8), GAME, E(b"b\xc3.gb", flags=UTF8), E("é.gb", flags=UTF8), E(b"\xa4andu.gb"),
+        E(b"c\xed\xa0\x80", flags=UTF8), prefix=b"#!/bin/sh\n", comment=b"PK\5\6" * 9),
+     {**ALL, "é.gb": b"rom", "ñandu.gb": b"rom"}),
+    ("utf8-wrong-zip64", "a name is marked as UTF-8 and is none, and records are of 64 bits", archive(
+        E(b"a\xff.gb", flags=UTF8), GAME, zip64={}), ALL),
+    ("utf8-wrong-comment", "a comment is marked as UTF-8 and is none", archive(
+        E("é.gb", flags=UTF8, comment=b"\xff\1"), E("b\1.gb", flags=UTF8, comment=b"\xff"), GAME),
+     {**ALL, "é.gb": b"rom"}),
+    ("utf8-wrong-empty", "a name is empty and its comment is no UTF-8", archive(
+        E("", flags=UTF8, comment=b"\xff"), GAME), ALL),
     ("utf8-overlong", "a slash in a form that is no UTF-8", archive(E(b"..\xc0\xafout.gb"), GAME), ALL),
     ("unicode-path", "a second name leads out", archive(
         E("a.gb", extra=unicode_path("../out.gb", zlib.crc32(b"a.gb"))),
@@ -250,6 +264,13 @@ LIST = [
     ("zip64-minus", "its record of 64 bits lies before the beginning", archive(GAME, zip64={"record": 2**64 - 8}), {}),
     ("zip64-field", "a field of 64 bits is too short", archive(
         E("a.gb", size=0xFFFFFFFF, extra=struct.pack("<HHI", 1, 4, 3)), GAME), {}),
+    ("locator-data", "nothing: a game holds a locator, and another one the end of an archive too", archive(
+        E("a.gb", LOCATOR), E("b.gb", LOCATOR + end(1, 1, 1)), GAME),
+     {**ALL, "a.gb": LOCATOR, "b.gb": LOCATOR + end(1, 1, 1)}),
+    ("locators-data", "nothing: a game holds signs of locators and ends in one", archive(
+        GAME, E("a.gb", b"PK\6\7" * 99)), {**ALL, "a.gb": b"PK\6\7" * 99}),
+    ("locator-many", "nothing: a game tells of a million entries where no archive ends", archive(
+        E("a.gb", MANY), E("b.gb", LOCATOR), GAME), {**ALL, "a.gb": MANY, "b.gb": LOCATOR}),
     # The directory and its end.
     ("count-larger", "it tells of more entries than it has", archive(GAME, count=9), {}),
     ("count-smaller", "it tells of fewer entries than it has", archive(GAME, E("b.gb"), count=1), {}),

@@ -44,11 +44,10 @@ class ID3Fixture : public QObject {
 
 protected:
     TestFolder folder;
+    TestFolder languageFolder; // apart, so that games are alone in theirs
     FakeMessages messages;
     Globals globals;
-    LanguageTables language{globals, [](const QString& section, const QString& key, const QString&) {
-                                return section + QLatin1Char('/') + key;
-                            }};
+    LanguageTables language{globals};
     std::unique_ptr<ID3> id3;
     PanelRecord panel;
 
@@ -68,6 +67,8 @@ protected slots:
             std::filesystem::remove_all(left);
         }
         globals.AppPath = folder.path();
+        globals.LanguageFile =
+            languageFolder.write(QStringLiteral("lang.tvl"), "[globals]\r\nnodisp=globals/nodisp\r\n");
         id3 = std::make_unique<ID3>(globals, language, messages);
         panel = {};
         messages.boxes.clear();

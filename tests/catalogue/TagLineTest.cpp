@@ -163,44 +163,6 @@ private slots:
         QCOMPARE(failureOf([&] { (void)TagLine::fields(tag); }), number(RuntimeFailure::subscript));
         QCOMPARE(failureOf([&] { (void)TagLine::storedSizeText(tag); }), number(RuntimeFailure::subscript));
     }
-    void a_text_is_a_number_data() {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<double>("value");
-        const auto row = [](const char* text, double value) {
-            QTest::newRow(text) << QByteArray(text) << value;
-        };
-        row("0", 0);
-        row("3000", 3000);
-        row("0003000", 3000);
-        row(" 3000 ", 3000);
-        row("3000\r\n", 3000);
-        row("\t7", 7);
-        row("-5", -5);
-        row("+5", 5);
-        row("1.5", 1.5);
-        row("1e3", 1000);
-        row("99999999999999", 99999999999999.0);
-    }
-    void a_text_is_a_number() {
-        QFETCH(QByteArray, text);
-        QFETCH(double, value);
-        QCOMPARE(TagLine::number(text), value);
-    }
-    void other_texts_are_no_numbers_data() {
-        QTest::addColumn<QByteArray>("text");
-        for (const char* text : {"", " ", "abc", "12x", "x12", "1 2", "inf", "-inf", "nan", "0x10", "1e999",
-                                 "--1", "1,5", "\xB2", "%d"})
-            QTest::newRow(text) << QByteArray(text);
-        QTest::newRow("zero byte behind") << QByteArray("12\0", 3);
-        QTest::newRow("zero byte inside") << QByteArray("1\0"
-                                                        "2",
-                                                        3);
-        QTest::newRow("ten thousand letters") << QByteArray(10000, 'x');
-    }
-    void other_texts_are_no_numbers() {
-        QFETCH(QByteArray, text);
-        QCOMPARE(failureOf([&] { (void)TagLine::number(text); }), number(RuntimeFailure::typeMismatch));
-    }
     void a_built_line_gives_its_fields_back() {
         std::srand(41);
         for (int round = 0; round < 2000; ++round) {

@@ -24,9 +24,7 @@ class FuncionesTest : public QObject {
     std::unique_ptr<TestFolder> folder;
     std::unique_ptr<TestFolder> configuration;
     Globals globals;
-    LanguageTables language{globals, [](const QString& section, const QString& key, const QString&) {
-                                return section + QLatin1Char('/') + key + QLatin1Char(' ');
-                            }};
+    LanguageTables language{globals};
     Hosts hosts{globals};
     FakeMessages messages;
     FakeDialogs dialogs;
@@ -58,6 +56,8 @@ private slots:
         globals.AppPath = folder->path(QStringLiteral("program"));
         // Beside the games of these tests, so that they are alone in their folder.
         configuration = std::make_unique<TestFolder>();
+        globals.LanguageFile =
+            configuration->write(QStringLiteral("lang.tvl"), "[MainMenu]\r\ncopyrom=Copy \xBB\r\n");
         settings = std::make_unique<Settings>(configuration->path());
         funciones = std::make_unique<Funciones>(
             Funciones::Parts{globals, language, hosts, messages, dialogs, *settings}, mainWindow);
@@ -70,7 +70,7 @@ private slots:
         funciones->CopyRom(game("Two words.gba"), QStringLiteral("Two words.gba"));
         QCOMPARE(dialogs.questions.size(), 1);
         const FileQuestion question = dialogs.questions.first();
-        QCOMPARE(question.title, QStringLiteral("MainMenu/copyrom Two words.gba"));
+        QCOMPARE(question.title, QStringLiteral("Copy »Two words.gba"));
         QCOMPARE(question.filter, gameFileFilter);
         QCOMPARE(question.filterIndex, 2);
         QCOMPARE(question.fileName, QStringLiteral("Two words.gba"));
@@ -140,8 +140,7 @@ private slots:
         struct stat info {};
         QCOMPARE(stat(folder->native("out/" + name).constData(), &info), 0);
         QCOMPARE(info.st_size, 3);
-        QCOMPARE(dialogs.questions.first().title,
-                 QStringLiteral("MainMenu/copyrom ") + NativeText::fromNative(name));
+        QCOMPARE(dialogs.questions.first().title, QStringLiteral("Copy »") + NativeText::fromNative(name));
     }
     void a_copy_that_ends_well_leaves_nothing_to_remember_and_one_that_fails_its_folder() {
         dialogs.answer = folder->path(QStringLiteral("copy.gb"));

@@ -98,14 +98,19 @@ void checkLine(const QByteArray& line) {
 }
 
 void checkNumber(const QString& text) {
-    std::optional<double> expected = reference::numberIn(text.trimmed().toStdString());
-    if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0) expected = -1;
-    if (text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0) expected = 0;
+    std::optional<double> expected = reference::numberIn(text.toStdString());
     if (expected) expected = reference::halfToEven(*expected);
     if (expected && (*expected < INT_MIN || *expected > INT_MAX)) expected.reset();
     std::optional<double> number;
     ignoring([&] { number = Settings::toNumber(text); });
     require(number == expected, "a number is read as such");
+    std::optional<bool> flag;
+    ignoring([&] { flag = Settings::toFlag(text); });
+    std::optional<bool> expectedFlag;
+    if (expected) expectedFlag = *expected != 0;
+    const std::string word = lowerCase(text.toStdString());
+    if (word == "true" || word == "false") expectedFlag = word == "true";
+    require(flag == expectedFlag, "a flag is a word or a number");
 }
 
 // A name leads to a file of that name in a folder of that name, and nowhere else.

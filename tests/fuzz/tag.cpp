@@ -5,6 +5,7 @@
 #include "catalogue/ID3.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
+#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeFailure.h"
 #include "support/TagReference.h"
 
@@ -74,7 +75,7 @@ void checkPieces(const QByteArray& bytes) {
     });
     require(isRead == expected.has_value(), "a whole tag is read");
     std::optional<double> number;
-    ignoring([&] { number = TagLine::number(bytes); });
+    ignoring([&] { number = NumberText::toReal(bytes); });
     require(number == reference::numberIn(all), "a decimal number is one");
 }
 

@@ -17,15 +17,20 @@ struct FileCloser {
 
 Archive::Archive(const QString& path, qint64 mostEntries, Pulse& pulse)
     : m_bytes(path, mostEntries, pulse), m_zip(nullptr, zip_discard), m_block(blockSize, Qt::Uninitialized) {
+    const bool isOpen = open() || (m_bytes.patchDirectory() && open());
+    if (!isOpen || count() > mostEntries) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    m_bytes.directoryIsRead();
+}
+
+bool Archive::open() {
     zip_source_t* const source = m_bytes.source();
     if (source == nullptr) throw RuntimeFailure(RuntimeFailure::outOfMemory);
-    zip_error_t reason; // is not told to anybody, but libzip looks at it
+    zip_error_t reason; // nobody is shown it, but libzip writes it
     zip_error_init(&reason);
     m_zip.reset(zip_open_from_source(source, ZIP_RDONLY, &reason));
     zip_error_fini(&reason);
     if (!m_zip) zip_source_free(source);
-    if (!m_zip || count() > mostEntries) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    m_bytes.directoryIsRead();
+    return m_zip != nullptr;
 }
 
 qint64 Archive::count() const { return zip_get_num_entries(m_zip.get(), 0); }

@@ -30,6 +30,8 @@ public:
     bool read(qint64 index, const std::function<bool(QByteArrayView)>& take);
 
 private:
+    bool open();
+
     ArchiveBytes m_bytes;
     std::unique_ptr<zip_t, void (*)(zip_t*)> m_zip;
     QByteArray m_block;

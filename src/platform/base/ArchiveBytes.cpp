@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Answers to libzip (see zip_source_function(3)). No exception may cross its frames.
 #include "ArchiveBytes.h"
+#include "ArchiveEnds.h"
 
-#include <QtEndian>
 #include <algorithm>
 
 namespace torvane {
@@ -14,38 +14,28 @@ constexpr qint64 blockSize = 1 << 16;
 constexpr qint64 bytesPerEntry = 512;
 constexpr qint64 bytesForSearch = 1 << 20;
 
-// The records of ZIP64 (PKWARE's APPNOTE.TXT, 4.3.14 and 4.3.15).
-constexpr char locatorSign[] = "PK\6\7";
-constexpr qsizetype locatorOffset = 8;
-constexpr qsizetype locatorSize = 20;
-constexpr qsizetype recordEntries = 32;
-constexpr qsizetype recordSize = 56;
-// The end of the directory with the longest comment, and the locator in front.
-constexpr qint64 tailSize = locatorSize + 22 + 65535;
-
-quint64 numberAt(const QByteArray& bytes, qsizetype at) {
-    return qFromLittleEndian<quint64>(bytes.constData() + at);
-}
+qint64 bytesOfDirectory(qint64 entries) { return bytesForSearch + bytesPerEntry * entries; }
 } // namespace
 
 ArchiveBytes::ArchiveBytes(const QString& path, qint64 mostEntries, Pulse& pulse)
-    : m_pulse(pulse), m_file(path), m_length(m_file.length()),
-      m_bytesLeft(bytesForSearch + bytesPerEntry * mostEntries) {
+    : m_pulse(pulse), m_file(path), m_length(m_file.length()), m_mostEntries(mostEntries),
+      m_bytesLeft(bytesOfDirectory(mostEntries)) {
     zip_error_init(&m_error);
-    if (tellsOfMore(static_cast<quint64>(mostEntries))) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    if (tellsOfMore(mostEntries)) throw RuntimeFailure(RuntimeFailure::outOfMemory);
 }
 
-// libzip makes room for as many entries as such a record tells of, before it has read any.
-bool ArchiveBytes::tellsOfMore(quint64 mostEntries) const {
-    const QByteArray tail = m_file.readAt(std::max<qint64>(0, m_length - tailSize), tailSize);
-    for (qsizetype at = tail.indexOf(locatorSign); at >= 0; at = tail.indexOf(locatorSign, at + 1)) {
-        if (at + locatorSize > tail.size()) return false;
-        const quint64 offset = numberAt(tail, at + locatorOffset);
-        if (offset > static_cast<quint64>(m_length)) continue;
-        const QByteArray record = m_file.readAt(static_cast<qint64>(offset), recordSize);
-        if (record.size() == recordSize && numberAt(record, recordEntries) > mostEntries) return true;
-    }
-    return false;
+// libzip makes room for as many entries as a record of ZIP64 tells of, before it has read any.
+bool ArchiveBytes::tellsOfMore(qint64 mostEntries) const {
+    const std::vector<ArchiveEnd> ends = archiveEnds(m_file);
+    return std::any_of(ends.begin(), ends.end(), [&](const ArchiveEnd& end) {
+        return end.hasRecord && end.entries > static_cast<quint64>(mostEntries);
+    });
+}
+
+bool ArchiveBytes::patchDirectory() {
+    ignoring([this] { m_patches = directoryPatches(m_file, m_mostEntries, m_pulse); });
+    m_bytesLeft = bytesOfDirectory(m_mostEntries);
+    return !m_patches.empty();
 }
 
 zip_source_t* ArchiveBytes::source() { return zip_source_function_create(answer, this, nullptr); }
@@ -95,8 +85,15 @@ zip_int64_t ArchiveBytes::read(char* data, zip_uint64_t length) {
         m_bytesLeft -= count;
     }
     std::copy_n(bytes.begin(), count, data);
+    if (m_bytesLeft >= 0) patch(data, count);
     m_position += count;
     return count;
+}
+
+void ArchiveBytes::patch(char* data, qint64 count) const {
+    const auto end = m_patches.lower_bound(m_position + count);
+    for (auto it = m_patches.lower_bound(m_position); it != end; ++it)
+        data[it->first - m_position] = it->second;
 }
 
 // Entries that are read in their order, headers among them, come out of one block after the other.

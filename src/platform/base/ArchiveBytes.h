@@ -3,8 +3,7 @@
 // go on, and nothing is read of an archive whose directory would fill the memory.
 #pragma once
 
-#include "File.h"
-#include "Pulse.h"
+#include "DirectoryPatches.h"
 
 #include <zip.h>
 
@@ -20,7 +19,10 @@ public:
 
     /// What libzip reads from; valid as long as this object. Null if there is no memory for it.
     zip_source_t* source();
-    /// The directory has been read: from now on there is no limit.
+    /// For a second try to read the directory: true if there are entries in it without which libzip may open
+    /// the archive (see DirectoryPatches). From now on it reads as if they were left out.
+    bool patchDirectory();
+    /// The directory has been read: from now on there is no limit, and all bytes are as they are.
     void directoryIsRead() { m_bytesLeft = -1; }
 
 private:
@@ -29,11 +31,14 @@ private:
     zip_int64_t read(char* data, zip_uint64_t length);
     QByteArrayView bytesHere();
     zip_int64_t fail(int error);
-    bool tellsOfMore(quint64 mostEntries) const;
+    bool tellsOfMore(qint64 mostEntries) const;
+    void patch(char* data, qint64 count) const;
 
     Pulse& m_pulse;
     File m_file;
     qint64 m_length;
+    qint64 m_mostEntries;
+    DirectoryPatches m_patches;
     qint64 m_bytesLeft; // to be read before the directory is whole; negative if there is no limit
     qint64 m_position = 0;
     QByteArray m_block;

@@ -4,12 +4,9 @@
 #include "Folder.h"
 #include "IniFile.h"
 #include "NativeText.h"
+#include "NumberText.h"
 #include "Paths.h"
-#include "RuntimeFailure.h"
 #include "SettingLine.h"
-
-#include <cmath>
-#include <limits>
 
 namespace torvane {
 
@@ -39,17 +36,13 @@ void Settings::SaveSetting(const QString& application, const QString& section, c
     IniFile::setValue(file, section.toUtf8(), key.toUtf8(), SettingLine::of(value));
 }
 
-int Settings::toNumber(const QString& text) {
-    if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0) return -1;
-    if (text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0) return 0;
-    bool isNumber = false;
-    const double value = text.trimmed().toDouble(&isNumber);
-    // The toolkit's conversion also takes "inf" and "nan", which no setting is.
-    if (!isNumber || !std::isfinite(value)) throw RuntimeFailure(RuntimeFailure::typeMismatch);
-    const double rounded = std::nearbyint(value);
-    using Limits = std::numeric_limits<int>;
-    if (rounded < Limits::min() || rounded > Limits::max()) throw RuntimeFailure(RuntimeFailure::overflow);
-    return static_cast<int>(rounded);
+int Settings::toNumber(const QString& text) { return NumberText::toInteger(text.toUtf8()); }
+
+bool Settings::toFlag(const QString& text) {
+    const auto is = [&](const char* word) {
+        return text.compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
+    };
+    return is("true") || (!is("false") && toNumber(text) != 0);
 }
 
 } // namespace torvane

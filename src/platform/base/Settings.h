@@ -23,8 +23,11 @@ public:
     QString fileOf(const QString& application) const;
 
     /// A stored text as a number, rounded to nearest with half to even; fails with a type mismatch if it
-    /// is none and with an overflow if it is outside of 32 bits. "True" and "False" are -1 and 0.
+    /// is none and with an overflow if it is outside of 32 bits.
     static int toNumber(const QString& text);
+    /// A stored text as a flag: "True" and "False" in any case, or a number, of which 0 alone is false. Fails
+    /// as toNumber does.
+    static bool toFlag(const QString& text);
 
 private:
     QString m_folder;

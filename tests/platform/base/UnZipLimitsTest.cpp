@@ -96,6 +96,34 @@ private slots:
         QCOMPARE(opening("zip64-place.zip", 1), nothing); // libzip will tell
         QCOMPARE(opening("sound.zip", 1), nothing);
     }
+    void names_that_are_no_utf8_among_thousands_lose_themselves_alone() {
+        QList<ArchiveEntry> entries;
+        for (int i = 0; i < 3000; ++i) {
+            entries.append(ArchiveEntry{"\xC3\xA9/" + QByteArray::number(i) + ".gb", "", ZIP_CM_STORE});
+        }
+        for (const char* name : {"\xC3\xB1 first.gb", "\xC3\xB1 last.gb"}) {
+            entries.insert(entries.size() - 1, ArchiveEntry{name, "gone"});
+        }
+        entries.append(ArchiveEntry{"game.gb", "game"});
+        makeArchive("a.zip", entries);
+        QByteArray bytes = read("a.zip");
+        bytes.replace("\xC3\xB1", "\xC3 ");
+        extract(write("a.zip", bytes), {.entries = 3003});
+        QCOMPARE(targetTree(), files({{"game.gb", "game"}}));
+    }
+    void a_directory_is_walked_through_as_far_as_entries_and_pulse_allow() {
+        makeArchive("a.zip", {{"game.gb", "game"}, {"\xC3\xB1.gb", "gone"}});
+        QByteArray bytes = read("a.zip");
+        bytes.replace("\xC3\xB1", "\xC3 ");
+        const File archive(write("a.zip", bytes));
+        Pulse pulse({});
+        QCOMPARE(directoryPatches(archive, 1, pulse).size(), size_t(0));
+        QCOMPARE(directoryPatches(archive, 2, pulse).size(), size_t(2));
+        Pulse ended([] { return false; });
+        while (ended.shouldContinue()) {
+        }
+        QCOMPARE(directoryPatches(archive, 2, ended).size(), size_t(0));
+    }
     void the_largest_directory_of_ordinary_names_is_read() {
         QList<ArchiveEntry> entries;
         for (int i = 0; i < 3000; ++i) {

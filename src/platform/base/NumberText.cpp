@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Reading numbers from text.
+#include "NumberText.h"
+#include "RuntimeFailure.h"
+
+#include <cmath>
+#include <limits>
+
+namespace torvane::NumberText {
+
+double toReal(const QByteArray& text) {
+    bool isNumber = false;
+    const double value = text.trimmed().toDouble(&isNumber);
+    // Qt also takes "inf" and "nan", which no size and no setting is.
+    if (!isNumber || !std::isfinite(value)) throw RuntimeFailure(RuntimeFailure::typeMismatch);
+    return value;
+}
+
+int toInteger(const QByteArray& text) {
+    using Limits = std::numeric_limits<int>;
+    const double rounded = std::nearbyint(toReal(text));
+    if (rounded < Limits::min() || rounded > Limits::max()) throw RuntimeFailure(RuntimeFailure::overflow);
+    return static_cast<int>(rounded);
+}
+
+} // namespace torvane::NumberText
