@@ -3,6 +3,7 @@
 #include "core/SettingValues.h"
 #include "core/Globals.h"
 #include "support/FileFixture.h"
+#include "support/TestMain.h"
 
 using namespace torvane;
 
@@ -94,5 +95,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(SettingValuesTest)
+TORVANE_APPLESS_TEST(SettingValuesTest)
 #include "SettingValuesTest.moc"

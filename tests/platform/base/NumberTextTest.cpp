@@ -2,8 +2,8 @@
 // Numbers in texts: what is one, what is none, and how they are rounded.
 #include "platform/base/NumberText.h"
 #include "support/Failing.h"
+#include "support/TestMain.h"
 
-#include <QtTest>
 #include <limits>
 
 using namespace torvane;
@@ -82,5 +82,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(NumberTextTest)
+TORVANE_APPLESS_TEST(NumberTextTest)
 #include "NumberTextTest.moc"
