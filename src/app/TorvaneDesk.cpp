@@ -3,6 +3,7 @@
 #include "TorvaneDesk.h"
 #include "Program.h"
 #include "core/LanguageChoice.h"
+#include "core/SettingValues.h"
 
 #include <algorithm>
 
@@ -104,7 +105,7 @@ void TorvaneDesk::startApplication() {
     pumpEvents();
     globals.LanguageName =
         m_program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname"));
-    if (numberSetting("Intro", "1") != 0) {
+    if (NumberSetting(m_program.runtime.settings, "Intro", 1).value() != 0) {
         if (Form* intro = m_program.windows.load(Window::Splash)) intro->Show();
         return;
     }
@@ -131,13 +132,8 @@ void TorvaneDesk::selectFirstGame() {
 }
 
 Window TorvaneDesk::firstWindow() const {
-    const bool compact = numberSetting("Start", "0") == 1;
+    const bool compact = NumberSetting(m_program.runtime.settings, "Start", 0).value() == 1;
     return compact && exists(Window::Torvette) ? Window::Torvette : Window::MainFrm;
-}
-
-int TorvaneDesk::numberSetting(const char* key, const char* absent) const {
-    return Settings::toNumber(m_program.runtime.settings.GetSetting(
-        Config::application, Config::section, QString::fromLatin1(key), QString::fromLatin1(absent)));
 }
 
 void TorvaneDesk::endProgram() { m_program.runtime.end(); }

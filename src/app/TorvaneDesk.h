@@ -34,7 +34,6 @@ private:
     void selectFirstGame();
     /// The window that the user's setting wants first.
     Window firstWindow() const;
-    int numberSetting(const char* key, const char* absent) const;
 
     Program& m_program;
     std::array<const Way*, windowCount> m_cameBy = {}; // the way by which each window was last opened

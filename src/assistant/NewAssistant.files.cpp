@@ -3,6 +3,8 @@
 #include "NewAssistant.h"
 #include "platform/base/Paths.h"
 
+#include <algorithm>
+
 namespace torvane {
 
 namespace {
@@ -112,19 +114,40 @@ void NewAssistant::File1_Click() {
 
 void NewAssistant::ChameleonButton5_Click() {
     if (m_copying.isOn()) return;
-    const char* told = "f9";
+    const char* said = "f9";
     if (FromFolder == 1) {
-        const bool isAnyGone = m_adding.deleteSources() > 0 || File1.ListCount() == 0;
+        const Deletion deletion = m_adding.deleteSources();
         File1.Refresh();
         pumpEvents();
-        told = isAnyGone ? "f10" : "f11";
+        if (!isUnloaded() && !deletion.kept.empty()) showKept(deletion.kept);
+        said = deletion.kept.empty() ? "f10" : deletion.gone > 0 ? "f15" : "f11";
     } else if (!m_adding.deleteSource(FilePath.Text())) {
-        told = "f11";
+        said = "f11";
     }
     if (isUnloaded()) return;
-    ShowDialog(text(told));
+    ShowDialog(text(said, text("f11")));
     finishPages();
     takeWaiting();
+}
+
+// Names the originals that are still there: their user may think that they are gone.
+void NewAssistant::showKept(const std::vector<KeptSource>& kept) {
+    constexpr size_t mostLines = 15;
+    QStringList lines{text("kept", QStringLiteral("These originals are still there:"))};
+    for (size_t i = 0; i < std::min(kept.size(), mostLines); ++i) {
+        lines.append(Paths::bareName(kept[i].path) + QStringLiteral(": ") + reasonOf(kept[i]));
+    }
+    if (kept.size() > mostLines) lines.append(QStringLiteral("... +%1").arg(kept.size() - mostLines));
+    m.runtime.messages.MsgBox(lines.join(QStringLiteral("\r\n")), MsgBoxFlags::exclamation);
+}
+
+QString NewAssistant::reasonOf(const KeptSource& kept) const {
+    switch (kept.reason) {
+    case KeptSource::isInLibrary: return text("keptsame", QStringLiteral("it is the library's own file"));
+    case KeptSource::hasChanged: return text("keptchanged", QStringLiteral("it has changed since the copy"));
+    case KeptSource::failed: break;
+    }
+    return RuntimeFailure(kept.failure).text();
 }
 
 void NewAssistant::ChameleonButton6_Click() {

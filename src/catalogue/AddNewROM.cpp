@@ -26,12 +26,15 @@ QString folderInFront(const QString& path, const QString& mark) {
 }
 
 void AddNewROM::begin(std::function<void()> serve) {
-    m_copies = std::make_unique<FileCopies>(m_globals.AppPath + QStringLiteral("\\roms"), std::move(serve));
+    m_inLibrary.clear();
+    m_copies = std::make_unique<FileCopies>(m_globals.libraryFolder(), std::move(serve));
 }
 
 bool AddNewROM::AddRomToLibrary(const QString& source, const QString& name) {
     try {
-        return m_copies->add(source, name);
+        const bool isOther = m_copies->add(source, name);
+        if (!isOther) m_inLibrary.append(source);
+        return isOther;
     } catch (const RuntimeFailure&) {
         ignoring([this] { finish(); });
         throw;
@@ -40,15 +43,25 @@ bool AddNewROM::AddRomToLibrary(const QString& source, const QString& name) {
 
 void AddNewROM::finish() { m_copies->finish(); }
 
-int AddNewROM::deleteSources() {
-    int count = 0;
-    if (!m_copies) return count;
+Deletion AddNewROM::deleteSources() {
+    Deletion deletion;
+    if (!m_copies) return deletion;
+    for (const QString& path : m_inLibrary) deletion.kept.push_back({path, KeptSource::isInLibrary});
     for (const CopyRecord& record : m_copies->records()) {
-        if (!record.coversSource()) continue;
-        File::remove(Paths::spelled(record.source));
-        ++count;
+        const QString path = Paths::spelled(record.source);
+        if (!File::exists(path)) continue;
+        if (!record.coversSource()) {
+            deletion.kept.push_back({path, KeptSource::hasChanged});
+            continue;
+        }
+        try {
+            File::remove(path);
+            ++deletion.gone;
+        } catch (const RuntimeFailure& failure) {
+            deletion.kept.push_back({path, KeptSource::failed, failure.number()});
+        }
     }
-    return count;
+    return deletion;
 }
 
 bool AddNewROM::deleteSource(const QString& path) {

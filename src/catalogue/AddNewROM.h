@@ -5,6 +5,9 @@
 
 #include "core/Globals.h"
 #include "platform/base/FileCopies.h"
+#include "platform/base/RuntimeFailure.h"
+
+#include <QStringList>
 
 namespace torvane {
 
@@ -15,6 +18,25 @@ void SetFileAttributes(const QString& path);
 /// The folder in front of a mark in a path: the piece before the first occurrence, also where the folder's
 /// own name holds the mark. The whole path if the mark is empty or does not occur.
 QString folderInFront(const QString& path, const QString& mark);
+
+/// An original that is still there, and why.
+struct KeptSource {
+    enum Reason {
+        isInLibrary, ///< it is the game of the library itself
+        hasChanged,  ///< it, or its copy, is no longer as it was when it was copied
+        failed       ///< the system refused the deletion
+    };
+
+    QString path; ///< spelled
+    Reason reason = failed;
+    RuntimeFailure::Number failure = RuntimeFailure::none; ///< of a refused deletion
+};
+
+/// What became of the originals.
+struct Deletion {
+    int gone = 0;
+    std::vector<KeptSource> kept;
+};
 
 class AddNewROM {
 public:
@@ -30,9 +52,9 @@ public:
     /// Puts all copies in place; all that is written reaches the disk.
     void finish();
 
-    /// Deletes the files that the import has copied. What is no longer as it was when it was copied, or whose
-    /// copy does not stand whole on the disk, stays. Gives how many are gone. Fails if one can't be deleted.
-    int deleteSources();
+    /// Deletes the files that the import has copied, as far as nothing is lost by it. Never fails: what can't
+    /// be deleted stays like the others that do.
+    Deletion deleteSources();
     /// Deletes a file of the user's after a single import: the one that was copied, or another one that he
     /// has named. Nothing is deleted, and the answer is false, if there is no whole copy, if the path is the
     /// copy's own, or if the source has changed since. Fails if it can't be deleted.
@@ -41,6 +63,7 @@ public:
 private:
     const Globals& m_globals;
     std::unique_ptr<FileCopies> m_copies;
+    QStringList m_inLibrary; // sources that are games of the library themselves
 };
 
 } // namespace torvane

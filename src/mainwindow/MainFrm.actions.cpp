@@ -4,6 +4,7 @@
 #include "catalogue/TagInput.h"
 #include "core/Desk.h"
 #include "core/Funciones.h"
+#include "core/SettingValues.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
 #include "platform/base/File.h"
@@ -63,8 +64,8 @@ void MainFrm::saveTag() {
     m.id3.NewInfo = info;
     m.id3.SaveRomTag(Games.filePath(), pumpEvents);
     m.runtime.messages.MsgBox(QStringLiteral("TAG Completado"));
-    // The other face shall not go on showing what the file no longer says. The fields keep what was saved also
-    // where the reader does not find it: in small files, and at the end of long lines.
+    // The other face shall not go on showing what the file no longer says. The fields keep what was saved
+    // also where the reader does not find it: in small files, and at the end of long lines.
     Games_Click();
     EditID3Title.setText(title);
     EditID3Company.setText(company);
@@ -109,10 +110,8 @@ void MainFrm::deleteGame() {
 }
 
 void MainFrm::Label15_Click() {
-    const LaunchWay way = ShellAndClose::launchWay(Games.FileName(), [this] {
-        return Settings::toNumber(m.runtime.settings.GetSetting(Config::application, QStringLiteral("config"),
-                                                                QStringLiteral("zip"), QStringLiteral("0")));
-    });
+    const LaunchWay way = ShellAndClose::launchWay(
+        Games.FileName(), [this] { return NumberSetting(m.runtime.settings, "zip", 0).value(); });
     switch (way) {
     case LaunchWay::nothing: break;
     case LaunchWay::zipViewer: Zipper_Click(); break;

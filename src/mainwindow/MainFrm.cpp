@@ -5,6 +5,7 @@
 #include "core/Desk.h"
 #include "core/Hosts.h"
 #include "core/Pieces.h"
+#include "core/SettingValues.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "platform/base/File.h"
 
@@ -92,24 +93,21 @@ void MainFrm::setActionCaptions() {
 }
 
 void MainFrm::setUpTray() {
-    const Settings& settings = m.runtime.settings;
-    const auto read = [&](const char* key, const char* absent) {
-        return settings.GetSetting(Config::application, Config::section, QString::fromLatin1(key),
-                                   QString::fromLatin1(absent));
-    };
+    Settings& settings = m.runtime.settings;
     ignoring([&] {
-        TrayIcon1.setPicture(m.globals.AppPath + QStringLiteral("\\data\\tray\\") + read("Icon", "0") +
+        const QString number = TextSetting(settings, "Icon", QStringLiteral("0")).value();
+        TrayIcon1.setPicture(m.globals.AppPath + QStringLiteral("\\data\\tray\\") + number +
                              QStringLiteral(".dat"));
     });
-    ignoring([&] { TrayIcon1.setShown(Settings::toFlag(read("Tray", "True"))); });
+    ignoring([&] { TrayIcon1.setShown(FlagSetting(settings, "Tray", true).value()); });
 }
 
-// The setting is a name and a number behind a run of 100 blanks. It is cut at 500 blanks, which never
-// splits it, so that its second piece does not exist and the setting has no effect.
+// Has no effect; kept because the setting exists: a name and a number after a run of 100 blanks, which is cut
+// at 500 blanks, so that there is no second piece.
 void MainFrm::readEmulatorSetting() {
     const QString absent =
         QStringLiteral("VisualBoy Advance 1.0a") + QString(100, QLatin1Char(' ')) + QLatin1Char('0');
-    m.runtime.settings.GetSetting(Config::application, Config::section, QStringLiteral("Emulador"), absent);
+    TextSetting(m.runtime.settings, "Emulador", absent).value();
 }
 
 void MainFrm::GetGameList(const QString& folder, const QString&) {

@@ -144,6 +144,47 @@ private slots:
         QCOMPARE(opened->typed(), opened->said("f9"));
     }
 
+    void originals_that_stayed_are_named_with_the_reason() {
+        originals(3);
+        opened->openAssistant();
+        opened->copyFolder(opened->from());
+        opened->original(u"g0001.gb"_s, "changed meanwhile");
+        click(window().ChameleonButton5);
+        QCOMPARE(opened->world.folder.entries(u"from"_s), QStringList{u"g0001.gb"_s});
+        QCOMPARE(opened->world.messages.boxes.size(), 1);
+        QCOMPARE(opened->world.messages.last(),
+                 opened->said("kept") + u"\r\ng0001.gb: "_s + opened->said("keptchanged"));
+        QCOMPARE(opened->world.messages.boxes.last().flags, 48);
+        QCOMPARE(opened->typed(), opened->said("f15"));
+    }
+    void originals_that_the_system_keeps_are_named_with_its_reason_and_none_is_said_to_be_gone() {
+        originals(20);
+        opened->openAssistant();
+        opened->copyFolder(opened->from());
+        opened->world.folder.setMode(u"from"_s, 0555);
+        {
+            const OrdinaryUser user;
+            click(window().ChameleonButton5);
+        }
+        opened->world.folder.setMode(u"from"_s, 0755);
+        QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 20);
+        const QStringList lines = opened->world.messages.last().split(u"\r\n"_s);
+        QCOMPARE(lines.size(), 17);
+        QVERIFY(lines[1].startsWith(u"g0000.gb: "_s) && lines[1].size() > 12);
+        QCOMPARE(lines.last(), u"... +5"_s);
+        QCOMPARE(opened->typed(), opened->said("f11"));
+    }
+    void games_of_the_library_itself_are_named_as_such() {
+        opened->games(1);
+        opened->open();
+        opened->program->desk.go(Window::MainFrm, Window::NewAssistant);
+        QVERIFY(QTest::qWaitForWindowExposed(&window()));
+        opened->copyFolder(opened->world.folder.path(u"roms"_s));
+        click(window().ChameleonButton5);
+        QCOMPARE(opened->library(), QStringList{u"g001.gb"_s});
+        QVERIFY(opened->world.messages.last().endsWith(u"g001.gb: "_s + opened->said("keptsame")));
+    }
+
     // The bar
     void the_bar_starts_empty_and_ends_one_step_short_of_full() {
         originals(5);

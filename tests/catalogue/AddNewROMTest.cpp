@@ -205,10 +205,10 @@ private slots:
         for (const QString& name : names) source(name, name.toUtf8());
         source(u"notes.txt"_s);
         importAll(names);
-        QCOMPARE(adding->deleteSources(), 2);
+        QCOMPARE(adding->deleteSources().gone, 2);
         QCOMPARE(folder->entries(u"from"_s), QStringList{u"notes.txt"_s});
         QCOMPARE(inLibrary(u"b.gb"_s), QByteArray("b.gb"));
-        QCOMPARE(adding->deleteSources(), 0);
+        QCOMPARE(adding->deleteSources().gone, 0);
     }
     void an_original_stays_if_its_copy_is_not_what_was_written_data() {
         QTest::addColumn<int>("harm");
@@ -233,7 +233,7 @@ private slots:
             QVERIFY(QFile::rename(original, original + u".old"_s));
             folder->write(u"from/a.gb"_s, "content");
         }
-        QCOMPARE(adding->deleteSources(), 0);
+        QCOMPARE(adding->deleteSources().gone, 0);
         QVERIFY(!adding->deleteSource(original));
         QVERIFY(QFile::exists(original));
     }
@@ -242,7 +242,7 @@ private slots:
         adding->begin([] {});
         QVERIFY(!adding->AddRomToLibrary(folder->path(u"roms/a.gb"_s), u"a.gb"_s));
         adding->finish();
-        QCOMPARE(adding->deleteSources(), 0);
+        QCOMPARE(adding->deleteSources().gone, 0);
         QVERIFY(!adding->deleteSource(folder->path(u"roms/a.gb"_s)));
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("content"));
     }
@@ -265,7 +265,7 @@ private slots:
     void nothing_is_deleted_without_an_import() {
         const QString other = folder->write(u"other.gb"_s, "other");
         QVERIFY(!adding->deleteSource(other));
-        QCOMPARE(adding->deleteSources(), 0);
+        QCOMPARE(adding->deleteSources().gone, 0);
         QVERIFY(QFile::exists(other));
     }
     void an_original_that_cannot_be_deleted_fails() {
@@ -274,7 +274,12 @@ private slots:
         folder->setMode(u"from"_s, 0555);
         {
             const OrdinaryUser user;
-            QCOMPARE(failureOf([&] { adding->deleteSources(); }), 70);
+            const Deletion deletion = adding->deleteSources();
+            QCOMPARE(deletion.gone, 0);
+            QCOMPARE(deletion.kept.size(), size_t{1});
+            QCOMPARE(deletion.kept[0].path, original);
+            QCOMPARE(deletion.kept[0].reason, KeptSource::failed);
+            QCOMPARE(deletion.kept[0].failure, RuntimeFailure::permissionDenied);
             QCOMPARE(failureOf([&] { adding->deleteSource(original); }), 70);
         }
         folder->setMode(u"from"_s, 0755);

@@ -105,7 +105,8 @@ public:
                 parts.adding.AddRomToLibrary(parts.spelled("incoming/" + name), QString::fromStdString(name));
             }
             parts.adding.finish();
-            if (deletesOriginals) parts.adding.deleteSources();
+            const bool areAllGone = !deletesOriginals || parts.adding.deleteSources().kept.empty();
+            if (!areAllGone) throw RuntimeFailure(RuntimeFailure::deviceError);
         };
         return made;
     }
