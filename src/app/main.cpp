@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start of the process: the toolkit, the real doors to the outside, the program.
+// Entry point: sets up Qt and the real services, then starts the program.
 #include "Program.h"
 #include "art/ArtResources.h"
 #include "platform/base/NativeProcess.h"
@@ -36,7 +36,7 @@ constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
                                          .selection = 0xA37774,
                                          .faint = 0xB09A93};
 
-// In milliseconds: what nobody waits for comes when the first window stands.
+// Delays in ms for work that can wait until the first window is on screen.
 constexpr int windowIconDelay = 100;
 constexpr int sweepDelay = 1000;
 

@@ -8,8 +8,8 @@
 namespace torvane {
 
 namespace {
-// Pixels. In every language the two answers of a question are its fourth and fifth line, and stand at the hot
-// areas with this distance alone, whatever the lines of the font that stands in for the design's.
+// Pixels. In every language the two answers of a question are its fourth and fifth line. Only with this
+// distance do they lie on their hot areas, whatever the line height of the substitute font.
 constexpr int linePitch = 22;
 } // namespace
 

@@ -92,7 +92,8 @@ void NewAssistant::addFolder(const QString& folder) {
     });
 }
 
-// The text that a file dialog would stand on in the chosen folder ends the folder, wherever it occurs first.
+// The folder is the part of the path before the first occurrence of this text, as if a file dialog had been
+// given it as a file name.
 void NewAssistant::copyFolder(const QString& folder) {
     File1.setPath(folderInFront(folder + QLatin1Char('\\') + text("f13"), text("f13")));
     pumpEvents();

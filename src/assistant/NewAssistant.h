@@ -23,7 +23,7 @@ public:
 
     /// Runs once after construction.
     void Load();
-    /// Starts to type the message, one character per tick, in the place of what was typed before.
+    /// Starts to type the message, one character per tick, replacing what was typed before.
     void ShowDialog(const QString& message) { m_typewriter.type(message); }
     /// What the user has dropped, by its spelled path: a file becomes the chosen one, a folder is copied. A
     /// pending question about originals is answered with "keep". A drop while games are being copied waits

@@ -15,8 +15,8 @@ namespace torvane {
 /// ignored.
 void SetFileAttributes(const QString& path);
 
-/// The folder in front of a mark in a path: the piece before the first occurrence, also where the folder's
-/// own name holds the mark. The whole path if the mark is empty or does not occur.
+/// The folder before a mark in a path: all before the first occurrence, even if the folder's own name holds
+/// the mark. The whole path if the mark is empty or does not occur.
 QString folderInFront(const QString& path, const QString& mark);
 
 /// An original that is still there, and why.
@@ -45,7 +45,7 @@ public:
     /// Begins an import; what was added before is no longer known. `serve` is called about every 10 ms while
     /// there is work.
     void begin(std::function<void()> serve);
-    /// Copies a file into the library, in the place of one of that name, whole or not at all; in place after
+    /// Copies a file into the library, replacing one of that name, whole or not at all; in place after
     /// `finish`. False if that is the file itself: it stays as it is. On a failure the copies before it are
     /// put in place first.
     bool AddRomToLibrary(const QString& source, const QString& name);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which console a game is for, told by its size and not by its name.
+// Which console a game is for, derived from its size rather than its name.
 #pragma once
 
 #include <QString>

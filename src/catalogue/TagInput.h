@@ -15,7 +15,7 @@ constexpr int longestInfo = 125;
 QString storable(const QString& entered);
 
 /// Whether a tag of today with these texts is longer than the piece of a file that a selection reads, so that
-/// the game would show as one without a tag. `imageSize`: bytes in front of the tag.
+/// the game would show as one without a tag. `imageSize`: bytes before the tag.
 bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize);
 
 /// Today as the desktop writes dates in short form; as day, month and year in digits if the desktop's form

@@ -9,7 +9,7 @@ namespace torvane {
 /// The filter of the program's file dialogs for games: pairs "text|patterns", joined by "|".
 extern const QString gameFileFilter;
 
-/// The pair of that filter that a file's own kind stands in, counted from 1; 1 for any other kind.
+/// The pair of that filter that holds a file's kind, counted from 1; 1 for any other kind.
 int gameFilterIndex(const QString& fileName);
 
 } // namespace torvane

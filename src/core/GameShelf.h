@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What other windows may ask of the main window: its selected game and its list. Implemented in app/ over
-// the window itself, so that nobody else includes it.
+// the window itself, so that no other window includes it.
 #pragma once
 
 #include <QString>

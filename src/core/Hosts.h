@@ -15,7 +15,7 @@ public:
 
     /// The address of a page or file of a host: the host, then the path, which begins with "/". For a
     /// host that is a folder this is a file address ("file:///..."), percent-encoded. A missing file or
-    /// key stands for the folder "data/site".
+    /// key means the folder "data/site".
     QString address(Host host, const QString& path) const;
 
 private:

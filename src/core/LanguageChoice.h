@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which language file the user's choice stands for: the setting is a full path, and outlives a program
-// folder that is moved and a file that is deleted.
+// Which language file to use. The setting is a full path, and survives when the program's folder is moved or
+// the file is deleted.
 #pragma once
 
 #include "Globals.h"

@@ -12,7 +12,7 @@ namespace torvane {
 /// The piece between the first and the second "."; empty if there is no ".".
 inline QString secondPiece(const QString& text) { return text.section(QLatin1Char('.'), 1, 1); }
 
-/// The piece in front of the first "."; the whole text if there is no ".".
+/// The piece before the first "."; the whole text if there is no ".".
 inline QString firstPiece(const QString& text) { return text.section(QLatin1Char('.'), 0, 0); }
 
 /// The second piece of a name in bytes, without a copy.

@@ -33,7 +33,7 @@ using NumberSetting = SettingValue<int>;
 using ByteSetting = SettingValue<quint8>;
 /// Yes or no: read from "True", "False" or a number, of which 0 alone is false; stored as 1 or 0.
 using FlagSetting = SettingValue<bool>;
-/// Any text, as it stands.
+/// Any text, unchanged.
 using TextSetting = SettingValue<QString>;
 
 extern template class SettingValue<int>;

@@ -14,7 +14,7 @@ public:
     QString EmulatorCommand;
 
     /// Reads the first line of the list: display name, "#", path below "\emuladores". Without such a
-    /// file, line or sign the former emulator stays. Never fails.
+    /// file, line or sign the old emulator stays. Never fails.
     void read();
 
 private:

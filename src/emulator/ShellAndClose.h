@@ -21,7 +21,7 @@ public:
     explicit ShellAndClose(ProcessRunner& processes) : m_processes(processes) {}
 
     /// Starts the program of a command line and returns when it has ended. Blocks the whole interface on
-    /// purpose. A line that names no program does nothing; failures are not told.
+    /// purpose. A line that names no program does nothing; failures are not reported.
     void RunAndWait(const QString& commandLine);
 
     /// Plays a game: the command line is the emulator's path, a blank and the game's path, without quotes.

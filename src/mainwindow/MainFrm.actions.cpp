@@ -64,7 +64,7 @@ void MainFrm::saveTag() {
     m.id3.NewInfo = info;
     m.id3.SaveRomTag(Games.filePath(), pumpEvents);
     m.runtime.messages.MsgBox(QStringLiteral("TAG Completado"));
-    // The other face shall not go on showing what the file no longer says. The fields keep what was saved
+    // The other face must not keep showing the old tag. The fields keep what was saved
     // also where the reader does not find it: in small files, and at the end of long lines.
     Games_Click();
     EditID3Title.setText(title);
@@ -117,11 +117,11 @@ void MainFrm::Label15_Click() {
     case LaunchWay::zipViewer: Zipper_Click(); break;
     case LaunchWay::straight: m.shell.play(m.emulators.EmulatorCommand, Games.filePath()); break;
     case LaunchWay::withMinimising: {
-        const State former = windowStateWord();
+        const State before = windowStateWord();
         setWindowStateWord(minimised);
         pumpEvents();
         m.shell.play(m.emulators.EmulatorCommand, Games.filePath());
-        setWindowStateWord(former == minimised ? normal : former);
+        setWindowStateWord(before == minimised ? normal : before);
         break;
     }
     }
@@ -148,7 +148,7 @@ void MainFrm::askForExit() {
     m.desk.go(id, Window::TorvMsg, {mainMenu("suretoend"), QStringLiteral("exit"), QString()});
 }
 
-// The window manager's close asks the same question; while it stands, there is nothing more to ask.
+// The window manager's close asks the same question, once.
 void MainFrm::queryUnload() {
     if (isEnabled()) askForExit();
 }

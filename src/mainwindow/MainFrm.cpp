@@ -140,7 +140,7 @@ void MainFrm::Refresh_Click() {
     }
 }
 
-// The start goes on whatever is wrong with the first game; a click of the user's tells it.
+// The start goes on whatever is wrong with the first game; a later click reports it.
 void MainFrm::selectGame(int index) {
     ignoring([&] {
         Games.selectQuietly(index);

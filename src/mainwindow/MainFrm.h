@@ -28,7 +28,7 @@ public:
     void Label15_Click();
     /// Rebuilds the list from the library folder and selects the first game.
     void Refresh_Click();
-    /// Fills the list from a folder, spelled; an empty text stands for the library. The second text has
+    /// Fills the list from a folder, spelled; an empty text means the library. The second text has
     /// no meaning. No tag is read and no game is selected.
     void GetGameList(const QString& folder, const QString& second);
     /// Selects a game by its place in the list and shows it; whatever fails in that is ignored, also that

@@ -17,7 +17,7 @@ public:
 
     explicit SelLangStartUp(const Services& services);
 
-    /// Starts to type the text, one character per tick, in the place of what was typed before.
+    /// Starts to type the text, one character per tick, replacing what was typed before.
     void ShowDialog(const QString& text);
     /// Makes the three languages white and lets them be chosen again.
     void TurnToWhite();
@@ -26,7 +26,7 @@ public:
     void Load();
 
 protected:
-    /// Closing the window by the window manager leaves nothing behind: the program ends.
+    /// Closing the window by the window manager ends the program: no other window is open.
     void queryUnload() override;
 
 private:

@@ -27,7 +27,7 @@ void Splash::Load() {
     Flash.Play();
 }
 
-// Keys shall reach the window and not the player. The window does not take the focus from other programs.
+// Keys must reach the window and not the player. Takes no focus away from other programs.
 void Splash::Timer1_Tick() {
     if (isActiveWindow() && !Picture1.hasFocus()) setFocus();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The intro: a shaped window with a movie that stands until a key or a click.
+// The intro: a shaped window with a movie, until a key or a click.
 #pragma once
 
 #include "Splash.design.h"
@@ -20,7 +20,7 @@ public:
     void Load();
 
 protected:
-    /// Closing the window by the window manager leaves nothing behind: the program ends.
+    /// Closing the window by the window manager ends the program: no other window is open.
     void queryUnload() override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
