@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    // The window may be in one of its own handlers, its load among them: it goes when they are through.
+    // The window may be inside one of its own handlers, such as Load: it is deleted when they have returned.
     void letGo() {
         m_window.release()->goWhenUnused();
         m_context.unloaded(W::id);

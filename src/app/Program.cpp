@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The making of modules and windows.
+// Puts the modules and the windows together.
 #include "Program.h"
 
 namespace torvane {

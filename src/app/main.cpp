@@ -16,7 +16,7 @@
 #include <unistd.h>
 
 namespace {
-// Wayland lets no program place its windows; where there is an X11 server, its own one is taken.
+// Wayland lets no program place its windows: use an X11 server where there is one.
 void preferX11() {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
         qputenv("QT_QPA_PLATFORM", "xcb");

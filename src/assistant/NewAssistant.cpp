@@ -24,7 +24,7 @@ NewAssistant::NewAssistant(const Services& services) : NewAssistantDesign(servic
         area->setCursor(hand);
         area->setVisible(false);
     }
-    // The one holds the text, the other one shows it.
+    // Label2 holds the text, Label1 shows it.
     Label2.setVisible(false);
     FilePath.setVisible(false);
     Browse.setVisible(false);
@@ -38,7 +38,7 @@ void NewAssistant::wireControls() {
     wire(File1, &FileList::Click, &NewAssistant::File1_Click);
     wire(AddFile, &Label::Click, &NewAssistant::AddFile_Click);
     wire(AddDir, &Label::Click, &NewAssistant::AddDir_Click, Failure::reported);
-    // After an original that can't be deleted the question stays, and can be answered otherwise.
+    // If an original can't be deleted the question stays open and can be answered the other way.
     wire(ChameleonButton5, &Label::Click, &NewAssistant::ChameleonButton5_Click, Failure::reported);
     wire(ChameleonButton6, &Label::Click, &NewAssistant::ChameleonButton6_Click);
     wire(Timer1, &Timer::Tick, &NewAssistant::Timer1_Tick);
@@ -136,7 +136,7 @@ void NewAssistant::take(const QStringList& path) {
     if (!m_copying.isOn()) takeWaiting();
 }
 
-// The next drop, which is a reason to stay for a window that was about to leave.
+// Takes the next drop. A window that was about to close stays open for it.
 void NewAssistant::takeWaiting() {
     if (m_waiting.isEmpty() || m_copying.isOn() || isUnloaded()) return;
     m_copying.stayOpen();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the assistant does to files: the copy of one, the copies of a folder, the end of the originals.
+// What the assistant does to files: copies one or those of a folder, deletes the originals.
 #include "NewAssistant.h"
 #include "platform/base/Paths.h"
 
@@ -14,7 +14,7 @@ const QString filter =
 
 // A single file
 
-// The area is disabled and never enabled again: who goes back finds it dead until the window is opened anew.
+// The area is disabled for good: after going back it stays dead until the window is opened again.
 void NewAssistant::AddFile_Click() {
     if (m_copying.isOn()) return;
     ShowDialog(text("f12"));
@@ -52,8 +52,8 @@ void NewAssistant::addFile() {
     });
 }
 
-// Copying has ended. A window that the user has closed meanwhile unloads, unless something was dropped on it
-// or on the main window since.
+// Runs when copying has ended. If the user has closed the window meanwhile it unloads, unless something was
+// dropped since.
 void NewAssistant::workEnded(const std::function<void()>& goOn) {
     if (m_copying.isAskedToClose()) {
         m_waiting.isEmpty() ? Unload() : takeWaiting();
@@ -131,7 +131,7 @@ void NewAssistant::ChameleonButton5_Click() {
     takeWaiting();
 }
 
-// Names the originals that are still there: their user may think that they are gone.
+// Names the originals that are still there: the user may believe them gone.
 void NewAssistant::showKept(const std::vector<KeptSource>& kept) {
     constexpr size_t mostLines = 15;
     QStringList lines{text("kept", QStringLiteral("These originals are still there:"))};

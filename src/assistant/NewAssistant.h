@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The assistant that brings games into the library: one file or the games of a folder. It types its texts,
-// asks whether the originals may go, and when it closes the main window lists anew.
+// asks whether to delete the originals, and refreshes the list of the main window when it closes.
 #pragma once
 
 #include "NewAssistant.design.h"
@@ -31,7 +31,7 @@ public:
     void take(const QStringList& path);
 
 protected:
-    /// The window manager's close leaves as the button does.
+    /// The window manager's close does what the button does.
     void queryUnload() override { ChameleonButton2_Click(); }
     void onUnload() override;
 

@@ -13,7 +13,7 @@ namespace torvane {
 namespace {
 const QString unfinishedKey = QStringLiteral("Unfinished");
 
-// The folder in which a file is changed: the one of the file that a symbolic link names.
+// The folder of a file; of a symbolic link, the folder of its target.
 QString folderOf(const QString& path) { return Paths::spelled(placeOf(Paths::real(path)).folder); }
 } // namespace
 
@@ -23,7 +23,7 @@ void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
     const QString target =
         m_parts.dialogs.showSave({title, gameFileFilter, gameFilterIndex(fileName), fileName});
     if (target.isEmpty() || target == QStringLiteral(" ")) return;
-    // A user's folder is not looked through at every start, only after a copy into it that did not end well.
+    // A user's folder is searched at the next start only if a copy into it was cut off.
     rememberUnfinished(folderOf(target));
     SafeFile::copy(sourcePath, target);
     rememberUnfinished({});

@@ -10,7 +10,7 @@
 namespace torvane {
 
 namespace {
-// A line that is longer is no line of this list; a wrong file must not fill the memory.
+// A longer line is not from an emulator list; a wrong file must not fill the memory.
 constexpr qint64 longestLine = 16 << 10;
 
 QByteArray firstLine(const QString& file) {

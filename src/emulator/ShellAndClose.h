@@ -37,8 +37,8 @@ public:
         QByteArrayList arguments;
     };
     /// Cuts a command line: the program is the shortest piece up to a blank that names one, the rest is
-    /// cut at every single blank. Two blanks in a row give an empty argument, so that the arguments
-    /// joined by blanks are the line again. Quotes mean nothing.
+    /// cut at every single blank. Two blanks in a row give an empty argument, so that joining the arguments
+    /// with blanks gives the line again. Quotes have no meaning.
     static Command split(const QString& commandLine, const std::function<bool(const QString&)>& isProgram);
 
 private:

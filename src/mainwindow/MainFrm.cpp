@@ -33,7 +33,7 @@ void MainFrm::Load() {
     setCaptions();
     setActionCaptions();
     setUpTray();
-    // With no game there is nothing that would put the archive's face away.
+    // Without a game no selection hides the face of archives.
     Picture1_2.setVisible(false);
     if (ListView1.rowCount() > 0) {
         ListView1.setCurrentRow(0);
@@ -70,7 +70,7 @@ void MainFrm::setCaptions() {
     Label1.setCaption(m.globals.TitlePrefix + mainMenu("maintitle"));
 }
 
-// What the panel shows of no game.
+// What the panel shows when no game is selected.
 void MainFrm::emptyPanel() {
     for (Label* label : {&GameTitle, &GameAutor, &GameDate, &Label8, &Label10, &Label14, &Label20}) {
         label->setCaption(general("nodisp"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The main window: the game list, the panel with the selected game's tag, and the tools around them. It
 // holds the working state that other windows reach for (`Games` above all). Tags, rows, launches and
-// copies are the modules' work; which window follows which is the desk's.
+// copies are the modules' work; the desk knows which window opens which.
 #pragma once
 
 #include "MainFrm.design.h"
@@ -31,8 +31,8 @@ public:
     /// Fills the list from a folder, spelled; an empty text means the library. The second text has
     /// no meaning. No tag is read and no game is selected.
     void GetGameList(const QString& folder, const QString& second);
-    /// Selects a game by its place in the list and shows it; whatever fails in that is ignored, also that
-    /// there is no such game.
+    /// Selects a game by its place in the list and shows it; all failures are ignored, a missing game among
+    /// them.
     void selectGame(int index);
 
 protected:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first window of all: asks for the language at the first start, and is gone at once at later ones.
+// The first window: asks for the language at the first start, and closes itself at once at later ones.
 #pragma once
 
 #include "SelLangStartUp.design.h"
