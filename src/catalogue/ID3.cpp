@@ -2,6 +2,7 @@
 // The five operations on tags, and the save that is made of them.
 #include "ID3.h"
 #include "GameFormat.h"
+#include "TagInFile.h"
 #include "TagLine.h"
 #include "core/Pieces.h"
 #include "platform/base/CodePage1252.h"
@@ -51,10 +52,10 @@ void setFormat(RomTagRecord& tag, const GameFormat& first, const GameFormat& sec
 } // namespace
 
 bool ID3::HasRomTag(const QString& path) const {
-    // Most tags stand at the end: only a file without one there is read whole.
+    // Most tags are at the end: only a file without one there is searched from its beginning.
     const File file(path);
     const QByteArray end = file.readAt(std::max<qint64>(file.length() - windowSize, 0), windowSize);
-    return TagLine::markerIn(end) >= 0 || TagLine::markerIn(file.readAll()) >= 0;
+    return TagLine::markerIn(end) >= 0 || TagInFile::hasMarker(file.handle());
 }
 
 void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
@@ -113,8 +114,9 @@ void ID3::AppendRomTag(const QString& path) {
 
 void ID3::StripRomTag(const QString& path) {
     const SafeFile::Change change(path);
-    const QByteArray bytes = change.content();
-    change.commit({TagLine::keptImage(bytes), TagLine::lineEnd});
+    const auto image = TagInFile::keptLength(change.file());
+    if (!image) throw RuntimeFailure(RuntimeFailure::subscript);
+    change.commit(*image, {TagLine::lineEnd});
 }
 
 void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString& company,
@@ -152,7 +154,7 @@ void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
 
 // False if there is a tag by now.
 bool ID3::appendFirstTag(const QString& path) {
-    const auto hasNone = [](const Handle& file) { return TagLine::markerIn(allBytesOf(file)) < 0; };
+    const auto hasNone = [](const Handle& file) { return !TagInFile::hasMarker(file); };
     fillBlanks();
     return SafeFile::append(
         path, [this](qint64 size) { return newLine(size); }, hasNone);
@@ -161,11 +163,10 @@ bool ID3::appendFirstTag(const QString& path) {
 // False if there is no tag (any more).
 bool ID3::replaceTag(const QString& path) {
     const SafeFile::Change change(path);
-    const QByteArray bytes = change.content();
-    if (TagLine::markerIn(bytes) < 0) return false;
-    const QByteArrayView image = TagLine::keptImage(bytes);
+    const auto image = TagInFile::keptLength(change.file());
+    if (!image) return false;
     fillBlanks();
-    change.commit({image, TagLine::lineEnd, newLine(image.size() + TagLine::lineEnd.size())});
+    change.commit(*image, {TagLine::lineEnd, newLine(*image + TagLine::lineEnd.size())});
     return true;
 }
 

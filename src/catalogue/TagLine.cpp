@@ -17,7 +17,7 @@ const QByteArray& piece(const QByteArrayList& pieces, qsizetype index) {
 }
 
 // How many places the fields behind the company are moved by a company that holds a separator.
-qsizetype shiftOf(QByteArrayView tagPart) { return tagPart.startsWith(shiftedCompany) ? 1 : 0; }
+int shiftOf(QByteArrayView tagPart) { return tagPart.startsWith(shiftedCompany) ? 1 : 0; }
 
 // A tag's fields stand in front of this piece; a tag part may be as large as the file.
 QByteArrayList piecesOf(QByteArrayView tagPart) {
@@ -55,14 +55,19 @@ Fields fields(QByteArrayView tagPart) {
             piece(pieces, 3 + shift), piece(pieces, 4 + shift)};
 }
 
-QByteArray storedSizeText(QByteArrayView tagPart) { return piece(piecesOf(tagPart), 4 + shiftOf(tagPart)); }
+int sizePiece(QByteArrayView tagPart) { return 4 + shiftOf(tagPart); }
+
+QByteArray storedSizeText(QByteArrayView tagPart) { return piece(piecesOf(tagPart), sizePiece(tagPart)); }
+
+qint64 keptLength(qint64 image, const QByteArray& size) {
+    const double stored = std::nearbyint(NumberText::toReal(size));
+    if (stored < 0) throw RuntimeFailure(RuntimeFailure::invalidCall);
+    return stored >= static_cast<double>(image) ? image : static_cast<qint64>(stored);
+}
 
 QByteArrayView keptImage(QByteArrayView bytes) {
     const QByteArrayView tag = tagPart(bytes);
-    const double stored = std::nearbyint(NumberText::toReal(storedSizeText(tag)));
-    if (stored < 0) throw RuntimeFailure(RuntimeFailure::invalidCall);
-    const QByteArrayView image = bytes.first(tag.data() - bytes.data() - marker.size());
-    return stored >= static_cast<double>(image.size()) ? image : image.first(static_cast<qsizetype>(stored));
+    return bytes.first(keptLength(tag.data() - bytes.data() - marker.size(), storedSizeText(tag)));
 }
 
 QByteArray build(const Fields& fields) {

@@ -29,6 +29,12 @@ QByteArrayView tagPart(QByteArrayView bytes);
 Fields fields(QByteArrayView tagPart);
 /// The Size piece of a tag part alone, as it stands. Fails with "subscript".
 QByteArray storedSizeText(QByteArrayView tagPart);
+/// Which piece of a tag part is the Size, counted from 0. The part's first six bytes tell.
+int sizePiece(QByteArrayView tagPart);
+/// How many bytes remain of an image when its tag goes: at most as many as the Size piece says, rounded to
+/// nearest with half to even. Fails with "type mismatch" if that is no number, and with "invalid call" if it
+/// is below 0.
+qint64 keptLength(qint64 image, const QByteArray& size);
 /// The image that remains of a tagged file when its tag goes: what stands in front of the first marker, at
 /// most as many bytes as the tag's size says. Fails with "subscript" or "type mismatch" if there is no tag or
 /// none that can be understood, and with "invalid call" for a size below 0.

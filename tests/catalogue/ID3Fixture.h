@@ -43,6 +43,8 @@ class ID3Fixture : public QObject {
     Q_OBJECT
 
 protected:
+    explicit ID3Fixture(const QString& parent = QDir::tempPath()) : folder(parent) {}
+
     TestFolder folder;
     TestFolder languageFolder; // apart, so that games are alone in theirs
     FakeMessages messages;

@@ -17,7 +17,9 @@ namespace torvane {
 
 class TestFolder {
 public:
-    TestFolder() {
+    explicit TestFolder(const QString& parent = QDir::tempPath())
+        // Without a dot in the path: the program cuts whole paths at the first one.
+        : m_dir(parent + QStringLiteral("/torvane-test-XXXXXX")) {
         QVERIFY2(m_dir.isValid(), "no temporary folder");
         setMode(QStringLiteral("."), 0755);
     }
@@ -64,8 +66,7 @@ public:
     }
 
 private:
-    // Without a dot in the path: the program cuts whole paths at the first one.
-    QTemporaryDir m_dir{QDir::tempPath() + QStringLiteral("/torvane-test-XXXXXX")};
+    QTemporaryDir m_dir;
 };
 
 } // namespace torvane

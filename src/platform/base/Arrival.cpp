@@ -24,7 +24,7 @@ std::unique_ptr<Arrival> Arrival::ofCopy(const QByteArray& from, const QByteArra
     if (isAt(target, state)) return nullptr;
     FileRights::refuseUnlessWritable(target);
     auto arrival = std::make_unique<Arrival>(place);
-    arrival->m_fresh.copyFrom(source, betweenBlocks);
+    arrival->m_fresh.copyFrom(source, state.st_size, betweenBlocks);
     if (!isSameState(state, infoOf(source))) throw RuntimeFailure(RuntimeFailure::permissionDenied);
     const timespec times[2] = {{0, UTIME_OMIT}, state.st_mtim};
     futimens(arrival->m_fresh.handle().number(), times);

@@ -16,6 +16,7 @@ public:
     /// error.
     explicit File(const QString& path);
 
+    const Handle& handle() const { return m_handle; }
     /// The length in bytes.
     qint64 length() const;
     /// At most `count` bytes from a position counted from 0; fewer at the end of the file.

@@ -1,21 +1,29 @@
 // SPDX-License-Identifier: MIT
 // Making, filling and syncing hidden files.
 #include "HiddenFile.h"
+#include "FileBlocks.h"
 
 #include <QRandomGenerator>
 #include <algorithm>
+#include <cstring>
 #include <sys/file.h>
 
 namespace torvane {
 
 namespace {
-constexpr int mostNames = 100; // of 36^6 names one is free, or something else is wrong
-constexpr qint64 copyBlock = 1 << 20;
+constexpr int mostNames = 100;    // of 36^6 names one is free, or something else is wrong
+constexpr qint64 blockUnit = 512; // of st_blocks, whatever the file system's own
 constexpr qsizetype randomLetters = 6;
 constexpr char letters[] = "abcdefghijklmnopqrstuvwxyz0123456789";
 constexpr int letterCount = sizeof letters - 1;
 
 bool isLetter(char c) { return std::find(letters, letters + letterCount, c) != letters + letterCount; }
+
+// Each byte is compared with its neighbour.
+bool isZero(QByteArrayView bytes) {
+    return bytes.front() == 0 &&
+           std::memcmp(bytes.data(), bytes.data() + 1, static_cast<size_t>(bytes.size() - 1)) == 0;
+}
 
 QByteArray randomName(const QByteArray& kind) {
     QByteArray name = kind;
@@ -57,13 +65,21 @@ HiddenFile::~HiddenFile() {
     if (!m_name.isEmpty()) m_folder.unlink(m_name);
 }
 
-void HiddenFile::copyFrom(const Handle& source, const std::function<void()>& betweenBlocks) const {
-    const qint64 all = infoOf(source).st_size;
-    for (qint64 position = 0; position < all;) {
-        const QByteArray block = bytesOf(source, position, std::min(copyBlock, all - position));
-        if (block.isEmpty()) return;
-        write(block);
-        position += block.size();
+// Leaves a hole of zeros at the place of the handle.
+void HiddenFile::skip(qint64 count) const {
+    const off_t end = lseek(m_handle.number(), count, SEEK_CUR);
+    if (end < 0) failWithErrno();
+    if (uninterrupted([&] { return ftruncate(m_handle.number(), end); }) != 0) failWithErrno();
+}
+
+void HiddenFile::copyFrom(const Handle& source, qint64 count,
+                          const std::function<void()>& betweenBlocks) const {
+    const struct stat info = infoOf(source);
+    // The zeros are read and not taken on trust: not every file system is right about where its holes are.
+    const bool hasHoles = info.st_blocks * blockUnit < info.st_size;
+    FileBlocks blocks(source, 0, std::min<qint64>(count, info.st_size));
+    for (QByteArrayView block = blocks.next(); !block.isEmpty(); block = blocks.next()) {
+        hasHoles&& isZero(block) ? skip(block.size()) : write(block);
         if (betweenBlocks) betweenBlocks();
     }
 }

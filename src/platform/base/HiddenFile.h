@@ -28,9 +28,10 @@ public:
     const Handle& handle() const { return m_handle; }
     const QByteArray& name() const { return m_name; }
     void write(QByteArrayView bytes) const { writeAll(m_handle, bytes); }
-    /// Writes the bytes that another file has now, in blocks of 1 MiB; fewer if it becomes shorter meanwhile.
-    /// After each block the caller may do something else.
-    void copyFrom(const Handle& source, const std::function<void()>& betweenBlocks = {}) const;
+    /// Writes the first `count` bytes of another file, in blocks of 1 MiB; fewer if it becomes shorter
+    /// meanwhile. Where a file with holes has nothing but zeros the copy gets a hole. After each block the
+    /// caller may do something else.
+    void copyFrom(const Handle& source, qint64 count, const std::function<void()>& betweenBlocks = {}) const;
     /// Brings the content to the disk; an error is a failure.
     void sync() const;
     /// The file has got a name of its own: nothing is left to remove.
@@ -39,6 +40,7 @@ public:
 private:
     explicit HiddenFile(const Folder& folder) : m_folder(folder) {}
     bool lock() const;
+    void skip(qint64 count) const;
 
     const Folder& m_folder;
     QByteArray m_name;

@@ -47,13 +47,15 @@ public:
     qint64 length() const { return m_former.st_size; }
     /// At most `count` bytes from a position counted from 0.
     QByteArray readAt(qint64 position, qint64 count) const { return bytesOf(m_file, position, count); }
-    /// All bytes of the file; one of 2 GiB or more is refused as too much for the memory.
-    QByteArray content() const { return allBytesOf(m_file); }
+    /// The open file, for reading.
+    const Handle& file() const { return m_file; }
     /// Keeps the file as it is now under its name in a folder, which is made if need be, in the place of what
     /// is kept there: as a second link, or as a copy with the same rights where no link can be made.
     void keepFormer(const QString& folder) const;
     /// Makes the pieces, one behind the other, the content of the file.
-    void commit(std::initializer_list<QByteArrayView> pieces) const;
+    void commit(std::initializer_list<QByteArrayView> pieces) const { commit(0, pieces); }
+    /// The same behind the first `kept` bytes of the file, which may be any number of gigabytes.
+    void commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) const;
 
 private:
     bool isUntouched(const Folder& folder, const QByteArray& name) const;

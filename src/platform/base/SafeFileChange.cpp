@@ -74,7 +74,7 @@ bool Change::keepLink(const Folder& keeping) const {
 
 void Change::keepCopy(const Folder& keeping) const {
     HiddenFile kept(keeping, HiddenFile::replacement);
-    kept.copyFrom(m_file);
+    kept.copyFrom(m_file, m_former.st_size);
     FileRights::give(kept.handle(), &m_former);
     const timespec times[2] = {{0, UTIME_OMIT}, m_former.st_mtim};
     futimens(kept.handle().number(), times);
@@ -83,8 +83,9 @@ void Change::keepCopy(const Folder& keeping) const {
     nameKept(keeping, kept, m_place.name);
 }
 
-void Change::commit(std::initializer_list<QByteArrayView> pieces) const {
+void Change::commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) const {
     HiddenFile fresh(m_folder, HiddenFile::replacement);
+    fresh.copyFrom(m_file, kept);
     for (const QByteArrayView piece : pieces) fresh.write(piece);
     const struct stat present = infoOf(m_file); // its rights may be others by now
     FileRights::give(fresh.handle(), &present);

@@ -6,19 +6,22 @@
 
 namespace torvane {
 
-QByteArray bytesOf(const Handle& file, qint64 position, qint64 count) {
-    QByteArray bytes(static_cast<qsizetype>(count), Qt::Uninitialized);
-    qsizetype done = 0;
-    while (done < bytes.size()) {
+qint64 readInto(const Handle& file, qint64 position, char* bytes, qint64 count) {
+    qint64 done = 0;
+    while (done < count) {
         const ssize_t got = uninterrupted([&] {
-            return pread(file.number(), bytes.data() + done, static_cast<size_t>(bytes.size() - done),
-                         position + done);
+            return pread(file.number(), bytes + done, static_cast<size_t>(count - done), position + done);
         });
         if (got < 0) failWithErrno();
         if (got == 0) break;
         done += got;
     }
-    bytes.truncate(done);
+    return done;
+}
+
+QByteArray bytesOf(const Handle& file, qint64 position, qint64 count) {
+    QByteArray bytes(static_cast<qsizetype>(count), Qt::Uninitialized);
+    bytes.truncate(readInto(file, position, bytes.data(), count));
     return bytes;
 }
 

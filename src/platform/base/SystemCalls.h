@@ -82,6 +82,8 @@ inline bool isSameState(const struct stat& one, const struct stat& other) {
            one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
 }
 
+/// Reads at most `count` bytes from a position counted from 0; gives how many, fewer at the end of the file.
+qint64 readInto(const Handle& file, qint64 position, char* bytes, qint64 count);
 /// At most `count` bytes from a position counted from 0; fewer at the end of the file.
 QByteArray bytesOf(const Handle& file, qint64 position, qint64 count);
 /// All bytes of a file; one of 2 GiB or more is refused as too much for the memory.

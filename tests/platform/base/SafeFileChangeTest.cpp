@@ -52,7 +52,7 @@ private slots:
     void what_is_read_is_the_file_and_the_pieces_become_its_content() {
         const Change change(at("a.gb"));
         QCOMPARE(change.length(), 6);
-        QCOMPARE(change.content(), QByteArray("former"));
+        QCOMPARE(change.readAt(0, 100), QByteArray("former"));
         QCOMPARE(change.readAt(2, 3), QByteArray("rme"));
         QCOMPARE(change.readAt(4, 100), QByteArray("er"));
         change.commit({"one", QByteArrayView(), QByteArrayView("\0two", 4)});

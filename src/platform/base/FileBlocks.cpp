@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Reading block by block.
+#include "FileBlocks.h"
+
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+constexpr qint64 blockSize = 1 << 20;
+} // namespace
+
+FileBlocks::FileBlocks(const Handle& file, qint64 from, qint64 to, qint64 overlap)
+    : m_file(file), m_next(from), m_to(to), m_overlap(overlap) {}
+
+QByteArrayView FileBlocks::next() {
+    const qint64 size = std::min(blockSize, m_to - m_next);
+    // What would be left is the overlap, which was in the block before.
+    const bool isOnlyOverlap = !m_block.isEmpty() && size <= m_overlap;
+    if (size <= 0 || isOnlyOverlap) return {};
+    m_position = m_next;
+    m_block.resize(size);
+    m_block.truncate(readInto(m_file, m_position, m_block.data(), size));
+    if (m_block.size() < size) m_to = m_position + m_block.size(); // the file ends here
+    m_next = m_position + std::max<qint64>(m_block.size() - m_overlap, 0);
+    return m_block;
+}
+
+} // namespace torvane

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// The bytes of an open file in blocks of at most 1 MiB, so that a file of any size takes little memory.
+#pragma once
+
+#include "SystemCalls.h"
+
+namespace torvane {
+
+class FileBlocks {
+public:
+    /// The bytes from `from` up to `to`, or to the file's end if that comes first; `file` must outlive this.
+    /// Each block but the first begins with the last `overlap` bytes of the one before: what is that long and
+    /// one byte lies whole in some block.
+    FileBlocks(const Handle& file, qint64 from, qint64 to, qint64 overlap = 0);
+
+    /// The next block, valid until the next call; empty at the end. Fails if the file can't be read.
+    QByteArrayView next();
+    /// Where the block begins in the file.
+    qint64 position() const { return m_position; }
+
+private:
+    const Handle& m_file;
+    qint64 m_next;
+    qint64 m_to;
+    qint64 m_overlap;
+    qint64 m_position = 0;
+    QByteArray m_block;
+};
+
+} // namespace torvane
