@@ -19,12 +19,6 @@ bool isPlayableKind(const QString& extension) {
                        [&](const char* kind) { return extension == QLatin1String(kind); });
 }
 
-// The extension as memberExtension has it, without making a text of the whole name.
-QString extensionIn(QByteArrayView name) {
-    if (!name.contains('.')) throw RuntimeFailure(RuntimeFailure::subscript);
-    const std::string_view piece = secondPieceOf(name);
-    return QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())).toLower();
-}
 } // namespace
 
 QString memberExtension(const QString& name) {
@@ -32,7 +26,11 @@ QString memberExtension(const QString& name) {
     return secondPiece(name).toLower();
 }
 
-bool isPlayable(const QString& name) { return isPlayableKind(memberExtension(name)); }
+// Without making a text of the whole name.
+bool isPlayable(QByteArrayView name) {
+    const std::string_view piece = secondPieceOf(name);
+    return isPlayableKind(QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())).toLower());
+}
 
 MemberIcon memberIcon(const QString& extension) {
     if (extension == QStringLiteral("gb")) return MemberIcon::classic;
@@ -41,9 +39,15 @@ MemberIcon memberIcon(const QString& extension) {
 }
 
 ZipMembers::ZipMembers(std::shared_ptr<const FolderNames> names) : m_names(std::move(names)) {
-    for (int row = 0; row < m_names->count(); ++row) {
-        if (isPlayableKind(extensionIn(m_names->bytes(row)))) m_hasPlayable = true;
+    for (int position = 0; position < m_names->count(); ++position) {
+        const QByteArrayView name = m_names->bytes(position);
+        if (name.contains('.')) m_positions.push_back(position);
+        m_hasPlayable = m_hasPlayable || isPlayable(name);
     }
+}
+
+void ZipMembers::requireAllListed() const {
+    if (count() < m_names->count()) throw RuntimeFailure(RuntimeFailure::subscript);
 }
 
 QString ZipTemp::folderOf(const QString& name) const {
@@ -57,12 +61,13 @@ bool ZipTemp::isOurs(const QString& name) const {
     return lstat(realFolder(name).constData(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-void ZipTemp::ExtractZipToTemp(UnZip& engine, const QString& path, const QString& name) const {
+UnZip::Reason ZipTemp::ExtractZipToTemp(UnZip& engine, const QString& path, const QString& name) const {
     ignoring([&] { Folder::make(realFolder(name)); });
-    if (!isOurs(name)) return;
+    if (!isOurs(name)) return UnZip::Reason::noRoom;
+    engine.isWanted = isPlayable;
     engine.setFolder(folderOf(name));
     engine.setArchive(path);
-    engine.extract(QStringLiteral("*.*"));
+    return engine.extract(QStringLiteral("*.*"));
 }
 
 void ZipTemp::DeleteTemp(const QString& name) const {

@@ -3,6 +3,7 @@
 #include "ZIP_Viewer.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
+#include "platform/base/NativeText.h"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -13,6 +14,25 @@ namespace {
 // In milliseconds, between two tries at an archive that has given nothing yet.
 constexpr int firstPause = 50;
 constexpr int longestPause = 1000;
+
+// The key of a reason's text, and the text for language files that lack the key.
+struct ReasonText {
+    const char* key;
+    const char* absent;
+};
+
+ReasonText textOf(UnZip::Reason reason) {
+    switch (reason) {
+    case UnZip::Reason::none: return {"reading", ""};
+    case UnZip::Reason::nothingWanted: return {"nogame", "No game inside"};
+    case UnZip::Reason::inSubfolders: return {"subfolders", "Its games lie in subfolders"};
+    case UnZip::Reason::noRoom: return {"noroom", "No room to unpack it"};
+    case UnZip::Reason::encrypted: return {"encrypted", "The ZIP is encrypted"};
+    case UnZip::Reason::unknownMethod: return {"method", "Unknown compression"};
+    case UnZip::Reason::damaged: return {"damaged", "Damaged or unreadable ZIP"};
+    }
+    return {"reading", ""};
+}
 } // namespace
 
 ZIP_Viewer::ZIP_Viewer(const Services& services) : ZIP_ViewerDesign(services.runtime), m(services) {
@@ -31,7 +51,12 @@ void ZIP_Viewer::Load() {
     const Texts text(m.language, "ZIP");
     Label1.setCaption(m.globals.TitlePrefix + text("ziptitle"));
     Label2.setCaption(text("unzipping"));
-    Label3.setCaption(text("reading"));
+    showReason(UnZip::Reason::none);
+}
+
+void ZIP_Viewer::showReason(UnZip::Reason reason) {
+    const auto [key, absent] = textOf(reason);
+    Label3.setCaption(Texts(m.language, "ZIP")(key, QString::fromUtf8(absent)));
 }
 
 void ZIP_Viewer::ReadZIP(const QString& path, const QString& name) {
@@ -41,6 +66,7 @@ void ZIP_Viewer::ReadZIP(const QString& path, const QString& name) {
 }
 
 void ZIP_Viewer::read(const QString& path, const QString& name) {
+    m_isFailureReported = false;
     Mensaje.setVisible(true);
     pumpEvents();
     pumpEvents();
@@ -56,12 +82,14 @@ void ZIP_Viewer::readUntilListed(const QString& path, const QString& name) {
          between = std::min(2 * between, longestPause)) {
         QElapsedTimer attempt;
         attempt.start();
-        m_temp.ExtractZipToTemp(UnZip1.engine, path, name);
+        const UnZip::Reason reason = m_temp.ExtractZipToTemp(UnZip1.engine, path, name);
         if (!m_reading.goesOn()) return;
         ListZipMembers(name);
+        const bool isListed = ListView1.rowCount() > 0;
+        showReason(isListed ? UnZip::Reason::none : reason);
         pumpEvents();
         // A large archive without a member for the list must not keep a processor busy either.
-        if (ListView1.rowCount() > 0) return;
+        if (isListed) return;
         m_reading.pause(std::max(between, static_cast<int>(attempt.elapsed())));
     }
 }
@@ -69,10 +97,13 @@ void ZIP_Viewer::readUntilListed(const QString& path, const QString& name) {
 void ZIP_Viewer::ListZipMembers(const QString& name) {
     File2.setPath(m_temp.isOurs(name) ? m_temp.folderOf(name) : QString());
     if (File2.ListCount() == 0) return;
-    const auto members = std::make_shared<ZipMembers>(File2.names());
-    ListView1.setItems(members);
-    if (members->hasPlayable()) blankPanel();
-    File2.selectQuietly(members->count() - 1);
+    m_members = std::make_shared<ZipMembers>(File2.names());
+    ListView1.setItems(m_members);
+    if (m_members->hasPlayable()) blankPanel();
+    File2.selectQuietly(File2.ListCount() - 1);
+    if (std::exchange(m_isFailureReported, true)) return;
+    // One box for an archive, however many members and tries at it fail.
+    m.runtime.reporting([this] { m_members->requireAllListed(); });
 }
 
 // Tags of members are not read: selecting one clears the panel.
@@ -82,17 +113,21 @@ void ZIP_Viewer::blankPanel() {
 }
 
 void ZIP_Viewer::File2_Click() {
-    if (!isPlayable(File2.FileName())) return;
+    if (!isGameSelected()) return;
     pumpEvents();
     if (!isUnloaded()) blankPanel();
 }
 
-void ZIP_Viewer::ListView1_Click() { File2.setListIndex(ListView1.currentRow()); }
+bool ZIP_Viewer::isGameSelected() const { return isPlayable(NativeText::toNative(File2.FileName())); }
+
+void ZIP_Viewer::ListView1_Click() {
+    if (m_members) File2.setListIndex(m_members->position(ListView1.currentRow()));
+}
 
 void ZIP_Viewer::ListView1_DblClick() {
     ListView1_Click();
     pumpEvents();
-    if (isUnloaded() || !isPlayable(File2.FileName())) return;
+    if (isUnloaded() || !isGameSelected()) return;
     setWindowStateWord(minimised);
     pumpEvents();
     if (isUnloaded()) return;

@@ -37,6 +37,8 @@ private:
     void read(const QString& path, const QString& name);
     void readUntilListed(const QString& path, const QString& name);
     void ListZipMembers(const QString& name);
+    void showReason(UnZip::Reason reason);
+    bool isGameSelected() const;
     void blankPanel();
     void closeWindow();
     void File2_Click();
@@ -48,6 +50,8 @@ private:
     const Services& m;
     ZipTemp m_temp{m.globals};
     QString ZipName;
+    std::shared_ptr<const ZipMembers> m_members;
+    bool m_isFailureReported = false;
     Busy m_reading{*this};
 };
 

@@ -110,12 +110,12 @@ LOCATOR = struct.pack("<4sIQI", b"PK\6\7", 0, 34, 1)
 ALL = {"game.gb": b"game"}
 E = Entry
 
-# name, what is wrong with it, bytes, what comes out
+# name, what is wrong with it, bytes, what comes out, why no game does (damaged, if it isn't given)
 LIST = [
     ("sound", "nothing: stored, deflated, bzip2 and an empty entry", archive(
         GAME, E("b.gbc", LONG, DEFLATED), E("c.gba", LONG, BZIP2), E("empty", b"")),
      {**ALL, "b.gbc": LONG, "c.gba": LONG, "empty": b""}),
-    ("nothing", "it has no entries", archive(), {}),
+    ("nothing", "it has no entries", archive(), {}, "nothingWanted"),
     ("zero", "it has no bytes", b"", {}),
     ("text", "it is no archive", b"This is a game.\n" * 20, {}),
     # Names that lead elsewhere.
@@ -286,8 +286,68 @@ LIST = [
     ("in-front-unminded", "a program stands in front that no place takes into account", b"MZ" + SOUND, {}),
     ("two-archives", "an archive stands behind another one", SOUND + archive(E("b.gb"), shift=len(SOUND)),
      [{"b.gb": b"rom"}, ALL]),
-    ("within", "nothing: an archive lies in an archive", archive(E("in.zip", SOUND)), {"in.zip": SOUND}),
+    ("within", "nothing: an archive lies in an archive", archive(E("in.zip", SOUND)), {"in.zip": SOUND},
+     "nothingWanted"),
     ("cut", "its last byte is missing", SOUND[:-1], {}),
+    # Folders at the top, without a game beside them.
+    ("folder-one", "nothing: the games lie in one folder", archive(
+        E("readme.txt"), E("Games/", b"", attributes=0x10), E("Games/game.gb", b"game"),
+        E("Games/b.gba", LONG, DEFLATED), E("Games/license"), E("Games/more/c.gb")),
+     {"readme.txt": b"rom", **ALL, "b.gba": LONG}),
+    ("folder-spelled", "one folder is spelled in several ways", archive(
+        E("Games/game.gb", b"game"), E("GAMES/b.gb"), E("./Games/c.gb"), E("games./d.gb"), E("Games/./e.gb")),
+     {**ALL, "b.gb": b"rom", "c.gb": b"rom", "d.gb": b"rom", "e.gb": b"rom"}),
+    ("folder-macos", "nothing: a system adds a folder of its own", archive(
+        E("Games/game.gb", b"game"), E("__MACOSX/Games/._game.gb"), E("__MACOSX/._Games")), ALL),
+    ("folder-two", "games lie in two folders", archive(E("one/a.gb"), E("two/b.gb")), {}, "inSubfolders"),
+    ("folder-two-empty", "an empty folder lies beside the one with the games", archive(
+        E("one/a.gb"), E("two/", b"")), {}, "inSubfolders"),
+    ("folder-attribute-two", "the second folder is one by its attribute alone", archive(
+        E("one/a.gb"), E("two", b"", attributes=0x10), E("three.txt", b"")), {"three.txt": b""}, "inSubfolders"),
+    ("folder-deep", "games lie in a folder of a folder", archive(E("one/two/a.gb")), {}, "inSubfolders"),
+    ("folder-beside", "a game lies beside the folder", archive(GAME, E("one/a.gb")), ALL),
+    ("folder-beside-encrypted", "the game beside the folder is encrypted", archive(
+        E("game.gb", flags=ENCRYPTED), E("one/a.gb")), {}, "encrypted"),
+    ("folder-no-game", "no game lies in the folder", archive(E("one/readme.txt"), E("one/license")), {},
+     "nothingWanted"),
+    ("folder-out", "names lead out of the one folder", archive(
+        E("Games/../out.gb"), E("Games/../target/in.gb"), E("Games//out.gb"), E("Games/..\\out.gb"),
+        E("Games/\\out.gb"), E("Games/C:out.gb"),
+        E("Games/sub/../../../out.gb"), E("Games/.."), E("Games/."), E("../out.gb"), E("/out.gb"),
+        E("Games/game.gb", b"game")), ALL),
+    ("folder-names", "names in the one folder are like those that are left out at the top", archive(
+        E("Games/.hidden.gb"), E("Games/.torvane-abc123.gb"), E("Games/NUL.gb"), E("Games/a\nb.gb"),
+        E("Games/" + "a" * 253 + ".gb"), E("Games/\u202ebg.gb", flags=UTF8), E("Games/game.gb. .", b"game")), ALL),
+    ("folder-utf8-wrong", "names in the one folder are marked as UTF-8 and are none", archive(
+        E(b"Games/\xff.gb", flags=UTF8), E(b"\xff/a.gb", flags=UTF8), E("Games/game.gb", b"game")), ALL),
+    ("folder-twins", "names in the one folder differ in their case", archive(
+        E("Games/game.gb", b"gone", crc=1), E("Games/game.gb", b"game"), E("Games/GAME.GB"), E("games/Game.gb ")), ALL),
+    ("folder-parent", "the one folder is another one than the archive's", archive(
+        E("../a.gb"), E("/b.gb"), E("./../c.gb"), E("..\\d.gb"), E("//e.gb")), {}, "nothingWanted"),
+    ("folder-unnamed", "the folders have names that are left out", archive(
+        E(".hidden/a.gb"), E("NUL/b.gb"), E("C:/c.gb"), E("a\\b/d.gb"), E("..../e.gb"), E("\n/f.gb")), {},
+     "nothingWanted"),
+    ("folder-links", "the folder and what lies in it are links", archive(
+        E("Games", b"../other", **file(stat.S_IFLNK, 0o777)),
+        E("Games/in.gb", b"../../other/in.gb", **file(stat.S_IFLNK)),
+        E("Games/pipe.gb", **file(stat.S_IFIFO)), E("Games/game.gb", b"game")), ALL),
+    # Nothing comes out.
+    ("encrypted-all", "all entries are encrypted", archive(
+        E("a.gb", b"r" * 30, flags=ENCRYPTED), E("b.gb", flags=ENCRYPTED | 0x40),
+        E("c.gb", b"r" * 40, method=99, flags=ENCRYPTED, extra=struct.pack("<HHH2sBH", 0x9901, 7, 2, b"AE", 3, 8))), {},
+     "encrypted"),
+    ("encrypted-folder", "the games in the one folder are encrypted", archive(E("Games/a.gb", flags=ENCRYPTED)), {},
+     "encrypted"),
+    ("methods-all", "all entries are packed in rare ways", archive(E("a.gb", method=9), E("b.gb", LONG, LZMA)), {},
+     "unknownMethod"),
+    ("damaged-all", "all entries are damaged", archive(E("a.gb", crc=1), E("b.gb", LONG, DEFLATED, raw=LONG)), {}),
+    ("mixed-all", "entries stay in for several reasons", archive(
+        E("a.gb", crc=1), E("b.gb", flags=ENCRYPTED), E("c.gb", method=9)), {}),
+    ("mixed-no-damage", "entries are encrypted, packed in rare ways or too large", archive(
+        E("a.gb", flags=ENCRYPTED), E("b.gb", method=9), E("c.gb", size=0xFFFFFFFE)), {}, "unknownMethod"),
+    ("large-all", "all entries call themselves too large", archive(E("a.gb", size=0xFFFFFFFE)), {}, "noRoom"),
+    ("no-game", "no game is in it", archive(E("readme.txt"), E("license"), E("docs/a.txt")),
+     {"readme.txt": b"rom", "license": b"rom"}, "nothingWanted"),
 ]
 
 
@@ -303,17 +363,22 @@ def answers(expected):
     return expected if isinstance(expected, list) else [expected]
 
 
+def reason(files, given):
+    return "none" if any(".gb" in name.lower() for name in files) else given
+
+
 def main():
     folder = os.path.dirname(os.path.abspath(sys.argv[0]))
     for old in os.listdir(folder):
         if old.endswith(".zip"):
             os.remove(os.path.join(folder, old))
     with open(os.path.join(folder, "expected.tsv"), "w", encoding="utf-8") as table:
-        table.write("archive\twrong\texpected\n")
-        for name, wrong, content, expected in LIST:
+        table.write("archive\twrong\texpected\treason\n")
+        for name, wrong, content, expected, *given in LIST:
             with open(os.path.join(folder, name + ".zip"), "wb") as made:
                 made.write(content)
-            table.write("\t".join([name, wrong, "|".join(map(told, answers(expected)))]) + "\n")
+            reasons = [reason(files, *(given or ["damaged"])) for files in answers(expected)]
+            table.write("\t".join([name, wrong, "|".join(map(told, answers(expected))), "|".join(reasons)]) + "\n")
 
 
 if __name__ == "__main__":

@@ -68,15 +68,38 @@ private slots:
         QVERIFY(QFile::link(folder->path(u"mine"_s), folder->path(u"ziptemp/game"_s)));
         writeArchive(folder->path(u"game.zip"_s), {{u"game.gba"_s, "one"}});
         UnZip engine;
-        temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s);
+        QCOMPARE(temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s),
+                 UnZip::Reason::noRoom);
         QVERIFY(!temp->isOurs(u"game.zip"_s));
         QCOMPARE(folder->entries(u"mine"_s), QStringList());
     }
-    void what_is_no_archive_gives_an_empty_folder_and_no_failure() {
+    void what_is_no_archive_gives_an_empty_folder_and_its_reason() {
         UnZip engine;
-        temp->ExtractZipToTemp(engine, folder->write(u"game.zip"_s, "no archive"), u"game.zip"_s);
+        const QString path = folder->write(u"game.zip"_s, "no archive");
+        QCOMPARE(temp->ExtractZipToTemp(engine, path, u"game.zip"_s), UnZip::Reason::damaged);
         QVERIFY(temp->isOurs(u"game.zip"_s));
         QCOMPARE(folder->entries(u"ziptemp/game"_s), QStringList());
+    }
+    void games_are_what_can_be_played_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("isGame");
+        for (const char* name : {"a.gb", "A.GBC", "a.gba", "a.agb", "a.cgb", "a.bin", "a.gb.txt"}) {
+            QTest::newRow(name) << QString::fromLatin1(name) << true;
+        }
+        for (const char* name : {"a.txt", "a.b.gb", "gb", "a.zip"}) {
+            QTest::newRow(name) << QString::fromLatin1(name) << false;
+        }
+    }
+    void games_are_what_can_be_played() {
+        QFETCH(QString, name);
+        QFETCH(bool, isGame);
+        // In the one folder of an archive: only games come out of there.
+        writeArchive(folder->path(u"game.zip"_s), {{u"folder/"_s + name, "x"}});
+        UnZip engine;
+        const UnZip::Reason reason =
+            temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s);
+        QCOMPARE(reason, isGame ? UnZip::Reason::none : UnZip::Reason::nothingWanted);
+        QCOMPARE(folder->entries(u"ziptemp/game"_s), isGame ? QStringList{name} : QStringList());
     }
 
     // Kinds
@@ -101,18 +124,16 @@ private slots:
         QFETCH(int, icon);
         QFETCH(bool, playable);
         QCOMPARE(static_cast<int>(memberIcon(memberExtension(name))), icon);
-        QCOMPARE(isPlayable(name), playable);
+        QCOMPARE(isPlayable(name.toUtf8()), playable);
         member(name);
         const ZipMembers members(names());
         QCOMPARE(members.icon(0), icon);
         QCOMPARE(members.hasPlayable(), playable);
     }
-    void a_name_without_a_dot_is_out_of_range() {
+    void a_name_without_a_dot_has_no_kind_and_is_not_played() {
         QCOMPARE(failureOf([] { memberExtension(u"readme"_s); }), 9);
-        QCOMPARE(failureOf([] { isPlayable(u"readme"_s); }), 9);
-        member(u"a.gb"_s);
-        member(u"readme"_s);
-        QCOMPARE(failureOf([this] { ZipMembers{names()}; }), 9);
+        QVERIFY(!isPlayable("gb"));
+        QVERIFY(!isPlayable(""));
     }
 
     // Rows
@@ -123,8 +144,28 @@ private slots:
         QCOMPARE(members.count(), 2);
         QCOMPARE(members.text(0), u"a.b.gba"_s);
         QCOMPARE(members.text(1), u"b.txt"_s);
-        QCOMPARE(ZipMembers::key(0), u"1file"_s);
-        QCOMPARE(ZipMembers::key(1), u"2file"_s);
+        QCOMPARE(members.key(0), u"1file"_s);
+        QCOMPARE(members.key(1), u"2file"_s);
+        members.requireAllListed();
+    }
+    void members_without_a_dot_have_no_row_but_keep_their_places_in_the_keys() {
+        for (const QString& name : {u"1ST"_s, u"b.gb"_s, u"COPYING"_s, u"d.txt"_s}) member(name);
+        const ZipMembers members(names());
+        QCOMPARE(members.count(), 2);
+        QCOMPARE(members.text(0), u"b.gb"_s);
+        QCOMPARE(members.icon(0), 1);
+        QCOMPARE(members.key(0), u"2file"_s);
+        QCOMPARE(members.position(0), 1);
+        QCOMPARE(members.text(1), u"d.txt"_s);
+        QCOMPARE(members.key(1), u"4file"_s);
+        QCOMPARE(members.position(1), 3);
+        QCOMPARE(members.position(2), -1);
+        QCOMPARE(members.position(-1), -1);
+        QCOMPARE(failureOf([&] { members.requireAllListed(); }), 9);
+    }
+    void without_a_dot_in_any_name_there_are_no_rows() {
+        member(u"README"_s);
+        QCOMPARE(ZipMembers(names()).count(), 0);
     }
     void subfolders_are_no_members() {
         member(u"sub/a.gb"_s);

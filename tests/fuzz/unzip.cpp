@@ -44,19 +44,25 @@ public:
         m_unzip.setFolder(QString::fromStdString(path()) + QLatin1Char('\\'));
         m_unzip.setArchive(QString::fromStdString(m_around.path() + "/archive"));
         m_unzip.goesOn = [] { return true; };
+        m_unzip.isWanted = [](QByteArrayView name) { return name.contains(".gb"); };
     }
 
     void check(const QByteArray& archive) {
         m_around.write("archive", archive.toStdString());
-        m_unzip.extract(QStringLiteral("*.*"));
+        const UnZip::Reason reason = m_unzip.extract(QStringLiteral("*.*"));
+        bool hasWanted = false;
         qint64 all = 0;
         for (const auto& entry : std::filesystem::directory_iterator(path())) {
             require(entry.symlink_status().type() == std::filesystem::file_type::regular, "files come out");
-            checkHarmless(QByteArray::fromStdString(entry.path().filename().string()));
+            const QByteArray name = QByteArray::fromStdString(entry.path().filename().string());
+            checkHarmless(name);
+            hasWanted = hasWanted || name.contains(".gb");
             require(entry.file_size() <= static_cast<size_t>(limits.bytesPerEntry), "no file is too large");
             all += static_cast<qint64>(entry.file_size());
             std::filesystem::remove(entry.path());
         }
+        require(hasWanted == (reason == UnZip::Reason::none),
+                "there is a reason if nothing wanted comes out");
         require(all <= limits.bytesInAll, "all files together are not too large");
         const std::filesystem::directory_iterator around(m_around.path());
         require(std::distance(begin(around), end(around)) == 2, "nothing is made around the folder");

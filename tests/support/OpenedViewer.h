@@ -5,6 +5,7 @@
 #include "Archive.h"
 #include "OpenedProgram.h"
 
+#include <QDeadlineTimer>
 #include <QTimer>
 
 namespace torvane {
@@ -33,6 +34,18 @@ protected:
     /// What the user does while an archive is being read, which serves his events.
     void during(int milliseconds, const std::function<void()>& act) {
         QTimer::singleShot(milliseconds, this, act);
+    }
+    /// The same as soon as something holds; after ten seconds also if it doesn't.
+    void when(const std::function<bool()>& holds, const std::function<void()>& act) {
+        auto* looking = new QTimer(this);
+        const QDeadlineTimer end(10'000);
+        connect(looking, &QTimer::timeout, looking, [=] {
+            if (!holds() && !end.hasExpired()) return;
+            looking->stop();
+            looking->deleteLater();
+            act();
+        });
+        looking->start(5);
     }
 };
 

@@ -36,14 +36,17 @@ protected:
         return tree;
     }
 
+    /// What the tests look for in archives.
+    static bool isGame(QByteArrayView name) { return name.toByteArray().toLower().contains(".gb"); }
     UnZip unzip(const QString& archive, const UnZip::Limits& limits = {}) const {
         UnZip control(limits);
         control.setFolder(target());
         control.setArchive(archive);
+        control.isWanted = isGame;
         return control;
     }
-    void extract(const QString& archive, const UnZip::Limits& limits = {}) const {
-        unzip(archive, limits).extract(QStringLiteral("*.*"));
+    UnZip::Reason extract(const QString& archive, const UnZip::Limits& limits = {}) const {
+        return unzip(archive, limits).extract(QStringLiteral("*.*"));
     }
 
     /// Makes an archive in the test's folder; gives its path.

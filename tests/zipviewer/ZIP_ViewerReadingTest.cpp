@@ -45,6 +45,23 @@ private slots:
         QCOMPARE(window().ListView1.rowCount(), 1);
         QVERIFY(!isSeen(window().Mensaje));
     }
+    void members_without_a_dot_alone_are_reported_once_and_waited_over() {
+        writeArchive(opened->world.folder.path(u"roms/game.zip"_s),
+                     {{u"README"_s, "x"}, {u"LICENSE"_s, "x"}});
+        opened->open();
+        QString reason;
+        // Long enough for several tries.
+        during(700, [&] {
+            reason = window().Label3.Caption();
+            click(window().chameleonButton1);
+        });
+        click(main().Zipper);
+        QCOMPARE(opened->world.messages.boxes.size(), 1);
+        QCOMPARE(opened->world.ends, 0);
+        QCOMPARE(reason, opened->text("ZIP", "nogame"));
+        QVERIFY(!isOpen());
+        QVERIFY(!exists(u"ziptemp/game"_s));
+    }
     void waiting_does_not_keep_a_processor_busy() {
         opened->game(u"game.zip"_s, QByteArray());
         opened->open();

@@ -9,6 +9,21 @@
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
+namespace {
+// Asks something whenever the watched window is shown.
+class ShowNote : public QObject {
+public:
+    std::function<bool()> whenShown;
+    QList<bool> answers;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) answers.append(whenShown());
+        return false;
+    }
+};
+} // namespace
+
 class ZIP_ViewerTest : public OpenedViewer {
     Q_OBJECT
 
@@ -100,12 +115,45 @@ private slots:
         QCOMPARE(window().File2.FileName(), u"readme.txt"_s);
         QCOMPARE(panel(), blank);
     }
-    void a_member_without_a_dot_takes_the_default_failure_path() {
-        writeArchive(opened->world.folder.path(u"roms/game.zip"_s), {{u"readme"_s, "x"}});
-        opened->open();
-        click(main().Zipper);
-        QCOMPARE(opened->world.ends, 1);
+    void members_without_a_dot_are_reported_once_and_the_others_are_listed() {
+        openArchive({{u"1ST"_s, "x"}, {u"b.gb"_s, "x"}, {u"COPYING"_s, "x"}, {u"d.gba"_s, "x"}});
+        QCOMPARE(opened->world.ends, 0);
+        QCOMPARE(opened->world.messages.boxes.size(), 1);
         QVERIFY(opened->world.messages.last().startsWith(u"Run-time error '9'"_s));
+        QVERIFY(!isSeen(window().Mensaje));
+        QCOMPARE(window().ListView1.rowCount(), 2);
+        QCOMPARE(panel(), blank);
+        for (const int row : {1, 0}) {
+            chooseRow(row);
+            QCOMPARE(window().File2.FileName(), row == 0 ? u"b.gb"_s : u"d.gba"_s);
+        }
+        play(1);
+        QCOMPARE(processes().starts.value(0).arguments, QByteArrayList{temp() + "game/d.gba"});
+        window().File2.setListIndex(0);
+        QCOMPARE(opened->world.messages.boxes.size(), 1);
+    }
+    void members_without_a_dot_go_at_the_close_too() {
+        openArchive({{u"README"_s, "x"}, {u"a.gb"_s, "x"}});
+        QVERIFY(exists(u"ziptemp/game/README"_s));
+        click(window().chameleonButton1);
+        QVERIFY(!isOpen());
+        QVERIFY(main().isVisible());
+        QVERIFY(!exists(u"ziptemp/game"_s));
+        QCOMPARE(opened->world.ends, 0);
+    }
+    void the_next_archive_is_reported_anew() {
+        openArchive({{u"README"_s, "x"}, {u"a.gb"_s, "x"}});
+        window().ListView1.Clear();
+        window().ReadZIP(opened->world.folder.path(u"roms/game.zip"_s), u"game.zip"_s);
+        QCOMPARE(opened->world.messages.boxes.size(), 2);
+    }
+    void games_of_the_one_folder_are_listed_and_played() {
+        openArchive({{u"My Games/b.gbc"_s, "x"}, {u"My Games/a.gb"_s, "x"}, {u"My Games/tips.txt"_s, "x"}});
+        QCOMPARE(window().ListView1.rowCount(), 2);
+        play(0);
+        QCOMPARE(processes().starts.value(0).arguments, QByteArrayList{temp() + "game/a.gb"});
+        click(window().chameleonButton1);
+        QVERIFY(!exists(u"ziptemp/game"_s));
     }
     void ten_thousand_members_are_listed_and_painted_in_less_than_two_seconds() {
         openArchive({{u"m.gb"_s, "x"}});
@@ -180,6 +228,15 @@ private slots:
         QVERIFY(main().isVisible());
         QVERIFY(!exists(u"ziptemp/game"_s));
         QVERIFY(exists(u"roms/game.zip"_s));
+    }
+    void the_main_window_is_shown_before_the_unpacked_files_go() {
+        openArchive({{u"a.gb"_s, "x"}});
+        ShowNote note;
+        note.whenShown = [this] { return exists(u"ziptemp/game/a.gb"_s); };
+        main().installEventFilter(&note);
+        click(window().chameleonButton1);
+        QCOMPARE(note.answers, QList<bool>{true});
+        QVERIFY(!exists(u"ziptemp/game"_s));
     }
     void the_window_managers_close_does_the_same() {
         openArchive({{u"a.gb"_s, "x"}});

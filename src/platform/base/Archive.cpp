@@ -8,7 +8,9 @@ namespace torvane {
 
 namespace {
 constexpr qsizetype blockSize = 1 << 17;
-constexpr zip_uint32_t folderOrLabel = 0x10 | 0x08; // attributes of the first system that had archives
+// Attributes of the first system that had archives.
+constexpr zip_uint32_t folderAttribute = 0x10;
+constexpr zip_uint32_t labelAttribute = 0x08;
 
 struct FileCloser {
     void operator()(zip_file_t* file) const { zip_fclose(file); }
@@ -39,22 +41,33 @@ QByteArray Archive::name(qint64 index) const {
     return {zip_get_name(m_zip.get(), static_cast<zip_uint64_t>(index), ZIP_FL_ENC_GUESS)};
 }
 
-bool Archive::isFile(qint64 index) const {
-    zip_stat_t info;
-    if (zip_stat_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &info) != 0) return false;
-    const bool isKnown = info.comp_method == ZIP_CM_STORE || info.comp_method == ZIP_CM_DEFLATE ||
-                         info.comp_method == ZIP_CM_BZIP2;
+Archive::Kind Archive::kind(qint64 index) const {
     zip_uint8_t system = 0;
     zip_uint32_t attributes = 0;
     zip_file_get_external_attributes(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &system, &attributes);
     // Above stands the mode of Unix, if anything. Some archivers of other systems give it, too.
-    const mode_t kind = attributes >> 16 & S_IFMT;
-    return isKnown && (attributes & folderOrLabel) == 0 && (kind == 0 || kind == S_IFREG);
+    const mode_t mode = attributes >> 16 & S_IFMT;
+    if ((attributes & folderAttribute) != 0 || mode == S_IFDIR) return Kind::folder;
+    const bool isFile = (attributes & labelAttribute) == 0 && (mode == 0 || mode == S_IFREG);
+    return isFile ? Kind::file : Kind::other;
+}
+
+bool Archive::isEncrypted(qint64 index) const { return infoOf(index).encryption_method != ZIP_EM_NONE; }
+
+bool Archive::isMethodKnown(qint64 index) const {
+    const zip_uint16_t method = infoOf(index).comp_method;
+    return method == ZIP_CM_STORE || method == ZIP_CM_DEFLATE || method == ZIP_CM_BZIP2;
+}
+
+zip_stat_t Archive::infoOf(qint64 index) const {
+    zip_stat_t info;
+    zip_stat_init(&info);
+    zip_stat_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &info);
+    return info;
 }
 
 qint64 Archive::claimedSize(qint64 index) const {
-    zip_stat_t info;
-    if (zip_stat_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &info) != 0) return -1;
+    const zip_stat_t info = infoOf(index);
     if ((info.valid & ZIP_STAT_SIZE) == 0) return -1;
     return static_cast<qint64>(std::min<zip_uint64_t>(info.size, std::numeric_limits<qint64>::max()));
 }

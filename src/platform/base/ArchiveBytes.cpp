@@ -22,6 +22,8 @@ ArchiveBytes::ArchiveBytes(const QString& path, qint64 mostEntries, Pulse& pulse
       m_bytesLeft(bytesOfDirectory(mostEntries)) {
     zip_error_init(&m_error);
     if (tellsOfMore(mostEntries)) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    // libzip would take a file of no bytes as a new archive.
+    if (m_length == 0) throw RuntimeFailure(RuntimeFailure::pathAccess);
 }
 
 // libzip makes room for as many entries as a record of ZIP64 tells of, before it has read any.

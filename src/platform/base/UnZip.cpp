@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Unpacking an archive, entry by entry.
 #include "UnZip.h"
-#include "Archive.h"
+#include "ArchiveTop.h"
 #include "EntryName.h"
 #include "FileRights.h"
 #include "HiddenFile.h"
@@ -22,18 +22,23 @@ public:
     Unpacking(const QString& folder, const UnZip::Limits& limits, Pulse& pulse)
         : m_folder(Paths::real(folder)), m_limits(limits), m_pulse(pulse) {}
 
-    void unpack(Archive& archive, const NamePattern& pattern) {
+    UnZip::Reason unpack(Archive& archive, const NamePattern& pattern, const ArchiveTop::Wanted& isWanted) {
+        const ArchiveTop top(archive, isWanted, m_pulse);
+        auto reason = top.hasWantedBelowOnly() ? UnZip::Reason::inSubfolders : UnZip::Reason::nothingWanted;
+        bool hasCome = false;
         for (qint64 i = 0; i < archive.count() && m_bytes <= m_limits.bytesInAll && m_pulse.shouldContinue();
              ++i) {
-            const QByteArray name = EntryName::sanitized(archive.name(i));
+            const QByteArray name = top.fileName(archive.name(i));
+            if (name.isEmpty() || !pattern.matches(name)) continue;
             const QString folded = NativeText::folded(NativeText::fromNative(name));
-            if (name.isEmpty() || !pattern.matches(name) || m_done.contains(folded)) continue;
-            if (!archive.isFile(i) || archive.claimedSize(i) > m_limits.bytesPerEntry || !isFree(name))
-                continue;
-            ignoring([&] {
-                if (unpackEntry(archive, i, name)) m_done.insert(folded);
-            });
+            if (m_done.contains(folded) || archive.kind(i) != Archive::Kind::file) continue;
+            const UnZip::Reason failure = tryEntry(archive, i, name);
+            reason = std::max(reason, failure);
+            if (failure != UnZip::Reason::none) continue;
+            m_done.insert(folded);
+            hasCome = hasCome || isWanted(name);
         }
+        return hasCome ? UnZip::Reason::none : reason;
     }
 
 private:
@@ -52,24 +57,37 @@ private:
         return disk.f_bavail >= wanted / block + 1;
     }
 
-    // True if the entry is whole and has its name. No sync: what is unpacked here can be unpacked again.
-    bool unpackEntry(Archive& archive, qint64 index, const QByteArray& name) {
+    // Why an entry has not come out; none if it is whole and has its name.
+    UnZip::Reason tryEntry(Archive& archive, qint64 index, const QByteArray& name) {
+        if (archive.isEncrypted(index)) return UnZip::Reason::encrypted;
+        if (!archive.isMethodKnown(index)) return UnZip::Reason::unknownMethod;
+        auto reason = UnZip::Reason::noRoom;
+        if (archive.claimedSize(index) > m_limits.bytesPerEntry || !isFree(name)) return reason;
+        ignoring([&] { reason = unpackEntry(archive, index, name); });
+        return reason;
+    }
+
+    // No sync: what is unpacked here can be unpacked again.
+    UnZip::Reason unpackEntry(Archive& archive, qint64 index, const QByteArray& name) {
         HiddenFile fresh(m_folder, HiddenFile::replacement);
         qint64 size = 0;
+        bool isAllowed = true;
         const bool isWhole = archive.read(index, [&](QByteArrayView block) {
             size += block.size();
             m_bytes += block.size();
-            const bool isAllowed = size <= m_limits.bytesPerEntry && m_bytes <= m_limits.bytesInAll &&
-                                   hasRoomFor(block.size()) && m_pulse.shouldContinue();
+            isAllowed = size <= m_limits.bytesPerEntry && m_bytes <= m_limits.bytesInAll &&
+                        hasRoomFor(block.size()) && m_pulse.shouldContinue();
             if (isAllowed) fresh.write(block);
             return isAllowed;
         });
-        if (!isWhole || !m_pulse.shouldContinue()) return false;
+        if (!isAllowed || !m_pulse.shouldContinue()) return UnZip::Reason::noRoom;
+        if (!isWhole) return UnZip::Reason::damaged;
         FileRights::give(fresh.handle(), nullptr);
         const int folder = m_folder.number();
-        if (renameat(folder, fresh.name().constData(), folder, name.constData()) != 0) return false;
+        if (renameat(folder, fresh.name().constData(), folder, name.constData()) != 0)
+            return UnZip::Reason::noRoom;
         fresh.forget();
-        return true;
+        return UnZip::Reason::none;
     }
 
     Folder m_folder;
@@ -80,17 +98,21 @@ private:
 };
 } // namespace
 
-void UnZip::extract(const QString& pattern) {
+UnZip::Reason UnZip::extract(const QString& pattern) {
     // From here on nothing of this object is used: the question whether to go on may be its end.
     const Limits limits = m_limits;
     const QString path = m_archive;
+    const ArchiveTop::Wanted wanted = isWanted ? isWanted : [](QByteArrayView) { return true; };
     Pulse pulse(goesOn);
     Leftovers::sweep(m_folder);
+    auto reason = Reason::noRoom;
     ignoring([&, folder = m_folder] {
         Unpacking unpacking(folder, limits, pulse);
+        reason = Reason::damaged;
         Archive archive(path, limits.entries, pulse);
-        unpacking.unpack(archive, NamePattern(pattern));
+        reason = unpacking.unpack(archive, NamePattern(pattern), wanted);
     });
+    return reason;
 }
 
 } // namespace torvane

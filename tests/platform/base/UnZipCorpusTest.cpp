@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Every archive of tests/archives: in the folder lies what the list beside them tells, each file whole and
-// with ordinary rights, and around the folder nothing has changed.
+// Every archive of tests/archives: in the folder lies what the list beside them says, each file whole and
+// with ordinary rights, around the folder nothing has changed, and the reason for a lack of games is the
+// right one.
 #include "support/TestMain.h"
 #include "support/UnZipFixture.h"
+
+#include <array>
 
 using namespace torvane;
 
@@ -10,7 +13,7 @@ class UnZipCorpusTest : public UnZipFixture {
     Q_OBJECT
 
     static QString archives() { return QStringLiteral(TORVANE_TESTS_DIR "/archives/"); }
-    // The lines of the list behind its headings: name, what is wrong, what comes out.
+    // The lines of the list behind its headings: name, what is wrong, what comes out, why no game does.
     static QList<QStringList> list() {
         QFile file(archives() + QStringLiteral("expected.tsv"));
         if (!file.open(QIODevice::ReadOnly)) return {};
@@ -34,6 +37,11 @@ class UnZipCorpusTest : public UnZipFixture {
         }
         return trees;
     }
+    static QString nameOf(UnZip::Reason reason) {
+        constexpr std::array names = {"none",      "nothingWanted", "inSubfolders", "noRoom",
+                                      "encrypted", "unknownMethod", "damaged"};
+        return QLatin1String(names.at(static_cast<size_t>(reason)));
+    }
 
 private slots:
     void initTestCase() { umask(022); }
@@ -42,18 +50,21 @@ private slots:
     void what_comes_out_is_right_and_nothing_else_changes_data() {
         QTest::addColumn<QString>("wrong");
         QTest::addColumn<QString>("expected");
-        for (const QStringList& row : list()) QTest::newRow(qPrintable(row[0])) << row[1] << row[2];
+        QTest::addColumn<QString>("reasons");
+        for (const QStringList& row : list()) QTest::newRow(qPrintable(row[0])) << row[1] << row[2] << row[3];
     }
     void what_comes_out_is_right_and_nothing_else_changes() {
         QFETCH(QString, wrong);
         QFETCH(QString, expected);
+        QFETCH(QString, reasons);
         const QString archive = archives() + QLatin1String(QTest::currentDataTag()) + QStringLiteral(".zip");
         QVERIFY2(QFile::exists(archive), qPrintable(wrong));
         const FolderTree before = wholeTree();
-        extract(archive);
+        const UnZip::Reason reason = extract(archive);
         const FolderTree tree = wholeTree();
         const QList<FolderTree> answers = answersIn(expected, before);
         if (!answers.contains(tree)) QCOMPARE(tree, answers.first());
+        QCOMPARE(nameOf(reason), reasons.split(QLatin1Char('|')).at(answers.indexOf(tree)));
         // Once more over what lies there now, as after a program that was ended meanwhile.
         extract(archive);
         QCOMPARE(wholeTree(), tree);
