@@ -1,29 +1,27 @@
 // SPDX-License-Identifier: MIT
-// Moving pictures over the toolkit's movie class.
+// Loading and playing.
 #include "MoviePlayer.h"
 #include "../base/File.h"
 #include "../base/Paths.h"
 #include "../base/RuntimeFailure.h"
 #include "Download.h"
+#include "MovieFrames.h"
+#include "Pictures.h"
 
-#include <QBuffer>
 #include <QPainter>
-#include <QTimer>
-#include <algorithm>
-#include <utility>
+#include <QWindow>
 
 namespace torvane {
 
 namespace {
 constexpr qint64 largestMovie = 16 << 20;
-constexpr int restMilliseconds = 30; // in which the window comes to stand before a movie is looked for
+constexpr int loadDelay = 30; // ms in which the window gets painted before a movie is loaded
 const QString fileScheme = QStringLiteral("file://");
 
-// The name of the toolkit's reader for the content; empty for what the player doesn't show.
-QByteArray formatOf(const QByteArray& bytes) {
-    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a")) return QByteArrayLiteral("gif");
-    if (bytes.startsWith("RIFF") && bytes.mid(8).startsWith("WEBP")) return QByteArrayLiteral("webp");
-    return {};
+// The name of Qt's reader for the content; empty for what the player doesn't show.
+QByteArray movieFormatOf(const QByteArray& bytes) {
+    const QByteArray format = Pictures::formatOf(bytes);
+    return format == "gif" || format == "webp" ? format : QByteArray();
 }
 
 QByteArray contentOf(const QString& path) {
@@ -34,25 +32,22 @@ QByteArray contentOf(const QString& path) {
     });
     return bytes;
 }
-
-// Where the same movie may lie in twice the pixels: "intro@2x.dat" beside "intro.dat".
-QString denseTwinOf(const QString& path) {
-    const qsizetype name = std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
-    const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
-    return QString(path).insert(dot > name ? dot : path.size(), QStringLiteral("@2x"));
-}
 } // namespace
 
 MoviePlayer::MoviePlayer(QWidget& parent, const char* name, const DesignRect& rect)
-    : Control(parent, name, rect) {}
+    : Control(parent, name, rect) {
+    m_clock.setSingleShot(true);
+    connect(&m_clock, &QTimer::timeout, this, &MoviePlayer::showNext);
+}
 
 MoviePlayer::~MoviePlayer() = default;
 
 void MoviePlayer::setMovie(const QString& location) {
     m_location = location;
-    m_movie.reset();
-    m_bytes.reset();
-    m_roundHasFrames = false;
+    m_clock.stop();
+    m_frames.reset();
+    m_frame = QImage();
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
     update();
 }
 
@@ -75,45 +70,79 @@ void MoviePlayer::load() {
 }
 
 void MoviePlayer::loadFile(const QString& path) {
-    const QByteArray dense = devicePixelRatioF() > 1.0 ? contentOf(denseTwinOf(path)) : QByteArray();
-    start(formatOf(dense).isEmpty() ? contentOf(path) : dense);
+    const QByteArray dense =
+        devicePixelRatioF() > 1.0 ? contentOf(Pictures::denseTwinOf(path)) : QByteArray();
+    start(movieFormatOf(dense).isEmpty() ? contentOf(path) : dense);
 }
 
 void MoviePlayer::start(const QByteArray& bytes) {
-    const QByteArray format = formatOf(bytes);
+    const QByteArray format = movieFormatOf(bytes);
     if (!format.isEmpty()) {
-        m_bytes = std::make_unique<QBuffer>();
-        m_bytes->setData(bytes);
-        m_bytes->open(QIODevice::ReadOnly);
-        m_movie = std::make_unique<QMovie>(m_bytes.get(), format);
-        m_movie->setCacheMode(QMovie::CacheNone);
-        connect(m_movie.get(), &QMovie::frameChanged, this, &MoviePlayer::showFrame);
-        connect(m_movie.get(), &QMovie::finished, this, &MoviePlayer::goOn);
-        m_movie->start();
+        m_frames = std::make_unique<MovieFrames>(bytes, format);
+        m_frameTime = 0;
+        m_clock.stop();
+        if (isSeen()) showNext(); // else it begins when it is
     }
     emit readyStateChanged();
 }
 
-void MoviePlayer::showFrame() {
-    m_roundHasFrames = true;
+void MoviePlayer::showNext() {
+    const MovieFrames::Frame next = m_frames->next();
+    if (next.image.isNull()) {
+        m_frames.reset();
+        return;
+    }
+    m_frame = next.image;
+    m_frameTime = next.milliseconds;
+    setAttribute(Qt::WA_OpaquePaintEvent, !m_frame.hasAlphaChannel());
     update();
+    playOrRest();
 }
 
-// Some movies ask for one round; here they go on for as long as the window stands. A round without a
-// frame means that the movie is broken: it would end again at once, and for ever.
-void MoviePlayer::goOn() {
-    if (std::exchange(m_roundHasFrames, false)) m_movie->start();
+// What lies behind another program's window counts as seen: the desktop does not report that.
+bool MoviePlayer::isSeen() const {
+    const QWindow* native = window()->windowHandle();
+    return native != nullptr && native->isExposed() && !(native->windowStates() & Qt::WindowMinimized) &&
+           !visibleRegion().isEmpty();
+}
+
+// Called whenever that may have changed. A movie goes on after the frame where it came to rest.
+void MoviePlayer::playOrRest() {
+    if (!m_frames || m_frames->isStill()) return;
+    if (!isSeen()) {
+        m_clock.stop();
+    } else if (!m_clock.isActive()) {
+        m_clock.start(m_frameTime);
+    }
+}
+
+void MoviePlayer::showEvent(QShowEvent* event) {
+    // Done at each show: the window may have got another native one.
+    if (QWindow* native = window()->windowHandle()) native->installEventFilter(this);
+    playOrRest();
+    Control::showEvent(event);
+}
+
+void MoviePlayer::hideEvent(QHideEvent* event) {
+    playOrRest();
+    Control::hideEvent(event);
+}
+
+bool MoviePlayer::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange) playOrRest();
+    return Control::eventFilter(watched, event);
 }
 
 void MoviePlayer::paintEvent(QPaintEvent*) {
+    playOrRest(); // it may have come out from behind another control
     if (m_wanted) {
         m_wanted = false;
-        QTimer::singleShot(restMilliseconds, this, &MoviePlayer::load);
+        QTimer::singleShot(loadDelay, this, &MoviePlayer::load);
     }
-    if (!m_movie || !m_movie->isValid()) return;
+    if (m_frame.isNull()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform); // between two densities no frame fits dot for dot
-    painter.drawPixmap(rect(), m_movie->currentPixmap());
+    painter.drawImage(rect(), m_frame);
 }
 
 void MoviePlayer::mousePressEvent(QMouseEvent*) { emit Click(); }

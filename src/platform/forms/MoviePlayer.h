@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Plays a moving picture in a loop: an animated GIF or WebP, told by its content and not by its name. For
+// Plays a moving picture in a loop: an animated GIF or WebP, judged by its content and not by its name. For
 // anything else, and for what is missing or broken, it stays empty. It begins to load once it is on the
-// screen, so that no window waits for it.
+// screen, so that no window waits for it, and rests while it is not.
 #pragma once
 
 #include "Control.h"
 
-#include <QMovie>
+#include <QImage>
+#include <QTimer>
 #include <memory>
 
-class QBuffer;
-
 namespace torvane {
+
+class MovieFrames;
 
 class MoviePlayer : public Control {
     Q_OBJECT
@@ -29,8 +30,8 @@ public:
     void setMovie(const QString& location);
     const QString& Movie() const { return m_location; }
     void Play();
-    /// Whether frames are being shown.
-    bool isPlaying() const { return m_movie && m_movie->state() == QMovie::Running; }
+    /// Whether it is moving: not while nobody can see it, and never with a movie of one frame.
+    bool isPlaying() const { return m_clock.isActive(); }
 
 signals:
     /// The player has begun to play or has found nothing to play.
@@ -38,6 +39,9 @@ signals:
     void Click();
 
 protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
@@ -45,14 +49,16 @@ private:
     void load();
     void loadFile(const QString& path);
     void start(const QByteArray& bytes);
-    void showFrame();
-    void goOn();
+    void showNext();
+    bool isSeen() const;
+    void playOrRest();
 
     QString m_location;
     bool m_wanted = false;
-    bool m_roundHasFrames = false;
-    std::unique_ptr<QBuffer> m_bytes;
-    std::unique_ptr<QMovie> m_movie;
+    std::unique_ptr<MovieFrames> m_frames;
+    QImage m_frame;
+    int m_frameTime = 0; // ms
+    QTimer m_clock;
 };
 
 } // namespace torvane

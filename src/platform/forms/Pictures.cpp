@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Loading of skin pictures.
+// Loading of skin pictures, names and formats.
 #include "Pictures.h"
 
 #include <QFile>
 #include <QImageReader>
+#include <algorithm>
 #include <utility>
 
 namespace torvane::Pictures {
@@ -23,14 +24,27 @@ QPixmap load(const QString& name, qreal devicePixelRatio) {
     if (name.isEmpty()) return {};
     const QString file = QStringLiteral(":/art/") + name;
     if (devicePixelRatio > 1.0) {
-        const qsizetype dot = file.lastIndexOf(QLatin1Char('.'));
-        QPixmap dense = loadFile(file.first(dot) + QStringLiteral("@2x") + file.sliced(dot));
+        QPixmap dense = loadFile(denseTwinOf(file));
         if (!dense.isNull()) {
             dense.setDevicePixelRatio(2.0);
             return dense;
         }
     }
     return loadFile(file);
+}
+
+QString denseTwinOf(const QString& name) {
+    const qsizetype slash = std::max(name.lastIndexOf(QLatin1Char('/')), name.lastIndexOf(QLatin1Char('\\')));
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    return QString(name).insert(dot > slash ? dot : name.size(), QStringLiteral("@2x"));
+}
+
+QByteArray formatOf(const QByteArray& bytes) {
+    if (bytes.startsWith("\x89PNG")) return QByteArrayLiteral("png");
+    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a")) return QByteArrayLiteral("gif");
+    if (bytes.startsWith("\xFF\xD8\xFF")) return QByteArrayLiteral("jpg");
+    if (bytes.startsWith("RIFF") && bytes.mid(8).startsWith("WEBP")) return QByteArrayLiteral("webp");
+    return bytes.startsWith("BM") ? QByteArrayLiteral("bmp") : QByteArray();
 }
 
 const QPixmap& Deferred::picture(qreal devicePixelRatio) const {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures of the skin by name, out of the program's resources.
+// Pictures of the skin by name, out of the program's resources, and what all readers of pictures share.
 #pragma once
 
 #include <QPixmap>
@@ -11,6 +11,14 @@ namespace torvane::Pictures {
 /// set at twice the pixels ("close-16@2x.png"), with the device pixel ratio set. A null pixmap for an
 /// empty name and for what is not there.
 QPixmap load(const QString& name, qreal devicePixelRatio = 1.0);
+
+/// The name of a picture's twin with twice the pixels, beside it: "intro@2x.dat" for "intro.dat". Folders may
+/// be separated by either slash.
+QString denseTwinOf(const QString& name);
+
+/// The name of Qt's reader for a picture, judged by its first bytes: "png", "gif", "jpg", "bmp" or "webp".
+/// Empty for anything else.
+QByteArray formatOf(const QByteArray& bytes);
 
 /// A picture of a window's design, loaded when it is first asked for: many windows and controls are made
 /// and never seen.

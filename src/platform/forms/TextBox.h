@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A field for plain text of one or several lines. Its editor is made when it is first shown: some fields
-// never are. What a program sets stays as it is, byte for byte, until
-// the user edits it; what the user enters passes a filter first.
+// never are. What the program sets stays as it is, character by character, where the user does not edit it;
+// what the user enters passes a filter first.
 #pragma once
 
 #include "Colours.h"
@@ -10,9 +10,10 @@
 #include <functional>
 
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace torvane {
+
+class TextArea;
 
 class TextBox : public Control {
     Q_OBJECT
@@ -25,10 +26,11 @@ public:
         OleColour back = Colours::windowBack;
         bool multiLine = false;
     };
-    /// Gets a piece that was typed or pasted, gives what may stay of it.
+    /// Gets a piece that was typed or pasted, with LF at its line ends; gives what may stay of it.
     using InputFilter = std::function<QString(const QString&)>;
 
     TextBox(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
+    ~TextBox() override;
 
     QString kind() const override { return QStringLiteral("text box"); }
     QAccessible::Role accessibleRole() const override { return QAccessible::EditableText; }
@@ -52,16 +54,19 @@ private:
     void makeLine();
     void makeArea();
     void dress(QWidget& field);
-    QString shownText() const;
-    void show(const QString& text, qsizetype cursor);
-    void takeEdit();
+    void show(const QString& text);
+    bool filterLine(QString& text, int& cursor);
+    void takeLine();
+    void filterArea();
+    void takeArea();
+    void take(const QString& text);
 
     Look m_look;
     InputFilter m_filter;
     QString m_text;
-    QString m_shown;
+    QString m_shown; // what the editor held after the last change, each character at its place in it
     QLineEdit* m_line = nullptr;
-    QPlainTextEdit* m_area = nullptr;
+    TextArea* m_area = nullptr;
     bool m_setting = false;
 };
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The tray icon over the toolkit's own.
+// The tray icon over Qt's own.
 #include "TrayIcon.h"
 #include "../base/File.h"
 #include "../base/RuntimeFailure.h"
 #include "Form.h"
+#include "Pictures.h"
 
 #include <QBuffer>
 #include <QIcon>
@@ -17,17 +18,9 @@ namespace {
 constexpr qint64 largestPicture = 4 << 20;
 constexpr int restMilliseconds = 100; // in which the first window comes to stand
 
-// The name of the toolkit's reader for the content; empty for what is no picture of these kinds.
-QByteArray formatOf(const QByteArray& bytes) {
-    if (bytes.startsWith("\x89PNG")) return "png";
-    if (bytes.startsWith("GIF8")) return "gif";
-    if (bytes.startsWith("\xFF\xD8\xFF")) return "jpg";
-    return bytes.startsWith("BM") ? "bmp" : "";
-}
-
 // A null pixmap for what is no picture.
 QPixmap pictureOf(QByteArray& bytes) {
-    const QByteArray format = formatOf(bytes);
+    const QByteArray format = Pictures::formatOf(bytes);
     if (format.isEmpty()) return {};
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);

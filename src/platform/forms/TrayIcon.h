@@ -22,8 +22,8 @@ public:
     QString kind() const override { return QStringLiteral("TrayIcon"); }
     QString toolTip() const { return m_toolTip; }
 
-    /// Takes the picture of a file (PNG, GIF, BMP or JPEG by content, spelled path). Fails if there is no
-    /// such file or no picture in it; the former picture stays then.
+    /// Takes the picture of a file (of any format of Pictures, by its content; spelled path). Fails if there
+    /// is no such file or no picture in it; the old picture stays then.
     void setPicture(const QString& path);
     const QPixmap& picture() const { return m_picture; }
     /// Shows or removes the icon.

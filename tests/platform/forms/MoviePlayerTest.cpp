@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The player of moving pictures: what it plays, and that whatever else it is given does no harm.
 #include "platform/forms/MoviePlayer.h"
+#include "platform/forms/Panel.h"
 #include "support/FakeWorld.h"
+#include "support/GifMovie.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
 #include <QBuffer>
+#include <QMovie>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -15,18 +18,6 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-// One picture of one pixel: 50 ms of the colour number 0 (red) or 1 (blue).
-QByteArray gifFrame(int colour) {
-    const QByteArray control = QByteArray::fromHex("21f9040005000000");
-    const QByteArray place = QByteArray::fromHex("2c000000000100010000");
-    return control + place + QByteArray::fromHex(colour == 0 ? "0202440100" : "02024c0100");
-}
-
-QByteArray gifHead() { return "GIF89a" + QByteArray::fromHex("01000100800000ff00000000ff"); }
-
-// Two pictures, no loop asked for.
-QByteArray twoColours() { return gifHead() + gifFrame(0) + gifFrame(1) + ';'; }
-
 QByteArray pngBytes() {
     QImage image(4, 4, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -48,8 +39,13 @@ class PlayerOnScreen : public MoviePlayer {
 public:
     using MoviePlayer::MoviePlayer;
     qreal density = 1.0;
+    int paintings = 0;
 
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        ++paintings;
+        MoviePlayer::paintEvent(event);
+    }
     int metric(PaintDeviceMetric asked) const override {
         if (asked == PdmDevicePixelRatio) return qCeil(density);
         return asked == PdmDevicePixelRatioScaled ? qRound(density * devicePixelRatioFScale())
@@ -102,6 +98,8 @@ class MoviePlayerTest : public QObject {
 
     std::unique_ptr<FakeWorld> world;
     std::unique_ptr<TestForm> form;
+    std::unique_ptr<Panel> box;
+    std::unique_ptr<Panel> cover;
     std::unique_ptr<PlayerOnScreen> player;
 
     // Plays a movie on the screen until the player says what has become of it.
@@ -124,7 +122,9 @@ private slots:
         player = std::make_unique<PlayerOnScreen>(*form, "Flash", DesignRect{10, 10, 192, 122});
     }
     void cleanup() {
+        cover.reset();
         player.reset();
+        box.reset();
         form.reset();
     }
 
@@ -310,6 +310,43 @@ private slots:
         QTRY_COMPARE(seen(), blue);
         QVERIFY(play(u"/no such file"_s));
         QVERIFY(isEmpty());
+    }
+    void a_movie_rests_while_nobody_can_see_it_data() {
+        using Act = std::function<void(MoviePlayerTest&)>;
+        QTest::addColumn<Act>("hide");
+        QTest::addColumn<Act>("show");
+        QTest::newRow("minimised window") << Act([](auto& t) { t.form->setWindowStateWord(Form::minimised); })
+                                          << Act([](auto& t) { t.form->setWindowStateWord(Form::normal); });
+        QTest::newRow("hidden window")
+            << Act([](auto& t) { t.form->Hide(); }) << Act([](auto& t) { t.form->Show(); });
+        QTest::newRow("hidden player") << Act([](auto& t) { t.player->setVisible(false); })
+                                       << Act([](auto& t) { t.player->setVisible(true); });
+        QTest::newRow("hidden container") << Act([](auto& t) { t.box->setVisible(false); })
+                                          << Act([](auto& t) { t.box->setVisible(true); });
+        QTest::newRow("moved out of its container")
+            << Act([](auto& t) { t.player->move(0, 300); }) << Act([](auto& t) { t.player->move(0, 0); });
+        QTest::newRow("behind another control")
+            << Act([](auto& t) { t.cover->raise(); }) << Act([](auto& t) { t.cover->lower(); });
+    }
+    void a_movie_rests_while_nobody_can_see_it() {
+        QFETCH(std::function<void(MoviePlayerTest&)>, hide);
+        QFETCH(std::function<void(MoviePlayerTest&)>, show);
+        box = std::make_unique<Panel>(*form, "box", DesignRect{10, 10, 192, 122}, Panel::Look{});
+        player = std::make_unique<PlayerOnScreen>(*box, "Flash", DesignRect{0, 0, 192, 122});
+        cover = std::make_unique<Panel>(*box, "cover", DesignRect{0, 0, 192, 122}, Panel::Look{});
+        cover->lower();
+        QVERIFY(play(twoColours()));
+        hide(*this);
+        QTRY_VERIFY(!player->isPlaying());
+        QTest::qWait(100); // hiding may paint once more
+        const int paintings = player->paintings;
+        QTest::qWait(300); // time for six frames
+        QVERIFY(!player->isPlaying());
+        QCOMPARE(player->paintings, paintings);
+        show(*this);
+        QTRY_VERIFY(player->isPlaying());
+        QTRY_COMPARE(seen(), red);
+        QTRY_COMPARE(seen(), blue);
     }
     void nothing_is_loaded_before_the_player_is_on_the_screen() {
         QSignalSpy ready(player.get(), &MoviePlayer::readyStateChanged);

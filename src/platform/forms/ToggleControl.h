@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// What a check box and an option button share: a caption beside a mark, drawn and heard by one of Qt's own
+// buttons, which keys and assistive tools know.
+#pragma once
+
+#include "Colours.h"
+#include "Control.h"
+
+#include <optional>
+
+class QAbstractButton;
+
+namespace torvane {
+
+class ToggleControl : public Control {
+    Q_OBJECT
+
+public:
+    struct Look {
+        const char* caption = "";
+        FontSpec font = Fonts::M8;
+        OleColour fore = Colours::black;
+        std::optional<OleColour> back; ///< without one the ground shows through
+        bool checked = false;
+    };
+
+    /// A letter behind "&" is the access key.
+    QString Caption() const;
+    void setCaption(const QString& caption);
+    OleColour foreColour() const { return m_look.fore; }
+    std::optional<OleColour> backColour() const { return m_look.back; }
+    QAccessible::Role accessibleRole() const override { return QAccessible::Grouping; }
+    QString accessibleText() const override { return Caption(); }
+
+signals:
+    /// The user has used the control, or the program has set its value, be it to the same one.
+    void Click();
+
+protected:
+    /// The control becomes the parent of the button.
+    ToggleControl(QWidget& parent, const char* name, const DesignRect& rect, const Look& look,
+                  QAbstractButton& button);
+    QAbstractButton& button() const { return m_button; }
+    /// Shows a value without a click.
+    void setChecked(bool checked);
+
+private:
+    Look m_look;
+    QAbstractButton& m_button;
+};
+
+} // namespace torvane
