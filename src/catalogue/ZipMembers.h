@@ -29,10 +29,12 @@ public:
     explicit ZipMembers(std::shared_ptr<const FolderNames> names);
 
     int count() const override { return m_names->count(); }
-    QString text(int row) const override { return m_names->name(row); }
-    int icon(int row) const override { return static_cast<int>(memberIcon(memberExtension(text(row)))); }
-    /// The key of a row counted from 0: "1file" for the first one.
-    static QString key(int row) { return QString::number(row + 1) + QStringLiteral("file"); }
+    QString text(int row, int) const override { return m_names->name(row); }
+    int icon(int row) const override {
+        return static_cast<int>(memberIcon(memberExtension(m_names->name(row))));
+    }
+    /// "1file" for the first row.
+    QString key(int row) const override { return QString::number(row + 1) + QStringLiteral("file"); }
     bool hasPlayable() const { return m_hasPlayable; }
 
 private:
