@@ -50,7 +50,7 @@ GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
     }
 }
 
-QString GameRows::text(int row) const {
+QString GameRows::text(int row, int) const {
     const QString name = firstPiece(m_names->name(row));
     // A character outside the basic plane is two units; the cut must not leave half of one.
     const bool cutsPair = name.size() > longestRowText && name[longestRowText - 1].isHighSurrogate() &&

@@ -25,7 +25,7 @@ public:
              const std::function<qint64(const QString&)>& lengthOf);
 
     int count() const override { return static_cast<int>(m_icons.size()); }
-    QString text(int row) const override;
+    QString text(int row, int column) const override;
     int icon(int row) const override { return m_icons[static_cast<size_t>(row)]; }
 
     /// The picture by the size of a "bin" file: nothing for exactly 2048 KB (of 1000) and below 1024.

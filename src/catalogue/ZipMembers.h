@@ -28,10 +28,12 @@ public:
     explicit ZipMembers(std::shared_ptr<const FolderNames> names);
 
     int count() const override { return static_cast<int>(m_positions.size()); }
-    QString text(int row) const override { return m_names->name(position(row)); }
-    int icon(int row) const override { return static_cast<int>(memberIcon(memberExtension(text(row)))); }
+    QString text(int row, int) const override { return m_names->name(position(row)); }
+    int icon(int row) const override { return static_cast<int>(memberIcon(memberExtension(text(row, 0)))); }
     /// The key of a row counted from 0, by its member's position: "1file" for the first name.
-    QString key(int row) const { return QString::number(position(row) + 1) + QStringLiteral("file"); }
+    QString key(int row) const override {
+        return QString::number(position(row) + 1) + QStringLiteral("file");
+    }
     /// The position of a row's member among the names, counted from 0; -1 for a row that does not exist.
     int position(int row) const {
         return row < 0 || row >= count() ? -1 : m_positions[static_cast<size_t>(row)];

@@ -85,7 +85,7 @@ private slots:
     void a_name_with_two_dots_is_shown_by_its_first_piece_and_takes_the_former_picture() {
         make({"0.zip", "a.b.gb"});
         const GameRows list = rows(namedPattern);
-        QCOMPARE(list.text(1), QStringLiteral("a"));
+        QCOMPARE(list.text(1, 0), QStringLiteral("a"));
         QCOMPARE(icons(list), (QList<int>{archive, archive}));
     }
     void a_name_in_upper_case_is_in_the_list_and_takes_the_former_picture() {
@@ -105,9 +105,9 @@ private slots:
         QCOMPARE(named->count(), 5);
         const GameRows list(named, counted->count(), [](const QString&) { return qint64(0); });
         QCOMPARE(list.count(), 3);
-        QCOMPARE(list.text(0), QStringLiteral("a"));
-        QCOMPARE(list.text(1), QStringLiteral("b"));
-        QCOMPARE(list.text(2), QStringLiteral("c"));
+        QCOMPARE(list.text(0, 0), QStringLiteral("a"));
+        QCOMPARE(list.text(1, 0), QStringLiteral("b"));
+        QCOMPARE(list.text(2, 0), QStringLiteral("c"));
         QCOMPARE(icons(list), (QList<int>{advance, colour, classic}));
         // Row 0 shows "a" while entry 0 of the selection is c.gb.
         QCOMPARE(counted->name(0), QStringLiteral("c.gb"));
@@ -146,14 +146,14 @@ private slots:
         QFETCH(QByteArray, name);
         QFETCH(QString, text);
         make({name});
-        QCOMPARE(rows().text(0), text);
+        QCOMPARE(rows().text(0, 0), text);
     }
     void a_cut_row_text_leaves_the_file_name_whole() {
         const QByteArray name = QByteArray(60, 'n') + ".gb";
         make({name});
         const auto names = FolderNames::read(folder->path(), namedPattern);
         const GameRows list(names, 1, {});
-        QCOMPARE(list.text(0).size(), 30);
+        QCOMPARE(list.text(0, 0).size(), 30);
         QCOMPARE(names->bytes(0).toByteArray(), name);
     }
 

@@ -121,7 +121,7 @@ void checkRows(const Table& table, const std::vector<QByteArray>& names, int cou
         const QByteArray& name = names[static_cast<size_t>(row)];
         if (iconOf(name) >= 0) icon = iconOf(name);
         require(rows.icon(row) == icon, "a file without an icon takes that of the file in front");
-        require(rows.text(row) == rowText(name), "a row shows the beginning of a name");
+        require(rows.text(row, 0) == rowText(name), "a row shows the beginning of a name");
     }
 }
 

@@ -1,31 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The game list of the main window: its making out of the folder, its heights, its moves within the frame.
+#include "support/NotedRows.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
-
-#include <QWheelEvent>
 
 using namespace torvane;
 
 namespace {
-// Shows the rows of a list as the screen has them.
-class RowTexts {
-public:
-    explicit RowTexts(ListView& list) : m_list(list) {}
-    QStringList all() {
-        QStringList texts;
-        const int former = m_list.currentRow();
-        for (int row = 0; row < m_list.rowCount(); ++row) {
-            m_list.setCurrentRow(row);
-            texts << m_list.accessibleText();
-        }
-        m_list.setCurrentRow(former);
-        return texts;
-    }
-
-private:
-    ListView& m_list;
-};
+QStringList textsOf(const RowList& list) {
+    QStringList texts;
+    for (int row = 0; row < list.rowCount(); ++row) texts << list.model().index(row, 0).data().toString();
+    return texts;
+}
 
 bool rowIsInSight(const MainFrm& main, int row) {
     const int top = main.ListView1.Top() + row * main.ListView1.rowHeight();
@@ -39,15 +25,11 @@ class MainFrmListTest : public QObject {
     std::unique_ptr<OpenedProgram> opened;
     MainFrm& window() const { return opened->main(); }
     void wheel(int steps) const {
-        ListView& list = window().ListView1;
-        const QPointF place(50, 50 - list.Top());
-        QWheelEvent event(place, list.mapToGlobal(place), {}, {0, -120 * steps}, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&list, &event);
+        wheelOn(window().ListView1, -120 * steps);
     }
     void key(Qt::Key code) const {
         window().ListView1.setFocus();
-        QTest::keyClick(&window().ListView1, code);
+        pressKey(window().ListView1, code);
     }
 
 private slots:
@@ -62,7 +44,7 @@ private slots:
         opened->open();
         const QStringList expected = {QStringLiteral("Alpha"), QStringLiteral("beta"),
                                       QStringLiteral("delta"), QStringLiteral("gamma")};
-        QCOMPARE(RowTexts(window().ListView1).all(), expected);
+        QCOMPARE(textsOf(window().ListView1), expected);
         QCOMPARE(window().TotalRom.Caption(), QStringLiteral("0004"));
     }
     void kinds_that_only_the_second_list_knows_are_counted_but_push_the_names_out_of_step() {
@@ -76,7 +58,7 @@ private slots:
         QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0004"));
         QCOMPARE(main.Label41.Caption(), QStringLiteral("#1/2"));
         const QStringList shown = {QStringLiteral("a"), QStringLiteral("b")};
-        QCOMPARE(RowTexts(main.ListView1).all(), shown);
+        QCOMPARE(textsOf(main.ListView1), shown);
         opened->chooseRow(1);
         QCOMPARE(main.Games.FileName(), QStringLiteral("c.gb"));
     }
@@ -105,7 +87,7 @@ private slots:
         opened->game(name);
         opened->open();
         const QStringList shown = {QStringLiteral("abcdefghijklmnopqrstuvwxyz0123")};
-        QCOMPARE(RowTexts(window().ListView1).all(), shown);
+        QCOMPARE(textsOf(window().ListView1), shown);
         click(window().ChameleonButton16);
         QCOMPARE(opened->world.processes.starts.size(), 1);
         QVERIFY(opened->world.processes.starts[0].arguments.value(0).endsWith('/' + name.toUtf8()));
@@ -127,7 +109,7 @@ private slots:
         opened->world.folder.write(QStringLiteral("other/z.gb"), "z");
         MainFrm& main = opened->open();
         main.GetGameList(opened->world.appPath() + QStringLiteral("\\other"), QStringLiteral("anything"));
-        QCOMPARE(RowTexts(main.ListView1).all(), QStringList{QStringLiteral("z")});
+        QCOMPARE(textsOf(main.ListView1), QStringList{QStringLiteral("z")});
         QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0001"));
         click(main.Refresh);
         QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0002"));
@@ -140,7 +122,7 @@ private slots:
         opened->game(QStringLiteral("a.gb"));
         click(main.Refresh);
         const QStringList shown = {QStringLiteral("a"), QStringLiteral("g001"), QStringLiteral("g002")};
-        QCOMPARE(RowTexts(main.ListView1).all(), shown);
+        QCOMPARE(textsOf(main.ListView1), shown);
         QCOMPARE(main.Games.ListIndex(), 0);
         QCOMPARE(main.ListView1.currentRow(), 0);
         QCOMPARE(main.Label41.Caption(), QStringLiteral("#1/3"));
@@ -328,7 +310,7 @@ private slots:
     void names_with_signs_of_markup_and_formats_are_shown_as_they_stand() {
         opened->game(QStringLiteral("<b>%s & 100%<_b>.zip"));
         MainFrm& main = opened->open();
-        QCOMPARE(RowTexts(main.ListView1).all(), QStringList{QStringLiteral("<b>%s & 100%<_b>")});
+        QCOMPARE(textsOf(main.ListView1), QStringList{QStringLiteral("<b>%s & 100%<_b>")});
         QCOMPARE(main.Label10.Caption(), QStringLiteral("<b>%s & 100%<_b>.zip"));
     }
 };

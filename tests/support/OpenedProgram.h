@@ -98,7 +98,7 @@ public:
     }
     /// A click on a row of the game list, which has to be in sight.
     void chooseRow(int row) const { click(main().ListView1, rowPlace(row)); }
-    QPoint rowPlace(int row) const { return {100, row * main().ListView1.rowHeight() + 10}; }
+    QPoint rowPlace(int row) const { return main().ListView1.rowRect(row).center(); }
 };
 
 } // namespace torvane

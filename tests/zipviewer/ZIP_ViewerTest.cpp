@@ -28,7 +28,7 @@ class ZIP_ViewerTest : public OpenedViewer {
     Q_OBJECT
 
     void chooseRow(int row) const { click(window().ListView1, rowPlace(row)); }
-    QPoint rowPlace(int row) const { return {100, row * window().ListView1.rowHeight() + 10}; }
+    QPoint rowPlace(int row) const { return window().ListView1.rowRect(row).center(); }
     void play(int row) const {
         chooseRow(row);
         doubleClick(window().ListView1, rowPlace(row));
@@ -83,7 +83,7 @@ private slots:
     }
     void the_list_lies_over_the_panel_and_the_message_over_the_list() {
         openArchive({{u"game.gba"_s, "rom"}});
-        QCOMPARE(window().childAt(450, 55), &window().ListView1);
+        QVERIFY(window().ListView1.isAncestorOf(window().childAt(450, 55)));
         window().Mensaje.setVisible(true);
         QVERIFY(window().Mensaje.isAncestorOf(window().childAt(300, 200)));
     }
@@ -95,6 +95,11 @@ private slots:
         QCOMPARE(window().File2.names()->name(0), u"a.gb"_s);
         QCOMPARE(window().File2.names()->name(1), u"b.gbc"_s);
         QCOMPARE(window().File2.names()->name(2), u"readme.txt"_s);
+        for (int row = 0; row < 3; ++row) {
+            const QModelIndex index = window().ListView1.model().index(row, 0);
+            QCOMPARE(index.data().toString(), window().File2.List(row));
+            QCOMPARE(index.data(RowModel::KeyRole).toString(), u"%1file"_s.arg(row + 1));
+        }
     }
     void the_panel_is_blank_as_soon_as_a_game_is_listed() {
         openArchive({{u"a.gb"_s, "x"}, {u"readme.txt"_s, "x"}});

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Reading, matching and sorting the names of a folder: three passes over plain bytes.
+// Reading, matching and sorting the names of a folder.
 #include "FolderNames.h"
 #include "NamePattern.h"
 #include "NativeText.h"
 #include "Paths.h"
 
-#include <QtEndian>
 #include <algorithm>
 #include <cstring>
 #include <dirent.h>
@@ -15,16 +14,14 @@
 namespace torvane {
 
 namespace {
-constexpr qsizetype pieceSize = 8;
 constexpr off_t mostRoom = 16 << 20;
 constexpr size_t usualEntrySize = 32;
 
 struct Entry {
-    quint64 piece; // eight bytes of the key, those by which the sorting goes on at the moment
-    quint32 start; // of the name in the bytes read
-    quint32 keyStart;
-    quint32 matches; // a bit for each pattern that the name matches
-    quint16 length;  // of the name in bytes; the kernel's limit is 255
+    quint32 start;    // of the name in the bytes read
+    quint32 keyStart; // of the key, which is the name without regard to case
+    quint32 matches;  // a bit for each pattern that the name matches
+    quint16 length;   // of the name in bytes; the kernel's limit is 255
     quint16 keyLength;
 
     bool matchesPattern(size_t number) const { return (matches >> number & 1) != 0; }
@@ -38,53 +35,28 @@ bool isFile(int folder, const dirent& entry) {
 }
 
 bool isAscii(char c) { return static_cast<uchar>(c) < 0x80; }
+char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// Appends a name with all that is not ASCII in it in lower case.
-void appendFolded(std::string& text, QByteArrayView name) {
-    for (auto run = name.begin(); run != name.end();) {
-        const auto foreign = std::find_if_not(run, name.end(), isAscii);
-        text.append(run, foreign);
-        run = std::find_if(foreign, name.end(), isAscii);
-        text +=
-            NativeText::toNative(NativeText::folded(NativeText::fromNative({foreign, run}))).toStdString();
+// Appends the name in lower case. Most names are ASCII and need no way over text.
+void appendFolded(std::string& bytes, QByteArrayView name) {
+    if (std::all_of(name.begin(), name.end(), isAscii)) {
+        std::transform(name.begin(), name.end(), std::back_inserter(bytes), lowered);
+    } else {
+        bytes += NativeText::toNative(NativeText::folded(NativeText::fromNative(name))).toStdString();
     }
-}
-
-// Eight bytes at once with A to Z in lower case: a byte's top bit is set in `letters` if it is one of them.
-quint64 lowered(quint64 bytes) {
-    constexpr quint64 each = 0x0101010101010101;
-    const quint64 low = bytes & 0x7F * each;
-    const quint64 fromA = low + (0x80 - 'A') * each;
-    const quint64 behindZ = low + (0x7F - 'Z') * each;
-    const quint64 letters = (fromA ^ behindZ) & ~bytes & 0x80 * each;
-    return bytes | letters >> 2;
-}
-
-// Eight bytes of a key from a place on, as a number of the same order; zeros stand behind its end.
-quint64 pieceOf(QByteArrayView key, qsizetype from) {
-    const qsizetype rest = key.size() - from;
-    if (rest >= pieceSize) return lowered(qFromBigEndian<quint64>(key.data() + from));
-    char bytes[pieceSize] = {};
-    if (rest > 0) std::memcpy(bytes, key.data() + from, static_cast<size_t>(rest));
-    return lowered(qFromBigEndian<quint64>(bytes));
 }
 
 struct Reading {
     std::string bytes;
     std::vector<Entry> entries;
 
-    // The key, which decides the place, is the name in lower case. Most names are ASCII: their pieces are
-    // made lower when they are compared. Others have a key of their own.
     void add(QByteArrayView name, quint32 matches) {
-        Entry entry{0, static_cast<quint32>(bytes.size()), 0, matches, static_cast<quint16>(name.size()), 0};
+        const auto start = static_cast<quint32>(bytes.size());
         bytes.append(name.data(), static_cast<size_t>(name.size()));
-        entry.keyStart = entry.start;
-        if (!std::all_of(name.begin(), name.end(), isAscii)) {
-            entry.keyStart = static_cast<quint32>(bytes.size());
-            appendFolded(bytes, name);
-        }
-        entry.keyLength = static_cast<quint16>(bytes.size() - entry.keyStart);
-        entries.push_back(entry);
+        const auto keyStart = static_cast<quint32>(bytes.size());
+        appendFolded(bytes, name);
+        entries.push_back({start, keyStart, matches, static_cast<quint16>(name.size()),
+                           static_cast<quint16>(bytes.size() - keyStart)});
     }
 
     // On most file systems the size of a folder tells how much there is to read. Room that is not needed
@@ -93,30 +65,18 @@ struct Reading {
         struct stat info {};
         if (fstat(folder, &info) != 0) return;
         const auto size = static_cast<size_t>(std::clamp<off_t>(info.st_size, 0, mostRoom));
-        bytes.reserve(size);
+        bytes.reserve(2 * size);
         entries.reserve(size / usualEntrySize);
     }
 
     QByteArrayView name(const Entry& e) const { return {bytes.data() + e.start, e.length}; }
     QByteArrayView key(const Entry& e) const { return {bytes.data() + e.keyStart, e.keyLength}; }
 
-    void sort() { sortFrom(0, entries.begin(), entries.end()); }
-
-    using Place = std::vector<Entry>::iterator;
-
-    // Sorts entries that are alike up to a place of their keys: by the next eight bytes, which are compared
-    // as numbers, and those that are alike in them, too, by what follows. Names of one series are alike for
-    // many letters; a comparison from their beginning would read all of them again and again.
-    void sortFrom(qsizetype from, Place first, Place last) {
-        std::for_each(first, last, [&](Entry& entry) { entry.piece = pieceOf(key(entry), from); });
-        std::sort(first, last, [](const Entry& a, const Entry& b) { return a.piece < b.piece; });
-        while (first != last) {
-            const quint64 piece = first->piece;
-            const Place end = std::find_if(first, last, [&](const Entry& e) { return e.piece != piece; });
-            const bool keysEnd = (piece & 0xFF) == 0; // no name holds a zero byte
-            if (end - first > 1) keysEnd ? sortByName(first, end) : sortFrom(from + pieceSize, first, end);
-            first = end;
-        }
+    void sort() {
+        std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
+            const int order = key(a).compare(key(b));
+            return order != 0 ? order < 0 : name(a).compare(name(b)) < 0;
+        });
     }
 
     // Whether two patterns match the same names.
@@ -124,12 +84,6 @@ struct Reading {
         return std::all_of(entries.begin(), entries.end(), [=](const Entry& entry) {
             return entry.matchesPattern(one) == entry.matchesPattern(other);
         });
-    }
-
-private:
-    void sortByName(Place first, Place last) {
-        std::sort(first, last,
-                  [this](const Entry& a, const Entry& b) { return name(a).compare(name(b)) < 0; });
     }
 };
 
@@ -165,7 +119,7 @@ std::vector<std::shared_ptr<const FolderNames>> FolderNames::read(const QString&
             continue;
         }
         auto table = std::make_shared<FolderNames>();
-        table->m_text.reserve(reading.bytes.size());
+        table->m_text.reserve(reading.bytes.size() / 2); // the other half are keys
         for (const Entry& entry : reading.entries) {
             if (entry.matchesPattern(own)) table->append(reading.name(entry));
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rows of a list, asked for one by one when they are painted: a list of 100,000 games holds no more
+// The rows of a list, asked for one by one when they are painted: a list of a million rows holds no more
 // than what it shows.
 #pragma once
 
@@ -11,10 +11,16 @@ class RowSource {
 public:
     virtual ~RowSource() = default;
     virtual int count() const = 0;
-    /// The text of a row, counted from 0; plain text.
-    virtual QString text(int row) const = 0;
+    /// The text of a row in a column, both counted from 0; plain text. A list without columns asks for
+    /// column 0.
+    virtual QString text(int row, int column) const = 0;
     /// The number of a row's picture in the list's images, counted from 1; 0 for none.
     virtual int icon(int row) const = 0;
+    /// The name by which code knows a row, such as "1file"; empty where rows have none.
+    virtual QString key(int row) const {
+        Q_UNUSED(row);
+        return {};
+    }
 };
 
 } // namespace torvane

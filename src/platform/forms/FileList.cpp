@@ -5,26 +5,32 @@
 #include "../base/Paths.h"
 #include "../base/RuntimeFailure.h"
 
-#include <QPainter>
-#include <algorithm>
-
 namespace torvane {
 
 namespace {
-class NameRows : public RowSource {
+// The names that the list has at the moment, so that a list out of sight need not read its folder for them.
+class ListedNames : public RowSource {
 public:
-    explicit NameRows(std::shared_ptr<const FolderNames> names) : m_names(std::move(names)) {}
-    int count() const override { return m_names->count(); }
-    QString text(int row) const override { return m_names->name(row); }
+    explicit ListedNames(const FileList& list) : m_list(list) {}
+    int count() const override { return m_list.ListCount(); }
+    QString text(int row, int) const override { return m_list.names()->name(row); }
     int icon(int) const override { return 0; }
 
 private:
-    std::shared_ptr<const FolderNames> m_names;
+    const FileList& m_list;
 };
+
+RowLook rowLookOf(const FileList::Look& look) {
+    return {.height = Fonts::of(look.font).pixelSize() + 4,
+            .fore = look.fore,
+            .back = look.back,
+            .line = look.back};
+}
 } // namespace
 
 FileList::FileList(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
-    : RowList(parent, name, rect, Fonts::of(look.font).pixelSize() + 4), m_look(look) {
+    : RowList(parent, name, rect, rowLookOf(look), nullptr), m_look(look),
+      m_rows(std::make_shared<ListedNames>(*this)) {
     setFontSpec(look.font);
     setVisible(look.visible);
     connect(this, &RowList::rowClicked, this, [this](int row) { setListIndex(row); });
@@ -46,12 +52,11 @@ void FileList::setPath(const QString& path) {
     Refresh();
 }
 
-void FileList::Refresh() {
-    m_names.reset();
-    m_index = -1;
-    m_topRow = 0;
-    m_rowsShown = false;
-    update();
+void FileList::Refresh() { take(nullptr); }
+
+void FileList::take(std::shared_ptr<const FolderNames> names) {
+    m_names = std::move(names);
+    setItems(m_rows);
 }
 
 std::shared_ptr<const FolderNames> FileList::names() const {
@@ -60,12 +65,14 @@ std::shared_ptr<const FolderNames> FileList::names() const {
 }
 
 void FileList::readWith(FileList& other) {
-    Refresh();
-    other.Refresh();
-    if (m_path != other.m_path) return;
+    if (m_path != other.m_path) {
+        Refresh();
+        other.Refresh();
+        return;
+    }
     const auto tables = FolderNames::read(m_path, {Pattern(), other.Pattern()});
-    m_names = tables.front();
-    other.m_names = tables.back();
+    take(tables.front());
+    other.take(tables.back());
 }
 
 QString FileList::List(int index) const {
@@ -75,8 +82,7 @@ QString FileList::List(int index) const {
 
 void FileList::selectQuietly(int index) {
     if (index < -1 || index >= ListCount()) throw RuntimeFailure(RuntimeFailure::invalidProperty);
-    m_index = index;
-    if (m_rowsShown) setCurrentRow(index);
+    setCurrentRow(index);
 }
 
 void FileList::setListIndex(int index) {
@@ -84,50 +90,6 @@ void FileList::setListIndex(int index) {
     if (index >= 0) emit Click();
 }
 
-QString FileList::FileName() const { return m_index < 0 ? QString() : table().name(m_index); }
-
-// Only a list that somebody looks at needs rows; the hidden ones are mere stores.
-void FileList::showRows() {
-    if (m_rowsShown) return;
-    setRows(std::make_shared<NameRows>(names()));
-    m_rowsShown = true;
-    setCurrentRow(m_index);
-}
-
-void FileList::paintEvent(QPaintEvent* event) {
-    showRows();
-    RowList::paintEvent(event);
-}
-
-void FileList::keyPressEvent(QKeyEvent* event) {
-    showRows();
-    RowList::keyPressEvent(event);
-}
-
-void FileList::mousePressEvent(QMouseEvent* event) {
-    showRows();
-    RowList::mousePressEvent(event);
-}
-
-QRect FileList::rowRect(int row) const { return {0, (row - m_topRow) * rowHeight(), width(), rowHeight()}; }
-
-void FileList::paintRow(QPainter& painter, int row, const QRect& place) {
-    const bool isCurrent = row == currentRow();
-    if (isCurrent) painter.fillRect(place, Colours::toQColor(Colours::system(13)));
-    painter.setPen(Colours::toQColor(isCurrent ? Colours::system(14) : m_look.fore));
-    painter.drawText(place.adjusted(2, 0, -2, 0), Qt::AlignVCenter | Qt::TextSingleLine, rows()->text(row));
-}
-
-void FileList::ensureVisible(int row) {
-    if (row < m_topRow) scrollRows(row - m_topRow);
-    if (row >= m_topRow + rowsPerPage()) scrollRows(row - m_topRow - rowsPerPage() + 1);
-}
-
-void FileList::scrollRows(int rows) {
-    m_topRow = std::clamp(m_topRow + rows, 0, std::max(0, rowCount() - rowsPerPage()));
-    update();
-}
-
-int FileList::rowsPerPage() const { return std::max(1, height() / rowHeight()); }
+QString FileList::FileName() const { return ListIndex() < 0 ? QString() : table().name(ListIndex()); }
 
 } // namespace torvane

@@ -36,7 +36,7 @@ public:
     int ListCount() const { return table().count(); }
     /// The name of an entry; fails with an invalid property value outside of the list.
     QString List(int index) const;
-    int ListIndex() const { return m_index; }
+    int ListIndex() const { return currentRow(); }
     /// Makes an entry the current one and fires Click; -1 stands for none and fires nothing. Fails with an
     /// invalid property value outside of the list.
     void setListIndex(int index);
@@ -55,27 +55,14 @@ signals:
     void Click();
     void DblClick();
 
-protected:
-    QRect rowRect(int row) const override;
-    void paintRow(QPainter& painter, int row, const QRect& place) override;
-    QColor background() const override { return Colours::toQColor(m_look.back); }
-    void ensureVisible(int row) override;
-    void scrollRows(int rows) override;
-    int rowsPerPage() const override;
-    void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-
 private:
     const FolderNames& table() const { return *names(); }
-    void showRows();
+    void take(std::shared_ptr<const FolderNames> names);
 
     Look m_look;
     QString m_path;
-    int m_index = -1;
-    int m_topRow = 0;
     mutable std::shared_ptr<const FolderNames> m_names;
-    bool m_rowsShown = false;
+    std::shared_ptr<const RowSource> m_rows;
 };
 
 } // namespace torvane

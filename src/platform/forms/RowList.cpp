@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Painting, mouse and keys of row lists.
+// The view inside a list, its current row, mouse and keys.
 #include "RowList.h"
+#include "RowView.h"
 
 #include <QDateTime>
 #include <QKeyEvent>
-#include <QPaintEvent>
-#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 #include <algorithm>
 
 namespace torvane {
@@ -16,28 +17,76 @@ constexpr int wheelStep = 120; // eighths of a degree, see QWheelEvent
 constexpr qint64 typeAheadMilliseconds = 1000;
 } // namespace
 
-RowList::RowList(QWidget& parent, const char* name, const DesignRect& rect, int rowHeight)
-    : Control(parent, name, rect), m_rowHeight(rowHeight) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
+RowList::RowList(QWidget& parent, const char* name, const DesignRect& rect, const RowLook& look,
+                 ImageList* icons, int columns)
+    : Control(parent, name, rect), m_rowHeight(look.height), m_back(look.back), m_model(columns, icons),
+      m_delegate(look) {
     setFocusPolicy(Qt::StrongFocus);
 }
 
-QString RowList::accessibleText() const { return m_current < 0 ? objectName() : m_rows->text(m_current); }
+void RowList::showEvent(QShowEvent* event) {
+    // Designs keep some lists outside of the window's edges, as mere stores.
+    const QRect place(mapTo(window(), QPoint()), size());
+    if (m_view == nullptr && window()->rect().intersects(place)) makeView();
+    Control::showEvent(event);
+}
 
-void RowList::setRows(std::shared_ptr<const RowSource> rows) {
-    m_rows = std::move(rows);
+void RowList::makeView() {
+    m_view = new RowView(*this, m_rowHeight);
+    m_view->setAccessibleName(objectName());
+    m_view->setItemDelegate(&m_delegate);
+    m_view->setModel(&m_model);
+    QPalette palette = m_view->viewport()->palette();
+    palette.setColor(QPalette::Base, Colours::toQColor(m_back));
+    m_view->viewport()->setPalette(palette);
+    m_view->setGeometry(rect());
+    setFocusProxy(m_view);
+    setTabOrder(this, m_view);
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RowList::takeSelection);
+    dressView(*m_view);
+    m_view->show();
+    markCurrent();
+    if (m_current >= 0) ensureVisible(m_current);
+}
+
+QRect RowList::rowRect(int row) const {
+    if (m_view == nullptr) return {};
+    const QPoint corner(0, m_view->rowViewportPosition(row));
+    return {m_view->viewport()->mapTo(this, corner), QSize(m_view->viewport()->width(), m_rowHeight)};
+}
+
+void RowList::setItems(std::shared_ptr<const RowSource> rows) {
     m_current = -1;
-    update();
+    m_model.setRows(std::move(rows));
+    if (m_view == nullptr) return;
+    // At once, since whoever fills a list may go on to scroll it.
+    m_view->doItemsLayout();
+    m_view->scrollToTop();
 }
 
 void RowList::setCurrentRow(int row) {
     const int wanted = row >= 0 && row < rowCount() ? row : -1;
     if (wanted == m_current) return;
-    if (m_current >= 0) update(rowRect(m_current));
     m_current = wanted;
-    if (m_current < 0) return;
-    update(rowRect(m_current));
-    ensureVisible(m_current);
+    markCurrent();
+    if (m_current >= 0) ensureVisible(m_current);
+}
+
+void RowList::markCurrent() {
+    if (m_view == nullptr) return;
+    const QScopedValueRollback marking(m_isMarking, true);
+    if (m_current < 0) {
+        m_view->selectionModel()->clear();
+    } else {
+        m_view->selectionModel()->setCurrentIndex(
+            m_model.index(m_current, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+}
+
+// Assistive tools select rows by way of the view.
+void RowList::takeSelection(const QItemSelection& selected) {
+    if (m_isMarking) return;
+    selected.isEmpty() ? markCurrent() : chooseRow(selected.first().top());
 }
 
 void RowList::chooseRow(int row) {
@@ -46,27 +95,34 @@ void RowList::chooseRow(int row) {
     emit rowClicked(row);
 }
 
-void RowList::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    painter.fillRect(event->rect(), background());
-    if (rowCount() == 0) return;
-    const int origin = rowRect(0).top();
-    const int first = std::max(0, (event->rect().top() - origin) / m_rowHeight);
-    const int last = std::min(rowCount() - 1, (event->rect().bottom() - origin) / m_rowHeight);
-    for (int row = first; row <= last; ++row) paintRow(painter, row, rowRect(row));
+void RowList::ensureVisible(int row) {
+    if (m_view != nullptr) m_view->scrollTo(m_model.index(row, 0));
 }
 
-void RowList::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || rowCount() == 0) return;
-    const int offset = event->position().toPoint().y() - rowRect(0).top();
-    if (offset >= 0) chooseRow(offset / m_rowHeight);
+void RowList::scrollRows(int rows) {
+    if (m_view == nullptr) return;
+    QScrollBar& bar = *m_view->verticalScrollBar();
+    bar.setValue(bar.value() + rows);
 }
+
+int RowList::rowsPerPage() const {
+    return std::max(1, (m_view == nullptr ? height() : m_view->viewport()->height()) / m_rowHeight);
+}
+
+void RowList::resizeEvent(QResizeEvent*) {
+    if (m_view != nullptr) m_view->setGeometry(rect());
+}
+
+int RowList::rowAt(const QMouseEvent& event) const {
+    if (m_view == nullptr || event.button() != Qt::LeftButton) return -1;
+    return m_view->rowAt(m_view->viewport()->mapFrom(this, event.position().toPoint()).y());
+}
+
+void RowList::mousePressEvent(QMouseEvent* event) { chooseRow(rowAt(*event)); }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && m_current >= 0 &&
-        rowRect(m_current).contains(event->position().toPoint())) {
-        emit rowDoubleClicked(m_current);
-    }
+    const int row = rowAt(*event);
+    if (row >= 0 && row == m_current) emit rowDoubleClicked(row);
 }
 
 void RowList::wheelEvent(QWheelEvent* event) {
@@ -112,7 +168,7 @@ void RowList::typeAhead(const QString& typed) {
     // The search begins at the current row, so that a longer beginning stays on it while it fits.
     for (int step = 0; step < rowCount(); ++step) {
         const int row = (std::max(0, m_current) + step) % rowCount();
-        if (m_rows->text(row).startsWith(m_typed, Qt::CaseInsensitive)) {
+        if (m_model.index(row, 0).data().toString().startsWith(m_typed, Qt::CaseInsensitive)) {
             chooseRow(row);
             return;
         }

@@ -1,66 +1,85 @@
 // SPDX-License-Identifier: MIT
-// What all lists of rows have in common: one current row, painting of what is visible, mouse and keys.
-// The rows come from a RowSource; what a row looks like is the derived list's matter.
+// What all lists of rows have in common: the rows and their model, one current row, mouse and keys. Qt's
+// table view inside shows the rows; it is made when the list first comes into sight, since some lists never
+// do.
 #pragma once
 
-#include "../base/RowSource.h"
 #include "Control.h"
+#include "RowDelegate.h"
+#include "RowModel.h"
 
-#include <memory>
+class QItemSelection;
 
 namespace torvane {
+
+class RowView;
 
 class RowList : public Control {
     Q_OBJECT
 
 public:
-    QAccessible::Role accessibleRole() const override { return QAccessible::List; }
-    QString accessibleText() const override;
-
-    int rowCount() const { return m_rows ? m_rows->count() : 0; }
+    int rowCount() const { return m_model.rowCount(); }
     int rowHeight() const { return m_rowHeight; }
     /// The current row, counted from 0; -1 for none. Setting it fires no signal; a row that does not
     /// exist stands for none.
     int currentRow() const { return m_current; }
     void setCurrentRow(int row);
+    /// Texts, pictures and keys of the rows.
+    const RowModel& model() const { return m_model; }
+    /// The place of a row in the list's own coordinates; null as long as the list has not been in sight.
+    QRect rowRect(int row) const;
 
 signals:
-    /// The user has made a row the current one, by mouse or keys.
+    /// The user has made a row the current one, by mouse, keys or an assistive tool.
     void rowClicked(int row);
     void rowDoubleClicked(int row);
 
 protected:
-    RowList(QWidget& parent, const char* name, const DesignRect& rect, int rowHeight);
+    /// The icons may be null: rows have no pictures then.
+    RowList(QWidget& parent, const char* name, const DesignRect& rect, const RowLook& look, ImageList* icons,
+            int columns = 1);
 
-    void setRows(std::shared_ptr<const RowSource> rows);
-    const RowSource* rows() const { return m_rows.get(); }
+    /// Replaces all rows; none is the current one then.
+    void setItems(std::shared_ptr<const RowSource> rows);
+    /// Removes all rows.
+    void Clear() { setItems(nullptr); }
 
-    /// The place of a row in the list's own coordinates.
-    virtual QRect rowRect(int row) const = 0;
-    /// Paints one row; the background is there already.
-    virtual void paintRow(QPainter& painter, int row, const QRect& place) = 0;
-    virtual QColor background() const = 0;
+    /// The text above a column, counted from 0.
+    void setHeader(int column, const QString& text) { m_model.setHeader(column, text); }
+    /// The view inside; null as long as the list has not been in sight.
+    RowView* view() const { return m_view; }
+    /// Called once with the new view.
+    virtual void dressView(RowView& view) { Q_UNUSED(view); }
     /// Brings a row into sight.
-    virtual void ensureVisible(int row) = 0;
+    virtual void ensureVisible(int row);
     /// Moves what is seen by a number of rows, down if positive.
-    virtual void scrollRows(int rows) = 0;
+    virtual void scrollRows(int rows);
     /// How many whole rows are in sight at once; at least 1.
-    virtual int rowsPerPage() const = 0;
+    virtual int rowsPerPage() const;
 
-    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void makeView();
+    void markCurrent();
+    void takeSelection(const QItemSelection& selected);
     void chooseRow(int row);
-    void typeAhead(const QString& typed);
+    int rowAt(const QMouseEvent& event) const;
     int rowAfterKey(int key) const;
+    void typeAhead(const QString& typed);
 
-    std::shared_ptr<const RowSource> m_rows;
     int m_rowHeight;
+    OleColour m_back;
+    RowModel m_model;
+    RowDelegate m_delegate;
+    RowView* m_view = nullptr;
     int m_current = -1;
+    bool m_isMarking = false;
     int m_wheelRest = 0;
     QString m_typed;
     qint64 m_typedAt = 0;

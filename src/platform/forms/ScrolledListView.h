@@ -3,27 +3,23 @@
 // has a scroll bar if there are more.
 #pragma once
 
-#include "ListView.h"
-
-#include <QScrollBar>
+#include "ImageList.h"
+#include "RowList.h"
 
 namespace torvane {
 
-class ScrolledListView : public ListView {
+class ScrolledListView : public RowList {
     Q_OBJECT
 
 public:
-    ScrolledListView(QWidget& parent, const char* name, const DesignRect& rect, ImageList& icons);
+    ScrolledListView(QWidget& parent, const char* name, const DesignRect& rect, ImageList& icons)
+        : RowList(parent, name, rect, gameRowLook, &icons) {
+        setFontSpec(Fonts::V8b);
+    }
 
-protected:
-    QRect rowRect(int row) const override;
-    void ensureVisible(int row) override;
-    void scrollRows(int rows) override;
-    int rowsPerPage() const override;
-    void settle() override;
-
-private:
-    QScrollBar m_bar{Qt::Vertical, this}; // its value is the first row in sight
+    QString kind() const override { return QStringLiteral("list view"); }
+    using RowList::Clear;
+    using RowList::setItems;
 };
 
 } // namespace torvane

@@ -32,7 +32,7 @@ constexpr FormDesign sheetDesign{.name = "PictureSheet",
 // One row for each picture of the list.
 struct AllIcons : RowSource {
     int count() const override { return 5; }
-    QString text(int row) const override { return QStringLiteral("Game %1").arg(row + 1); }
+    QString text(int row, int) const override { return QStringLiteral("Game %1").arg(row + 1); }
     int icon(int row) const override { return row + 1; }
 };
 

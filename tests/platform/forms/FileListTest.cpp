@@ -5,6 +5,7 @@
 #include "platform/base/Paths.h"
 #include "support/Failing.h"
 #include "support/FakeWorld.h"
+#include "support/NotedRows.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
@@ -35,8 +36,10 @@ class FileListTest : public QObject {
     std::unique_ptr<FileList> makeList(const char* pattern) const {
         return std::make_unique<FileList>(*form, "files", place, FileList::Look{.pattern = pattern});
     }
-    void click(int row) const {
-        QTest::mouseClick(list.get(), Qt::LeftButton, {}, {20, row * list->rowHeight() + 3});
+    void click(int row) const { clickAt(*list, {20, row * list->rowHeight() + 3}); }
+    void key(Qt::Key which) const {
+        list->setFocus();
+        pressKey(*list, which);
     }
 
 private slots:
@@ -256,8 +259,7 @@ private slots:
         QVERIFY(form->appear());
         QSignalSpy clicks(list.get(), &FileList::Click);
         QSignalSpy doubles(list.get(), &FileList::DblClick);
-        click(2);
-        QTest::mouseDClick(list.get(), Qt::LeftButton, {}, {20, 2 * list->rowHeight() + 3});
+        doubleClickAt(*list, {20, 2 * list->rowHeight() + 3});
         QCOMPARE(doubles.size(), 1);
         QCOMPARE(list->FileName(), u"g002.gb"_s);
         QCOMPARE(clicks.size(), 1);
@@ -266,21 +268,20 @@ private slots:
         makeGames(40);
         list->setPath(roms());
         QVERIFY(form->appear());
-        QTest::keyClick(list.get(), Qt::Key_Down);
+        key(Qt::Key_Down);
         QCOMPARE(list->ListIndex(), 0);
-        QTest::keyClick(list.get(), Qt::Key_Down);
+        key(Qt::Key_Down);
         QCOMPARE(list->ListIndex(), 1);
-        QTest::keyClick(list.get(), Qt::Key_End);
+        key(Qt::Key_End);
         QCOMPARE(list->FileName(), u"g039.gb"_s);
-        // The last row is now the lowest whole one in sight.
-        const int rows = list->height() / list->rowHeight();
-        click(0);
-        QCOMPARE(list->ListIndex(), 40 - rows);
-        QTest::keyClick(list.get(), Qt::Key_Home);
+        QCOMPARE(list->rowRect(39).bottom(), list->height() - 1);
+        clickRow(*list, 36);
+        QCOMPARE(list->ListIndex(), 36);
+        key(Qt::Key_Home);
         QCOMPARE(list->ListIndex(), 0);
         click(1);
         QCOMPARE(list->ListIndex(), 1);
-        QTest::keyClicks(list.get(), u"g02"_s);
+        QTest::keyClicks(&viewOf(*list), u"g02"_s);
         QCOMPARE(list->FileName(), u"g020.gb"_s);
     }
     void after_a_refresh_the_first_key_and_the_first_click_go_by_the_new_names() {
@@ -293,9 +294,26 @@ private slots:
         click(0);
         QCOMPARE(list->FileName(), u"g001.gb"_s);
         list->Refresh();
-        QTest::keyClick(list.get(), Qt::Key_End);
+        key(Qt::Key_End);
         QCOMPARE(list->FileName(), u"g002.gb"_s);
         QCOMPARE(list->ListIndex(), 1);
+    }
+    void a_list_in_sight_shows_the_new_names_after_a_refresh() {
+        makeGames(1);
+        list->setPath(roms());
+        QVERIFY(form->appear());
+        const QImage one = imageOf(*list);
+        makeGames(3);
+        list->Refresh();
+        QVERIFY(imageOf(*list) != one);
+    }
+    void a_list_that_nobody_sees_is_a_store_without_a_view() {
+        const FileList hidden(*form, "hidden", place, {.visible = false});
+        const FileList outside(*form, "outside", {300, 10, 120, 100}, {});
+        QVERIFY(form->appear());
+        QVERIFY(hidden.children().isEmpty());
+        QVERIFY(outside.children().isEmpty());
+        QVERIFY(!list->children().isEmpty());
     }
     void keys_and_clicks_on_an_empty_list_do_nothing() {
         list->setPath(roms());
@@ -303,7 +321,7 @@ private slots:
         QSignalSpy clicks(list.get(), &FileList::Click);
         for (const Qt::Key key :
              {Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_PageDown, Qt::Key_Return, Qt::Key_A}) {
-            QTest::keyClick(list.get(), key);
+            this->key(key);
         }
         click(0);
         QCOMPARE(clicks.size(), 0);
@@ -312,6 +330,7 @@ private slots:
     void the_current_row_is_seen_in_the_colour_of_selections() {
         makeGames(2);
         list->setPath(roms());
+        QVERIFY(form->appear());
         QVERIFY(!hasColour(imageOf(*list), QColor(0x00, 0x78, 0xD7)));
         list->selectQuietly(1);
         const QImage image = imageOf(*list);

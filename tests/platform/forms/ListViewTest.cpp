@@ -4,38 +4,14 @@
 #include "art/ArtResources.h"
 #include "platform/forms/Panel.h"
 #include "support/FakeWorld.h"
+#include "support/NotedRows.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
-#include <QSet>
 #include <QSignalSpy>
-#include <QWheelEvent>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
-
-namespace {
-// Rows that note which of them are asked for.
-struct NotingRows : RowSource {
-    explicit NotingRows(int rows) : m_count(rows) {}
-    explicit NotingRows(QStringList rows) : m_count(int(rows.size())), m_texts(std::move(rows)) {}
-
-    int count() const override { return m_count; }
-    QString text(int row) const override {
-        asked.insert(row);
-        return m_texts.isEmpty() ? u"Game %1"_s.arg(row) : m_texts[row];
-    }
-    int icon(int row) const override {
-        asked.insert(row);
-        return row % 5;
-    }
-    mutable QSet<int> asked;
-
-private:
-    int m_count;
-    QStringList m_texts;
-};
-} // namespace
 
 class ListViewTest : public QObject {
     Q_OBJECT
@@ -49,27 +25,16 @@ class ListViewTest : public QObject {
     std::unique_ptr<ImageList> icons;
     std::unique_ptr<ListView> list;
 
-    void fill(int rows) const { list->setItems(std::make_shared<NotingRows>(rows)); }
-    void fill(const QStringList& rows) const { list->setItems(std::make_shared<NotingRows>(rows)); }
-    void key(Qt::Key which) const { QTest::keyClick(list.get(), which); }
+    void fill(int rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
+    void fill(const QStringList& rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
+    void key(Qt::Key which) const { pressKey(*list, which); }
     // A click at a height of the panel, where the user sees it.
-    void clickInPanel(int y) const {
-        QTest::mouseClick(list.get(), Qt::LeftButton, {}, list->mapFrom(panel.get(), QPoint(100, y)));
-    }
-    // What a user's double click sends: the second press comes as an event of its own kind.
-    void doubleClick(int row) const {
-        const QPoint place(100, row * rowHeight + 4);
-        QTest::mouseClick(list.get(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(list.get(), Qt::LeftButton, {}, place);
-    }
-    void wheel(int eighths) const {
-        const QPoint place(100, 20 - list->y());
-        QWheelEvent event(place, list->mapToGlobal(place), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(list.get(), &event);
-    }
+    void clickInPanel(int y) const { clickAt(*panel, {100, y}); }
+    void doubleClick(int row) const { doubleClickAt(*panel, {100, list->Top() + row * rowHeight + 4}); }
+    void wheel(int eighths) const { wheelOn(*list, eighths); }
     bool isInSight(int row) const {
-        return QRect(0, 0, 233, panelHeight).contains(QRect(0, list->y() + row * rowHeight, 233, rowHeight));
+        const QRect place(list->mapTo(panel.get(), list->rowRect(row).topLeft()), QSize(233, rowHeight));
+        return place.top() == list->Top() + row * rowHeight && panel->rect().contains(place);
     }
 
 private slots:
@@ -79,13 +44,15 @@ private slots:
         FormDesign design = TestForm::plain;
         design.clientSize = {300, 400};
         form = std::make_unique<TestForm>(world->runtime, design);
-        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, panelHeight}, Panel::Look{});
+        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, panelHeight},
+                                        Panel::Look{.back = 0x4A3933});
         icons = std::make_unique<ImageList>(
             *form, "icons",
             std::initializer_list<const char*>{"console-advance-32.png", "console-gameboy-32.png",
                                                "console-color-32.png", "console-archive-32.png"});
         list = std::make_unique<ListView>(*panel, "list", DesignRect{0, 1, 233, 327}, *icons);
         QVERIFY(form->appear());
+        list->setFocus();
     }
     void cleanup() {
         list.reset();
@@ -111,7 +78,6 @@ private slots:
             key(Qt::Key_End);
             QCOMPARE(list->currentRow(), 49);
             QVERIFY(isInSight(49));
-            QVERIFY(list->height() >= 50 * rowHeight);
             clickInPanel(panelHeight - 2 - rowHeight);
             QCOMPARE(list->currentRow(), 48);
             key(Qt::Key_Home);
@@ -121,9 +87,57 @@ private slots:
         fill(50);
         list->setTop(-329);
         QCOMPARE(list->Top(), -329);
-        QCOMPARE(list->pos(), QPoint(0, -329));
         clickInPanel(5);
         QCOMPARE(list->currentRow(), 10);
+    }
+    void a_top_below_the_upper_edge_leaves_room_above_the_rows() {
+        fill(50);
+        list->setTop(33);
+        QCOMPARE(list->Top(), 33);
+        clickInPanel(32);
+        QCOMPARE(list->currentRow(), -1);
+        clickInPanel(33);
+        QCOMPARE(list->currentRow(), 0);
+        clickInPanel(panelHeight - 1);
+        QCOMPARE(list->currentRow(), 8);
+    }
+    void the_rows_may_be_moved_out_of_sight_at_both_ends() {
+        fill(20);
+        list->setTop(-20 * rowHeight + 40);
+        clickInPanel(39);
+        QCOMPARE(list->currentRow(), 19);
+        list->setCurrentRow(-1);
+        clickInPanel(40);
+        QCOMPARE(list->currentRow(), -1);
+        for (const int top : {-20 * rowHeight, -100'000, panelHeight, 100'000}) {
+            list->setTop(top);
+            QCOMPARE(list->Top(), top);
+            QVERIFY(inkOf(imageOf(*panel), QColor(0x33, 0x39, 0x4A)).isNull());
+        }
+        list->setTop(1);
+        clickInPanel(1);
+        QCOMPARE(list->currentRow(), 0);
+    }
+    void the_top_stays_when_the_window_is_hidden_and_shown_again() {
+        fill(50);
+        list->setTop(-329);
+        form->hide();
+        QVERIFY(form->appear());
+        clickInPanel(5);
+        QCOMPARE(list->currentRow(), 10);
+    }
+    void what_is_set_before_the_list_is_shown_holds_then() {
+        auto early = std::make_unique<ListView>(*panel, "early", DesignRect{0, 1, 233, 327}, *icons);
+        early->setItems(std::make_shared<NotedRows>(50));
+        early->setTop(-329);
+        early->setCurrentRow(12);
+        early->show();
+        early->raise();
+        clickInPanel(5);
+        QCOMPARE(early->currentRow(), 10);
+        early->setCurrentRow(12);
+        const QImage image = imageOf(*panel);
+        QVERIFY(image.pixelColor(230, 2 * rowHeight + 5) != image.pixelColor(230, rowHeight + 5));
     }
     void the_space_below_few_rows_has_the_colour_of_the_list() {
         fill(2);
@@ -171,9 +185,58 @@ private slots:
         QCOMPARE(clicks.size(), 0);
         QCOMPARE(list->currentRow(), 1);
     }
+    void a_click_on_the_current_row_is_told_again() {
+        fill(5);
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        clickInPanel(40);
+        clickInPanel(40);
+        QCOMPARE(clicks.size(), 2);
+        QCOMPARE(list->currentRow(), 1);
+    }
+    void a_row_is_chosen_by_the_press_and_a_drag_chooses_no_other() {
+        fill(5);
+        QSignalSpy clicks(list.get(), &ListView::rowClicked);
+        const auto place = [&](int row) { return list->mapTo(form.get(), list->rowRect(row).center()); };
+        QTest::mousePress(form->windowHandle(), Qt::LeftButton, {}, place(1));
+        QCOMPARE(list->currentRow(), 1);
+        QTest::mouseMove(form->windowHandle(), place(3));
+        QTest::mouseRelease(form->windowHandle(), Qt::LeftButton, {}, place(3));
+        QCOMPARE(list->currentRow(), 1);
+        QCOMPARE(clicks.size(), 1);
+    }
+    void the_current_row_stays_marked_whatever_is_held_or_clicked() {
+        fill(5);
+        const auto marked = [this] {
+            QList<int> rows;
+            for (const QModelIndex& index : viewOf(*list).selectionModel()->selectedRows())
+                rows << index.row();
+            return rows;
+        };
+        clickRow(*list, 1);
+        QCOMPARE(marked(), QList<int>{1});
+        clickAt(*list, list->rowRect(1).center(), Qt::LeftButton, Qt::ControlModifier);
+        QCOMPARE(marked(), QList<int>{1});
+        clickAt(*list, list->rowRect(3).center(), Qt::LeftButton, Qt::ShiftModifier);
+        QCOMPARE(marked(), QList<int>{3});
+        clickInPanel(panelHeight - 1);
+        QCOMPARE(marked(), QList<int>{3});
+        pressKey(*list, Qt::Key_A, Qt::ControlModifier);
+        pressKey(*list, Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(marked(), QList<int>{3});
+        QCOMPARE(list->currentRow(), 3);
+    }
+    void the_focus_alone_chooses_no_row() {
+        fill(5);
+        viewOf(*list).clearFocus();
+        list->setFocus(Qt::TabFocusReason);
+        QVERIFY(viewOf(*list).hasFocus());
+        QCOMPARE(list->currentRow(), -1);
+        key(Qt::Key_Down);
+        QCOMPARE(list->currentRow(), 0);
+    }
     void the_right_button_chooses_nothing() {
         fill(5);
-        QTest::mouseClick(list.get(), Qt::RightButton, {}, {100, 10});
+        clickAt(*list, {100, 10}, Qt::RightButton);
         QCOMPARE(list->currentRow(), -1);
     }
     void a_double_click_is_told_for_its_row() {
@@ -270,25 +333,25 @@ private slots:
     }
     void typing_the_beginning_of_a_name_goes_to_it() {
         fill({u"Alpha"_s, u"Tennis"_s, u"Tetris"_s, u"TETRIS 2"_s, u"Zelda"_s, u"ñandú"_s});
-        QTest::keyClicks(list.get(), u"t"_s);
+        QTest::keyClicks(&viewOf(*list), u"t"_s);
         QCOMPARE(list->currentRow(), 1);
-        QTest::keyClicks(list.get(), u"et"_s);
+        QTest::keyClicks(&viewOf(*list), u"et"_s);
         QCOMPARE(list->currentRow(), 2);
-        QTest::keyClicks(list.get(), u"ris 2"_s);
+        QTest::keyClicks(&viewOf(*list), u"ris 2"_s);
         QCOMPARE(list->currentRow(), 3);
     }
     void after_a_pause_typing_begins_a_new_name() {
         fill({u"Alpha"_s, u"Tetris"_s, u"Zelda"_s});
         QSignalSpy clicks(list.get(), &ListView::rowClicked);
-        QTest::keyClicks(list.get(), u"te"_s);
+        QTest::keyClicks(&viewOf(*list), u"te"_s);
         QCOMPARE(list->currentRow(), 1);
-        QTest::keyClicks(list.get(), u"z"_s);
+        QTest::keyClicks(&viewOf(*list), u"z"_s);
         QCOMPARE(list->currentRow(), 1);
         QTest::qWait(1100);
-        QTest::keyClicks(list.get(), u"z"_s);
+        QTest::keyClicks(&viewOf(*list), u"z"_s);
         QCOMPARE(list->currentRow(), 2);
         QTest::qWait(1100);
-        QTest::keyClicks(list.get(), u"AL"_s);
+        QTest::keyClicks(&viewOf(*list), u"AL"_s);
         QCOMPARE(list->currentRow(), 0);
         QCOMPARE(clicks.last()[0].toInt(), 0);
     }
@@ -318,8 +381,8 @@ private slots:
     }
 
     // Painting
-    void of_a_hundred_thousand_rows_only_the_visible_ones_are_asked_for() {
-        const auto rows = std::make_shared<NotingRows>(100000);
+    void of_a_million_rows_only_the_visible_ones_are_asked_for() {
+        const auto rows = std::make_shared<NotedRows>(1'000'000);
         list->setItems(rows);
         imageOf(*panel);
         QVERIFY(!rows->asked.isEmpty());
@@ -327,13 +390,13 @@ private slots:
                  qPrintable(QString::number(rows->asked.size())));
         rows->asked.clear();
         key(Qt::Key_End);
-        QCOMPARE(list->currentRow(), 99999);
-        QVERIFY(isInSight(99999));
+        QCOMPARE(list->currentRow(), 999'999);
+        QVERIFY(isInSight(999'999));
         imageOf(*panel);
-        QVERIFY(rows->asked.contains(99999));
+        QVERIFY(rows->asked.contains(999'999));
         QVERIFY(rows->asked.size() <= panelHeight / rowHeight + 2);
         clickInPanel(panelHeight - 2);
-        QCOMPARE(list->currentRow(), 99999);
+        QCOMPARE(list->currentRow(), 999'999);
     }
     void the_current_row_looks_different_and_icons_are_drawn() {
         fill(5);

@@ -3,31 +3,14 @@
 // painting.
 #include "platform/forms/ScrolledListView.h"
 #include "support/FakeWorld.h"
+#include "support/NotedRows.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
-#include <QSet>
-#include <QSignalSpy>
-#include <QWheelEvent>
+#include <QScrollBar>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
-
-namespace {
-struct NumberedRows : RowSource {
-    explicit NumberedRows(int rows) : m_count(rows) {}
-    int count() const override { return m_count; }
-    QString text(int row) const override {
-        asked.insert(row);
-        return u"Member %1"_s.arg(row);
-    }
-    int icon(int) const override { return 0; }
-    mutable QSet<int> asked;
-
-private:
-    int m_count;
-};
-} // namespace
 
 class ScrolledListViewTest : public QObject {
     Q_OBJECT
@@ -39,22 +22,20 @@ class ScrolledListViewTest : public QObject {
     std::unique_ptr<TestForm> form;
     std::unique_ptr<ImageList> icons;
     std::unique_ptr<ScrolledListView> list;
-    std::shared_ptr<NumberedRows> rows;
+    std::shared_ptr<NotedRows> rows;
 
-    QScrollBar& bar() const { return *list->findChild<QScrollBar*>(); }
+    QScrollBar& bar() const { return *viewOf(*list).verticalScrollBar(); }
     void fill(int count) {
-        rows = std::make_shared<NumberedRows>(count);
+        rows = std::make_shared<NotedRows>(count);
         list->setItems(rows);
+        QCoreApplication::processEvents(); // the scroll bar comes and goes with the next turn
     }
     int clicked(int y) {
-        QTest::mouseClick(list.get(), Qt::LeftButton, {}, {100, y});
+        clickAt(*list, {100, y});
         return list->currentRow();
     }
-    void wheel(int eighths) {
-        QWheelEvent event(QPointF(50, 50), list->mapToGlobal(QPointF(50, 50)), {}, {0, eighths}, Qt::NoButton,
-                          {}, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(list.get(), &event);
-    }
+    void wheel(int eighths) { wheelOn(*list, eighths); }
+    void key(Qt::Key which) { pressKey(*list, which); }
 
 private slots:
     void init() {
@@ -62,6 +43,7 @@ private slots:
         icons = std::make_unique<ImageList>(*form, "icons", std::initializer_list<const char*>{});
         list = std::make_unique<ScrolledListView>(*form, "list", DesignRect{10, 10, 250, height}, *icons);
         QVERIFY(form->appear());
+        list->setFocus();
     }
     void cleanup() {
         list.reset();
@@ -91,14 +73,14 @@ private slots:
     }
     void keys_bring_the_current_row_into_sight() {
         fill(100);
-        QTest::keyClick(list.get(), Qt::Key_End);
+        key(Qt::Key_End);
         QCOMPARE(list->currentRow(), 99);
         QCOMPARE(bar().value(), 96);
-        QTest::keyClick(list.get(), Qt::Key_Home);
+        key(Qt::Key_Home);
         QCOMPARE(bar().value(), 0);
-        for (int i = 0; i < 4; ++i) QTest::keyClick(list.get(), Qt::Key_Down);
+        for (int i = 0; i < 4; ++i) key(Qt::Key_Down);
         QCOMPARE(bar().value(), 1);
-        QTest::keyClick(list.get(), Qt::Key_PageDown);
+        key(Qt::Key_PageDown);
         QCOMPARE(list->currentRow(), 8);
     }
     void the_wheel_scrolls_by_three_rows_and_stops_at_the_ends() {
@@ -110,9 +92,14 @@ private slots:
         wheel(12'000);
         QCOMPARE(bar().value(), 0);
     }
+    void a_click_on_the_scroll_bar_chooses_no_row() {
+        fill(100);
+        clickAt(*list, {list->width() - 3, height / 2});
+        QCOMPARE(list->currentRow(), -1);
+    }
     void other_rows_begin_at_the_top_with_none_chosen() {
         fill(100);
-        QTest::keyClick(list.get(), Qt::Key_End);
+        key(Qt::Key_End);
         fill(50);
         QCOMPARE(bar().value(), 0);
         QCOMPARE(list->currentRow(), -1);

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The list with columns and headers: small pictures in the first column, one current row, as many rows as
+// memory holds texts.
+#pragma once
+
+#include "ImageList.h"
+#include "RowList.h"
+
+#include <vector>
+
+namespace torvane {
+
+class ColumnListView : public RowList {
+    Q_OBJECT
+
+public:
+    struct Look {
+        std::initializer_list<int> widths; ///< of the columns in pixels; the last one reaches to the edge
+        FontSpec font = Fonts::V8;
+        OleColour fore = Colours::black;
+        OleColour back = 0xB09A93;
+    };
+    ColumnListView(QWidget& parent, const char* name, const DesignRect& rect, ImageList& icons,
+                   const Look& look);
+
+    QString kind() const override { return QStringLiteral("list view"); }
+    using RowList::Clear;
+    using RowList::setHeader;
+    using RowList::setItems;
+
+protected:
+    void dressView(RowView& view) override;
+
+private:
+    std::vector<int> m_widths;
+};
+
+} // namespace torvane
