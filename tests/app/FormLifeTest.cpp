@@ -139,6 +139,60 @@ private slots:
         collectGone();
         QVERIFY(window.isNull());
     }
+    void a_window_whose_owner_stays_away_appears_without_one_and_follows_it_later() {
+        TestForm owner(world.runtime);
+        TestForm owned(world.runtime);
+        owned.Show(&owner);
+        QTRY_VERIFY(owned.isVisible());
+        QCOMPARE(owned.windowHandle()->transientParent(), nullptr);
+        owner.Show();
+        QVERIFY(owned.isVisible());
+        QCOMPARE(owned.windowHandle()->transientParent(), owner.windowHandle());
+    }
+    void a_window_whose_owner_is_deleted_appears_all_the_same() {
+        TestForm owned(world.runtime);
+        {
+            TestForm owner(world.runtime);
+            owned.Show(&owner);
+        }
+        QTRY_VERIFY(owned.isVisible());
+    }
+    void a_window_that_was_hidden_meanwhile_does_not_appear_with_its_owner_data() {
+        QTest::addColumn<bool>("appearsBefore");
+        QTest::newRow("while it waits") << false;
+        QTest::newRow("when it has appeared without the owner") << true;
+    }
+    void a_window_that_was_hidden_meanwhile_does_not_appear_with_its_owner() {
+        QFETCH(bool, appearsBefore);
+        TestForm owner(world.runtime);
+        TestForm owned(world.runtime);
+        owned.Show(&owner);
+        if (appearsBefore) QTRY_VERIFY(owned.isVisible());
+        owned.Hide();
+        QTest::qWait(400); // longer than it waits for its owner
+        QVERIFY(!owned.isVisible());
+        owner.Show();
+        QVERIFY(!owned.isVisible());
+    }
+    void a_window_that_was_unloaded_while_it_waits_does_not_appear() {
+        TestForm owner(world.runtime);
+        TestForm owned(world.runtime);
+        owned.Show(&owner);
+        owned.Unload();
+        QTest::qWait(400); // longer than it waits for its owner
+        owner.Show();
+        QVERIFY(!owned.isVisible());
+    }
+    void a_window_that_got_another_owner_meanwhile_stays_with_that() {
+        TestForm awaited(world.runtime);
+        TestForm owner(world.runtime);
+        TestForm owned(world.runtime);
+        owner.Show();
+        owned.Show(&awaited);
+        owned.Show(&owner);
+        awaited.Show();
+        QCOMPARE(owned.windowHandle()->transientParent(), owner.windowHandle());
+    }
     void a_window_may_get_another_owner() {
         TestForm former(world.runtime);
         TestForm next(world.runtime);

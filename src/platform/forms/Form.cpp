@@ -16,6 +16,8 @@
 namespace torvane {
 
 namespace {
+constexpr int ownerDelay = 300; // ms that a window waits for its owner
+
 Qt::WindowFlags flagsOf(const FormDesign& design) {
     // A tool window is what X11 window managers leave out of the task bar.
     Qt::WindowFlags flags = design.inTaskBar ? Qt::Window : Qt::Tool;
@@ -41,15 +43,28 @@ Form::Form(Runtime& runtime, const FormDesign& design)
 
 void Form::Show(Form* owner) {
     if (!m_placed) takeStartPosition();
-    if (owner != nullptr && !owner->isVisible()) {
-        owner->m_waiting.append(this);
-        return;
-    }
+    m_awaited = nullptr;
+    if (owner != nullptr && !owner->isVisible()) return waitFor(*owner);
     if (owner != nullptr) follow(*owner);
+    appear();
+}
+
+void Form::appear() {
     show();
     raise();
     activateWindow();
     showWaiting();
+}
+
+// A window that opens another one in its load is shown a little later itself. Without the wait the other one
+// would appear, vanish and appear again.
+void Form::waitFor(Form& owner) {
+    m_awaited = &owner;
+    owner.m_waiting.append(this);
+    if (isVisible()) return appear();
+    QTimer::singleShot(ownerDelay, this, [this] {
+        if (m_awaited != nullptr && !isVisible()) appear();
+    });
 }
 
 // A window manager takes notice of an owner when a window appears, and only of one that is there by then.
@@ -62,16 +77,19 @@ void Form::follow(Form& owner) {
 
 void Form::showWaiting() {
     for (const QPointer<Form>& owned : std::exchange(m_waiting, {})) {
-        if (owned != nullptr && !owned->isUnloaded()) owned->Show(this);
+        if (owned != nullptr && owned->m_awaited == this) owned->Show(this);
     }
 }
 
-void Form::Hide() { hide(); }
+void Form::Hide() {
+    m_awaited = nullptr;
+    hide();
+}
 
 void Form::Unload() {
     if (m_unloaded) return;
     m_unloaded = true;
-    hide();
+    Hide();
     onUnload();
     emit unloaded();
 }

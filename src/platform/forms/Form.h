@@ -46,8 +46,8 @@ public:
     Runtime& runtime() { return m_runtime; }
 
     /// Shows the window without waiting for its end; with an owner it stays above that window and goes
-    /// to the front with it, and waits until that one is shown. At its first show it takes its start
-    /// position.
+    /// to the front with it. It gives an owner that is not shown yet a moment to appear. One that appears
+    /// later is followed from then on. At its first show it takes its start position.
     void Show(Form* owner = nullptr);
     void Hide();
     /// Closes the window for good: it is hidden, runs its last handler and tells its owner to let go.
@@ -139,6 +139,8 @@ protected:
 private:
     void run(const std::function<void()>& handler, Failure failure);
     void takeStartPosition();
+    void appear();
+    void waitFor(Form& owner);
     void follow(Form& owner);
     void showWaiting();
 
@@ -149,7 +151,8 @@ private:
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_isToGo = false;
-    QList<QPointer<Form>> m_waiting; // windows that this one owns, to be shown behind it
+    const Form* m_awaited = nullptr; // the owner that is to be followed when it appears
+    QList<QPointer<Form>> m_waiting; // windows that may await this one
     int m_holds = 0;
 };
 
