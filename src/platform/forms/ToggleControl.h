@@ -24,13 +24,13 @@ public:
         bool checked = false;
     };
 
-    /// A letter behind "&" is the access key.
+    /// The letter after an "&" is the access key; "&&" is shown as one.
     QString Caption() const;
     void setCaption(const QString& caption);
     OleColour foreColour() const { return m_look.fore; }
     std::optional<OleColour> backColour() const { return m_look.back; }
-    QAccessible::Role accessibleRole() const override { return QAccessible::Grouping; }
-    QString accessibleText() const override { return Caption(); }
+    /// The words that assistive tools say; the button within has role, state and press.
+    QString accessibleText() const override;
 
 signals:
     /// The user has used the control, or the program has set its value, be it to the same one.
@@ -41,8 +41,6 @@ protected:
     ToggleControl(QWidget& parent, const char* name, const DesignRect& rect, const Look& look,
                   QAbstractButton& button);
     QAbstractButton& button() const { return m_button; }
-    /// Shows a value without a click.
-    void setChecked(bool checked);
 
 private:
     Look m_look;
