@@ -5,7 +5,9 @@
 #include "NativeText.h"
 #include "Paths.h"
 
+#include <QtEndian>
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
@@ -17,7 +19,18 @@ namespace {
 constexpr off_t mostRoom = 16 << 20;
 constexpr size_t usualEntrySize = 32;
 
+// The first bytes of a key as numbers of the same order, so that most comparisons need no look at the key.
+using Front = std::array<quint64, 2>;
+
+Front frontOf(QByteArrayView key) {
+    // No name holds a zero byte: a shorter key comes first.
+    char bytes[sizeof(Front)] = {};
+    std::memcpy(bytes, key.data(), std::min(sizeof bytes, static_cast<size_t>(key.size())));
+    return {qFromBigEndian<quint64>(bytes), qFromBigEndian<quint64>(bytes + sizeof(quint64))};
+}
+
 struct Entry {
+    Front front;
     quint32 start;    // of the name in the bytes read
     quint32 keyStart; // of the key, which is the name without regard to case
     quint32 matches;  // a bit for each pattern that the name matches
@@ -55,8 +68,9 @@ struct Reading {
         bytes.append(name.data(), static_cast<size_t>(name.size()));
         const auto keyStart = static_cast<quint32>(bytes.size());
         appendFolded(bytes, name);
-        entries.push_back({start, keyStart, matches, static_cast<quint16>(name.size()),
-                           static_cast<quint16>(bytes.size() - keyStart)});
+        const QByteArrayView folded = QByteArrayView(bytes).sliced(keyStart);
+        entries.push_back({frontOf(folded), start, keyStart, matches, static_cast<quint16>(name.size()),
+                           static_cast<quint16>(folded.size())});
     }
 
     // On most file systems the size of a folder tells how much there is to read. Room that is not needed
@@ -74,6 +88,7 @@ struct Reading {
 
     void sort() {
         std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
+            if (a.front != b.front) return a.front < b.front;
             const int order = key(a).compare(key(b));
             return order != 0 ? order < 0 : name(a).compare(name(b)) < 0;
         });

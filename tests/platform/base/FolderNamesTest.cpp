@@ -30,8 +30,12 @@ private slots:
         QCOMPARE(names(), ordered);
     }
     void names_that_are_alike_for_many_letters_are_still_in_order() {
-        const QByteArrayList ordered = {"aaaaaaa.gb",   "AAAAAAAA.gb",  "aaaaaaaa1.gb",
-                                        "aaaaaaaaA.gb", "aaaaaaaaa.gb", "AAAAAAAAb.gb"};
+        const QByteArray a15(15, 'a');
+        const QByteArray a16(16, 'A');
+        const QByteArrayList ordered = {"aaaaaaa.gb",  "AAAAAAAA.gb", "aaaaaaaa1.gb", "aaaaaaaaA.gb",
+                                        a15 + ".gb",   a16 + ".gb",   a16 + "1.gb",   a16 + "1a.gb",
+                                        a16 + "A1.gb", a16 + "a1.gb", a16 + "a2.gb",  a16 + "aa.gb",
+                                        a16 + "aB.gb", a15 + "b.gb",  "aaaaaaaaab.gb"};
         for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
