@@ -6,10 +6,10 @@
 #include "CountedReads.h"
 #include "GameLibrary.h"
 #include "ProgramUnderBench.h"
+#include "Repaints.h"
 #include "platform/base/File.h"
 
 #include <QApplication>
-#include <QPaintEvent>
 #include <algorithm>
 #include <cinttypes>
 #include <random>
@@ -18,23 +18,6 @@ namespace torvane::bench {
 
 namespace {
 constexpr size_t selections = 1000;
-
-// Lets the window paint what the selection has changed.
-class Repaints : public QObject {
-public:
-    explicit Repaints(QWidget& watched) { watched.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        m_painted = m_painted || event->type() == QEvent::Paint;
-        return false;
-    }
-    void awaitOne() {
-        m_painted = false;
-        while (!m_painted) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-private:
-    bool m_painted = false;
-};
 
 // The places of games with content, in an order in which no two in a row are neighbours in the list.
 std::vector<int> gamesWithContent(const FileList& games) {
@@ -56,7 +39,7 @@ struct Cost {
 };
 
 Cost costOfSelecting(MainFrm& window, const std::vector<int>& places) {
-    Repaints repaints(window.ListView1);
+    Repaints repaints(window);
     Cost cost;
     window.selectGame(places.back());
     repaints.awaitOne();

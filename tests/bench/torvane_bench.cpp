@@ -77,6 +77,7 @@ public:
         reportImports();
         reportArchives();
         reportNames();
+        reportLists();
         return m_report.allKept();
     }
 
@@ -212,6 +213,21 @@ private:
         const double plain = values.at("plain") / 1e6;
         m_report.row("The list of 100,000 names", table / plain, 3,
                      format("%.1f ms against %.1f ms of reading and sorting plainly", table, plain));
+    }
+
+    void reportLists() {
+        const Values values = run({program("bench_lists"), m_empty.configuration, std::to_string(rounds)},
+                                  m_empty.configuration);
+        const auto milliseconds = [&](const char* name) { return values.at(name) / 1e6; };
+        m_report.row("Milliseconds to set and paint 1,000,000 rows", milliseconds("set-large"), 60,
+                     format("of six columns; %.1f ms for 1,000 rows, %.1f ms for the same texts alone",
+                            milliseconds("set-small"), milliseconds("plain")));
+        m_report.row("Milliseconds of a page of 1,000,000 rows", milliseconds("page-large"), 8,
+                     format("%.1f ms for 1,000 rows", milliseconds("page-small")));
+        m_report.row("The page against the same texts alone",
+                     milliseconds("page-large") / milliseconds("plain"), 2.5, "painted without any list");
+        m_report.row("The page in 1,000,000 rows against 1,000",
+                     milliseconds("page-large") / milliseconds("page-small"), 1.3, "");
     }
 
     fs::path m_programs;
