@@ -48,6 +48,22 @@ constexpr std::array ways = {
     Way{Window::MainFrm, Window::MainFrm, Opening::anew, Return::nobody},
 };
 
+// The start opens these by itself.
+constexpr std::array startWindows = {Window::Menuing, Window::SelLangStartUp, Window::Splash,
+                                     Window::MainFrm};
+
+constexpr bool isReached(Window window) {
+    return std::find(startWindows.begin(), startWindows.end(), window) != startWindows.end() ||
+           std::any_of(ways.begin(), ways.end(), [&](const Way& way) { return way.to == window; });
+}
+
+constexpr bool areAllReached() {
+    bool result = true;
+    Windows::forEach([&]<typename W>() { result = result && isReached(W::id); });
+    return result;
+}
+static_assert(areAllReached(), "a window of Windows.h has no row in the table of ways");
+
 constexpr size_t placeOf(Window window) { return static_cast<size_t>(window); }
 } // namespace
 

@@ -48,7 +48,7 @@ public:
 
     /// Calls `visit.template operator()<W>()` for each class of the list.
     template <typename Visit>
-    static void forEach(Visit visit) {
+    static constexpr void forEach(Visit visit) {
         (visit.template operator()<W>(), ...);
     }
 
