@@ -128,7 +128,9 @@ private slots:
         QVERIFY(!isSeen(window().Mensaje));
         QCOMPARE(window().ListView1.rowCount(), 2);
         QCOMPARE(panel(), blank);
+        const RowModel& rows = window().ListView1.model();
         for (const int row : {1, 0}) {
+            QCOMPARE(rows.index(row, 0).data(RowModel::KeyRole), row == 0 ? u"2file"_s : u"4file"_s);
             chooseRow(row);
             QCOMPARE(window().File2.FileName(), row == 0 ? u"b.gb"_s : u"d.gba"_s);
         }
