@@ -155,8 +155,11 @@ private slots:
         world().folder.write(QStringLiteral("data/lang/own.tvl"), "[FileInfo]\r\n");
         world().folder.setMode(QStringLiteral("data/lang/own.tvl"), 0);
         world().setSetting("Language", stored);
-        const OrdinaryUser user;
-        Program& program = opened->start();
+        {
+            const OrdinaryUser user;
+            opened->start();
+        }
+        Program& program = *opened->program;
         SelLangStartUp* question = program.loaded<SelLangStartUp>();
         QVERIFY(question != nullptr && question->isVisible());
         QVERIFY(program.loaded<MainFrm>() == nullptr);
