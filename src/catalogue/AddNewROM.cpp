@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Imports into the library.
+// Imports games and deletes their originals.
 #include "AddNewROM.h"
 #include "platform/base/File.h"
 #include "platform/base/Paths.h"
@@ -11,7 +11,7 @@ namespace torvane {
 void SetFileAttributes(const QString& path) {
     ignoring([&] {
         const QByteArray real = Paths::real(path);
-        // By way of a handle that gives no access, so that no link can come in between.
+        // Via O_PATH, so that no symlink can be swapped in before chmod.
         const Handle file = opened(open(real.constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
         const struct stat info = infoOf(file);
         if (!S_ISREG(info.st_mode) || (info.st_mode & S_IWUSR) != 0) return;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Bringing games into the library, and deleting where they came from: one file, or those of a folder. Owned
-// by the window that asks the user.
+// Imports games into the library, one file or those of a folder, and deletes the originals. Owned by the
+// window that asks the user.
 #pragma once
 
 #include "core/Globals.h"
@@ -11,25 +11,24 @@
 
 namespace torvane {
 
-/// Gives the owner of a file the right to write it. Symbolic links are not followed; every failure is
-/// ignored.
+/// Gives the owner of a file write permission. Symbolic links are not followed; failures are ignored.
 void SetFileAttributes(const QString& path);
 
-/// The folder before a mark in a path: all before the first occurrence, even if the folder's own name holds
-/// the mark. The whole path if the mark is empty or does not occur.
+/// The part of a path before the first occurrence of a mark, even if that is in the name of a folder. The
+/// whole path if the mark is empty or does not occur.
 QString folderInFront(const QString& path, const QString& mark);
 
 /// An original that is still there, and why.
 struct KeptSource {
     enum Reason {
-        isInLibrary, ///< it is the game of the library itself
-        hasChanged,  ///< it, or its copy, is no longer as it was when it was copied
+        isInLibrary, ///< it is itself a game of the library
+        hasChanged,  ///< it or its copy has changed since it was copied
         failed       ///< the system refused the deletion
     };
 
-    QString path; ///< spelled
+    QString path; ///< as Paths::spelled gives it
     Reason reason = failed;
-    RuntimeFailure::Number failure = RuntimeFailure::none; ///< of a refused deletion
+    RuntimeFailure::Number failure = RuntimeFailure::none; ///< why the deletion was refused
 };
 
 /// What became of the originals.
@@ -42,28 +41,27 @@ class AddNewROM {
 public:
     explicit AddNewROM(const Globals& globals) : m_globals(globals) {}
 
-    /// Begins an import; what was added before is no longer known. `serve` is called about every 10 ms while
-    /// there is work.
+    /// Begins an import and forgets the previous one. `serve` is called about every 10 ms during the work.
     void begin(std::function<void()> serve);
-    /// Copies a file into the library, replacing one of that name, whole or not at all; in place after
-    /// `finish`. False if that is the file itself: it stays as it is. On a failure the copies before it are
-    /// put in place first.
+    /// Copies a file into the library, replacing a game of that name; a partial copy never appears. The copy
+    /// is in place after `finish`. False if that game is the source itself, which stays unchanged. On failure
+    /// the earlier copies are put in place before the failure is passed on.
     bool AddRomToLibrary(const QString& source, const QString& name);
-    /// Puts all copies in place; all that is written reaches the disk.
+    /// Puts all copies in place and syncs them to the disk.
     void finish();
 
-    /// Deletes the files that the import has copied, as far as nothing is lost by it. Never fails: what can't
-    /// be deleted stays like the others that do.
+    /// Deletes the originals of the import, except where that would lose data. Never fails: an original that
+    /// can't be deleted is reported as kept.
     Deletion deleteSources();
-    /// Deletes a file of the user's after a single import: the one that was copied, or another one that he
-    /// has named. Nothing is deleted, and the answer is false, if there is no whole copy, if the path is the
-    /// copy's own, or if the source has changed since. Fails if it can't be deleted.
+    /// Deletes a file after the import of a single game: the original, or another file that the user has
+    /// named. Returns false, and deletes nothing, if there is no complete copy, if the path is that of the
+    /// copy, or if the source has changed since. Fails if the file can't be deleted.
     bool deleteSource(const QString& path);
 
 private:
     const Globals& m_globals;
     std::unique_ptr<FileCopies> m_copies;
-    QStringList m_inLibrary; // sources that are games of the library themselves
+    QStringList m_inLibrary; // sources that are themselves games of the library
 };
 
 } // namespace torvane

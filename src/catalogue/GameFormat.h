@@ -6,7 +6,7 @@
 
 namespace torvane {
 
-/// A format's text on the screen and the extension that goes with it.
+/// The display text of a format, and its extension with the dot.
 struct GameFormat {
     QString text;
     QString extension;
@@ -14,10 +14,10 @@ struct GameFormat {
     bool isKnown() const { return !text.isEmpty(); }
 };
 
-/// The format of a size in KB of 1000 bytes; unknown up to 1024 and for exactly 2048 and 4096. The limits
-/// are powers of two while the unit is not: that mix is meant.
+/// The format of a size in KB of 1000 bytes; unknown up to 1024 and for exactly 2048 and 4096. The mix of
+/// binary limits and a decimal unit is intended.
 GameFormat formatOfSize(qint32 sizeKB);
-/// The format of an archive if the extension is "zip", in lower case; else unknown.
+/// The archive format for the extension "zip" (without dot, lower case only); unknown for any other.
 GameFormat formatOfExtension(const QString& extension);
 
 } // namespace torvane

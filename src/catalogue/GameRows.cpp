@@ -12,7 +12,7 @@ namespace torvane {
 namespace {
 constexpr qsizetype longestRowText = 30;
 
-// The picture by kind; none for kinds that have none, "bin" among them. Upper case is no kind.
+// The icon of an extension in lower case; none for "bin", whose size decides, and for all others.
 GameIcon iconOfKind(std::string_view kind) {
     if (kind == "zip") return GameIcon::archive;
     if (kind == "gb") return GameIcon::classic;
@@ -39,7 +39,7 @@ GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
     : m_names(std::move(names)) {
     const int rows = std::min(count, m_names->count());
     m_icons.reserve(static_cast<size_t>(rows));
-    // A file without a picture of its own takes that of the file in front of it.
+    // A file without an icon of its own repeats that of the row above.
     GameIcon icon = GameIcon::none;
     for (int row = 0; row < rows; ++row) {
         const std::string_view kind = secondPieceOf(m_names->bytes(row));
@@ -52,7 +52,7 @@ GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
 
 QString GameRows::text(int row, int) const {
     const QString name = firstPiece(m_names->name(row));
-    // A character outside the basic plane is two units; the cut must not leave half of one.
+    // The cut must not split a surrogate pair.
     const bool cutsPair = name.size() > longestRowText && name[longestRowText - 1].isHighSurrogate() &&
                           name[longestRowText].isLowSurrogate();
     return name.left(cutsPair ? longestRowText - 1 : longestRowText);

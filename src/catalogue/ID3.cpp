@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The five operations on tags, and the save that is made of them.
+// The tag operations on files.
 #include "ID3.h"
 #include "GameFormat.h"
 #include "TagInFile.h"
@@ -18,8 +18,8 @@
 namespace torvane {
 
 namespace {
-// A selection reads no more than this of a file that may be many megabytes. The window ends one byte in
-// front of the end, so that the last byte of the line end is never in it.
+// In bytes: selecting a game reads only the end of its file, which may be many megabytes. The window ends one
+// byte before the end of the file, so that it never holds the last byte of the line end.
 constexpr qint64 windowSize = 1024;
 
 bool isTooShort(qint64 length) { return length - windowSize < windowSize; }
@@ -52,7 +52,7 @@ void setFormat(RomTagRecord& tag, const GameFormat& first, const GameFormat& sec
 } // namespace
 
 bool ID3::HasRomTag(const QString& path) const {
-    // Most tags are at the end: only a file without one there is searched from its beginning.
+    // Most tags are at the end: search the whole file only if there is none.
     const File file(path);
     const QByteArray end = file.readAt(std::max<qint64>(file.length() - windowSize, 0), windowSize);
     return TagLine::markerIn(end) >= 0 || TagInFile::hasMarker(file.handle());
@@ -123,7 +123,7 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
                         const QString& date, const QString& info) {
     const SafeFile::Change change(path);
     if (isTooShort(change.length())) {
-        // The runtime's last error number and its description: none has occurred.
+        // Shows the last error number and its description, although no error has occurred.
         m_messages.MsgBox(QStringLiteral("%1: %2")
                               .arg(RuntimeFailure::none)
                               .arg(RuntimeFailure::describe(RuntimeFailure::none)));
@@ -133,7 +133,7 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
     const QByteArrayView remnant = TagLine::keptImage(window);
     const QByteArray size = TagLine::storedSizeText(TagLine::tagPart(window));
     fillBlanks();
-    // Only what stood in the window survives in the file: whoever meant something else finds it whole here.
+    // The rewrite keeps only the image bytes of the window, so keep the whole old file as a backup.
     change.keepFormer(m_globals.AppPath + backupFolder);
     change.commit({remnant, TagLine::lineEnd,
                    TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
@@ -141,10 +141,10 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
 }
 
 void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
-    // In front of the change and not within it: what the user or another program does meanwhile is seen.
+    // Call `yield` before opening the change, which then sees what others have done to the file.
     bool isTagged = HasRomTag(path);
     if (isTagged) yield();
-    // Twice, since a tag may come or go between the look and the change.
+    // Two attempts, since a tag may appear or disappear between the check and the change.
     for (int i = 0; i < 2; ++i) {
         if (isTagged ? replaceTag(path) : appendFirstTag(path)) return;
         isTagged = !isTagged;
@@ -152,7 +152,7 @@ void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
     throw RuntimeFailure(RuntimeFailure::permissionDenied);
 }
 
-// False if there is a tag by now.
+// False if the file has a tag by now.
 bool ID3::appendFirstTag(const QString& path) {
     const auto hasNone = [](const Handle& file) { return !TagInFile::hasMarker(file); };
     fillBlanks();
@@ -160,7 +160,7 @@ bool ID3::appendFirstTag(const QString& path) {
         path, [this](qint64 size) { return newLine(size); }, hasNone);
 }
 
-// False if there is no tag (any more).
+// False if the file has no tag any more.
 bool ID3::replaceTag(const QString& path) {
     const SafeFile::Change change(path);
     const auto image = TagInFile::keptLength(change.file());

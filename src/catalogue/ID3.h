@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The tag that lives in a ROM file: one line of 8-bit text behind the image, found by its marker alone.
-// Owned by the program. Knows the game panel only through the interface that it declares here.
+// The tag in a ROM file: one line of 8-bit text after the image, found by its marker alone. Owned by the
+// program. Shows tags through the interface GamePanel declared here.
 #pragma once
 
 #include "core/LanguageTables.h"
@@ -16,20 +16,20 @@ struct RomTagRecord {
     QString Date;
     QString Title;
     QString Info;
-    QString Format;    ///< console by size; the former one where no rule applies
+    QString Format;    ///< console by size; the previous one where no rule applies
     qint32 SizeKB = 0; ///< in units of 1000 bytes
     QString Extension; ///< with dot where a rule applied, else the second piece of the path
 };
 
-/// What a read of a tag writes on the screen; implemented by the main window.
+/// Displays the result of reading a tag; implemented by the main window.
 class GamePanel {
 public:
     virtual ~GamePanel() = default;
     /// A tag was read: company, date, title and information go to the panel and to the edit fields.
     virtual void showTag(const RomTagRecord& tag) = 0;
-    /// No tag was found: the same with `missing` for title and information and nothing for the rest.
+    /// No tag was found: `missing` is shown as title and information, and the other fields are empty.
     virtual void showNoTag(const QString& missing) = 0;
-    /// The line of format and size, shown after either of the others.
+    /// The line of format and size. Called after showTag or showNoTag.
     virtual void showFormat(const QString& format) = 0;
 };
 
@@ -39,28 +39,27 @@ public:
         : m_globals(globals), m_language(language), m_messages(messages) {}
 
     RomTagRecord RomTag;
-    /// What the next AppendRomTag writes; the caller fills them, and they stay set.
+    /// The values that the next AppendRomTag or SaveRomTag writes. The caller sets them; they stay set.
     QString NewCompany, NewTitle, NewDate, NewInfo;
 
-    /// Whether the marker stands anywhere in the file. Fails only if the file can't be opened or read.
+    /// Whether the marker is anywhere in the file. Fails only if the file can't be opened or read.
     bool HasRomTag(const QString& path) const;
-    /// Fills RomTag and the panel from the last 1024 bytes of the file. Never fails: what can't be read
-    /// has no tag.
+    /// Fills RomTag and the panel from the last 1024 bytes of the file. Never fails: an unreadable file
+    /// counts as one without a tag.
     void ReadRomTag(const QString& path, GamePanel& panel);
-    /// Appends the tag line of the New values. An empty value but the date becomes one blank. On a
-    /// failure the file is as before.
+    /// Appends a tag line with the New values. Empty values become one blank, except the date. On failure
+    /// the file is unchanged.
     void AppendRomTag(const QString& path);
-    /// Rewrites the file to the image in front of the first marker, at most as long as the tag says, and
-    /// a line end. Fails with the file unchanged if there is no tag or none that can be understood.
+    /// Reduces the file to the image before the first marker, cut to the tag's Size if it is longer, and a
+    /// line end. Fails, leaving the file unchanged, if there is no tag or an invalid one.
     static void StripRomTag(const QString& path);
-    /// Puts a tag of the four values in the place of the present one. Of the image only what stands in
-    /// the last 1024 bytes survives; the former file is kept whole in "\roms\data\backup", the newest of its
-    /// name. A file shorter than 2048 bytes is left alone, with a message.
+    /// Replaces the tag by one of the four values. Only the image bytes in the last 1024 bytes of the file
+    /// survive, so the whole old file is kept in "\roms\data\backup" (one backup per name, the newest). A
+    /// file shorter than 2048 bytes stays unchanged, and a message appears.
     void ReplaceRomTag(const QString& path, const QString& title, const QString& company, const QString& date,
                        const QString& info);
-    /// Saves the New values: calls `yield` if there is an old tag, and then, as if that were stripped and the
-    /// new one appended, changes the file in one step, so that there is no moment without any tag. On a
-    /// failure the file is as before.
+    /// Saves the New values. Calls `yield` first if the file has a tag. The result is that of a strip and an
+    /// append, but in one step: the file is never without a tag. On failure the file is unchanged.
     void SaveRomTag(const QString& path, const std::function<void()>& yield);
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Searching a file for a tag. Nothing but the Size piece is kept in memory.
+// Searches a file for a tag; only the Size piece is kept in memory.
 #include "TagInFile.h"
 #include "TagLine.h"
 #include "platform/base/FileBlocks.h"
@@ -11,7 +11,7 @@ namespace torvane::TagInFile {
 namespace {
 constexpr qint64 longestSize = 16 << 20;
 
-// Where the first occurrence begins that `locate` finds, of `length` bytes; -1 without one.
+// The offset of the first hit of `locate`, which looks for `length` bytes; -1 if there is none.
 template <typename Locate>
 qint64 find(const Handle& file, qint64 from, qint64 to, qint64 length, Locate locate) {
     FileBlocks blocks(file, from, to, length - 1);

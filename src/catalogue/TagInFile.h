@@ -8,12 +8,12 @@
 
 namespace torvane::TagInFile {
 
-/// Whether a marker stands anywhere in the file. Fails only if the file can't be read.
+/// Whether a marker is anywhere in the file. Fails only if the file can't be read.
 bool hasMarker(const Handle& file);
 
-/// How many bytes remain of the image, from the file's beginning, when its tag goes (see TagLine::keptImage).
-/// Nothing without a marker. Fails as TagLine does if the tag can't be understood, or the file not be read. A
-/// Size piece of more than 16 MiB is a "type mismatch", whatever it holds.
+/// How many bytes at the start of the file remain when its tag is removed (see TagLine::keptImage). Nothing
+/// if there is no marker. Fails as TagLine does if the tag is invalid, and if the file can't be read. A Size
+/// piece of more than 16 MiB is a "type mismatch", whatever it holds.
 std::optional<qint64> keptLength(const Handle& file);
 
 } // namespace torvane::TagInFile

@@ -23,7 +23,7 @@ QString storable(const QString& entered) {
 }
 
 bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize) {
-    // The piece has 1024 bytes and ends before the file's last one, which belongs to the line end.
+    // The reader sees 1024 bytes, which end before the last byte of the file, a part of the line end.
     constexpr qsizetype longestLine = 1025;
     const QByteArray line = TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
                                             CodePage1252::toBytes(todayAsText()), CodePage1252::toBytes(info),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Cutting and building tag lines.
+// Parses and builds tag lines.
 #include "TagLine.h"
 #include "platform/base/NumberText.h"
 #include "platform/base/RuntimeFailure.h"
@@ -16,10 +16,10 @@ const QByteArray& piece(const QByteArrayList& pieces, qsizetype index) {
     return pieces[index];
 }
 
-// How many places the fields behind the company are moved by a company that holds a separator.
+// By how many places a company that contains the separator shifts the later fields.
 int shiftOf(QByteArrayView tagPart) { return tagPart.startsWith(shiftedCompany) ? 1 : 0; }
 
-// A tag's fields stand in front of this piece; a tag part may be as large as the file.
+// Stops after the pieces that can hold fields: a tag part may be as large as the file.
 QByteArrayList piecesOf(QByteArrayView tagPart) {
     constexpr qsizetype wanted = 6;
     QByteArrayList pieces;
@@ -34,7 +34,7 @@ QByteArrayList piecesOf(QByteArrayView tagPart) {
 } // namespace
 
 qsizetype markerIn(QByteArrayView bytes) {
-    // The standard library looks through a whole game ten times as fast as the toolkit.
+    // The standard library searches a whole game ten times as fast as Qt.
     const std::string_view text(bytes.data(), static_cast<size_t>(bytes.size()));
     const size_t found = text.find({marker.constData(), static_cast<size_t>(marker.size())});
     return found == std::string_view::npos ? -1 : static_cast<qsizetype>(found);
@@ -43,9 +43,9 @@ qsizetype markerIn(QByteArrayView bytes) {
 QByteArrayView tagPart(QByteArrayView bytes) {
     const qsizetype at = markerIn(bytes);
     if (at < 0) throw RuntimeFailure(RuntimeFailure::subscript);
-    const QByteArrayView behind = bytes.sliced(at + marker.size());
-    const qsizetype next = markerIn(behind);
-    return next < 0 ? behind : behind.first(next);
+    const QByteArrayView rest = bytes.sliced(at + marker.size());
+    const qsizetype next = markerIn(rest);
+    return next < 0 ? rest : rest.first(next);
 }
 
 Fields fields(QByteArrayView tagPart) {

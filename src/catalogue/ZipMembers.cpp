@@ -26,7 +26,7 @@ QString memberExtension(const QString& name) {
     return secondPiece(name).toLower();
 }
 
-// Without making a text of the whole name.
+// Decodes only the extension: there may be very many names.
 bool isPlayable(QByteArrayView name) {
     const std::string_view piece = secondPieceOf(name);
     return isPlayableKind(QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())).toLower());
@@ -74,7 +74,7 @@ void ZipTemp::DeleteTemp(const QString& name) const {
     const QByteArray real = realFolder(name);
     const Handle folder(open(real.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!folder.isOpen()) return;
-    // By way of the open folder: whatever takes its name meanwhile is not touched.
+    // Via the open folder: another folder that takes its name meanwhile is not touched.
     const QString opened = QStringLiteral("/proc/self/fd/%1").arg(folder.number());
     const auto names = FolderNames::read(opened, QStringLiteral("*.*"));
     for (int i = 0; i < names->count(); ++i) {

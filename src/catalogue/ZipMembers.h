@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the program knows of an unpacked archive: its folder, the kinds of its members, the rows that show
-// them. The members are the plain files of the folder's top level; what lies deeper is neither shown nor
-// removed. Members without a "." in their names have no kind: they get no row, and go with the others.
+// An unpacked archive: its folder, the kinds of its members, and their rows. The members are the plain files
+// at the folder's top level; anything deeper is neither listed nor deleted. A member without a "." in its
+// name has no kind: it gets no row, but is deleted with the others.
 #pragma once
 
 #include "core/Globals.h"
@@ -11,18 +11,18 @@
 
 namespace torvane {
 
-/// Pictures of members, by their numbers in the window's list of images.
+/// The icons of members, by their numbers in the window's image list.
 enum class MemberIcon { classic = 1, advance = 2, colour = 3, unknown = 4 };
 
-/// The piece of a name between its first and its second ".", in lower case. A name without "." fails with a
-/// subscript out of range.
+/// The piece of a name between its first and its second ".", in lower case. Fails with "subscript" if the
+/// name has no ".".
 QString memberExtension(const QString& name);
-/// Whether the emulator is started with a member of this name, given as bytes; not if it has no ".".
+/// Whether the emulator can play a member with this name, given in bytes; false if it has no ".".
 bool isPlayable(QByteArrayView name);
-/// The picture by the extension; some kinds that can be played have none of their own.
+/// The icon of an extension; some playable kinds have none of their own and get `unknown`.
 MemberIcon memberIcon(const QString& extension);
 
-/// A row a member, in the order of the names.
+/// One row per member with a kind, in the order of the names.
 class ZipMembers : public RowSource {
 public:
     explicit ZipMembers(std::shared_ptr<const FolderNames> names);
@@ -30,7 +30,7 @@ public:
     int count() const override { return static_cast<int>(m_positions.size()); }
     QString text(int row, int) const override { return m_names->name(position(row)); }
     int icon(int row) const override { return static_cast<int>(memberIcon(memberExtension(text(row, 0)))); }
-    /// The key of a row counted from 0, by its member's position: "1file" for the first name.
+    /// The key of a row (counted from 0), made from its member's position: "1file" for the first name.
     QString key(int row) const override {
         return QString::number(position(row) + 1) + QStringLiteral("file");
     }
@@ -39,7 +39,7 @@ public:
         return row < 0 || row >= count() ? -1 : m_positions[static_cast<size_t>(row)];
     }
     bool hasPlayable() const { return m_hasPlayable; }
-    /// Fails with a subscript out of range if a member has no row, for want of a ".".
+    /// Fails with "subscript" if a member has no row because its name lacks a ".".
     void requireAllListed() const;
 
 private:
@@ -48,21 +48,21 @@ private:
     bool m_hasPlayable = false;
 };
 
-/// The folders that archives are unpacked into, below "\ziptemp\". They bear the piece of an archive's bare
-/// name in front of its first "."; archives that agree in it share a folder.
+/// The folders below "\ziptemp\" that archives are unpacked into. A folder is named by the archive's bare
+/// name up to its first "."; archives with the same such piece share a folder.
 class ZipTemp {
 public:
     explicit ZipTemp(const Globals& globals) : m_globals(globals) {}
 
-    /// The folder of an archive's bare name, spelled with its closing "\".
+    /// The spelled folder of an archive given by its bare name, with the closing "\".
     QString folderOf(const QString& name) const;
-    /// Whether that folder is there and is no symbolic link: else it is not ours, and stays untouched.
+    /// Whether that folder exists and is no symbolic link; else it is not ours and must not be touched.
     bool isOurs(const QString& name) const;
-    /// Makes the folder if need be, and unpacks the archive of a full path into it. What lies in the folder
-    /// then is the result; the answer is why no game has come out.
+    /// Unpacks an archive, given by full path and bare name, into its folder, which is created if missing.
+    /// Gives the reason why no game came out, or Reason::none. The unpacked files are the result.
     UnZip::Reason ExtractZipToTemp(UnZip& engine, const QString& path, const QString& name) const;
-    /// Deletes the files of the folder's top level, those that a list shows, and then the folder if nothing
-    /// else is in it. Every failure is ignored; nothing is followed through a symbolic link.
+    /// Deletes the plain files at the folder's top level, and then the folder if it is empty. Failures are
+    /// ignored; symbolic links are not followed.
     void DeleteTemp(const QString& name) const;
 
 private:

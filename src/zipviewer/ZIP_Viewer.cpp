@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading, listing and launching.
+// Reads and lists an archive, and launches its members.
 #include "ZIP_Viewer.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
@@ -11,14 +11,14 @@
 namespace torvane {
 
 namespace {
-// In milliseconds, between two tries at an archive that has given nothing yet.
+// The pauses in ms between two attempts at an archive that has listed nothing yet.
 constexpr int firstPause = 50;
 constexpr int longestPause = 1000;
 
 // The key of a reason's text, and the text for language files that lack the key.
 struct ReasonText {
     const char* key;
-    const char* absent;
+    const char* fallback;
 };
 
 ReasonText textOf(UnZip::Reason reason) {
@@ -42,7 +42,7 @@ ZIP_Viewer::ZIP_Viewer(const Services& services) : ZIP_ViewerDesign(services.run
     wire(chameleonButton1, &chameleonButton::Click, &ZIP_Viewer::chameleonButton1_Click);
     wire(chameleonButton2, &chameleonButton::Click, &ZIP_Viewer::chameleonButton2_Click);
     UnZip1.engine.goesOn = [this] { return m_reading.goesOn(); };
-    // The list covers the panel with what is known of a game, and the message lies over the list.
+    // The list covers the game panel, and the wait message covers the list.
     ListView1.raise();
     Mensaje.raise();
 }
@@ -55,8 +55,8 @@ void ZIP_Viewer::Load() {
 }
 
 void ZIP_Viewer::showReason(UnZip::Reason reason) {
-    const auto [key, absent] = textOf(reason);
-    Label3.setCaption(Texts(m.language, "ZIP")(key, QString::fromUtf8(absent)));
+    const auto [key, fallback] = textOf(reason);
+    Label3.setCaption(Texts(m.language, "ZIP")(key, QString::fromUtf8(fallback)));
 }
 
 void ZIP_Viewer::ReadZIP(const QString& path, const QString& name) {
@@ -78,8 +78,8 @@ void ZIP_Viewer::read(const QString& path, const QString& name) {
 
 // Retries for ever: an archive that is still being copied appears once it is complete.
 void ZIP_Viewer::readUntilListed(const QString& path, const QString& name) {
-    for (int between = firstPause; !m_reading.isAskedToClose() && ListView1.rowCount() < 1;
-         between = std::min(2 * between, longestPause)) {
+    for (int pause = firstPause; !m_reading.isAskedToClose() && ListView1.rowCount() < 1;
+         pause = std::min(2 * pause, longestPause)) {
         QElapsedTimer attempt;
         attempt.start();
         const UnZip::Reason reason = m_temp.ExtractZipToTemp(UnZip1.engine, path, name);
@@ -88,9 +88,9 @@ void ZIP_Viewer::readUntilListed(const QString& path, const QString& name) {
         const bool isListed = ListView1.rowCount() > 0;
         showReason(isListed ? UnZip::Reason::none : reason);
         pumpEvents();
-        // A large archive without a member for the list must not keep a processor busy either.
         if (isListed) return;
-        m_reading.pause(std::max(between, static_cast<int>(attempt.elapsed())));
+        // Rest at least as long as the attempt took: a large archive must not keep a processor busy.
+        m_reading.pause(std::max(pause, static_cast<int>(attempt.elapsed())));
     }
 }
 
@@ -102,7 +102,7 @@ void ZIP_Viewer::ListZipMembers(const QString& name) {
     if (m_members->hasPlayable()) blankPanel();
     File2.selectQuietly(File2.ListCount() - 1);
     if (std::exchange(m_isFailureReported, true)) return;
-    // One box for an archive, however many members and tries at it fail.
+    // One box per archive, however many members or attempts fail.
     m.runtime.reporting([this] { m_members->requireAllListed(); });
 }
 
@@ -135,7 +135,7 @@ void ZIP_Viewer::ListView1_DblClick() {
     setWindowStateWord(normal);
 }
 
-// A reading ends first: only then can what it has unpacked be removed.
+// A running read must end first: only then can its unpacked files be deleted.
 void ZIP_Viewer::chameleonButton1_Click() {
     m_reading.askToClose();
     if (!m_reading.isOn()) closeWindow();

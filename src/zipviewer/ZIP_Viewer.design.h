@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // clang-format off
-// The design of the archive window: one line a control, in tab order.
+// The design of the archive window: one line per control, in tab order.
 #pragma once
 
 #include "platform/forms/FileList.h"

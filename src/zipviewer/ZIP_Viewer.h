@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window of an archive: unpacks it whole into a folder of its own, lists what came out, starts a member
-// in the emulator, and takes the folder away when it closes.
+// The archive window: unpacks an archive into a folder of its own, lists the members, starts one in the
+// emulator, and deletes the folder when it closes.
 #pragma once
 
 #include "ZIP_Viewer.design.h"
@@ -23,14 +23,14 @@ public:
     /// Runs once after construction.
     void Load();
     /// Unpacks the archive (full path and bare name) and lists it in the window, which the desk has shown.
-    /// Serves events meanwhile; returns when a member is listed, which may be never, or the user closes the
-    /// window.
+    /// Serves events meanwhile. Retries until a member is listed or the user closes the window. Does nothing
+    /// while another read is running.
     void ReadZIP(const QString& path, const QString& name);
-    /// The archive to read: full path and bare name.
+    /// Reads the archive given as a list of its full path and its bare name.
     void take(const QStringList& archive) { ReadZIP(archive.value(0), archive.value(1)); }
 
 protected:
-    /// The window manager's close does what the close button does.
+    /// Closing via the window manager is the same as the close button.
     void queryUnload() override { chameleonButton1_Click(); }
 
 private:

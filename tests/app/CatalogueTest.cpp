@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every window of the program against the catalogue of windows and controls, as its design is before any
-// handler has run.
+// Compares every window as designed, before any handler has run, with the catalogue of windows and controls.
 #include "ControlLooks.h"
 #include "app/Windows.h"
 #include "art/ArtResources.h"
@@ -18,7 +17,7 @@ using Row = QMap<QString, QString>;
 namespace {
 using Makers = QMap<QString, std::unique_ptr<Form> (*)(Runtime&)>;
 
-// The designs of the windows in the program's own list, by the names of the windows.
+// Makers of the designs in the program's list of windows, by window name.
 const Makers makers = [] {
     Makers result;
     Windows::forEach([&]<typename W>() {
@@ -30,11 +29,11 @@ const Makers makers = [] {
     return result;
 }();
 
-// Its menus are no part of it yet, so its controls are not compared.
+// This window has no menus yet, so its controls are not compared.
 const QStringList withoutControls{u"Menuing"_s};
 
-// The catalogue pairs this label with one of another panel, which it cannot lie under: here it is the
-// shadow of the label that it lies 2 pixels beside.
+// The catalogue pairs this label with a label of another panel, below which it cannot be. In the design it is
+// the shadow of the label 2 pixels away.
 const QMap<QString, QString> otherSource{{u"MainFrm/Label35 of Label10"_s, u"GameTitle"_s}};
 
 bool wasHidden(const QWidget& widget) {
@@ -99,20 +98,20 @@ class CatalogueTest : public QObject {
 private slots:
     void initTestCase();
 
-    void every_design_of_the_program_is_compared();
-    void a_window_is_as_the_catalogue_has_it_data() { addWindowRows(true); }
-    void a_window_is_as_the_catalogue_has_it();
+    void every_design_is_compared();
+    void a_window_matches_the_catalogue_data() { addWindowRows(true); }
+    void a_window_matches_the_catalogue();
     void a_window_has_as_many_controls_of_each_kind_as_the_catalogue_counts_data() { addWindowRows(false); }
     void a_window_has_as_many_controls_of_each_kind_as_the_catalogue_counts();
-    void a_window_has_no_control_that_the_catalogue_has_not_data() { addWindowRows(false); }
-    void a_window_has_no_control_that_the_catalogue_has_not();
-    void the_tab_key_goes_in_the_order_of_tab_places_data() { addWindowRows(false); }
-    void the_tab_key_goes_in_the_order_of_tab_places();
+    void a_window_has_no_control_that_the_catalogue_lacks_data() { addWindowRows(false); }
+    void a_window_has_no_control_that_the_catalogue_lacks();
+    void the_tab_key_follows_the_tab_order_data() { addWindowRows(false); }
+    void the_tab_key_follows_the_tab_order();
 
     void a_control_has_its_name_and_kind_data() { addControlRows(); }
     void a_control_has_its_name_and_kind();
-    void a_control_lies_where_the_catalogue_puts_it_data() { addControlRows(); }
-    void a_control_lies_where_the_catalogue_puts_it();
+    void a_control_is_where_the_catalogue_puts_it_data() { addControlRows(); }
+    void a_control_is_where_the_catalogue_puts_it();
     void a_control_has_its_place_in_the_tab_order_data() { addControlRows(); }
     void a_control_has_its_place_in_the_tab_order();
     void a_control_has_its_caption_data() { addControlRows(); }
@@ -134,7 +133,7 @@ void CatalogueTest::initTestCase() {
     }
 }
 
-void CatalogueTest::every_design_of_the_program_is_compared() {
+void CatalogueTest::every_design_is_compared() {
     QDirIterator designs(QStringLiteral(TORVANE_TESTS_DIR "/../src"), {u"*.design.h"_s}, QDir::Files,
                          QDirIterator::Subdirectories);
     int count = 0;
@@ -148,7 +147,7 @@ void CatalogueTest::every_design_of_the_program_is_compared() {
 
 // Windows
 
-void CatalogueTest::a_window_is_as_the_catalogue_has_it() {
+void CatalogueTest::a_window_matches_the_catalogue() {
     QFETCH(Row, row);
     const FormDesign& design = form().design();
     QCOMPARE(form().objectName(), row[u"window"_s]);
@@ -193,7 +192,7 @@ void CatalogueTest::a_window_has_as_many_controls_of_each_kind_as_the_catalogue_
     QCOMPARE(counted, expected);
 }
 
-void CatalogueTest::a_window_has_no_control_that_the_catalogue_has_not() {
+void CatalogueTest::a_window_has_no_control_that_the_catalogue_lacks() {
     QFETCH(Row, row);
     QStringList expected;
     for (const Row& known : rowsOf(row[u"window"_s])) expected.append(known[u"control"_s]);
@@ -204,14 +203,14 @@ void CatalogueTest::a_window_has_no_control_that_the_catalogue_has_not() {
     QCOMPARE(present, expected);
 }
 
-void CatalogueTest::the_tab_key_goes_in_the_order_of_tab_places() {
+void CatalogueTest::the_tab_key_follows_the_tab_order() {
     QList<int> places;
     for (QWidget* next = form().nextInFocusChain(); next != &form(); next = next->nextInFocusChain()) {
         const auto* control = qobject_cast<Control*>(next);
         if (control && control->tabIndex() >= 0) places.append(control->tabIndex());
     }
     QVERIFY(!places.isEmpty());
-    for (int place = 0; place < places.size(); ++place) QCOMPARE(places[place], place);
+    for (int position = 0; position < places.size(); ++position) QCOMPARE(places[position], position);
 }
 
 // Controls
@@ -222,7 +221,7 @@ void CatalogueTest::a_control_has_its_name_and_kind() {
     QCOMPARE(kindOf(part()), row[u"kind"_s]);
 }
 
-void CatalogueTest::a_control_lies_where_the_catalogue_puts_it() {
+void CatalogueTest::a_control_is_where_the_catalogue_puts_it() {
     QFETCH(Row, row);
     QCOMPARE(control() == nullptr, row[u"left"_s].isEmpty());
     if (control() == nullptr) return;
@@ -281,7 +280,7 @@ void CatalogueTest::a_control_looks_as_noted() {
     QFETCH(Row, row);
     QVERIFY(part() != nullptr);
     CatalogueNotes notes(row[u"notes"_s]);
-    // These are compared by themselves.
+    // Other tests compare these.
     notes.take(u"hidden"_s);
     notes.take(u"disabled"_s);
     if (row[u"kind"_s] == u"button"_s) notes.takeQuoted(u"tip"_s);

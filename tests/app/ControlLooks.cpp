@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Comparison of single controls with the notes of their rows.
+// Compares single controls with the notes of their rows.
 #include "ControlLooks.h"
 #include "platform/forms/FileList.h"
 #include "platform/forms/Form.h"
@@ -21,11 +21,11 @@ using namespace Qt::StringLiterals;
 
 #define COMPARE_COLOUR(actual, noted, usual)                                                                 \
     QVERIFY2(isColour(actual, noted, usual),                                                                 \
-             qPrintable(colourWord(actual) + u" in place of "_s + colourWord((noted).value_or(usual))))
+             qPrintable(colourWord(actual) + u" instead of "_s + colourWord((noted).value_or(usual))))
 #define COMPARE_FONT(actual, expected) QCOMPARE(described(actual), described(expected))
 
 namespace {
-// The name that a font has in a failure's message.
+// The name of a font in failure messages.
 QString described(const FontSpec& font) {
     return QString::fromLatin1(Fonts::standIn(font.face).designFace) + u" %1"_s.arg(font.points) +
            (font.bold ? u" bold"_s : QString());
@@ -33,7 +33,7 @@ QString described(const FontSpec& font) {
 
 QString colourWord(OleColour colour) { return u"0x"_s + QString::number(colour, 16); }
 
-// The colour that is noted, word by word, or else one that looks as the usual one.
+// Whether a colour is exactly the noted one; without a note, whether it looks like the usual one.
 bool isColour(OleColour actual, std::optional<OleColour> noted, OleColour usual) {
     return noted ? actual == *noted : Colours::translate(actual) == Colours::translate(usual);
 }
@@ -65,7 +65,7 @@ void compareButton(const chameleonButton& button, CatalogueNotes& notes) {
     const QSize icon = notes.takeSize(u"icon"_s);
     const QSize hoverIcon = notes.takeSize(u"hover icon"_s);
     while (notes.take(u"24-bit"_s) || notes.take(u"8-bit"_s)) {
-    } // how the former pictures were stored
+    } // the colour depth of picture files is not compared
     QCOMPARE(button.PictureNormal().deviceIndependentSize().toSize(), icon.isValid() ? icon : QSize(0, 0));
     QCOMPARE(button.PictureOver().deviceIndependentSize().toSize(),
              hoverIcon.isValid() ? hoverIcon : QSize(0, 0));
@@ -100,7 +100,7 @@ void compareImage(const Image& image, CatalogueNotes& notes) {
     const QSize icon = notes.takeSize(u"icon"_s);
     const QSize jpeg = notes.takeSize(u"JPEG"_s);
     notes.take(u"24-bit"_s);
-    // No mouse ever comes to an image, so that its pointer has no picture.
+    // The mouse never reaches an image, so its pointer has no picture.
     notes.take(u"hand cursor icon"_s);
     const QSize expected = icon.isValid() ? icon : jpeg.isValid() ? jpeg : QSize(0, 0);
     QCOMPARE(image.Picture().deviceIndependentSize().toSize(), expected);

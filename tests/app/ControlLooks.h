@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Compares the look of one control with what the catalogue notes about it; a difference fails the test
-// that runs. Which control a row stands for is the caller's affair.
+// Compares the look of one control with its notes in the catalogue; a difference fails the running test. The
+// caller chooses the control for a row.
 #pragma once
 
 #include "support/CatalogueTable.h"
 
 namespace torvane {
 
-/// Takes every note off that it has compared. What stays is something that nobody has looked at.
+/// Removes each note after comparing it. Notes that remain were not compared.
 void compareLook(const QObject& part, CatalogueNotes& notes);
 
-/// Compares a label with what the shadow of another label of its window has to be.
+/// Checks that a label is the shadow of another label (by name) in its window.
 void compareShadow(const QObject& shadow, const QString& sourceName);
 
 } // namespace torvane

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The ways between windows, and what other windows may ask of the main one.
+// The ways between windows, and what the main window offers to the others.
 #include "support/Archive.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -18,7 +18,7 @@ private slots:
     void init() { opened = std::make_unique<OpenedProgram>(); }
     void cleanup() { opened.reset(); }
 
-    void every_name_in_the_list_of_windows_is_there_once() {
+    void every_name_is_in_the_list_of_windows_once() {
         QSet<int> ids;
         int count = 0;
         Windows::forEach([&]<typename W>() {
@@ -27,18 +27,18 @@ private slots:
         });
         QCOMPARE(ids.size(), count);
     }
-    void every_name_stands_for_the_window_that_bears_it() {
+    void every_name_means_the_window_of_that_name() {
         opened->games(1);
         opened->open();
         Windows::forEach([&]<typename W>() {
             const QString name = QString::fromLatin1(W::staticMetaObject.className()).section(u':', -1);
             Form* form = program().windows.load(W::id);
-            // The choice of the language is gone at once: there is one.
+            // The language window closes at once, since a language is stored.
             QCOMPARE(form == nullptr, W::id == Window::SelLangStartUp);
             if (form != nullptr) QCOMPARE(form->objectName(), name);
         });
     }
-    void a_way_that_the_table_does_not_have_leads_nowhere() {
+    void a_way_that_is_not_in_the_table_leads_nowhere() {
         opened->games(1);
         opened->open();
         program().desk.go(Window::Splash, Window::NewAssistant);
@@ -51,7 +51,7 @@ private slots:
         program().desk.go(Window::MainFrm, Window::ConfGen);
         QVERIFY(opened->main().isVisible());
     }
-    void the_main_window_is_hidden_behind_the_archive_window_and_comes_back_when_it_has_gone() {
+    void the_main_window_is_hidden_while_the_archive_window_is_open_and_then_comes_back() {
         writeArchive(opened->world.folder.path(QStringLiteral("roms/a.zip")),
                      {{QStringLiteral("m.gb"), "x"}});
         opened->open();
@@ -62,7 +62,7 @@ private slots:
         QVERIFY(program().loaded<ZIP_Viewer>() == nullptr);
         QVERIFY(opened->main().isVisible());
     }
-    void an_owned_window_leaves_its_opener_on_screen_and_stays_above_one_that_loads_anew() {
+    void an_owned_window_leaves_its_opener_on_screen_and_stays_above_it_when_it_is_reloaded() {
         opened->games(1);
         opened->open();
         program().desk.go(Window::MainFrm, Window::NewAssistant);
@@ -74,7 +74,7 @@ private slots:
         QVERIFY(opened->main().isVisible());
         QCOMPARE(assistant->windowHandle()->transientParent(), opened->main().windowHandle());
     }
-    void a_window_that_was_closed_before_is_not_shown_when_its_opener_loads_anew() {
+    void a_closed_window_is_not_shown_when_its_opener_is_reloaded() {
         opened->games(1);
         opened->open();
         program().desk.go(Window::MainFrm, Window::NewAssistant);
@@ -99,7 +99,7 @@ private slots:
         QCOMPARE(shelf().selected().index, -1);
         QCOMPARE(shelf().selected().count, 0);
     }
-    void a_selection_through_the_shelf_is_that_of_a_click() {
+    void a_selection_through_the_shelf_does_what_a_click_does() {
         opened->games(3);
         opened->open();
         shelf().select(2);
@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(opened->main().ListView1.currentRow(), 2);
         QCOMPARE(opened->main().Label41.Caption(), QStringLiteral("#3/3"));
     }
-    void a_place_beyond_the_list_is_an_invalid_property_value() {
+    void a_position_beyond_the_list_is_an_invalid_property_value() {
         opened->games(3);
         opened->open();
         try {
@@ -118,7 +118,7 @@ private slots:
         }
         QCOMPARE(shelf().selected().index, 0);
     }
-    void the_shelf_loads_a_main_window_that_is_not_there() {
+    void the_shelf_loads_a_missing_main_window() {
         opened->games(2);
         Program fresh(opened->world.runtime, opened->world.appPath());
         QVERIFY(fresh.loaded<MainFrm>() == nullptr);
@@ -128,7 +128,7 @@ private slots:
         QCOMPARE(fresh.shelf.selected().count, 2);
         QVERIFY(!fresh.loaded<MainFrm>()->isVisible());
     }
-    void a_refresh_through_the_shelf_lists_what_came_and_selects_the_first_game() {
+    void a_refresh_through_the_shelf_lists_new_games_and_selects_the_first() {
         opened->games(2);
         opened->open();
         opened->chooseRow(1);
@@ -144,7 +144,7 @@ private slots:
         QCOMPARE(opened->world.processes.starts.size(), 1);
         QVERIFY(opened->world.processes.starts.last().arguments.last().endsWith("g001.gb"));
     }
-    void the_place_of_the_list_can_be_read_and_set() {
+    void the_position_of_the_list_can_be_read_and_set() {
         opened->games(40);
         opened->open();
         QCOMPARE(shelf().listTop(), 1);
@@ -152,7 +152,7 @@ private slots:
         QCOMPARE(shelf().listTop(), -100);
         QCOMPARE(opened->main().ListView1.Top(), -100);
     }
-    void input_is_given_back_only_to_a_window_that_is_seen() {
+    void only_a_visible_window_takes_input_again() {
         opened->games(1);
         opened->open();
         shelf().setTakesInput(false);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How long a window lives that is closed while its own handlers run, and when an owned window stands above.
+// The life of a window that is closed while its own handlers run, and windows that have owners.
 #include "app/Program.h"
 #include "platform/forms/Label.h"
 #include "support/FakeWorld.h"
@@ -14,7 +14,7 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-// A window whose handler lets events through, and writes into it afterwards.
+// A window whose handler serves events, and then writes to a member.
 class Waiting : public TestForm {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private:
     }
 };
 
-// A window that finds nothing to do.
+// A window that unloads itself in its load.
 class Refusing : public TestForm {
 public:
     static constexpr Window id = Window::TorvMsg;
@@ -60,7 +60,7 @@ class FormLifeTest : public QObject {
     static void collectGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 private slots:
-    void an_unloaded_window_goes_when_the_events_come_round() {
+    void an_unloaded_window_is_deleted_by_the_event_loop() {
         const QPointer<Waiting> window = slot.load();
         window->Unload();
         QVERIFY(!slot.ifLoaded());
@@ -68,19 +68,19 @@ private slots:
         collectGone();
         QVERIFY(window.isNull());
     }
-    void the_owner_hears_of_an_unloaded_window() {
+    void the_owner_is_notified_of_an_unloaded_window() {
         gone.clear();
         slot.load()->Unload();
         QCOMPARE(gone, QList<Window>{Window::MainFrm});
     }
-    void a_window_that_unloads_itself_in_its_load_is_not_there() {
+    void a_window_that_unloads_itself_in_its_load_is_null() {
         FormSlot<Refusing> refusing(context);
         QCOMPARE(refusing.load(), nullptr);
         QCOMPARE(refusing.ifLoaded(), nullptr);
         refusing.take({u"work"_s});
         collectGone();
     }
-    void a_window_that_is_closed_in_its_own_handler_lives_to_the_end_of_it() {
+    void a_window_closed_in_its_own_handler_lives_until_the_handler_returns() {
         const QPointer<Waiting> window = slot.load();
         bool livedOn = false;
         window->meanwhile = [&] {
@@ -94,14 +94,14 @@ private slots:
         collectGone();
         QVERIFY(window.isNull());
     }
-    void the_slot_makes_a_new_window_while_the_former_one_still_runs() {
-        Waiting& former = *slot.load();
+    void the_slot_creates_a_new_window_while_the_old_one_still_runs() {
+        Waiting& old = *slot.load();
         bool isAnother = false;
-        former.meanwhile = [&] {
-            former.Unload();
-            isAnother = slot.load() != &former;
+        old.meanwhile = [&] {
+            old.Unload();
+            isAnother = slot.load() != &old;
         };
-        emit former.button.Click();
+        emit old.button.Click();
         QVERIFY(isAnother);
         slot.unload();
     }
@@ -119,7 +119,7 @@ private slots:
         collectGone();
         QVERIFY(window.isNull());
     }
-    void a_window_waits_for_its_owner_and_stands_above_it() {
+    void a_window_waits_for_its_owner_and_is_above_it() {
         TestForm owner(world.runtime);
         TestForm owned(world.runtime);
         owned.Show(&owner);
@@ -129,7 +129,7 @@ private slots:
         QVERIFY(owned.windowHandle()->transientParent() != nullptr);
         QCOMPARE(owned.windowHandle()->transientParent(), owner.windowHandle());
     }
-    void a_window_that_is_gone_before_its_owner_is_shown_is_not_shown() {
+    void a_window_closed_before_its_owner_is_shown_never_appears() {
         TestForm owner(world.runtime);
         const QPointer<Waiting> window = slot.load();
         window->Show(&owner);
@@ -194,12 +194,12 @@ private slots:
         QCOMPARE(owned.windowHandle()->transientParent(), owner.windowHandle());
     }
     void a_window_may_get_another_owner() {
-        TestForm former(world.runtime);
+        TestForm old(world.runtime);
         TestForm next(world.runtime);
         TestForm owned(world.runtime);
-        former.Show();
+        old.Show();
         next.Show();
-        owned.Show(&former);
+        owned.Show(&old);
         owned.Show(&next);
         QVERIFY(owned.isVisible());
         QCOMPARE(owned.windowHandle()->transientParent(), next.windowHandle());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Includes run one way: no file includes a layer above its own, no module a widget, no window another one.
+// Includes point one way: no file includes a higher layer, no module a widget, no window another window.
 #include "support/IncludeRules.h"
 #include "support/TestMain.h"
 
@@ -44,7 +44,7 @@ private slots:
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
     }
 
-    void what_is_allowed_is_no_fault() {
+    void an_allowed_include_is_no_fault() {
         const Tree tree{
             {u"platform/base/File.h"_s,
              u"#include <QString>\n#include <QtCore/QList>\n#include <fcntl.h>\n"_s},
@@ -64,7 +64,7 @@ private slots:
         QCOMPARE(faultsOf(tree).join(u'\n'), QString());
     }
 
-    void an_offence_is_told_with_file_line_and_include_data() {
+    void a_fault_is_reported_with_file_line_and_include_data() {
         QTest::addColumn<Tree>("tree");
         QTest::addColumn<QString>("fault");
         const QString form = u"platform/forms/Form.h"_s;
@@ -104,7 +104,7 @@ private slots:
         addOffence("from a window up to app",
                    {{u"app/Program.h"_s, {}}, {splash, u"#include \"app/Program.h\""_s}},
                    "core/splash/Splash.h:1: \"app/Program.h\": this layer lies above or beside");
-        addOffence("in brackets in place of quotes",
+        addOffence("in brackets instead of quotes",
                    {{u"app/Program.h"_s, {}}, {splash, u"#include <app/Program.h>"_s}},
                    "core/splash/Splash.h:1: \"app/Program.h\": this layer lies above or beside");
         addOffence("a file that does not exist", {{splash, u"#include \"Gone.h\""_s}},
@@ -112,13 +112,13 @@ private slots:
         addOffence("a window that reaches the artwork", {{splash, u"#include \"art/ArtResources.h\""_s}},
                    "core/splash/Splash.h:1: \"art/ArtResources.h\": only app/ reaches the artwork");
     }
-    void an_offence_is_told_with_file_line_and_include() {
+    void a_fault_is_reported_with_file_line_and_include() {
         QFETCH(Tree, tree);
         QFETCH(QString, fault);
         QCOMPARE(faultsOf(tree), QStringList{fault});
     }
 
-    void a_widget_header_in_a_module_is_told_data() {
+    void a_widget_header_in_a_module_is_reported_data() {
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("header");
         for (const char* file :
@@ -129,7 +129,7 @@ private slots:
             }
         }
     }
-    void a_widget_header_in_a_module_is_told() {
+    void a_widget_header_in_a_module_is_reported() {
         QFETCH(QString, file);
         QFETCH(QString, header);
         const QStringList expected{u"%1:2: \"%2\": a module may use Qt Core only"_s.arg(file, header)};
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(faultsOf({{file, u"//\n#include \"%1\"\n"_s.arg(header)}}), expected);
     }
 
-    void a_circle_is_told_with_its_whole_way() {
+    void a_circle_is_reported_with_its_whole_path() {
         const Tree tree{{u"core/A.h"_s, u"#include \"B.h\"\n"_s},
                         {u"core/B.h"_s, u"#include <QString>\n#include \"C.h\"\n"_s},
                         {u"core/C.h"_s, u"#include \"core/A.h\"\n"_s},
@@ -150,7 +150,7 @@ private slots:
         QCOMPARE(faultsOf({{u"core/A.h"_s, u"#include \"A.h\"\n"_s}}),
                  QStringList{u"core/A.h:1: \"A.h\": a circle: core/A.h > core/A.h"_s});
     }
-    void a_circle_of_folders_is_reported_though_no_file_is_on_one() {
+    void a_circle_of_folders_is_reported_even_without_a_circle_of_files() {
         const Tree tree{{u"catalogue/ID3.h"_s, u"#include \"emulator/Shell.h\"\n"_s},
                         {u"catalogue/Tag.h"_s, {}},
                         {u"emulator/Shell.h"_s, {}},

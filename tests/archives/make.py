@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Writes the archives of this folder, sound ones and hostile ones, and expected.tsv beside them.
+"""Writes the archives of this folder, sound ones and hostile ones, and expected.tsv next to them.
 
-One line of the list below is one archive: its name, what is wrong with it, its bytes, and what has to come out
-of it (all else is to stay out; where versions of libzip differ, a list of what may). Records as in PKWARE's APPNOTE.TXT, section 4.3. Run it after a change here.
+Each entry of LIST is one archive: its name, what is wrong with it, its bytes, the files that must come out of it
+(and no others; a list of alternatives where versions of libzip differ), and why no game comes out (damaged by
+default). The records follow PKWARE's APPNOTE.TXT, section 4.3. Run this script after changing it.
 """
 import bz2
 import lzma
@@ -32,7 +33,7 @@ def packed(data, method):
 
 
 class Entry:
-    """One entry. What is not given is told as it is; `local_` values stand in the header before the data alone."""
+    """One entry. `lies` replace true values in both headers, or with the prefix `local_` only in the local one."""
 
     def __init__(self, name, data=b"rom", method=STORED, **lies):
         self.name = name.encode() if isinstance(name, str) else name
@@ -43,19 +44,19 @@ class Entry:
         return self.lies.get("local_" + key, self.lies.get(key, truth)) if local else self.lies.get(key, truth)
 
     def head(self, local, offset=0):
-        def tell(key, truth):
+        def field(key, truth):
             return self.value(key, truth, local)
 
-        name, extra, comment = tell("name_bytes", self.name), tell("extra", b""), tell("comment", b"")
+        name, extra, comment = field("name_bytes", self.name), field("extra", b""), field("comment", b"")
         common = struct.pack(
-            "<HHHHHIII", tell("needed", 20), tell("flags", 0), tell("method", self.method), 0, 0x21,
-            tell("crc", zlib.crc32(self.data)), tell("packed_size", len(self.raw)), tell("size", len(self.data)))
+            "<HHHHHIII", field("needed", 20), field("flags", 0), field("method", self.method), 0, 0x21,
+            field("crc", zlib.crc32(self.data)), field("packed_size", len(self.raw)), field("size", len(self.data)))
         if local:
             return b"PK\3\4" + common + struct.pack("<HH", len(name), len(extra)) + name + extra
-        mode = tell("mode", 0)
-        return (b"PK\1\2" + bytes([20, tell("system", UNIX if mode else DOS)]) + common + struct.pack(
-            "<HHHHHII", len(name), len(extra), len(comment), tell("disk", 0), 0, mode << 16 | tell("attributes", 0),
-            tell("offset", offset)) + name + extra + comment)
+        mode = field("mode", 0)
+        return (b"PK\1\2" + bytes([20, field("system", UNIX if mode else DOS)]) + common + struct.pack(
+            "<HHHHHII", len(name), len(extra), len(comment), field("disk", 0), 0, mode << 16 | field("attributes", 0),
+            field("offset", offset)) + name + extra + comment)
 
 
 def end(entries, size, offset, comment=b"", disk=0, comment_length=None):
@@ -65,7 +66,7 @@ def end(entries, size, offset, comment=b"", disk=0, comment_length=None):
 
 
 def end64(entries, size, offset, place, record=None):
-    """The record, its locator and an end that leaves all to them."""
+    """The 64-bit end record, its locator, and an end record that refers to them."""
     made = struct.pack("<4sQHHIIQQQQ", b"PK\6\6", 44, 45, 45, 0, 0, entries, entries, size, offset)
     return (made + struct.pack("<4sIQI", b"PK\6\7", 0, place if record is None else record, 1) +
             end(0xFFFF, 0xFFFFFFFF, 0xFFFFFFFF))
@@ -104,13 +105,13 @@ def file(kind, permissions=0o644):
 GAME = Entry("game.gb", b"game")
 SOUND = archive(GAME)
 LONG = bytes(range(256)) * 2
-# A record that tells of a million entries, and a locator that leads to it in an archive that begins with it.
+# A record that claims a million entries, and a locator that finds it in an archive whose first entry holds it.
 MANY = end64(1_000_000, 1, 1, 0)[:56]
 LOCATOR = struct.pack("<4sIQI", b"PK\6\7", 0, 34, 1)
 ALL = {"game.gb": b"game"}
 E = Entry
 
-# name, what is wrong with it, bytes, what comes out, why no game does (damaged, if it isn't given)
+# name, what is wrong, bytes, the files that come out, why no game comes out (damaged by default)
 LIST = [
     ("sound", "nothing: stored, deflated, bzip2 and an empty entry", archive(
         GAME, E("b.gbc", LONG, DEFLATED), E("c.gba", LONG, BZIP2), E("empty", b"")),
@@ -118,7 +119,7 @@ LIST = [
     ("nothing", "it has no entries", archive(), {}, "nothingWanted"),
     ("zero", "it has no bytes", b"", {}),
     ("text", "it is no archive", b"This is a game.\n" * 20, {}),
-    # Names that lead elsewhere.
+    # Names that lead out of the folder.
     ("parent", "a name leads out of the folder", archive(E("../out.gb"), E("a/../../out.gb"), GAME), ALL),
     ("parent-inside", "a name leads out and in again", archive(E("x/../in.gb"), E("../target/in.gb"), GAME), ALL),
     ("absolute", "names begin at the root", archive(E("/out.gb"), E("//out.gb"), E("/tmp/out.gb"), GAME), ALL),
@@ -179,7 +180,7 @@ LIST = [
      {"a" * 252 + ".gb": b"rom"}),
     ("long-ends", "a name of 4096 bytes, of which most are cut off", archive(E("a.gb" + " " * 4092)),
      {"a.gb": b"rom"}),
-    # Names that meet.
+    # Names that collide.
     ("twice", "a name stands there twice", archive(GAME, E("game.gb", b"other")), ALL),
     ("twice-damaged", "the first of two equal names is damaged", archive(E("game.gb", b"gone", crc=1), GAME), ALL),
     ("case-twins", "names differ in their case", archive(GAME, E("GAME.GB"), E("É.gb"), E("é.gb", b"x")),
@@ -188,7 +189,7 @@ LIST = [
      ALL),
     ("file-and-folder", "a name is that of a file and of a folder", archive(E("a"), E("a/", b""), E("a/b"), GAME),
      {**ALL, "a": b"rom"}),
-    # What is no file.
+    # Entries that are not files.
     ("links", "entries are links", archive(
         E("link", b"../out", **file(stat.S_IFLNK, 0o777)), E("link", b"/etc/passwd", **file(stat.S_IFLNK)),
         E("link/out.gb"), GAME), ALL),
@@ -203,7 +204,7 @@ LIST = [
     ("folder-attribute", "a folder is one by its attribute alone", archive(
         E("dir", b"", attributes=0x10), E("label", b"", attributes=8), E("ro.gb", attributes=0x27), GAME),
      {**ALL, "ro.gb": b"rom"}),
-    # Lies on what comes.
+    # False values about the data.
     ("crc", "a checksum is wrong", archive(E("a.gb", LONG, crc=1), E("b.gb", LONG, DEFLATED, crc=1), GAME), ALL),
     ("size-larger", "sizes are told too large", archive(
         E("a.gb", LONG, DEFLATED, size=900), E("b.gb", LONG, size=900), GAME), ALL),
@@ -241,7 +242,7 @@ LIST = [
     ("claims-4g", "an entry calls itself 4 GiB large", archive(E("a.gb", LONG, DEFLATED, size=0xFFFFFFFE), GAME), ALL),
     ("claims-8e", "an entry calls itself larger than any disk", archive(
         E("a.gb", b"rom", size=0xFFFFFFFF, packed_size=0xFFFFFFFF, extra=sizes64(1 << 63, 1 << 63)), GAME), ALL),
-    # Secrets and rare ways.
+    # Encryption and rare methods.
     ("encrypted", "entries are encrypted", archive(
         E("a.gb", b"r" * 30, flags=ENCRYPTED), E("b.gb", flags=ENCRYPTED | 0x40),
         E("c.gb", b"r" * 40, method=99, flags=ENCRYPTED, extra=struct.pack("<HHH2sBH", 0x9901, 7, 2, b"AE", 3, 8)),
@@ -289,7 +290,7 @@ LIST = [
     ("within", "nothing: an archive lies in an archive", archive(E("in.zip", SOUND)), {"in.zip": SOUND},
      "nothingWanted"),
     ("cut", "its last byte is missing", SOUND[:-1], {}),
-    # Folders at the top, without a game beside them.
+    # Folders at the top level.
     ("folder-one", "nothing: the games lie in one folder", archive(
         E("readme.txt"), E("Games/", b"", attributes=0x10), E("Games/game.gb", b"game"),
         E("Games/b.gba", LONG, DEFLATED), E("Games/license"), E("Games/more/c.gb")),
@@ -355,7 +356,7 @@ def quoted(text):
     return urllib.parse.quote(text, safe=" ")
 
 
-def told(files):
+def described(files):
     return "/".join(quoted(name) + "=" + quoted(content) for name, content in files.items())
 
 
@@ -378,7 +379,7 @@ def main():
             with open(os.path.join(folder, name + ".zip"), "wb") as made:
                 made.write(content)
             reasons = [reason(files, *(given or ["damaged"])) for files in answers(expected)]
-            table.write("\t".join([name, wrong, "|".join(map(told, answers(expected))), "|".join(reasons)]) + "\n")
+            table.write("\t".join([name, wrong, "|".join(map(described, answers(expected))), "|".join(reasons)]) + "\n")
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the assistant does to files, and what it lets the user do meanwhile.
+// What the assistant does to files, and what the user can do meanwhile.
 #include "support/Failing.h"
 #include "support/OpenedAssistant.h"
 #include "support/TestMain.h"
@@ -21,7 +21,7 @@ class NewAssistantCopyTest : public QObject {
             opened->original(u"g%1.gb"_s.arg(i, 4, 10, QLatin1Char('0')), QByteArray(bytes, 'g'));
         }
     }
-    /// No name of the library stands for half a file, and nothing hidden is left.
+    /// The library holds no partial and no hidden file; every game has this size.
     void expectOnlyWholeGames(qsizetype bytes) {
         for (const QString& name : opened->library()) {
             QVERIFY2(!name.startsWith(u'.'), qPrintable(name));
@@ -82,7 +82,7 @@ private slots:
         opened->copyFolder(opened->world.folder.path(u"outer/"_s + mark));
         QCOMPARE(opened->library(), QStringList{u"outer.gb"_s});
     }
-    void the_librarys_own_folder_loses_nothing_and_ends_nothing() {
+    void importing_the_library_folder_itself_loses_nothing() {
         opened->openAssistant();
         opened->games(3);
         opened->copyFolder(opened->world.folder.path(u"roms"_s));
@@ -99,7 +99,7 @@ private slots:
         QCOMPARE(opened->typed(), opened->said("f8"));
         QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("content"));
     }
-    void a_single_copy_for_which_there_is_no_room_fails_and_the_former_game_is_whole() {
+    void a_single_copy_without_room_fails_and_the_old_game_stays_whole() {
         opened->game(u"a.txt"_s);
         const QString path = opened->original(u"a.gb"_s, QByteArray(20'000, 'a'));
         opened->openAssistant();
@@ -126,7 +126,7 @@ private slots:
         QCOMPARE(opened->library(), (QStringList{u"g0000.gb"_s, u"g0001.gb"_s}));
         expectOnlyWholeGames(1000);
     }
-    void an_original_that_cannot_be_deleted_is_told_and_the_question_stays() {
+    void an_original_that_cannot_be_deleted_is_reported_and_the_question_stays() {
         const QString path = opened->original(u"a.gb"_s);
         opened->openAssistant();
         opened->copyFile(path);
@@ -144,7 +144,7 @@ private slots:
         QCOMPARE(opened->typed(), opened->said("f9"));
     }
 
-    void originals_that_stayed_are_named_with_the_reason() {
+    void kept_originals_are_named_with_the_reason() {
         originals(3);
         opened->openAssistant();
         opened->copyFolder(opened->from());
@@ -157,7 +157,7 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.last().flags, 48);
         QCOMPARE(opened->typed(), opened->said("f15"));
     }
-    void originals_that_the_system_keeps_are_named_with_its_reason_and_none_is_said_to_be_gone() {
+    void originals_that_the_system_keeps_are_named_with_its_reason_and_none_is_reported_as_deleted() {
         originals(20);
         opened->openAssistant();
         opened->copyFolder(opened->from());
@@ -185,8 +185,8 @@ private slots:
         QVERIFY(opened->world.messages.last().endsWith(u"g001.gb: "_s + opened->said("keptsame")));
     }
 
-    // The bar
-    void the_bar_starts_empty_and_ends_one_step_short_of_full() {
+    // The progress bar
+    void the_progress_bar_starts_empty_and_ends_one_step_short_of_full() {
         originals(5);
         opened->openAssistant();
         QList<int> widths;
@@ -248,7 +248,7 @@ private slots:
         QFETCH(bool, byWindowManager);
         originals(400, 200'000);
         opened->openAssistant();
-        const QPointer<NewAssistant> former = &window();
+        const QPointer<NewAssistant> old = &window();
         bool wasHidden = false;
         connect(&window().File1, &FileList::Click, this, [&] {
             if (window().File1.ListIndex() != 150) return;
@@ -259,8 +259,8 @@ private slots:
         QVERIFY(wasHidden);
         QVERIFY(!opened->isThere());
         collectGone();
-        QVERIFY(former.isNull());
-        // The file that was the current one is the last.
+        QVERIFY(old.isNull());
+        // The file that was being copied is the last one.
         QCOMPARE(opened->library().size(), 151);
         expectOnlyWholeGames(200'000);
         QCOMPARE(opened->world.folder.entries(u"from"_s).size(), 400);

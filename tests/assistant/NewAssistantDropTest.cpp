@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files and folders that are dropped on the main window or on the assistant.
+// Files and folders dropped on the main window or on the assistant.
 #include "support/OpenedAssistant.h"
 #include "support/TestMain.h"
 
@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(opened->world.folder.entries(u"many"_s), QStringList());
         QCOMPARE(window().FilePath.Text(), dropped);
     }
-    void of_several_dropped_things_the_first_one_counts() {
+    void the_first_of_several_dropped_items_is_used() {
         const QString first = opened->original(u"a.gb"_s);
         const QString second = opened->original(u"b.gb"_s);
         opened->openAssistant();
@@ -92,7 +92,7 @@ private slots:
         click(window().chameleonButton1);
         QCOMPARE(opened->library(), (QStringList{u"a.gb"_s, u"b.gb"_s}));
     }
-    void a_dropped_name_of_bytes_that_are_no_text_is_copied() {
+    void a_dropped_name_that_is_not_utf_8_is_copied() {
         opened->world.folder.makeFolder(u"from"_s);
         opened->world.folder.writeNative("from/a\xFF.gb", "bytes");
         opened->openAssistant();
@@ -101,17 +101,17 @@ private slots:
         click(window().chameleonButton1);
         QCOMPARE(access(opened->world.folder.native("roms/a\xFF.gb").constData(), R_OK), 0);
     }
-    void what_is_no_file_of_this_machine_is_refused_data() {
+    void anything_but_a_file_of_this_machine_is_refused_data() {
         QTest::addColumn<QByteArray>("addresses");
         QTest::newRow("a web page") << QByteArray("https://www.example.org/a.gb");
         QTest::newRow("another machine") << QByteArray("file://elsewhere/tmp");
-        QTest::newRow("not there") << QByteArray("file:///nowhere/at/all.gb");
+        QTest::newRow("missing file") << QByteArray("file:///nowhere/at/all.gb");
         QTest::newRow("nothing") << QByteArray();
         QTest::newRow("no path") << QByteArray("file:");
         QTest::newRow("a zero") << QByteArray("file:///tmp%00");
         QTest::newRow("comments") << QByteArray("# file:///tmp\r\n");
     }
-    void what_is_no_file_of_this_machine_is_refused() {
+    void anything_but_a_file_of_this_machine_is_refused() {
         QFETCH(QByteArray, addresses);
         opened->games(1);
         opened->open();
@@ -136,7 +136,7 @@ private slots:
         QCoreApplication::sendEvent(&opened->main(), &enter);
         QVERIFY(!enter.isAccepted());
     }
-    void a_main_window_that_takes_no_input_takes_no_drop() {
+    void a_main_window_without_input_takes_no_drop() {
         opened->games(1);
         const QString path = opened->original(u"a.gb"_s);
         opened->open();

@@ -11,7 +11,7 @@ class NewAssistantTest : public QObject {
 
     std::unique_ptr<OpenedAssistant> opened;
     NewAssistant& window() const { return opened->assistant(); }
-    /// What the user sees of the controls that come and go.
+    /// Which of the controls that are not always shown the user sees.
     QStringList seen() const {
         QStringList names;
         for (const QWidget* control : std::initializer_list<const QWidget*>{
@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(window().windowHandle()->transientParent(), opened->main().windowHandle());
         expectWelcome();
     }
-    void a_library_with_a_game_does_not() {
+    void a_library_with_a_game_does_not_open_the_assistant() {
         opened->games(1);
         opened->open();
         QVERIFY(!opened->isThere());
@@ -90,7 +90,7 @@ private slots:
         click(window().chameleonButton3);
         expectChoice();
     }
-    void one_file_asks_for_it() {
+    void the_choice_of_one_file_asks_for_it() {
         opened->openAssistant();
         opened->goToFile();
         expectFile();
@@ -107,12 +107,12 @@ private slots:
         QCOMPARE(window().FilePath.Text(), path);
         expectFile();
     }
-    void browse_without_an_answer_shows_the_failure_and_stays_data() {
+    void a_cancelled_browse_shows_the_failure_and_stays_data() {
         QTest::addColumn<QString>("answer");
         QTest::newRow("nothing") << QString();
         QTest::newRow("a blank") << u" "_s;
     }
-    void browse_without_an_answer_shows_the_failure_and_stays() {
+    void a_cancelled_browse_shows_the_failure_and_stays() {
         QFETCH(QString, answer);
         opened->openAssistant();
         opened->goToFile();
@@ -127,7 +127,7 @@ private slots:
         expectFailure();
         QCOMPARE(opened->library(), QStringList());
     }
-    void forward_with_a_file_that_is_gone_fails_and_the_user_can_browse_again() {
+    void forward_with_a_missing_file_fails_and_the_user_can_browse_again() {
         opened->openAssistant();
         opened->goToFile();
         opened->browse(opened->world.folder.path(u"none.gb"_s));
@@ -142,7 +142,7 @@ private slots:
         opened->copyFile(opened->original(u"a.gb"_s, "bytes"));
         expectQuestion("f5");
         QCOMPARE(opened->bytesOf(u"a.gb"_s), QByteArray("bytes"));
-        // Forward a second time is not possible.
+        // The second click on Forward must do nothing.
         click(window().chameleonButton1);
         expectQuestion("f5");
     }
@@ -187,7 +187,7 @@ private slots:
         expectDone("f11");
         QVERIFY(opened->exists(u"from/a.gb"_s));
     }
-    void a_folder_without_games_copies_nothing_and_goes_on_all_the_same() {
+    void a_folder_without_games_copies_nothing_and_still_goes_on() {
         opened->original(u"notes.txt"_s);
         opened->openAssistant();
         const int width = window().barra.width();
@@ -199,14 +199,14 @@ private slots:
         expectDone("f10");
         QVERIFY(opened->exists(u"from/notes.txt"_s));
     }
-    void a_folder_dialog_that_is_cancelled_changes_nothing() {
+    void a_cancelled_folder_dialog_changes_nothing() {
         opened->openAssistant();
         opened->copyFolder(QString());
         QCOMPARE(opened->dialogs().questions.size(), 1);
         QCOMPARE(opened->dialogs().questions.last().title, opened->said("f12"));
         expectChoice();
     }
-    void finish_closes() {
+    void finish_closes_the_assistant() {
         opened->openAssistant();
         opened->copyFile(opened->original(u"a.gb"_s));
         click(window().ChameleonButton6);
@@ -222,7 +222,7 @@ private slots:
         expectChoice();
         QCOMPARE(window().chameleonButton1.Caption(), opened->said("next"));
     }
-    void the_area_of_one_file_is_dead_after_a_first_use_until_the_window_is_opened_anew() {
+    void the_area_of_one_file_is_disabled_after_its_first_use_until_the_window_is_reopened() {
         opened->openAssistant();
         opened->goToFile();
         click(window().chameleonButton3);
@@ -235,7 +235,7 @@ private slots:
         click(window().AddDir);
         expectQuestion("f5b");
     }
-    void the_area_of_a_folder_keeps_answering() {
+    void the_area_of_a_folder_stays_enabled() {
         opened->original(u"a.gb"_s);
         opened->openAssistant();
         opened->copyFolder(opened->from());
@@ -244,11 +244,11 @@ private slots:
         click(window().AddDir);
         expectQuestion("f5b");
     }
-    void exit_closes_from_every_page_data() {
+    void exit_closes_the_assistant_on_every_page_data() {
         QTest::addColumn<int>("page");
         for (int page = 0; page < 5; ++page) QTest::addRow("page %d", page) << page;
     }
-    void exit_closes_from_every_page() {
+    void exit_closes_the_assistant_on_every_page() {
         QFETCH(int, page);
         const QString path = opened->original(u"a.gb"_s);
         opened->openAssistant();
@@ -260,7 +260,7 @@ private slots:
         QVERIFY(!opened->isThere());
         QVERIFY(opened->main().isVisible());
     }
-    void closing_shows_the_new_games_in_the_main_window() {
+    void closing_lists_the_new_games_in_the_main_window() {
         opened->openAssistant();
         opened->copyFile(opened->original(u"a.gb"_s));
         QCOMPARE(opened->main().ListView1.rowCount(), 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the assistant says, how it types it, and where on the page it stands.
+// The texts of the assistant, how they are typed, and where they are on the page.
 #include "support/OpenedAssistant.h"
 #include "support/TestMain.h"
 
@@ -12,7 +12,7 @@ class NewAssistantTextsTest : public QObject {
     std::unique_ptr<OpenedAssistant> opened;
     NewAssistant& window() const { return opened->assistant(); }
 
-    // The first and the last row of each line of text that one picture has and the other one has not.
+    // The first and the last pixel row of each line of text that only the second picture has.
     static QList<QPair<int, int>> linesBetween(const QImage& empty, const QImage& written) {
         QList<QPair<int, int>> lines;
         const QRect row(0, 0, empty.width(), 1);
@@ -48,14 +48,14 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(window().Label1.Caption(), u"abc"_s, 2000);
         QVERIFY(!window().Timer1.Enabled());
     }
-    void a_new_text_takes_the_place_of_the_one_that_is_being_typed() {
+    void a_new_text_replaces_the_one_being_typed() {
         opened->openAssistant();
         emit window().Timer1.Tick();
         window().ShowDialog(u"new"_s);
         QCOMPARE(opened->typed(), u"new"_s);
     }
 
-    void the_answers_stand_at_their_hot_areas_in_every_language_data() {
+    void the_answers_are_at_their_hot_areas_in_every_language_data() {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QByteArray>("keys");
         for (const char* language : {"esp", "cat", "eng"}) {
@@ -63,7 +63,7 @@ private slots:
                 QTest::addRow("%s %s", language, keys) << QString::fromLatin1(language) << QByteArray(keys);
         }
     }
-    void the_answers_stand_at_their_hot_areas_in_every_language() {
+    void the_answers_are_at_their_hot_areas_in_every_language() {
         QFETCH(QString, language);
         QFETCH(QByteArray, keys);
         opened->world.useLanguage(language.toLatin1());
@@ -84,7 +84,7 @@ private slots:
         QVERIFY2(lines[3].first >= second.top() && lines[3].second <= second.bottom() + 2,
                  qPrintable(u"%1 to %2"_s.arg(lines[3].first).arg(lines[3].second)));
     }
-    void a_text_on_a_page_with_marks_ends_above_them_data() {
+    void the_text_of_a_page_with_marks_ends_above_them_data() {
         QTest::addColumn<QByteArray>("language");
         QTest::addColumn<QByteArray>("key");
         for (const char* language : {"esp", "cat", "eng"}) {
@@ -92,7 +92,7 @@ private slots:
                 QTest::addRow("%s %s", language, key) << QByteArray(language) << QByteArray(key);
         }
     }
-    void a_text_on_a_page_with_marks_ends_above_them() {
+    void the_text_of_a_page_with_marks_ends_above_them() {
         QFETCH(QByteArray, language);
         QFETCH(QByteArray, key);
         opened->world.useLanguage(language);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Games on their way into the library, and which originals may go afterwards.
+// Imports of games into the library, and which originals may be deleted afterwards.
 #include "catalogue/AddNewROM.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
@@ -27,7 +27,7 @@ class AddNewROMTest : public QObject {
         struct stat info {};
         return lstat(QFile::encodeName(path).constData(), &info) == 0 ? info.st_mode & 07777 : 0;
     }
-    /// Copies one file, as the assistant does with a chosen one.
+    /// Imports one file, as the assistant does with a chosen one.
     bool import(const QString& path, const QString& name) {
         adding->begin([] {});
         const bool isOther = adding->AddRomToLibrary(path, name);
@@ -49,20 +49,20 @@ private slots:
     }
 
     // SetFileAttributes
-    void the_owner_of_a_read_only_file_may_write_it_and_nobody_else_may_do_more() {
+    void the_owner_may_write_a_read_only_file_and_nobody_else_gets_more_rights() {
         const QString path = source(u"a.gb"_s);
         folder->setMode(u"from/a.gb"_s, 0444);
         SetFileAttributes(path);
         QCOMPARE(modeOf(path), 0644);
     }
-    void attributes_of_what_a_link_names_stay() {
+    void the_attributes_of_a_link_target_stay() {
         const QString path = source(u"a.gb"_s);
         folder->setMode(u"from/a.gb"_s, 0444);
         QVERIFY(QFile::link(path, folder->path(u"link.gb"_s)));
         SetFileAttributes(folder->path(u"link.gb"_s));
         QCOMPARE(modeOf(path), 0444);
     }
-    void attributes_of_nothing_and_of_a_folder_are_ignored() {
+    void a_missing_file_and_a_folder_are_ignored() {
         SetFileAttributes(folder->path(u"nowhere"_s));
         SetFileAttributes(QString());
         folder->makeFolder(u"sub"_s);
@@ -71,19 +71,19 @@ private slots:
         QCOMPARE(modeOf(folder->path(u"sub"_s)), 0555);
     }
 
-    // The folder in front of the dialog's text
-    void a_folder_ends_in_front_of_the_first_mark_data() {
+    // The folder before the text of the dialog
+    void a_folder_ends_before_the_first_mark_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("mark");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("behind the folder") << u"/home/me/games\\Pick"_s << u"Pick"_s << u"/home/me/games\\"_s;
+        QTest::newRow("after the folder") << u"/home/me/games\\Pick"_s << u"Pick"_s << u"/home/me/games\\"_s;
         QTest::newRow("in the folder's own name")
             << u"/home/Pick me/games\\Pick"_s << u"Pick"_s << u"/home/"_s;
         QTest::newRow("in another case") << u"/home/pick\\Pick"_s << u"Pick"_s << u"/home/pick\\"_s;
         QTest::newRow("no mark") << u"/home/games\\"_s << QString() << u"/home/games\\"_s;
-        QTest::newRow("a mark that is not there") << u"/home"_s << u"Pick"_s << u"/home"_s;
+        QTest::newRow("an absent mark") << u"/home"_s << u"Pick"_s << u"/home"_s;
     }
-    void a_folder_ends_in_front_of_the_first_mark() {
+    void a_folder_ends_before_the_first_mark() {
         QFETCH(QString, path);
         QFETCH(QString, mark);
         QFETCH(QString, expected);
@@ -102,7 +102,7 @@ private slots:
         QCOMPARE(info.st_mtim.tv_sec, 2000);
         QCOMPARE(library(), QStringList{u"a.gb"_s});
     }
-    void a_file_of_the_name_is_replaced_without_a_question() {
+    void a_file_of_that_name_is_replaced_without_a_question() {
         folder->write(u"roms/a.gb"_s, "a former one that is longer");
         QVERIFY(import(source(u"a.gb"_s, "new"), u"a.gb"_s));
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("new"));
@@ -113,24 +113,24 @@ private slots:
         import(source(u"a.gb"_s, "new"), u"a.gb"_s);
         QCOMPARE(modeOf(folder->path(u"roms/a.gb"_s)), 0600);
     }
-    void a_name_in_other_letters_is_another_game() {
+    void a_name_in_another_case_is_another_game() {
         folder->write(u"roms/a.gb"_s, "small");
         import(source(u"A.GB"_s, "large"), u"A.GB"_s);
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("small"));
         QCOMPARE(inLibrary(u"A.GB"_s), QByteArray("large"));
     }
-    void the_library_is_found_in_any_letters() {
+    void the_library_is_found_in_any_case() {
         QVERIFY(QDir(folder->path()).rename(u"roms"_s, u"ROMs"_s));
         import(source(u"a.gb"_s, "x"), u"a.gb"_s);
         QCOMPARE(folder->read(u"ROMs/a.gb"_s), QByteArray("x"));
     }
-    void a_name_of_bytes_that_are_no_text_is_kept() {
+    void a_name_that_is_not_utf_8_is_kept() {
         folder->makeFolder(u"from"_s);
         const QString path = folder->writeNative("from/a\xFF\\b.gb", "bytes");
         import(path, NativeText::fromNative("a\xFF\\b.gb"));
         QCOMPARE(access(folder->native("roms/a\xFF\\b.gb").constData(), R_OK), 0);
     }
-    void hundreds_of_games_arrive_in_several_batches() {
+    void hundreds_of_games_are_copied_in_several_batches() {
         QStringList names;
         for (int i = 0; i < 300; ++i) {
             names << u"g%1.gb"_s.arg(i);
@@ -140,20 +140,20 @@ private slots:
         QCOMPARE(library().size(), 300);
         for (int i = 0; i < 300; ++i) QCOMPARE(inLibrary(names[i]), QByteArray::number(i));
     }
-    void before_the_end_no_name_stands_for_half_a_file() {
+    void no_partial_file_has_a_name_before_the_end() {
         adding->begin([] {});
         adding->AddRomToLibrary(source(u"a.gb"_s, QByteArray(100'000, 'a')), u"a.gb"_s);
         QVERIFY(!QFile::exists(folder->path(u"roms/a.gb"_s)));
         adding->finish();
         QCOMPARE(inLibrary(u"a.gb"_s).size(), 100'000);
     }
-    void an_import_that_is_given_up_leaves_nothing() {
+    void an_abandoned_import_leaves_nothing() {
         adding->begin([] {});
         adding->AddRomToLibrary(source(u"a.gb"_s), u"a.gb"_s);
         adding.reset();
         QCOMPARE(library(), QStringList());
     }
-    void a_failure_keeps_what_was_copied_before_and_nothing_half() {
+    void a_failure_keeps_the_earlier_copies_and_no_partial_one() {
         const QString good = source(u"a.gb"_s, "whole");
         const QString large = source(u"b.gb"_s, QByteArray(20'000, 'b'));
         adding->begin([] {});
@@ -165,12 +165,12 @@ private slots:
         QCOMPARE(library(), QStringList{u"a.gb"_s});
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("whole"));
     }
-    void a_source_that_is_not_there_fails() {
+    void a_missing_source_fails() {
         QCOMPARE(failureOf([&] { import(folder->path(u"none.gb"_s), u"none.gb"_s); }), 53);
         QCOMPARE(failureOf([&] { import(QString(), QString()); }), 53);
         QCOMPARE(library(), QStringList());
     }
-    void a_library_that_is_not_there_fails() {
+    void a_missing_library_fails() {
         QVERIFY(QDir(folder->path()).rmdir(u"roms"_s));
         QVERIFY(failureOf([&] { import(source(u"a.gb"_s), u"a.gb"_s); }).has_value());
     }
@@ -182,7 +182,7 @@ private slots:
         QVERIFY(!import(folder->path(u"link.gb"_s), u"a.gb"_s));
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("content"));
     }
-    void events_are_served_within_a_long_copy() {
+    void events_are_served_during_a_long_copy() {
         const QString path = source(u"a.gba"_s, QByteArray(64 << 20, 'a'));
         QElapsedTimer since;
         qint64 longest = 0;
@@ -194,13 +194,13 @@ private slots:
         adding->AddRomToLibrary(path, u"a.gba"_s);
         adding->finish();
         QVERIFY(served >= 2);
-        // Far from what a good machine takes; a copy in one piece would still be longer by its whole length.
+        // Far above what a good machine needs, and still far below a copy without events in between.
         QVERIFY2(longest < 500, qPrintable(QString::number(longest)));
         QCOMPARE(QFileInfo(folder->path(u"roms/a.gba"_s)).size(), 64 << 20);
     }
 
     // The originals
-    void originals_of_whole_copies_go() {
+    void originals_of_complete_copies_are_deleted() {
         const QStringList names{u"a.gb"_s, u"b.gb"_s};
         for (const QString& name : names) source(name, name.toUtf8());
         source(u"notes.txt"_s);
@@ -210,15 +210,15 @@ private slots:
         QCOMPARE(inLibrary(u"b.gb"_s), QByteArray("b.gb"));
         QCOMPARE(adding->deleteSources().gone, 0);
     }
-    void an_original_stays_if_its_copy_is_not_what_was_written_data() {
+    void an_original_stays_if_it_or_its_copy_has_changed_data() {
         QTest::addColumn<int>("harm");
         QTest::newRow("the copy is gone") << 0;
         QTest::newRow("the copy is shorter") << 1;
-        QTest::newRow("another file stands in its place") << 2;
+        QTest::newRow("another file has replaced it") << 2;
         QTest::newRow("the original has changed") << 3;
         QTest::newRow("the original was replaced") << 4;
     }
-    void an_original_stays_if_its_copy_is_not_what_was_written() {
+    void an_original_stays_if_it_or_its_copy_has_changed() {
         QFETCH(int, harm);
         const QString original = source(u"a.gb"_s, "content");
         importAll({u"a.gb"_s});
@@ -246,7 +246,7 @@ private slots:
         QVERIFY(!adding->deleteSource(folder->path(u"roms/a.gb"_s)));
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("content"));
     }
-    void the_copy_itself_is_never_deleted_by_whatever_name() {
+    void the_copy_itself_is_never_deleted_under_any_name() {
         const QString original = source(u"a.gb"_s, "content");
         import(original, u"a.gb"_s);
         QVERIFY(QFile::link(folder->path(u"roms/a.gb"_s), folder->path(u"link.gb"_s)));
@@ -254,7 +254,7 @@ private slots:
         QVERIFY(!adding->deleteSource(folder->path(u"link.gb"_s)));
         QCOMPARE(inLibrary(u"a.gb"_s), QByteArray("content"));
     }
-    void another_file_that_the_user_names_goes_in_place_of_the_original() {
+    void another_file_named_by_the_user_is_deleted_instead_of_the_original() {
         const QString original = source(u"a.gb"_s);
         const QString other = folder->write(u"other.gb"_s, "other");
         import(original, u"a.gb"_s);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Consoles by size: every limit from both sides.
+// The console for a size: every limit from both sides.
 #include "catalogue/GameFormat.h"
 #include "support/TestMain.h"
 
@@ -12,7 +12,7 @@ class GameFormatTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void a_size_tells_the_console_data() {
+    void a_size_gives_the_console_data() {
         QTest::addColumn<int>("sizeKB");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("extension");
@@ -33,7 +33,7 @@ private slots:
         row(4097, "GameBoy Advance", ".gba");
         row(std::numeric_limits<int>::max(), "GameBoy Advance", ".gba");
     }
-    void a_size_tells_the_console() {
+    void a_size_gives_the_console() {
         QFETCH(int, sizeKB);
         QFETCH(QString, text);
         QFETCH(QString, extension);
@@ -48,13 +48,13 @@ private slots:
         QCOMPARE(format.text, QStringLiteral("Formato .ZIP"));
         QCOMPARE(format.extension, QStringLiteral(".zip"));
     }
-    void any_other_extension_tells_nothing_data() {
+    void any_other_extension_is_unknown_data() {
         QTest::addColumn<QString>("extension");
         for (const char* extension :
              {"", "ZIP", "Zip", ".zip", "zip ", " zip", "zipx", "gb", "gba", "gbc", "zip/plain"})
             QTest::newRow(extension) << QString::fromLatin1(extension);
     }
-    void any_other_extension_tells_nothing() {
+    void any_other_extension_is_unknown() {
         QFETCH(QString, extension);
         QVERIFY(!formatOfExtension(extension).isKnown());
         QVERIFY(formatOfExtension(extension).extension.isEmpty());

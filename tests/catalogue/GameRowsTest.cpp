@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rows of the game list: names, pictures, and how the rows of two lists are paired.
+// The rows of the game list: names, icons, and how the rows of two lists are paired.
 #include "catalogue/GameRows.h"
 #include "platform/base/File.h"
 #include "support/Failing.h"
@@ -9,7 +9,7 @@
 using namespace torvane;
 
 namespace {
-// The patterns of the list that counts and of the one that names.
+// The patterns of the list that counts the games and of the list that names them.
 const QString countedPattern = QStringLiteral("*.gb;*.gbc;*.gba;*.zip");
 const QString namedPattern = QStringLiteral("*.gb;*.gba;*.gbc;*.cgb;*.agb;*.zip");
 
@@ -53,7 +53,7 @@ private slots:
         QCOMPARE(GameRows(missing, missing->count(), {}).count(), 0);
         QCOMPARE(totalText(missing->count()), QStringLiteral("0000"));
     }
-    void a_kind_has_its_picture_data() {
+    void a_kind_has_its_icon_data() {
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<int>("icon");
         const auto row = [](const char* name, int icon) { QTest::newRow(name) << QByteArray(name) << icon; };
@@ -76,23 +76,23 @@ private slots:
         row("a.zi", none);
         row("a.zipp", none);
     }
-    void a_kind_has_its_picture() {
+    void a_kind_has_its_icon() {
         QFETCH(QByteArray, name);
         QFETCH(int, icon);
         make({name});
         QCOMPARE(icons(rows()), QList<int>{icon});
     }
-    void a_name_with_two_dots_is_shown_by_its_first_piece_and_takes_the_former_picture() {
+    void a_name_with_two_dots_shows_its_first_piece_and_repeats_the_icon_above() {
         make({"0.zip", "a.b.gb"});
         const GameRows list = rows(namedPattern);
         QCOMPARE(list.text(1, 0), QStringLiteral("a"));
         QCOMPARE(icons(list), (QList<int>{archive, archive}));
     }
-    void a_name_in_upper_case_is_in_the_list_and_takes_the_former_picture() {
+    void a_name_in_upper_case_is_listed_and_repeats_the_icon_above() {
         make({"A.gba", "GAME.GB", "Z.gbc"});
         QCOMPARE(icons(rows(namedPattern)), (QList<int>{advance, advance, colour}));
     }
-    void pictures_are_handed_down_over_many_rows_and_the_first_has_none_to_take() {
+    void an_icon_is_repeated_over_many_rows_but_the_first_row_has_none_above() {
         make({"1.GB", "2.x.gb", "3.gb", "4.GBA", "5.y.gba", "6.zip", "7.ZIP"});
         QCOMPARE(icons(rows(namedPattern)),
                  (QList<int>{none, none, classic, classic, classic, archive, archive}));
@@ -109,7 +109,7 @@ private slots:
         QCOMPARE(list.text(1, 0), QStringLiteral("b"));
         QCOMPARE(list.text(2, 0), QStringLiteral("c"));
         QCOMPARE(icons(list), (QList<int>{advance, colour, classic}));
-        // Row 0 shows "a" while entry 0 of the selection is c.gb.
+        // Row 0 shows "a", but entry 0 of the counted list is c.gb.
         QCOMPARE(counted->name(0), QStringLiteral("c.gb"));
         QCOMPARE(totalText(named->count()), QStringLiteral("0005"));
     }
@@ -134,10 +134,10 @@ private slots:
         row("characters and not bytes", QByteArray("ñ").repeated(31) + ".gb", QString(30, QChar(0xF1)));
         row("30 with a pair at the end", QByteArray(28, 'n') + "😀.gb", n30.left(28) + QStringLiteral("😀"));
         row("a pair across the cut", QByteArray(29, 'n') + "😀😀.gb", n30.left(29));
-        row("a pair behind the cut", QByteArray(30, 'n') + "😀.gb", n30);
+        row("a pair after the cut", QByteArray(30, 'n') + "😀.gb", n30);
         row("blanks", " a  b .gb", QStringLiteral(" a  b "));
         row("blanks count", QByteArray(40, ' ') + ".gb", QString(30, QLatin1Char(' ')));
-        row("signs of other languages", "%s <b>&\"'\\.gb", QStringLiteral("%s <b>&\"'") + QChar(0xDC5C));
+        row("markup and format characters", "%s <b>&\"'\\.gb", QStringLiteral("%s <b>&\"'") + QChar(0xDC5C));
         row("line break", "a\nb.gb", QStringLiteral("a\nb"));
         row("no UTF-8", "a\xF1.gb", QStringLiteral("a") + QChar(0xDCF1));
         row("no dot", "plain", QStringLiteral("plain"));
@@ -148,7 +148,7 @@ private slots:
         make({name});
         QCOMPARE(rows().text(0, 0), text);
     }
-    void a_cut_row_text_leaves_the_file_name_whole() {
+    void a_cut_row_text_leaves_the_file_name_complete() {
         const QByteArray name = QByteArray(60, 'n') + ".gb";
         make({name});
         const auto names = FolderNames::read(folder->path(), namedPattern);
@@ -157,7 +157,7 @@ private slots:
         QCOMPARE(names->bytes(0).toByteArray(), name);
     }
 
-    void the_size_of_a_bin_file_gives_its_picture_data() {
+    void the_size_of_a_bin_file_gives_its_icon_data() {
         QTest::addColumn<qint64>("bytes");
         QTest::addColumn<int>("icon");
         const auto row = [](qint64 bytes, int icon) {
@@ -175,12 +175,12 @@ private slots:
         row(8388608, colour);
         row(qint64(1) << 40, colour);
     }
-    void the_size_of_a_bin_file_gives_its_picture() {
+    void the_size_of_a_bin_file_gives_its_icon() {
         QFETCH(qint64, bytes);
         QFETCH(int, icon);
         QCOMPARE(static_cast<int>(GameRows::iconOfSize(bytes)), icon);
     }
-    void a_bin_file_takes_its_picture_from_its_real_size_or_the_former_one() {
+    void a_bin_file_has_the_icon_of_its_real_size_or_repeats_the_one_above() {
         makeSized("0.zip", 1);
         makeSized("1.bin.gb", 1023999);
         makeSized("2.bin.gb", 1024000);
@@ -191,7 +191,7 @@ private slots:
         QCOMPARE(icons(rows(namedPattern)),
                  (QList<int>{archive, archive, advance, advance, classic, colour, colour}));
     }
-    void a_bin_file_that_can_not_be_opened_keeps_the_former_picture() {
+    void a_bin_file_that_cannot_be_opened_repeats_the_icon_above() {
         makeSized("0.zip", 1);
         makeSized("1.bin.gb", 1024000);
         makeSized("2.bin.gb", 1500000);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the tests of tags share: a folder, a tag module with a language and message boxes of its own, and a
-// record of what a read has put on the screen.
+// Shared by the tests of tags: a folder, a tag module with its own language and message boxes, and a record
+// of what a read displays.
 #pragma once
 
 #include "catalogue/ID3.h"
@@ -10,7 +10,7 @@
 
 namespace torvane {
 
-// What the read has put on the screen.
+// Records what a read displays.
 struct PanelRecord : GamePanel {
     QString title, company, date, info, format;
     bool tagged = false;
@@ -46,7 +46,7 @@ protected:
     explicit ID3Fixture(const QString& parent = QDir::tempPath()) : folder(parent) {}
 
     TestFolder folder;
-    TestFolder languageFolder; // apart, so that games are alone in theirs
+    TestFolder languageFolder; // separate, so that the folder of games holds nothing else
     FakeMessages messages;
     Globals globals;
     LanguageTables language{globals};

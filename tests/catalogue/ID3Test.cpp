@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tags in ROM files: what is read, and what an append leaves, byte for byte.
+// Tags in ROM files: what is read, and what an append writes, byte for byte.
 #include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
@@ -22,7 +22,7 @@ private slots:
                                                                        "21/11/26\xA7Info\xA7"
                                                                        "3000\xA7\r\n");
     }
-    void an_empty_company_title_or_info_is_stored_as_one_blank_and_an_empty_date_as_nothing() {
+    void an_empty_company_title_or_info_is_stored_as_one_blank_and_an_empty_date_stays_empty() {
         const QString path = file(image(10));
         id3->NewCompany.clear();
         id3->NewTitle.clear();
@@ -34,7 +34,7 @@ private slots:
         QCOMPARE(id3->NewCompany, QStringLiteral(" "));
         QCOMPARE(id3->NewDate, QString());
     }
-    void appending_looks_for_no_tag_and_the_first_in_the_window_is_shown() {
+    void appending_ignores_existing_tags_and_the_first_in_the_window_is_shown() {
         const QString path = file(image(3000));
         fillNew("First");
         id3->AppendRomTag(path);
@@ -60,13 +60,13 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<bool>("has");
         const QByteArray marker = TagLine::marker;
-        QTest::newRow("in front") << marker + image(5000) << true;
+        QTest::newRow("at the start") << marker + image(5000) << true;
         QTest::newRow("at the end") << image(5000) + marker << true;
         QTest::newRow("in the middle") << image(2500) + marker + image(2500) << true;
         QTest::newRow("alone") << marker << true;
-        for (qsizetype behind = 1010; behind < 1030; ++behind)
-            QTest::addRow("%d bytes in front of the end", int(behind))
-                << image(3000) + marker + image(behind) << true;
+        for (qsizetype after = 1010; after < 1030; ++after)
+            QTest::addRow("%d bytes before the end", int(after))
+                << image(3000) + marker + image(after) << true;
         QTest::newRow("none") << image(5000) << false;
         QTest::newRow("empty") << QByteArray() << false;
         QTest::newRow("without its end") << image(5000) + marker.chopped(1) << false;
@@ -78,7 +78,7 @@ private slots:
         QCOMPARE(id3->HasRomTag(file(bytes)), has);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
     }
-    void a_2047_byte_file_with_a_valid_tag_shows_as_untagged_but_has_one() {
+    void a_2047_byte_file_with_a_valid_tag_appears_untagged_but_has_one() {
         const QByteArray tag = tagLine("1000");
         const QString path = file(image(2047 - tag.size()) + tag);
         id3->ReadRomTag(path, panel);
@@ -87,7 +87,7 @@ private slots:
         QVERIFY(id3->HasRomTag(path));
     }
     void a_2048_byte_file_is_read_through_the_window_from_offset_1023() {
-        // The marker begins exactly where the window does, and one byte in front of it is one too early.
+        // The marker begins exactly where the window does, and then one byte too early.
         const QByteArray tag = tagLine("1000");
         const QByteArray padded = tag.chopped(2) + QByteArray(1023 - tag.size() + 2, 'x') + "\r\n";
         const QString at = file(image(1023) + padded);
@@ -100,11 +100,11 @@ private slots:
         QVERIFY(!panel.tagged);
     }
     void the_last_byte_of_the_file_is_never_read() {
-        // The separator behind the size is the last byte: the window lacks it, which changes nothing.
+        // The separator after the size is the last byte: the window lacks it, which does no harm.
         const QString path = file(image(3000) + tagLine("12345").chopped(2));
         id3->ReadRomTag(path, panel);
         QCOMPARE(id3->RomTag.SizeKB, 12);
-        // Here the last digit of the size is the last byte: it is missing from the number.
+        // The last digit of the size is the last byte, so the number lacks it.
         const QString cut = file(image(3000) + tagLine("12345").chopped(3));
         id3->ReadRomTag(cut, panel);
         QCOMPARE(id3->RomTag.SizeKB, 1);
@@ -122,17 +122,17 @@ private slots:
     void size_rules_data() {
         QTest::addColumn<qint64>("bytes");
         QTest::addColumn<QString>("format");
-        const QString former = QStringLiteral("Former");
-        QTest::newRow("1,024,000 bytes keep the former format") << qint64(1024000) << former;
-        QTest::newRow("1,024,999 bytes are 1024 KB still") << qint64(1024999) << former;
+        const QString previous = QStringLiteral("Former");
+        QTest::newRow("1,024,000 bytes keep the previous format") << qint64(1024000) << previous;
+        QTest::newRow("1,024,999 bytes are still 1024 KB") << qint64(1024999) << previous;
         QTest::newRow("1,025,000 bytes are GameBoy") << qint64(1025000) << QStringLiteral("GameBoy");
         QTest::newRow("2,047,999 bytes are GameBoy") << qint64(2047999) << QStringLiteral("GameBoy");
-        QTest::newRow("2,048,000 bytes keep the former format") << qint64(2048000) << former;
+        QTest::newRow("2,048,000 bytes keep the previous format") << qint64(2048000) << previous;
         QTest::newRow("2,049,000 bytes are Color") << qint64(2049000) << QStringLiteral("GameBoy Color");
         QTest::newRow("4,095,999 bytes are Color") << qint64(4095999) << QStringLiteral("GameBoy Color");
-        QTest::newRow("4,096,000 bytes keep the former format") << qint64(4096000) << former;
+        QTest::newRow("4,096,000 bytes keep the previous format") << qint64(4096000) << previous;
         QTest::newRow("4,097,000 bytes are Advance") << qint64(4097000) << QStringLiteral("GameBoy Advance");
-        QTest::newRow("nothing keeps the former format") << qint64(0) << former;
+        QTest::newRow("nothing keeps the previous format") << qint64(0) << previous;
     }
     void size_rules() {
         QFETCH(qint64, bytes);
@@ -148,7 +148,7 @@ private slots:
             QCOMPARE(id3->RomTag.Extension, path.section(QLatin1Char('.'), 1, 1));
         }
     }
-    void stored_size_is_rounded_half_to_even_and_an_untagged_one_down_data() {
+    void a_stored_size_is_rounded_half_to_even_and_that_of_an_untagged_file_down_data() {
         QTest::addColumn<QByteArray>("stored");
         QTest::addColumn<int>("kilobytes");
         QTest::newRow("1500499") << QByteArray("1500499") << 1500;
@@ -156,7 +156,7 @@ private slots:
         QTest::newRow("1500501") << QByteArray("1500501") << 1501;
         QTest::newRow("1501500") << QByteArray("1501500") << 1502;
     }
-    void stored_size_is_rounded_half_to_even_and_an_untagged_one_down() {
+    void a_stored_size_is_rounded_half_to_even_and_that_of_an_untagged_file_down() {
         QFETCH(QByteArray, stored);
         QFETCH(int, kilobytes);
         id3->ReadRomTag(file(image(3000) + tagLine(stored)), panel);
@@ -164,13 +164,13 @@ private slots:
         id3->ReadRomTag(file(image(1500999)), panel);
         QCOMPARE(panel.format, QStringLiteral("GameBoy [1500KB]"));
     }
-    void a_size_that_is_no_number_makes_the_file_untagged_data() {
+    void a_file_whose_size_is_no_number_appears_untagged_data() {
         QTest::addColumn<QByteArray>("stored");
         for (const char* text : {"", "abc", "12x", "inf", "nan", "99999999999999999"}) {
             QTest::newRow(text) << QByteArray(text);
         }
     }
-    void a_size_that_is_no_number_makes_the_file_untagged() {
+    void a_file_whose_size_is_no_number_appears_untagged() {
         QFETCH(QByteArray, stored);
         id3->ReadRomTag(file(image(3000) + tagLine(stored)), panel);
         QVERIFY(!panel.tagged);
@@ -186,13 +186,13 @@ private slots:
         QCOMPARE(id3->RomTag.Format, QStringLiteral("Former"));
         QCOMPARE(id3->RomTag.Extension, QStringLiteral("ZIP"));
     }
-    void an_archive_with_a_tag_is_an_archive_and_one_without_goes_by_its_size() {
+    void a_tagged_archive_is_an_archive_and_an_untagged_one_is_judged_by_its_size() {
         id3->ReadRomTag(file(image(3000) + tagLine("1500000"), QStringLiteral("a.zip")), panel);
         QCOMPARE(id3->RomTag.Format, QStringLiteral("Formato .ZIP"));
         id3->ReadRomTag(file(image(1500000), QStringLiteral("a.zip")), panel);
         QCOMPARE(id3->RomTag.Format, QStringLiteral("GameBoy"));
     }
-    void a_dot_in_a_folder_name_takes_the_place_of_the_extension() {
+    void a_dot_in_a_folder_name_replaces_the_extension() {
         id3->ReadRomTag(file(image(100), QStringLiteral("games.zip/plain.gb")), panel);
         QCOMPARE(id3->RomTag.Extension, QStringLiteral("zip/plain"));
     }
@@ -224,30 +224,30 @@ private slots:
         QCOMPARE(panel.info, QStringLiteral("21/11/26"));
         QCOMPARE(id3->RomTag.SizeKB, 7);
     }
-    void a_tag_cut_at_any_byte_is_read_without_harm() {
+    void a_tag_cut_at_any_byte_does_no_harm() {
         const QByteArray tag = tagLine("1500000");
         for (qsizetype length = 0; length <= tag.size(); ++length) {
             id3->ReadRomTag(file(image(3000) + tag.first(length)), panel);
-            // Nothing but the two bytes of the line end and the last separator can go without a trace.
+            // Only the two bytes of the line end and the last separator may be missing.
             if (length >= tag.size() - 2) QVERIFY(panel.tagged);
             if (length < tag.size() - 9) QVERIFY2(!panel.tagged, QByteArray::number(length).constData());
         }
     }
-    void files_of_every_small_length_are_untagged_and_do_no_harm() {
+    void files_of_every_small_length_are_untagged() {
         for (const qsizetype length : {0, 1, 1023, 1024, 2047, 2048, 2049}) {
             id3->ReadRomTag(file(image(length)), panel);
             QVERIFY(!panel.tagged);
             QCOMPARE(id3->RomTag.SizeKB, static_cast<qint32>(length / 1000));
         }
     }
-    void a_missing_file_shows_as_untagged_and_empty() {
+    void a_missing_file_appears_untagged_and_empty() {
         id3->ReadRomTag(folder.path(QStringLiteral("gone.gb")), panel);
         QVERIFY(!panel.tagged);
         QCOMPARE(panel.format, QStringLiteral(" [0KB]"));
         QVERIFY(failureOf([&] { (void)id3->HasRomTag(folder.path(QStringLiteral("gone.gb"))); }).has_value());
         QVERIFY(!QFile::exists(folder.path(QStringLiteral("gone.gb"))));
     }
-    void an_unreadable_file_shows_as_untagged() {
+    void an_unreadable_file_appears_untagged() {
         const QString path = file(image(3000) + tagLine("3000"));
         chmod(QFile::encodeName(path).constData(), 0);
         {
@@ -257,7 +257,7 @@ private slots:
         chmod(QFile::encodeName(path).constData(), 0644);
         QVERIFY(!panel.tagged);
     }
-    void any_bytes_are_read_without_harm() {
+    void any_bytes_do_no_harm() {
         std::srand(7);
         for (int round = 0; round < 400; ++round) {
             QByteArray bytes(std::rand() % 4000, '\0');
@@ -273,7 +273,7 @@ private slots:
             if (id3->HasRomTag(path)) failureOf([&] { ID3::StripRomTag(path); });
         }
     }
-    void written_then_read_gives_the_same_for_any_storable_text() {
+    void any_storable_text_survives_a_write_and_a_read() {
         std::srand(11);
         for (int round = 0; round < 300; ++round) {
             const auto text = [] {
@@ -298,7 +298,7 @@ private slots:
             QCOMPARE(panel.info, id3->NewInfo);
         }
     }
-    void a_64_mib_file_is_read_by_its_tail_alone() {
+    void only_the_tail_of_a_64_mib_file_is_read() {
         const QString path = file("");
         QFile huge(path);
         QVERIFY(huge.resize(64 << 20));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Stripping, saving and replacing tags: what stands in the file afterwards, also when a write fails.
+// Stripping, saving and replacing tags: what the file holds afterwards, even if a write fails.
 #include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
@@ -19,7 +19,7 @@ private slots:
         ID3::StripRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000) + "\r\n");
     }
-    void stripping_the_shifted_form_takes_its_own_size_piece() {
+    void stripping_the_shifted_form_uses_its_own_size_piece() {
         const QString path = file(image(3000) + tagLine("2990", "V\xF6\xA7R\xE4N"));
         ID3::StripRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(2990) + "\r\n");
@@ -37,19 +37,19 @@ private slots:
         ID3::StripRomTag(numbered);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), QByteArray("ab\r\n"));
     }
-    void stripping_an_untagged_file_fails_and_leaves_it_alone() {
+    void stripping_an_untagged_file_fails_and_leaves_it_unchanged() {
         const QString path = file(image(3000));
         QCOMPARE(failureOf([&] { ID3::StripRomTag(path); }), std::optional<int>(RuntimeFailure::subscript));
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000));
     }
-    void stripping_gives_back_all_256_byte_values() {
+    void stripping_keeps_all_256_byte_values() {
         QByteArray bytes;
         for (int i = 0; i < 256; ++i) bytes.append(static_cast<char>(i));
         const QString path = file(bytes + tagLine("256"));
         ID3::StripRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes + "\r\n");
     }
-    void a_rom_of_n_bytes_saved_twice_has_size_n_plus_2_and_a_line_end_behind_the_image() {
+    void a_rom_of_n_bytes_saved_twice_has_size_n_plus_2_and_a_line_end_after_the_image() {
         const QString path = file(image(3000));
         fillNew();
         id3->SaveRomTag(path, [] {});
@@ -59,7 +59,7 @@ private slots:
                                                                        "21/11/26\xA7Info\xA7"
                                                                        "3002\xA7\r\n");
     }
-    void saving_over_a_tag_yields_once_and_there_is_no_moment_without_any_tag() {
+    void saving_over_a_tag_yields_once_and_the_file_is_never_untagged() {
         const QByteArray before = image(3000) + tagLine("3000");
         const QString path = file(before);
         fillNew("Another");
@@ -76,7 +76,7 @@ private slots:
         id3->SaveRomTag(file(image(3000)), [&] { ++yields; });
         QCOMPARE(yields, 0);
     }
-    void values_that_change_during_the_yield_are_the_ones_that_are_saved() {
+    void values_set_during_the_yield_are_saved() {
         const QString path = file(image(3000) + tagLine("3000"));
         fillNew("First");
         id3->SaveRomTag(path, [&] { fillNew("Second"); });
@@ -90,7 +90,7 @@ private slots:
         QCOMPARE(after.count(TagLine::marker), 1);
         QVERIFY(after.startsWith(image(3000) + "\r\n"));
     }
-    void a_tag_that_goes_during_the_yield_is_made_anew() {
+    void a_tag_removed_during_the_yield_is_written_again() {
         const QString path = file(image(3000) + tagLine("3000"));
         fillNew();
         id3->SaveRomTag(path, [&] { ID3::StripRomTag(path); });
@@ -99,14 +99,14 @@ private slots:
                                                                        "21/11/26\xA7Info\xA7"
                                                                        "3002\xA7\r\n");
     }
-    void a_game_that_goes_during_the_yield_is_told() {
+    void a_game_removed_during_the_yield_is_reported() {
         const QString path = file(image(3000) + tagLine("3000"));
         fillNew();
         QCOMPARE(failureOf([&] { id3->SaveRomTag(path, [&] { QFile::remove(path); }); }),
                  std::optional<int>(RuntimeFailure::fileNotFound));
         QCOMPARE(folder.entries(), QStringList());
     }
-    void saving_over_a_tag_that_can_not_be_understood_fails_and_leaves_it() {
+    void saving_over_an_invalid_tag_fails_and_leaves_it() {
         const QByteArray before = image(3000) + tagLine("none");
         const QString path = file(before);
         fillNew();
@@ -127,7 +127,7 @@ private slots:
         QCOMPARE(folder.read(QStringLiteral("game.gb")), before);
         QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
     }
-    void replacing_keeps_only_what_stood_in_the_window() {
+    void replacing_keeps_only_the_image_bytes_of_the_window() {
         const QByteArray tag = tagLine("5000");
         const QString path = file(image(5000) + tag);
         id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QString(), QStringLiteral("I"));
@@ -143,7 +143,7 @@ private slots:
                                                                     "7\xA7\r\n");
         QCOMPARE(id3->NewTitle, QStringLiteral(" "));
     }
-    void replacing_keeps_the_former_file_whole_the_newest_of_its_name() {
+    void replacing_keeps_the_whole_old_file_and_only_the_newest_of_its_name() {
         const QByteArray first = image(5000) + tagLine("5000");
         const QString path = file(first, QStringLiteral("roms/game.gb"));
         const auto replace = [&] {
@@ -161,16 +161,16 @@ private slots:
         QCOMPARE(folder.entries(QStringLiteral("roms")),
                  (QStringList{QStringLiteral("data"), QStringLiteral("game.gb")}));
     }
-    void replacing_without_a_tag_in_the_window_fails_and_changes_and_keeps_nothing_data() {
+    void replacing_without_a_tag_in_the_window_fails_and_neither_changes_nor_keeps_the_file_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<int>("expected");
         QTest::newRow("no tag") << image(5000) << int(RuntimeFailure::subscript);
-        QTest::newRow("tag in front of the window")
+        QTest::newRow("tag before the window")
             << image(2000) + tagLine("2000") + image(2000) << int(RuntimeFailure::subscript);
         QTest::newRow("no size") << image(5000) + tagLine("none") << int(RuntimeFailure::typeMismatch);
         QTest::newRow("size below 0") << image(5000) + tagLine("-1") << int(RuntimeFailure::invalidCall);
     }
-    void replacing_without_a_tag_in_the_window_fails_and_changes_and_keeps_nothing() {
+    void replacing_without_a_tag_in_the_window_fails_and_neither_changes_nor_keeps_the_file() {
         QFETCH(QByteArray, bytes);
         QFETCH(int, expected);
         const QString path = file(bytes);
@@ -178,14 +178,14 @@ private slots:
         QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
         QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
     }
-    void replacing_where_the_former_can_not_be_kept_is_told_and_leaves_the_file() {
+    void a_replacement_that_cannot_keep_the_old_file_is_reported_and_leaves_the_file() {
         const QByteArray before = image(5000) + tagLine("5000");
         const QString path = file(before, QStringLiteral("roms/game.gb"));
         folder.write(QStringLiteral("roms/data"), "a file in the folder's place");
         QVERIFY(failureOf([&] { id3->ReplaceRomTag(path, {}, {}, {}, {}); }).has_value());
         QCOMPARE(folder.read(QStringLiteral("roms/game.gb")), before);
     }
-    void a_full_disk_during_a_replacement_is_told_and_leaves_the_file() {
+    void a_full_disk_during_a_replacement_is_reported_and_leaves_the_file() {
         const QByteArray before = image(5000) + tagLine("5000");
         const QString path = file(before);
         std::optional<int> failure;
@@ -197,11 +197,11 @@ private slots:
         QCOMPARE(folder.read(QStringLiteral("game.gb")), before);
         QCOMPARE(folder.read(QStringLiteral("roms/data/backup/game.gb")), before);
     }
-    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone_data() {
+    void replacing_in_a_short_file_shows_the_last_error_and_leaves_the_file_data() {
         QTest::addColumn<int>("length");
         for (const int length : {0, 1, 1024, 2047}) QTest::addRow("%d bytes", length) << length;
     }
-    void replacing_in_a_short_file_shows_the_last_error_and_leaves_it_alone() {
+    void replacing_in_a_short_file_shows_the_last_error_and_leaves_the_file() {
         QFETCH(int, length);
         const QByteArray bytes = (tagLine("1900") + image(2047)).first(length);
         const QString path = file(bytes);
@@ -211,10 +211,10 @@ private slots:
         QCOMPARE(messages.last(), QStringLiteral("0: "));
         QCOMPARE(messages.boxes[0].flags, MsgBoxFlags::okOnly);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), bytes);
-        // Nothing is kept of what stays.
+        // An unchanged file gets no backup.
         QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
     }
-    void replacing_in_a_file_of_2048_bytes_is_made() {
+    void replacing_works_in_a_file_of_2048_bytes() {
         const QByteArray tag = tagLine("1900");
         const QString path = file(image(2048 - tag.size()) + tag);
         id3->ReplaceRomTag(path, QStringLiteral("T"), QStringLiteral("C"), QStringLiteral("D"),
@@ -226,12 +226,12 @@ private slots:
                               "D\xA7I\xA7"
                               "1900\xA7\r\n"));
     }
-    void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before_data() {
+    void a_full_disk_during_a_save_is_reported_and_leaves_the_file_unchanged_data() {
         QTest::addColumn<qint64>("room");
         QTest::newRow("no room for the image") << qint64(1000);
         QTest::newRow("room for the image but not for the tag") << qint64(3010);
     }
-    void a_full_disk_during_a_save_is_told_and_leaves_the_file_as_before() {
+    void a_full_disk_during_a_save_is_reported_and_leaves_the_file_unchanged() {
         QFETCH(qint64, room);
         const QByteArray before = image(3000) + tagLine("3000");
         const QString path = file(before, QStringLiteral("full/game.gb"));
@@ -245,7 +245,7 @@ private slots:
         QCOMPARE(folder.read(QStringLiteral("full/game.gb")), before);
         QCOMPARE(folder.entries(QStringLiteral("full")), QStringList{QStringLiteral("game.gb")});
     }
-    void a_full_disk_during_an_append_leaves_the_file_as_before() {
+    void a_full_disk_during_an_append_leaves_the_file_unchanged() {
         const QString path = file(image(3000));
         fillNew();
         std::optional<int> failure;
@@ -256,7 +256,7 @@ private slots:
         QCOMPARE(failure, std::optional<int>(RuntimeFailure::diskFull));
         QCOMPARE(folder.read(QStringLiteral("game.gb")), image(3000));
     }
-    void a_save_in_a_read_only_folder_is_told_and_leaves_the_file_as_before() {
+    void a_save_in_a_read_only_folder_is_reported_and_leaves_the_file_unchanged() {
         const QByteArray before = image(3000) + tagLine("3000");
         const QString path = file(before, QStringLiteral("locked/game.gb"));
         const QByteArray locked = QFile::encodeName(folder.path(QStringLiteral("locked")));

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tags in files of gigabytes. The files have holes, so that they take no room, and so has what is made of
-// them.
+// Tags in files of gigabytes. The files and their copies have holes, so that they need no room.
 #include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/Paths.h"
@@ -24,13 +23,13 @@ QByteArray newLine(qint64 size) {
            QByteArray::number(size) + "\xA7\r\n";
 }
 
-// Holes are read ten times as fast where files are kept in memory.
+// A file system in memory reads holes ten times as fast.
 QString folderForLargeFiles() {
     const QString memory = QStringLiteral("/dev/shm");
     return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
 }
 
-// The most memory that the process has had so far, in bytes.
+// The peak memory use of the process so far, in bytes.
 qint64 mostMemoryUsed() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -44,37 +43,38 @@ class LargeGamesTest : public ID3Fixture {
     qint64 memoryBefore = 0;
 
     QByteArray native() const { return folder.native("game.gb"); }
-    // What stands at each gigabyte of an image, and at its end, says where it is.
-    static QByteArray mark(qint64 place) { return "at " + QByteArray::number(place) + ' '; }
-    static QList<qint64> places(qint64 size) {
+    // The bytes at each gigabyte of an image, and at its end: they hold their own position.
+    static QByteArray mark(qint64 position) { return "at " + QByteArray::number(position) + ' '; }
+    static QList<qint64> positions(qint64 size) {
         QList<qint64> all;
-        for (qint64 place = 0; place < size - 100; place += gigabyte) all << place;
+        for (qint64 position = 0; position < size - 100; position += gigabyte) all << position;
         return all << size - mark(size).size();
     }
 
     QString makeGame(qint64 size, const QByteArray& tag = {}) const {
         const Handle file = opened(open(native().constData(), O_RDWR | O_CREAT | O_TRUNC, 0666));
-        for (const qint64 place : places(size)) put(file, place, mark(place));
+        for (const qint64 position : positions(size)) put(file, position, mark(position));
         put(file, size, tag);
         return Paths::spelled(native());
     }
-    static void put(const Handle& file, qint64 place, const QByteArray& bytes) {
-        if (pwrite(file.number(), bytes.constData(), static_cast<size_t>(bytes.size()), place) !=
+    static void put(const Handle& file, qint64 position, const QByteArray& bytes) {
+        if (pwrite(file.number(), bytes.constData(), static_cast<size_t>(bytes.size()), position) !=
             bytes.size()) {
             qFatal("can't write");
         }
     }
-    // The file is the first `size` bytes of an image that was `imageSize` bytes, and what stands behind them.
-    void expectGame(qint64 imageSize, qint64 size, const QByteArray& behind) const {
+    // The file must hold the first `size` bytes of an image of `imageSize` bytes, then `tail`.
+    void expectGame(qint64 imageSize, qint64 size, const QByteArray& tail) const {
         const Handle file = opened(open(native().constData(), O_RDONLY));
         const struct stat info = infoOf(file);
-        QCOMPARE(info.st_size, size + behind.size());
+        QCOMPARE(info.st_size, size + tail.size());
         QVERIFY2(info.st_blocks * 512 < mostMemory, "the holes are gone");
-        for (const qint64 place : places(imageSize)) {
-            const QByteArray expected = mark(place);
-            if (place + expected.size() <= size) QCOMPARE(bytesOf(file, place, expected.size()), expected);
+        for (const qint64 position : positions(imageSize)) {
+            const QByteArray expected = mark(position);
+            if (position + expected.size() <= size)
+                QCOMPARE(bytesOf(file, position, expected.size()), expected);
         }
-        QCOMPARE(bytesOf(file, size, 10000), behind);
+        QCOMPARE(bytesOf(file, size, 10000), tail);
         QCOMPARE(folder.entries(), QStringList{QStringLiteral("game.gb")});
     }
     static void sizes() {
@@ -117,7 +117,7 @@ private slots:
         ID3::StripRomTag(makeGame(size, tagLine(QByteArray::number(size - 7) + ".5")));
         expectGame(size, size - 7, "\r\n");
     }
-    void a_tag_that_can_not_be_understood_leaves_the_game() {
+    void an_invalid_tag_leaves_the_game_unchanged() {
         const qint64 size = 3 * gigabyte;
         const QString path = makeGame(size, tagLine("-1"));
         const std::optional<int> expected = RuntimeFailure::invalidCall;
@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(failureOf([&] { id3->SaveRomTag(path, [] {}); }), expected);
         expectGame(size, size, tagLine("-1"));
     }
-    void a_marker_in_the_image_cuts_it_there() {
+    void a_marker_in_the_image_cuts_the_image_there() {
         const qint64 size = 3 * gigabyte;
         const QString path = makeGame(size, tagLine(QByteArray::number(size)));
         put(opened(open(native().constData(), O_RDWR)), 5, tagLine("3"));
@@ -133,7 +133,7 @@ private slots:
         ID3::StripRomTag(path);
         QCOMPARE(folder.read(QStringLiteral("game.gb")), QByteArray("at \r\n"));
     }
-    void a_replaced_tag_keeps_the_window_and_the_former_game_whole() {
+    void replacing_a_tag_keeps_the_window_and_the_whole_old_game() {
         const qint64 size = 3 * gigabyte;
         const QByteArray tag = tagLine(QByteArray::number(size));
         const QString path = makeGame(size, tag);

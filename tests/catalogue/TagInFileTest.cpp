@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tags of whole files: the block by block search finds what the rules for bytes in memory find, wherever the
-// ends of the blocks lie.
+// Tags in whole files: the search by blocks must find what the search in memory finds, wherever a block ends.
 #include "catalogue/TagInFile.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/File.h"
@@ -14,7 +13,7 @@ using namespace torvane;
 namespace {
 constexpr qsizetype block = 1 << 20;
 
-// What is left of the image; "none" without a marker, and "fails" with the number of the failure.
+// The kept length of the image; "none" without a marker, or "fails" with the number of the failure.
 QByteArray outcomeOf(const std::function<std::optional<qint64>()>& keptLength) {
     QByteArray outcome = "none";
     const auto failure = failureOf([&] {
@@ -34,7 +33,7 @@ QByteArray inMemory(const QByteArray& bytes) {
 class TagInFileTest : public FileFixture {
     Q_OBJECT
 
-    // "$" stands for the separator, and for the marker "#".
+    // "$" means the separator and "#" the marker.
     static QByteArray bytes(QByteArray text) {
         return text.replace('#', TagLine::marker).replace('$', TagLine::separator);
     }
@@ -48,7 +47,7 @@ class TagInFileTest : public FileFixture {
 private slots:
     void init() { renewFolder(); }
 
-    void a_short_file_is_understood_as_in_memory_data() {
+    void a_short_file_is_parsed_as_in_memory_data() {
         QTest::addColumn<QByteArray>("text");
         for (const char* text : {"",
                                  "rom",
@@ -73,18 +72,18 @@ private slots:
                                  "ID3TAGrom#"})
             QTest::newRow(text) << QByteArray(text);
     }
-    void a_short_file_is_understood_as_in_memory() {
+    void a_short_file_is_parsed_as_in_memory() {
         QFETCH(QByteArray, text);
         QCOMPARE(inFile(bytes(text)), inMemory(bytes(text)));
     }
-    void a_tag_on_the_end_of_a_block_is_understood() {
+    void a_tag_across_the_end_of_a_block_is_parsed() {
         const QByteArray tag = bytes("#V\xF6$R\xE4N$t$d$i$12$\r\n");
         for (qsizetype front = block - tag.size() - 8; front < block + 8; ++front) {
             QCOMPARE(inFile(QByteArray(front, 'r') + tag), QByteArray("12"));
             QCOMPARE(inFile(QByteArray(front + block - 6, 'r') + tag), QByteArray("12"));
         }
     }
-    void a_next_marker_on_the_end_of_a_block_ends_the_tag() {
+    void a_second_marker_across_the_end_of_a_block_ends_the_tag() {
         const QByteArray tag = bytes("rom#c$t$d$i$");
         for (qsizetype end = block - 8; end < block + 8; ++end) {
             const QByteArray text = tag + QByteArray(end - tag.size() - 1, ' ') + bytes("2#7$");
@@ -97,7 +96,7 @@ private slots:
             QCOMPARE(inFile(QByteArray(size, 'r') + "ID3TAG"), QByteArray("none"));
         }
     }
-    void any_file_is_understood_as_in_memory() {
+    void any_file_is_parsed_as_in_memory() {
         std::mt19937 random(7);
         const auto below = [&](int limit) {
             return static_cast<int>(random() % static_cast<unsigned>(limit));

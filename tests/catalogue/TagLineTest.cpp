@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tag line in bytes: how it is found, cut and built.
+// The bytes of a tag line: how they are found, parsed and built.
 #include "catalogue/TagLine.h"
 #include "support/Failing.h"
 #include "support/TestMain.h"
@@ -11,7 +11,7 @@ using namespace torvane;
 namespace {
 std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
 
-// A line of plain text with "$" in place of the separator.
+// A line given as plain text in which "$" means the separator.
 QByteArray bytes(const char* text) { return QByteArray(text).replace('$', TagLine::separator); }
 
 QByteArrayList listOf(const TagLine::Fields& f) { return {f.company, f.title, f.date, f.info, f.size}; }
@@ -21,7 +21,7 @@ class TagLineTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void the_fixed_texts_have_the_told_bytes() {
+    void the_fixed_texts_have_exactly_these_bytes() {
         QCOMPARE(TagLine::marker.toHex(), QByteArray("494433544147a7"));
         QCOMPARE(TagLine::shiftedCompany.toHex(), QByteArray("56f6a752e44e"));
         QCOMPARE(TagLine::separator, '\xA7');
@@ -33,7 +33,7 @@ private slots:
         QCOMPARE(TagLine::build({}), bytes("ID3TAG$$$$$$\r\n"));
         QCOMPARE(TagLine::build({" ", " ", "", " ", "0"}), bytes("ID3TAG$ $ $$ $0$\r\n"));
     }
-    void a_marker_is_found_where_it_begins_first() {
+    void the_first_marker_is_found() {
         QCOMPARE(TagLine::markerIn(bytes("romID3TAG$a$ID3TAG$b")), 3);
         QCOMPARE(TagLine::markerIn(bytes("ID3TAG$")), 0);
         QCOMPARE(TagLine::markerIn(bytes("IDID3TAG$")), 2);
@@ -42,7 +42,7 @@ private slots:
         QCOMPARE(TagLine::markerIn(QByteArray()), -1);
         QCOMPARE(TagLine::markerIn(QByteArrayView()), -1);
     }
-    void a_tag_begins_behind_the_first_marker_and_ends_at_the_second_data() {
+    void a_tag_begins_after_the_first_marker_and_ends_at_the_second_data() {
         QTest::addColumn<QByteArray>("all");
         QTest::addColumn<QByteArray>("tag");
         const auto row = [](const char* name, const char* all, const char* tag) {
@@ -50,61 +50,61 @@ private slots:
         };
         row("one tag", "romID3TAG$a$b", "a$b");
         row("no image", "ID3TAG$a", "a");
-        row("nothing behind", "romID3TAG$", "");
+        row("nothing after it", "romID3TAG$", "");
         row("two tags", "romID3TAG$a$ID3TAG$b$ID3TAG$c", "a$");
         row("two markers in a row", "ID3TAG$ID3TAG$a", "");
         row("a marker that begins twice", "ID3ID3TAG$a", "a");
-        row("nearly a marker in front", "id3tag$ID3TAGID3TAG$a", "a");
+        row("nearly a marker before it", "id3tag$ID3TAGID3TAG$a", "a");
     }
-    void a_tag_begins_behind_the_first_marker_and_ends_at_the_second() {
+    void a_tag_begins_after_the_first_marker_and_ends_at_the_second() {
         QFETCH(QByteArray, all);
         QFETCH(QByteArray, tag);
         QCOMPARE(TagLine::tagPart(all).toByteArray(), tag);
     }
-    void without_a_marker_there_is_no_tag_and_no_image_in_front_of_it_data() {
+    void without_a_marker_there_is_no_tag_and_no_image_before_it_data() {
         QTest::addColumn<QByteArray>("all");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("lower case") << bytes("id3tag$a$b$c$d$1$");
-        QTest::newRow("without the sign") << QByteArray("ID3TAG");
-        QTest::newRow("sign in UTF-8") << QByteArray("ID3TAG\xC2\xA7"
-                                                     "a");
+        QTest::newRow("without the separator") << QByteArray("ID3TAG");
+        QTest::newRow("separator in UTF-8") << QByteArray("ID3TAG\xC2\xA7"
+                                                          "a");
         QTest::newRow("zero byte inside") << QByteArray("ID3\0TAG\xA7", 8);
     }
-    void without_a_marker_there_is_no_tag_and_no_image_in_front_of_it() {
+    void without_a_marker_there_is_no_tag_and_no_image_before_it() {
         QFETCH(QByteArray, all);
         QCOMPARE(failureOf([&] { (void)TagLine::tagPart(all); }), number(RuntimeFailure::subscript));
         QCOMPARE(failureOf([&] { (void)TagLine::keptImage(all); }), number(RuntimeFailure::subscript));
     }
-    void zero_bytes_in_the_image_are_bytes_like_others() {
+    void zero_bytes_in_the_image_are_ordinary_bytes() {
         const QByteArray rom("a\0\0b", 4);
         QCOMPARE(TagLine::tagPart(rom + TagLine::marker + rom).toByteArray(), rom);
         QCOMPARE(TagLine::keptImage(rom + bytes("ID3TAG$c$t$d$i$9$")).toByteArray(), rom);
     }
-    void the_kept_image_stands_in_front_of_the_marker_and_is_at_most_as_long_as_the_size_says_data() {
+    void the_kept_image_ends_at_the_marker_and_is_at_most_as_long_as_the_size_says_data() {
         QTest::addColumn<QByteArray>("all");
         QTest::addColumn<QByteArray>("image");
         const auto row = [](const char* name, const char* all, const char* image) {
             QTest::newRow(name) << bytes(all) << bytes(image);
         };
         row("as long", "romID3TAG$c$t$d$i$3$", "rom");
-        row("longer than told", "romID3TAG$c$t$d$i$2$", "ro");
-        row("shorter than told", "romID3TAG$c$t$d$i$4$", "rom");
-        row("far shorter than told", "romID3TAG$c$t$d$i$99999999999999999999$", "rom");
-        row("nothing told", "romID3TAG$c$t$d$i$0$", "");
-        row("minus nothing told", "romID3TAG$c$t$d$i$-0.4$", "");
+        row("longer than the size", "romID3TAG$c$t$d$i$2$", "ro");
+        row("shorter than the size", "romID3TAG$c$t$d$i$4$", "rom");
+        row("far shorter than the size", "romID3TAG$c$t$d$i$99999999999999999999$", "rom");
+        row("size 0", "romID3TAG$c$t$d$i$0$", "");
+        row("size below 0 that rounds to 0", "romID3TAG$c$t$d$i$-0.4$", "");
         row("no image", "ID3TAG$c$t$d$i$3$", "");
-        row("half told, to even", "romID3TAG$c$t$d$i$1.5$", "ro");
-        row("another half told, to even", "romID3TAG$c$t$d$i$2.5$", "ro");
+        row("a half, to even", "romID3TAG$c$t$d$i$1.5$", "ro");
+        row("another half, to even", "romID3TAG$c$t$d$i$2.5$", "ro");
         row("shifted form", "romID3TAG$V\xF6$R\xE4N$t$d$i$2$", "ro");
         row("marker inside the image", "roID3TAG$c$t$d$i$9$mID3TAG$c$t$d$i$3$", "ro");
         row("separators in the image", "r$o$m$ID3TAG$c$t$d$i$5$", "r$o$m");
     }
-    void the_kept_image_stands_in_front_of_the_marker_and_is_at_most_as_long_as_the_size_says() {
+    void the_kept_image_ends_at_the_marker_and_is_at_most_as_long_as_the_size_says() {
         QFETCH(QByteArray, all);
         QFETCH(QByteArray, image);
         QCOMPARE(TagLine::keptImage(all).toByteArray(), image);
     }
-    void a_tag_that_can_not_be_understood_leaves_no_image_data() {
+    void an_invalid_tag_leaves_no_image_data() {
         QTest::addColumn<QByteArray>("tag");
         QTest::addColumn<int>("expected");
         const auto row = [](const char* name, const char* tag, RuntimeFailure::Number expected) {
@@ -117,7 +117,7 @@ private slots:
         row("below 0", "c$t$d$i$-1$", RuntimeFailure::invalidCall);
         row("far below 0", "c$t$d$i$-1e300$", RuntimeFailure::invalidCall);
     }
-    void a_tag_that_can_not_be_understood_leaves_no_image() {
+    void an_invalid_tag_leaves_no_image() {
         QFETCH(QByteArray, tag);
         QFETCH(int, expected);
         QCOMPARE(failureOf([&] { (void)TagLine::keptImage("rom" + TagLine::marker + tag); }),
@@ -141,11 +141,11 @@ private slots:
         row("more pieces than needed", "c$t$d$i$42$x$y", {"c", "t", "d", "i", "42"});
         row("a separator in the title shifts the rest", "c$t1$t2$d$i$42$", {"c", "t1", "t2", "d", "i"});
         row("shifted form", "V\xF6$R\xE4N$t$d$i$42$", {"V\xF6\xA7R\xE4N", "t", "d", "i", "42"});
-        row("shifted form begins the company only", "V\xF6$R\xE4Nx$t$d$i$42$",
+        row("shifted form is only the start of the company", "V\xF6$R\xE4Nx$t$d$i$42$",
             {"V\xF6\xA7R\xE4N", "t", "d", "i", "42"});
-        row("shifted form not in front", " V\xF6$R\xE4N$t$d$i$42$", {" V\xF6", "R\xE4N", "t", "d", "i"});
-        row("shifted form in other case", "v\xF6$R\xE4N$t$d$i$", {"v\xF6", "R\xE4N", "t", "d", "i"});
-        row("signs of other languages", "%s$\"'$\\$<b>$7$", {"%s", "\"'", "\\", "<b>", "7"});
+        row("shifted form not at the start", " V\xF6$R\xE4N$t$d$i$42$", {" V\xF6", "R\xE4N", "t", "d", "i"});
+        row("shifted form in another case", "v\xF6$R\xE4N$t$d$i$", {"v\xF6", "R\xE4N", "t", "d", "i"});
+        row("markup and format characters", "%s$\"'$\\$<b>$7$", {"%s", "\"'", "\\", "<b>", "7"});
     }
     void fields_are_the_pieces_between_separators() {
         QFETCH(QByteArray, tag);
@@ -163,7 +163,7 @@ private slots:
         QCOMPARE(failureOf([&] { (void)TagLine::fields(tag); }), number(RuntimeFailure::subscript));
         QCOMPARE(failureOf([&] { (void)TagLine::storedSizeText(tag); }), number(RuntimeFailure::subscript));
     }
-    void a_built_line_gives_its_fields_back() {
+    void a_built_line_parses_into_its_fields() {
         std::srand(41);
         for (int round = 0; round < 2000; ++round) {
             QByteArrayList values;

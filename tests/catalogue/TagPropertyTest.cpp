@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A million generated tags, compared with the format once more in plain words: what is built, what is read
-// again, and what is left of the image, for all bytes in all fields. Some thousand go through real files.
+// A million generated tags, compared with a plain reference of the format: what is built, what is read back,
+// and what remains of the image, for all bytes in all fields. Some thousand go through real files.
 #include "ID3Fixture.h"
 #include "catalogue/TagLine.h"
 #include "platform/base/CodePage1252.h"
@@ -17,7 +17,7 @@ namespace {
 constexpr int tags = 1000000;
 constexpr int files = 2000; // each is synced four times
 
-// The signs of the format occur far more often than by chance.
+// Generates the special characters of the format far more often than by chance.
 class Generator {
 public:
     explicit Generator(unsigned seed) : m_random(seed) {}
@@ -69,8 +69,8 @@ std::optional<std::string> keptImage(const QByteArray& file) {
     return image;
 }
 
-// Whether the format can give all fields back: there is no escape for a separator, and a company and a title
-// may look like the one company that holds one.
+// Whether all fields can be read back: the format can't escape a separator, and a company and a title
+// together may look like the one company that contains a separator.
 bool isPlain(const reference::Tag& tag) {
     const auto holdsNone = [](const std::string& text) {
         return text.find(reference::separator) == text.npos;
@@ -91,7 +91,7 @@ class TagPropertyTest : public ID3Fixture {
     Q_OBJECT
 
 private slots:
-    void any_tag_is_built_read_and_stripped_as_the_format_tells() {
+    void any_tag_is_built_read_and_stripped_like_the_reference() {
         Generator generator(2003);
         int plain = 0;
         for (int i = 0; i < tags; ++i) {
@@ -110,7 +110,7 @@ private slots:
         }
         QVERIFY2(plain > tags / 3, "the generator makes too few tags that can be read again");
     }
-    void every_byte_in_every_field_stands_where_the_format_tells() {
+    void every_byte_in_every_field_is_where_the_reference_puts_it() {
         for (int byte = 0; byte < 256; ++byte) {
             for (int place = 0; place < 5; ++place) {
                 std::array<std::string, 5> values = {"Acme", "Title", "1/2/03", "Info", "3000"};
@@ -126,7 +126,7 @@ private slots:
             }
         }
     }
-    void tags_in_real_files_are_saved_read_and_stripped_as_the_format_tells() {
+    void tags_in_real_files_are_saved_read_and_stripped_like_the_reference() {
         Generator generator(1989);
         for (int i = 0; i < files; ++i) {
             const std::string image(static_cast<size_t>(2048 + generator.below(300)), 'r');
@@ -153,7 +153,7 @@ private:
     void checkPanel(const std::string& saved) {
         std::optional<reference::Tag> tag = reference::tagIn(saved.substr(saved.size() - 1025, 1024));
         const std::optional<double> size = tag ? reference::numberIn(tag->size) : std::nullopt;
-        // A size beyond 32 bits of kilobytes shows as no tag.
+        // With a size of more than 32 bits of kilobytes the file appears untagged.
         if (!size || std::fabs(reference::halfToEven(*size / 1000)) > 2147483647.0) tag.reset();
         QCOMPARE(panel.tagged, tag.has_value());
         if (!tag) return;

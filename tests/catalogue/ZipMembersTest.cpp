@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The members of an unpacked archive: their folder, kinds and rows, and what is removed of them.
+// The members of an unpacked archive: their folder, kinds and rows, and which files are deleted.
 #include "catalogue/ZipMembers.h"
 #include "support/Archive.h"
 #include "support/Failing.h"
@@ -34,7 +34,7 @@ private slots:
     }
 
     // The folder of an archive
-    void the_folder_bears_the_piece_in_front_of_the_first_dot_data() {
+    void the_folder_has_the_name_of_the_archive_up_to_its_first_dot_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("expected");
         QTest::newRow("plain") << u"game.zip"_s << u"\\ziptemp\\game\\"_s;
@@ -43,19 +43,19 @@ private slots:
         QTest::newRow("x.two shares") << u"x.two.zip"_s << u"\\ziptemp\\x\\"_s;
         QTest::newRow("blanks") << u"A Game .zip"_s << u"\\ziptemp\\A Game \\"_s;
     }
-    void the_folder_bears_the_piece_in_front_of_the_first_dot() {
+    void the_folder_has_the_name_of_the_archive_up_to_its_first_dot() {
         QFETCH(QString, name);
         QFETCH(QString, expected);
         QCOMPARE(temp->folderOf(name), folder->path() + expected);
     }
-    void an_archive_is_unpacked_whole_though_no_ziptemp_was_there() {
+    void an_archive_is_unpacked_although_ziptemp_is_missing() {
         writeArchive(folder->path(u"game.zip"_s), {{u"game.gba"_s, "one"}, {u"readme.txt"_s, "two"}});
         UnZip engine;
         temp->ExtractZipToTemp(engine, folder->path(u"game.zip"_s), u"game.zip"_s);
         QCOMPARE(folder->read(u"ziptemp/game/game.gba"_s), QByteArray("one"));
         QCOMPARE(folder->read(u"ziptemp/game/readme.txt"_s), QByteArray("two"));
     }
-    void an_archive_is_unpacked_over_what_is_left_of_a_former_time() {
+    void an_archive_is_unpacked_over_leftovers_of_an_earlier_run() {
         member(u"game.gba"_s, "former");
         writeArchive(folder->path(u"game.zip"_s), {{u"game.gba"_s, "new"}});
         UnZip engine;
@@ -73,14 +73,14 @@ private slots:
         QVERIFY(!temp->isOurs(u"game.zip"_s));
         QCOMPARE(folder->entries(u"mine"_s), QStringList());
     }
-    void what_is_no_archive_gives_an_empty_folder_and_its_reason() {
+    void a_file_that_is_no_archive_gives_an_empty_folder_and_the_reason() {
         UnZip engine;
         const QString path = folder->write(u"game.zip"_s, "no archive");
         QCOMPARE(temp->ExtractZipToTemp(engine, path, u"game.zip"_s), UnZip::Reason::damaged);
         QVERIFY(temp->isOurs(u"game.zip"_s));
         QCOMPARE(folder->entries(u"ziptemp/game"_s), QStringList());
     }
-    void games_are_what_can_be_played_data() {
+    void playable_members_count_as_games_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("isGame");
         for (const char* name : {"a.gb", "A.GBC", "a.gba", "a.agb", "a.cgb", "a.bin", "a.gb.txt"}) {
@@ -90,10 +90,10 @@ private slots:
             QTest::newRow(name) << QString::fromLatin1(name) << false;
         }
     }
-    void games_are_what_can_be_played() {
+    void playable_members_count_as_games() {
         QFETCH(QString, name);
         QFETCH(bool, isGame);
-        // In the one folder of an archive: only games come out of there.
+        // In the single folder of an archive: only games are unpacked from there.
         writeArchive(folder->path(u"game.zip"_s), {{u"folder/"_s + name, "x"}});
         UnZip engine;
         const UnZip::Reason reason =
@@ -103,7 +103,7 @@ private slots:
     }
 
     // Kinds
-    void kinds_have_pictures_and_are_played_or_not_data() {
+    void each_kind_has_an_icon_and_is_playable_or_not_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("icon");
         QTest::addColumn<bool>("playable");
@@ -119,7 +119,7 @@ private slots:
         QTest::newRow("the second piece is gba") << u"a.gba.txt"_s << 2 << true;
         QTest::newRow("an empty piece") << u"a."_s << 4 << false;
     }
-    void kinds_have_pictures_and_are_played_or_not() {
+    void each_kind_has_an_icon_and_is_playable_or_not() {
         QFETCH(QString, name);
         QFETCH(int, icon);
         QFETCH(bool, playable);
@@ -130,14 +130,14 @@ private slots:
         QCOMPARE(members.icon(0), icon);
         QCOMPARE(members.hasPlayable(), playable);
     }
-    void a_name_without_a_dot_has_no_kind_and_is_not_played() {
+    void a_name_without_a_dot_has_no_kind_and_is_not_playable() {
         QCOMPARE(failureOf([] { memberExtension(u"readme"_s); }), 9);
         QVERIFY(!isPlayable("gb"));
         QVERIFY(!isPlayable(""));
     }
 
     // Rows
-    void rows_have_names_and_keys_by_their_ordinals() {
+    void rows_have_names_and_numbered_keys() {
         member(u"b.txt"_s);
         member(u"a.b.gba"_s);
         const ZipMembers members(names());
@@ -148,7 +148,7 @@ private slots:
         QCOMPARE(members.key(1), u"2file"_s);
         members.requireAllListed();
     }
-    void members_without_a_dot_have_no_row_but_keep_their_places_in_the_keys() {
+    void members_without_a_dot_have_no_row_but_count_in_the_keys() {
         for (const QString& name : {u"1ST"_s, u"b.gb"_s, u"COPYING"_s, u"d.txt"_s}) member(name);
         const ZipMembers members(names());
         QCOMPARE(members.count(), 2);
@@ -163,11 +163,11 @@ private slots:
         QCOMPARE(members.position(-1), -1);
         QCOMPARE(failureOf([&] { members.requireAllListed(); }), 9);
     }
-    void without_a_dot_in_any_name_there_are_no_rows() {
+    void there_are_no_rows_if_no_name_has_a_dot() {
         member(u"README"_s);
         QCOMPARE(ZipMembers(names()).count(), 0);
     }
-    void subfolders_are_no_members() {
+    void subfolders_are_not_members() {
         member(u"sub/a.gb"_s);
         member(u"b.gb"_s);
         QCOMPARE(ZipMembers(names()).count(), 1);
@@ -181,8 +181,8 @@ private slots:
         QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
     }
 
-    // Removal
-    void all_listed_files_go_and_the_folder_too_read_only_ones_not_excepted() {
+    // Deletion
+    void all_listed_files_and_the_folder_are_deleted_even_if_read_only() {
         member(u"a.gb"_s);
         member(u"readme"_s);
         member(u"c.txt"_s);
@@ -191,7 +191,7 @@ private slots:
         QVERIFY(!exists(u"ziptemp/game"_s));
         QVERIFY(exists(u"ziptemp"_s));
     }
-    void an_empty_folder_goes_too() {
+    void an_empty_folder_is_deleted_too() {
         folder->makeFolder(u"ziptemp/game"_s);
         temp->DeleteTemp(u"game.zip"_s);
         QVERIFY(!exists(u"ziptemp/game"_s));
@@ -203,13 +203,13 @@ private slots:
         QVERIFY(exists(u"ziptemp/game/sub/a.gb"_s));
         QVERIFY(!exists(u"ziptemp/game/b.gb"_s));
     }
-    void a_hidden_file_that_no_list_shows_stays() {
+    void a_hidden_file_stays() {
         member(u".mine"_s);
         member(u"b.gb"_s);
         temp->DeleteTemp(u"game.zip"_s);
         QCOMPARE(folder->entries(u"ziptemp/game"_s), QStringList{u".mine"_s});
     }
-    void a_folder_that_is_a_link_stays_with_all_that_it_names() {
+    void a_folder_that_is_a_link_stays_with_the_content_of_its_target() {
         folder->write(u"mine/a.gb"_s, "mine");
         folder->makeFolder(u"ziptemp"_s);
         QVERIFY(QFile::link(folder->path(u"mine"_s), folder->path(u"ziptemp/game"_s)));
@@ -217,7 +217,7 @@ private slots:
         QCOMPARE(folder->read(u"mine/a.gb"_s), QByteArray("mine"));
         QVERIFY(exists(u"ziptemp/game"_s));
     }
-    void of_a_linked_file_the_link_goes_and_the_file_stays_as_it_was() {
+    void a_link_to_a_file_is_deleted_and_the_file_stays_unchanged() {
         const QString mine = folder->write(u"mine.gb"_s, "mine");
         folder->setMode(u"mine.gb"_s, 0444);
         folder->makeFolder(u"ziptemp/game"_s);
@@ -229,7 +229,7 @@ private slots:
         QCOMPARE(stat(QFile::encodeName(mine).constData(), &info), 0);
         QCOMPARE(info.st_mode & 0777, 0444);
     }
-    void a_file_that_cannot_be_deleted_stays_in_silence() {
+    void a_file_that_cannot_be_deleted_stays_without_a_message() {
         member(u"a.gb"_s);
         folder->setMode(u"ziptemp/game"_s, 0555);
         {
@@ -239,7 +239,7 @@ private slots:
         folder->setMode(u"ziptemp/game"_s, 0755);
         QVERIFY(exists(u"ziptemp/game/a.gb"_s));
     }
-    void a_folder_that_is_not_there_is_no_failure() { temp->DeleteTemp(u"none.zip"_s); }
+    void a_missing_folder_is_no_failure() { temp->DeleteTemp(u"none.zip"_s); }
 };
 
 TORVANE_GUILESS_TEST(ZipMembersTest)

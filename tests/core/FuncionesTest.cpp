@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The procedures that several windows share: what is asked, what is copied, deleted and opened.
+// The procedures that several windows share: what they ask, copy, delete and open.
 #include "core/Funciones.h"
 #include "core/GameFilter.h"
 #include "support/Failing.h"
@@ -38,7 +38,7 @@ class FuncionesTest : public QObject {
         return settings->GetSetting(Config::application, Config::section, QStringLiteral("Unfinished"),
                                     QStringLiteral("(absent)"));
     }
-    // A run that the system kills in the middle of its copy, since it may make no file of that size.
+    // Runs a process that the system kills in the middle of a copy, since its file size limit is too small.
     void copyKilled(const QString& target) {
         dialogs.answer = target;
         const QString source = folder->write(QStringLiteral("source.gb"), QByteArray(100000, 's'));
@@ -54,7 +54,7 @@ private slots:
     void init() {
         folder = std::make_unique<TestFolder>();
         globals.AppPath = folder->path(QStringLiteral("program"));
-        // Beside the games of these tests, so that they are alone in their folder.
+        // Separate from the games, whose folder must hold nothing else.
         configuration = std::make_unique<TestFolder>();
         globals.LanguageFile =
             configuration->write(QStringLiteral("lang.tvl"), "[MainMenu]\r\ncopyrom=Copy \xBB\r\n");
@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(question.filterIndex, 2);
         QCOMPARE(question.fileName, QStringLiteral("Two words.gba"));
     }
-    void a_copy_has_the_name_that_the_user_gave() {
+    void a_copy_has_the_name_given_by_the_user() {
         dialogs.answer = folder->path(QStringLiteral("copy of it"));
         funciones->CopyRom(game(), QStringLiteral("game.gb"));
         QCOMPARE(read("copy of it"), QByteArray("rom"));
@@ -83,26 +83,26 @@ private slots:
         QVERIFY(messages.boxes.isEmpty());
         QVERIFY(mainWindow.calls.isEmpty());
     }
-    void a_file_of_the_target_s_name_is_replaced() {
+    void an_existing_target_is_replaced() {
         dialogs.answer = folder->write(QStringLiteral("target.gb"), "a longer former content");
         funciones->CopyRom(game(), QStringLiteral("game.gb"));
         QCOMPARE(read("target.gb"), QByteArray("rom"));
     }
-    void no_name_or_one_blank_copies_nothing_data() {
+    void an_empty_or_blank_name_copies_nothing_data() {
         QTest::addColumn<QString>("answer");
         QTest::newRow("none") << QString();
         QTest::newRow("empty") << QStringLiteral("");
         QTest::newRow("one blank") << QStringLiteral(" ");
     }
-    void no_name_or_one_blank_copies_nothing() {
+    void an_empty_or_blank_name_copies_nothing() {
         QFETCH(QString, answer);
         dialogs.answer = answer;
-        // The source is missing: an attempt to copy would fail.
+        // An attempt to copy would fail, since the source is missing.
         funciones->CopyRom(folder->path(QStringLiteral("gone.gb")), QStringLiteral("gone.gb"));
         QVERIFY(folder->entries().isEmpty());
         QVERIFY(!QFile::exists(QStringLiteral(" ")));
     }
-    void a_copy_that_can_not_be_made_whole_is_told_and_leaves_the_target() {
+    void a_failed_copy_is_reported_and_leaves_the_target() {
         const QString target = folder->write(QStringLiteral("target.gb"), "former");
         const QString big = folder->write(QStringLiteral("big.gb"), QByteArray(5000, 'b'));
         dialogs.answer = target;
@@ -119,7 +119,7 @@ private slots:
         QCOMPARE(read("target.gb"), QByteArray("former"));
         QCOMPARE(folder->entries(), (QStringList{QStringLiteral("big.gb"), QStringLiteral("target.gb")}));
     }
-    void a_copy_onto_itself_is_refused_and_the_game_stays() {
+    void a_copy_onto_the_game_itself_is_refused_and_the_game_stays() {
         dialogs.answer = game();
         QCOMPARE(failureOf([&] { funciones->CopyRom(game(), QStringLiteral("game.gb")); }),
                  number(RuntimeFailure::permissionDenied));
@@ -142,7 +142,7 @@ private slots:
         QCOMPARE(info.st_size, 3);
         QCOMPARE(dialogs.questions.first().title, QStringLiteral("Copy »") + NativeText::fromNative(name));
     }
-    void a_copy_that_ends_well_leaves_nothing_to_remember_and_one_that_fails_its_folder() {
+    void a_successful_copy_leaves_no_note_and_a_failed_one_notes_its_folder() {
         dialogs.answer = folder->path(QStringLiteral("copy.gb"));
         funciones->CopyRom(game(), QStringLiteral("game.gb"));
         QCOMPARE(unfinished(), QString());
@@ -152,20 +152,21 @@ private slots:
         funciones->sweepLeftovers();
         QCOMPARE(unfinished(), QString());
     }
-    void choices_that_can_not_be_kept_do_not_hinder_a_copy() {
+    void notes_that_cannot_be_stored_do_not_prevent_a_copy() {
         configuration->write(QStringLiteral("Torvane"), "a file in the folder's place");
         dialogs.answer = folder->path(QStringLiteral("copy.gb"));
         funciones->CopyRom(game(), QStringLiteral("game.gb"));
         QCOMPARE(read("copy.gb"), QByteArray("rom"));
         funciones->sweepLeftovers();
     }
-    void a_later_start_removes_what_a_killed_copy_has_left_data() {
+    void a_later_start_removes_the_leftovers_of_a_killed_copy_data() {
         QTest::addColumn<QString>("target");
-        QTest::newRow("into a folder of the user's") << QStringLiteral("else where/copy.gb");
+        QTest::newRow("into a folder of the user") << QStringLiteral("else where/copy.gb");
         QTest::newRow("onto a link into such a folder") << QStringLiteral("link.gb");
-        QTest::newRow("into one whose name is no plain text") << QStringLiteral("else where/ñ%41\n/copy.gb");
+        QTest::newRow("into one with special characters in its name")
+            << QStringLiteral("else where/ñ%41\n/copy.gb");
     }
-    void a_later_start_removes_what_a_killed_copy_has_left() {
+    void a_later_start_removes_the_leftovers_of_a_killed_copy() {
         QFETCH(QString, target);
         folder->makeFolder(QStringLiteral("else where/ñ%41\n"));
         QCOMPARE(symlink("else where/linked.gb", folder->native("link.gb").constData()), 0);
@@ -188,7 +189,7 @@ private slots:
         QVERIFY(!QFile::exists(folder->path(QStringLiteral("else where/copy.gb"))));
         QVERIFY(QFile::exists(linked));
     }
-    void a_folder_of_the_user_s_is_not_looked_through_at_other_starts() {
+    void a_users_folder_is_not_searched_at_other_starts() {
         dialogs.answer = folder->path(QStringLiteral("copy.gb"));
         funciones->CopyRom(game(), QStringLiteral("game.gb"));
         folder->write(QStringLiteral(".torvane-abcdef"), "x");
@@ -196,7 +197,7 @@ private slots:
         QVERIFY(QFile::exists(folder->path(QStringLiteral(".torvane-abcdef"))));
         QCOMPARE(unfinished(), QString());
     }
-    void leftovers_go_from_the_library_from_what_is_kept_of_it_and_from_among_the_choices() {
+    void leftovers_are_removed_from_the_library_its_backups_and_the_settings_folder() {
         QStringList paths;
         for (const char* place : {"program/roms", "program/roms/data/backup"})
             paths << folder->write(QString::fromLatin1(place) + QStringLiteral("/.torvane-abcdef"), "x");
@@ -204,7 +205,7 @@ private slots:
         funciones->sweepLeftovers();
         for (const QString& path : paths) QVERIFY2(!QFile::exists(path), qPrintable(path));
     }
-    void leftovers_go_from_where_the_choices_are_kept_behind_a_link() {
+    void leftovers_are_removed_from_the_target_folder_of_linked_settings() {
         const QString path = configuration->write(QStringLiteral("dotfiles/.torvane-abcdef"), "x");
         configuration->write(QStringLiteral("dotfiles/choices"), "[Config]\n");
         configuration->makeFolder(QStringLiteral("Torvane"));
@@ -213,21 +214,21 @@ private slots:
         funciones->sweepLeftovers();
         QVERIFY(!QFile::exists(path));
     }
-    void sweeping_where_nothing_is_never_fails() {
+    void sweeping_missing_folders_never_fails() {
         funciones->sweepLeftovers();
         QCOMPARE(unfinished(), QStringLiteral("(absent)"));
         configuration->makeFolder(QStringLiteral("Torvane"));
         QCOMPARE(symlink("Torvane.conf", configuration->native("Torvane/Torvane.conf").constData()), 0);
         funciones->sweepLeftovers();
     }
-    void deleting_takes_the_file_away_and_then_points_the_list_at_the_library() {
+    void deleting_removes_the_file_and_then_points_the_list_at_the_library() {
         const QString path = game();
         folder->write(QStringLiteral("other.gb"), "x");
         funciones->DeleteRom(path);
         QCOMPARE(folder->entries(), QStringList{QStringLiteral("other.gb")});
         QCOMPARE(mainWindow.calls, QStringList{QStringLiteral("library")});
     }
-    void a_file_that_can_not_be_deleted_is_told_and_the_list_stays() {
+    void a_file_that_cannot_be_deleted_is_reported_and_the_list_stays() {
         QCOMPARE(failureOf([&] { funciones->DeleteRom(folder->path(QStringLiteral("gone.gb"))); }),
                  number(RuntimeFailure::fileNotFound));
         QCOMPARE(failureOf([&] { funciones->DeleteRom(folder->path()); }),
@@ -235,12 +236,12 @@ private slots:
         QCOMPARE(failureOf([&] { funciones->DeleteRom(QString()); }), number(RuntimeFailure::fileNotFound));
         QVERIFY(mainWindow.calls.isEmpty());
     }
-    void an_address_goes_to_the_link_of_the_main_window_as_it_stands() {
+    void an_address_is_passed_unchanged_to_the_link_of_the_main_window() {
         const QString url = QStringLiteral("http://x.example/a b?c=\"d\"&e=%20#f;$(x)");
         funciones->OpenURL(url);
         QCOMPARE(mainWindow.calls, QStringList{QStringLiteral("link ") + url});
     }
-    void the_fatal_error_is_told_and_then_the_page_of_questions_is_opened() {
+    void the_fatal_error_is_reported_and_then_the_page_of_questions_opens() {
         folder->write(QStringLiteral("program/data/hosts.ini"), "[Hosts]\nweb=http://w.example\n");
         funciones->ShowFatalError();
         QCOMPARE(messages.boxes.size(), 1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The filter of the game dialogs and the pair that a file's kind chooses.
+// The filter of the game dialogs, and which of its pairs a file name selects.
 #include "core/GameFilter.h"
 #include "core/Pieces.h"
 #include "support/TestMain.h"
@@ -12,7 +12,7 @@ class GameFilterTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void the_filter_has_five_pairs_of_the_told_texts() {
+    void the_filter_has_exactly_these_five_pairs_of_texts() {
         QCOMPARE(gameFileFilter,
                  QStringLiteral("Todos los formatos|*.gb;*.gba;*.gbc;*.cgb;*.agb;*.bin;*.zip|GameBoy "
                                 "Advance|*.gba;*.agb;*.bin|"
@@ -28,7 +28,7 @@ private slots:
         QFETCH(QString, kind);
         const QStringList parts = gameFileFilter.split(QLatin1Char('|'));
         const int index = gameFilterIndex(QStringLiteral("game.") + kind);
-        // The first pair lists all kinds and is not meant.
+        // The first pair lists all kinds and must not be selected.
         QVERIFY(index > 1);
         QVERIFY(parts[2 * index - 1].split(QLatin1Char(';')).contains(QStringLiteral("*.") + kind));
     }
@@ -43,7 +43,7 @@ private slots:
         QFETCH(QString, name);
         QCOMPARE(gameFilterIndex(name), 1);
     }
-    void the_second_piece_counts_and_not_the_last() {
+    void the_second_piece_decides_and_not_the_last() {
         QCOMPARE(gameFilterIndex(QStringLiteral("game.gb.zip")), 4);
         QCOMPARE(gameFilterIndex(QStringLiteral(".gb")), 4);
         QCOMPARE(gameFilterIndex(QStringLiteral("a b.zip.bak")), 5);

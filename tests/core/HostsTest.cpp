@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Addresses of the servers: hosts on the network, hosts that are folders, and files that say neither.
+// Addresses of the servers: hosts on the network, hosts that are folders, and files that name neither.
 #include "core/Hosts.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
@@ -37,23 +37,23 @@ private slots:
         QCOMPARE(address(Hosts::Host::web), QStringLiteral("https://w.example/url.dat"));
         QCOMPARE(address(Hosts::Host::search), QStringLiteral("http://s.example:8080/sub/url.dat"));
     }
-    void separators_at_the_end_of_a_host_are_left_out() {
+    void separators_at_the_end_of_a_host_are_dropped() {
         writeHosts("[Hosts]\nupdate=http://u.example//\nweb=data/site/\n");
         QCOMPARE(address(), QStringLiteral("http://u.example/url.dat"));
         QCOMPARE(address(Hosts::Host::web), site());
     }
-    void sections_and_keys_are_compared_without_regard_to_case() {
+    void sections_and_keys_are_compared_case_insensitively() {
         writeHosts("[HOSTS]\nUpdate=http://u.example\n");
         QCOMPARE(address(), QStringLiteral("http://u.example/url.dat"));
     }
-    void the_page_is_taken_over_as_it_stands() {
+    void the_page_is_used_unchanged() {
         writeHosts("[Hosts]\nweb=http://w.example\n");
         QCOMPARE(address(Hosts::Host::web, "/modules.php?name=FAQ&x=%20 y#z"),
                  QStringLiteral("http://w.example/modules.php?name=FAQ&x=%20 y#z"));
         QCOMPARE(address(Hosts::Host::update, "/modules.php?name=FAQ"), site("/modules.php?name=FAQ"));
         QCOMPARE(address(Hosts::Host::web, ""), QStringLiteral("http://w.example"));
     }
-    void without_a_usable_host_the_site_of_the_tree_stands_in_data() {
+    void without_a_usable_host_the_site_of_the_tree_is_used_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty file") << QByteArray();
         QTest::newRow("no section") << QByteArray("update=http://u.example\n");
@@ -61,17 +61,17 @@ private slots:
         QTest::newRow("empty key") << QByteArray("[Hosts]\nupdate=\n");
         QTest::newRow("blank key") << QByteArray("[Hosts]\nupdate=   \n");
         QTest::newRow("junk") << QByteArray("\0\xFF[Hosts\nupdate", 16);
-        QTest::newRow("said in so many words") << QByteArray("[Hosts]\nupdate=data/site\n");
+        QTest::newRow("named explicitly") << QByteArray("[Hosts]\nupdate=data/site\n");
         QTest::newRow("with the other separator") << QByteArray("[Hosts]\nupdate=data\\site\n");
-        QTest::newRow("in other case") << QByteArray("[Hosts]\nupdate=DATA/Site\n");
+        QTest::newRow("in another case") << QByteArray("[Hosts]\nupdate=DATA/Site\n");
     }
-    void without_a_usable_host_the_site_of_the_tree_stands_in() {
+    void without_a_usable_host_the_site_of_the_tree_is_used() {
         QFETCH(QByteArray, bytes);
         folder->makeFolder(QStringLiteral("data/site"));
         writeHosts(bytes);
         QCOMPARE(address(), site());
     }
-    void without_a_file_or_with_an_unreadable_one_the_site_of_the_tree_stands_in() {
+    void with_a_missing_or_unreadable_file_the_site_of_the_tree_is_used() {
         QCOMPARE(address(), site());
         folder->makeFolder(QStringLiteral("data/hosts.ini"));
         QCOMPARE(address(), site());
@@ -81,34 +81,33 @@ private slots:
         const OrdinaryUser user;
         QCOMPARE(address(), site());
     }
-    void the_address_of_a_folder_leads_to_its_files_whatever_it_is_called_data() {
+    void the_address_of_a_folder_leads_to_its_files_whatever_its_name_data() {
         QTest::addColumn<QByteArray>("name");
         for (const char* name : {"a b", "100%", "%41", "#1", "what?", "Señor", "a\\b", "q\"'", "a;b&c=d",
                                  "line\nbreak", "a+b", "[x]", "no utf8 \xF1"}) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
-    void the_address_of_a_folder_leads_to_its_files_whatever_it_is_called() {
+    void the_address_of_a_folder_leads_to_its_files_whatever_its_name() {
         QFETCH(QByteArray, name);
         QCOMPARE(mkdir(folder->native(name).constData(), 0755), 0);
         globals.AppPath = NativeText::fromNative(folder->native(name));
-        const QString told = address();
-        QVERIFY(told.startsWith(QStringLiteral("file:///")));
-        const QByteArray path = QByteArray::fromPercentEncoding(told.mid(7).toLatin1());
+        const QString url = address();
+        QVERIFY(url.startsWith(QStringLiteral("file:///")));
+        const QByteArray path = QByteArray::fromPercentEncoding(url.mid(7).toLatin1());
         QCOMPARE(path, folder->native(name) + "/data/site/url.dat");
-        // What a browser would take for the end of the path does not stand in it.
-        QCOMPARE(told.count(QLatin1Char('#')) + told.count(QLatin1Char('?')) + told.count(QLatin1Char(' ')),
-                 0);
-        QVERIFY(QUrl(told, QUrl::StrictMode).isValid());
+        // The path holds no character at which a browser would end it.
+        QCOMPARE(url.count(QLatin1Char('#')) + url.count(QLatin1Char('?')) + url.count(QLatin1Char(' ')), 0);
+        QVERIFY(QUrl(url, QUrl::StrictMode).isValid());
     }
-    void a_changed_file_counts_at_once() {
+    void a_changed_file_takes_effect_at_once() {
         writeHosts("[Hosts]\nupdate=http://one.example\n");
         const Hosts hosts(globals);
         QCOMPARE(hosts.address(Hosts::Host::update, QString()), QStringLiteral("http://one.example"));
         writeHosts("[Hosts]\nupdate=http://two.example\n");
         QCOMPARE(hosts.address(Hosts::Host::update, QString()), QStringLiteral("http://two.example"));
     }
-    void the_file_that_comes_with_the_program_names_all_three_hosts() {
+    void the_file_shipped_with_the_program_names_all_three_hosts() {
         globals.AppPath = QStringLiteral(TORVANE_TREE_DIR);
         const QString expected = QStringLiteral("file://" TORVANE_TREE_DIR "/data/site/x");
         for (const auto host : {Hosts::Host::update, Hosts::Host::web, Hosts::Host::search}) {

@@ -18,7 +18,7 @@ class SelLangStartUpTest : public QObject {
 
     SelLangStartUp& window() const { return *opened->program->loaded<SelLangStartUp>(); }
     Label& label(const QString& name) const { return *window().findChild<Label*>(name); }
-    /// Lets the typewriter come to its end without waiting for it.
+    /// Runs the typewriter to its end without waiting; gives the typed text.
     QString typed() const {
         for (int tick = 0; window().Timer1.Enabled() && tick < 1000; ++tick) emit window().Timer1.Tick();
         return window().Label7.Caption();
@@ -43,7 +43,7 @@ private slots:
         QVERIFY(!program.loaded<MainFrm>());
         QCOMPARE(fresh.world.setting("Language"), QStringLiteral("(absent)"));
     }
-    void the_request_is_typed_one_character_a_tick_every_75_milliseconds() {
+    void the_request_is_typed_one_character_every_75_milliseconds() {
         QCOMPARE(window().Timer1.Interval(), 75);
         window().ShowDialog(request);
         QCOMPARE(window().Label7.Caption(), QString());
@@ -53,7 +53,7 @@ private slots:
         QCOMPARE(window().Label7.Caption(), QStringLiteral("Es"));
         QCOMPARE(typed(), request);
     }
-    void the_typewriter_runs_by_itself_and_stops_after_the_last_character() {
+    void the_typewriter_runs_on_its_own_and_stops_after_the_last_character() {
         window().ShowDialog(QStringLiteral("ab"));
         QTRY_COMPARE_WITH_TIMEOUT(window().Label7.Caption(), QStringLiteral("ab"), 2000);
         QVERIFY(!window().Timer1.Enabled());
@@ -71,14 +71,14 @@ private slots:
         QVERIFY(!isSeen(window().no));
     }
 
-    void a_click_on_a_language_asks_in_it_and_leaves_it_the_only_one_data() {
+    void a_click_on_a_language_asks_in_it_and_disables_the_others_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("question");
         QTest::newRow("Spanish") << QStringLiteral("Label4") << QStringLiteral("Español. ¿Bien?");
         QTest::newRow("Catalan") << QStringLiteral("Label5") << QStringLiteral("Català. Bé?");
         QTest::newRow("English") << QStringLiteral("Label6") << QStringLiteral("English. OK?");
     }
-    void a_click_on_a_language_asks_in_it_and_leaves_it_the_only_one() {
+    void a_click_on_a_language_asks_in_it_and_disables_the_others() {
         QFETCH(QString, name);
         QFETCH(QString, question);
         typed();
@@ -94,7 +94,7 @@ private slots:
         }
         QCOMPARE(opened->world.setting("Language"), QString());
     }
-    void a_language_that_is_switched_off_takes_no_click() {
+    void a_disabled_language_takes_no_click() {
         click(window().Label4);
         QCOMPARE(typed(), QStringLiteral("Español. ¿Bien?"));
         click(window().Label6);
@@ -112,14 +112,14 @@ private slots:
         QVERIFY(!window().Timer1.Enabled());
         QCOMPARE(window().Label7.Caption(), QStringLiteral("Català. Bé?"));
     }
-    void a_question_that_is_asked_in_the_midst_of_a_tick_is_typed_whole() {
+    void a_question_asked_during_a_tick_is_typed_completely() {
         emit window().Timer1.Tick();
         QTimer::singleShot(0, &window(), [this] { emit window().Label4.Click(); });
         emit window().Timer1.Tick();
         QCOMPARE(typed(), QStringLiteral("Español. ¿Bien?"));
     }
 
-    void no_types_the_request_anew_and_keeps_the_languages_available() {
+    void no_types_the_request_again_and_keeps_the_languages_available() {
         click(window().Label6);
         typed();
         click(window().no);
@@ -181,7 +181,7 @@ private slots:
         QVERIFY(window().Timer2.Enabled());
         QCOMPARE(window().Timer2.Interval(), 15000);
     }
-    void the_thanks_end_in_the_program_and_the_window_is_gone() {
+    void after_the_thanks_the_program_starts_and_the_window_is_gone() {
         click(window().Label6);
         click(window().ok);
         emit window().Timer2.Tick();
@@ -189,7 +189,7 @@ private slots:
         QVERIFY(opened->main().isVisible());
         QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("English"));
     }
-    void quitting_before_the_15_seconds_have_passed_leaves_the_language_set_and_the_next_start_goes_on() {
+    void quitting_within_the_15_seconds_keeps_the_language_for_the_next_start() {
         click(window().Label5);
         click(window().ok);
         QVERIFY(!opened->program->loaded<MainFrm>());
@@ -206,7 +206,7 @@ private slots:
         QVERIFY(opened->program->loaded<SelLangStartUp>() != nullptr);
         QCOMPARE(typed(), request);
     }
-    void a_settings_store_that_cannot_be_written_is_told_and_ends_the_program() {
+    void a_settings_store_that_cannot_be_written_is_reported_and_ends_the_program() {
         const QString store = opened->world.settings.fileOf(QStringLiteral("Torvane"));
         QVERIFY(QFile::remove(store));
         QVERIFY(QDir().mkdir(store));
@@ -218,14 +218,14 @@ private slots:
         QCOMPARE(opened->world.ends, 1);
     }
     void the_typed_text_does_not_cover_the_languages() {
-        // All of a label that the user sees reacts, also where the text field lies over it.
+        // The whole visible label must react, even where the text field overlaps it.
         for (const Label* language : {&window().Label4, &window().Label5, &window().Label6}) {
             const QRect place = language->geometry();
             QCOMPARE(window().childAt(place.topLeft()), language);
             QCOMPARE(window().childAt(place.center()), language);
         }
     }
-    void closing_the_window_by_the_window_manager_ends_the_program() {
+    void closing_the_window_via_the_window_manager_ends_the_program() {
         window().close();
         QCOMPARE(opened->world.ends, 1);
         QCOMPARE(opened->world.setting("Language"), QString());

@@ -58,7 +58,7 @@ private slots:
         QCOMPARE(NumberSetting(*settings, "Intro", 1).value(), 2);
         QCOMPARE(ByteSetting(*settings, "Intro", 1).value(), quint8(2));
     }
-    void a_number_that_the_type_can_not_hold_is_an_overflow() {
+    void a_number_that_the_type_cannot_hold_is_an_overflow() {
         const NumberSetting asNumber{*settings, "Mini", 1};
         const ByteSetting asByte{*settings, "Mini", 1};
         for (const char* text : {"256", "-1", "255.5", "2147483647"}) {
@@ -73,7 +73,7 @@ private slots:
             QCOMPARE(failureOf([&] { (void)asByte.value(); }), nothing);
         }
     }
-    void what_is_set_is_stored_at_once_as_plain_text() {
+    void a_value_is_stored_at_once_as_plain_text() {
         NumberSetting(*settings, "Intro", 1).set(-3);
         ByteSetting(*settings, "Mini", 1).set(200);
         FlagSetting(*settings, "Tray", true).set(false);
@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(stored("ontop"), QStringLiteral("1"));
         QCOMPARE(stored("capturas"), QStringLiteral("\\shots\\"));
     }
-    void a_handle_reads_what_is_stored_now() {
+    void a_handle_reads_the_stored_value_each_time() {
         const NumberSetting start{*settings, "Start", 0};
         QCOMPARE(start.value(), 0);
         store("Start", QStringLiteral("1"));

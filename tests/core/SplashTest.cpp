@@ -29,24 +29,24 @@ private slots:
     }
     void cleanup() { opened.reset(); }
 
-    void the_intro_stands_alone_and_the_main_window_is_not_made_yet() {
+    void the_intro_is_alone_and_the_main_window_does_not_exist_yet() {
         QVERIFY(splash().isVisible());
         QVERIFY(!opened->program->loaded<MainFrm>());
     }
-    void it_plays_the_movie_beside_the_program_and_missing_it_waits_for_input_all_the_same() {
+    void the_movie_next_to_the_program_is_played_and_without_it_the_intro_still_waits_for_input() {
         QCOMPARE(splash().Flash.Movie(), opened->world.appPath() + QStringLiteral("\\data\\intro.dat"));
         QTest::qWait(50);
         QVERIFY(!splash().Flash.isPlaying());
         QVERIFY(splash().isVisible());
         QCOMPARE(opened->world.messages.boxes.size(), 0);
     }
-    void a_movie_that_is_there_plays() {
+    void an_existing_movie_plays() {
         opened->close();
         opened->world.folder.write(QStringLiteral("data/intro.dat"), oneFrameGif());
         openIntro();
         QTRY_VERIFY(splash().Flash.isPlaying());
     }
-    void a_movie_of_a_kind_that_no_player_shows_leaves_the_intro_waiting() {
+    void an_unsupported_movie_leaves_the_intro_waiting() {
         opened->close();
         opened->world.folder.write(QStringLiteral("data/intro.dat"), QByteArray("FWS\x05 not shown here"));
         openIntro();
@@ -92,12 +92,12 @@ private slots:
         QTest::mouseClick(splash().windowHandle(), Qt::LeftButton, {}, onMovie);
         QVERIFY(introIsOver());
     }
-    void the_main_window_comes_up_on_its_first_game() {
+    void the_main_window_opens_with_its_first_game() {
         QTest::keyClick(&splash(), Qt::Key_Return);
         QCOMPARE(opened->main().Games.ListIndex(), 0);
         QCOMPARE(opened->main().Label41.Caption(), QStringLiteral("#1/3"));
     }
-    void an_empty_library_is_no_obstacle() {
+    void an_empty_library_does_not_prevent_the_start() {
         opened->close();
         QVERIFY(QDir(opened->world.folder.path(QStringLiteral("roms"))).removeRecursively());
         openIntro();
@@ -106,8 +106,8 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.size(), 0);
         QCOMPARE(opened->world.ends, 0);
     }
-    // The main window appears after the intro has gone: they are never on screen together.
-    void the_intro_goes_before_the_main_window_appears() {
+    // The intro and the main window are never on screen together.
+    void the_intro_closes_before_the_main_window_appears() {
         struct Watch : QObject {
             QPointer<Splash> intro;
             bool wasSeenTogether = false;
@@ -126,7 +126,7 @@ private slots:
         QVERIFY(watch.hasMainAppeared);
         QVERIFY(!watch.wasSeenTogether);
     }
-    void the_main_window_is_there_also_when_the_compact_one_is_wanted() {
+    void the_main_window_opens_even_if_the_compact_one_is_wanted() {
         opened->world.setSetting("Start", QStringLiteral("1"));
         QTest::keyClick(&splash(), Qt::Key_Return);
         QVERIFY(introIsOver());
@@ -150,13 +150,13 @@ private slots:
         emit splash().Timer1.Tick();
         QVERIFY(splash().hasFocus());
     }
-    void when_the_player_changes_its_state_the_panel_takes_the_focus() {
+    void the_panel_takes_the_focus_when_the_player_changes_its_state() {
         QVERIFY(QTest::qWaitForWindowActive(&splash()));
         splash().setFocus();
         emit splash().Flash.readyStateChanged();
         QVERIFY(splash().Picture1.hasFocus());
     }
-    void closing_the_window_by_the_window_manager_ends_the_program() {
+    void closing_the_window_via_the_window_manager_ends_the_program() {
         splash().close();
         QCOMPARE(opened->world.ends, 1);
         QVERIFY(!opened->program->loaded<MainFrm>());

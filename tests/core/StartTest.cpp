@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start with a language chosen: the program's texts, which window comes first, and what goes wrong.
+// The start with a stored language: the texts, which window appears first, and failures.
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -16,7 +16,7 @@ private slots:
     void init() { opened = std::make_unique<OpenedProgram>(); }
     void cleanup() { opened.reset(); }
 
-    void a_set_language_goes_straight_on_and_the_language_window_is_gone() {
+    void with_a_stored_language_the_start_goes_on_and_the_language_window_is_gone() {
         Program& program = opened->start();
         QVERIFY(program.loaded<SelLangStartUp>() == nullptr);
         QVERIFY(program.loaded<MainFrm>()->isVisible());
@@ -81,7 +81,7 @@ private slots:
         QCOMPARE(world().messages.last(), QStringLiteral("Run-time error '13':\n\nType mismatch"));
         QCOMPARE(world().ends, 1);
     }
-    void a_start_setting_of_1_opens_the_main_window_for_as_long_as_there_is_no_compact_one() {
+    void a_start_setting_of_1_opens_the_main_window_while_there_is_no_compact_one() {
         world().setSetting("Start", QStringLiteral("1"));
         Program& program = opened->start();
         QVERIFY(program.loaded<MainFrm>()->isVisible());
@@ -98,13 +98,13 @@ private slots:
         world().setSetting("Start", start);
         QVERIFY(opened->start().loaded<MainFrm>()->isVisible());
     }
-    void the_main_window_stands_on_its_first_game() {
+    void the_main_window_has_its_first_game_selected() {
         opened->games(3);
         opened->start();
         QCOMPARE(opened->main().Games.ListIndex(), 0);
         QCOMPARE(opened->main().ListView1.currentRow(), 0);
     }
-    void an_empty_library_is_no_obstacle() {
+    void an_empty_library_does_not_prevent_the_start() {
         opened->start();
         QVERIFY(opened->main().isVisible());
         QCOMPARE(opened->main().Games.ListIndex(), -1);
@@ -122,13 +122,13 @@ private slots:
         QCOMPARE(world().ends, 0);
     }
 
-    void a_language_file_that_is_gone_is_replaced_by_the_one_of_its_name_in_this_tree_data() {
+    void a_missing_language_file_is_replaced_by_the_one_of_its_name_in_this_tree_data() {
         QTest::addColumn<QString>("stored");
         QTest::newRow("moved folder") << QStringLiteral("/nowhere\\data\\lang\\lang_eng.tvl");
         QTest::newRow("another spelling") << QStringLiteral("C:\\old/LANG_ENG.TVL");
         QTest::newRow("bare name") << QStringLiteral("lang_eng.tvl");
     }
-    void a_language_file_that_is_gone_is_replaced_by_the_one_of_its_name_in_this_tree() {
+    void a_missing_language_file_is_replaced_by_the_one_of_its_name_in_this_tree() {
         QFETCH(QString, stored);
         world().setSetting("Language", stored);
         opened->games(1);
@@ -136,20 +136,20 @@ private slots:
         QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("English"));
         QCOMPARE(world().setting("Language"), stored);
     }
-    void a_language_file_elsewhere_that_can_be_read_is_used_as_it_is() {
+    void a_readable_language_file_elsewhere_is_used() {
         const QString own =
             world().folder.write(QStringLiteral("elsewhere/lang_eng.tvl"), "[FileInfo]\r\nlangname=Mine\r\n");
         world().setSetting("Language", own);
         opened->open();
         QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("Mine"));
     }
-    void a_language_that_is_found_nowhere_is_asked_for_again_data() {
+    void a_language_found_nowhere_is_asked_for_again_data() {
         QTest::addColumn<QString>("stored");
         QTest::newRow("no such file") << QStringLiteral("\\data\\lang\\lang_gone.tvl");
         QTest::newRow("a folder") << QStringLiteral("\\data\\lang");
         QTest::newRow("unreadable") << QStringLiteral("\\data\\lang\\own.tvl");
     }
-    void a_language_that_is_found_nowhere_is_asked_for_again() {
+    void a_language_found_nowhere_is_asked_for_again() {
         QFETCH(QString, stored);
         stored.prepend(world().appPath());
         world().folder.write(QStringLiteral("data/lang/own.tvl"), "[FileInfo]\r\n");
@@ -195,7 +195,7 @@ private slots:
         QCOMPARE(world().ends, 0);
     }
     void without_a_stored_language_the_spanish_file_is_the_default() {
-        // As when the key goes between the two looks at it: the desk has a default of its own.
+        // As if the key disappeared between two reads: the desk has a default of its own.
         opened->start();
         QVERIFY(QFile::remove(world().settings.fileOf(QStringLiteral("Torvane"))));
         world().setSetting("Intro", QStringLiteral("0"));
@@ -204,7 +204,7 @@ private slots:
                  world().appPath() + QStringLiteral("\\data\\lang\\lang_esp.tvl"));
         QCOMPARE(opened->program->globals.LanguageName, QStringLiteral("Español"));
     }
-    void a_look_up_needs_no_window() {
+    void a_lookup_needs_no_window() {
         Program program(world().runtime, world().appPath());
         program.globals.LanguageFile = world().appPath() + QStringLiteral("\\data\\lang\\lang_eng.tvl");
         QCOMPARE(program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname")),
@@ -212,7 +212,7 @@ private slots:
         QVERIFY(!program.loaded<Menuing>());
         QVERIFY(!program.loaded<MainFrm>());
     }
-    void the_window_of_the_menu_is_there_from_the_start_and_is_never_shown() {
+    void the_menu_window_exists_from_the_start_and_is_never_shown() {
         Program& program = opened->start();
         QVERIFY(program.loaded<Menuing>() != nullptr);
         QVERIFY(!program.loaded<Menuing>()->isVisible());
@@ -220,7 +220,7 @@ private slots:
                      QStringLiteral("FileInfo"), QStringLiteral("langname"), program.globals.LanguageFile),
                  QStringLiteral("English"));
     }
-    void look_ups_are_not_cached_and_take_sections_and_keys_in_any_case() {
+    void lookups_are_not_cached_and_ignore_the_case_of_sections_and_keys() {
         opened->start();
         LanguageTables& tables = opened->program->language;
         QCOMPARE(tables.LangText(QStringLiteral("Globals"), QStringLiteral("na")), QStringLiteral("No data"));
@@ -231,7 +231,7 @@ private slots:
         QCOMPARE(tables.LangText(QStringLiteral("Globals"), QStringLiteral("na")), QStringLiteral("Nö data"));
     }
 
-    void open_url_goes_through_the_main_windows_link_which_is_created_for_it() {
+    void open_url_uses_the_link_of_the_main_window_which_is_created_for_it() {
         Program program(world().runtime, world().appPath());
         program.funciones.OpenURL(QStringLiteral("http://one.example/?a=<b>&c=%20"));
         QCOMPARE(world().browser.urls, QStringList{QStringLiteral("http://one.example/?a=<b>&c=%20")});
@@ -240,7 +240,7 @@ private slots:
         QCOMPARE(program.loaded<MainFrm>()->URL_Linker.URL(),
                  QStringLiteral("http://one.example/?a=<b>&c=%20"));
     }
-    void the_fatal_error_is_told_in_fixed_spanish_and_opens_the_page_of_questions() {
+    void the_fatal_error_is_reported_in_fixed_spanish_and_opens_the_page_of_questions() {
         world().folder.write(QStringLiteral("data/hosts.ini"), "[Hosts]\nweb=https://web.example/\n");
         opened->start();
         opened->program->funciones.ShowFatalError();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The emulator list: which line and which part of it counts.
+// The list of emulators: which line and which part of it is used.
 #include "emulator/EmulatorCatalogue.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
@@ -13,11 +13,11 @@ class EmulatorCatalogueTest : public QObject {
     std::unique_ptr<TestFolder> folder;
     Globals globals;
 
-    // What a list makes of a command that was read before.
-    QString commandOf(const QByteArray& list, const QString& former = QStringLiteral("former")) const {
+    // The command after reading a list, if `previous` was the command before.
+    QString commandOf(const QByteArray& list, const QString& previous = QStringLiteral("former")) const {
         folder->write(QStringLiteral("emuladores/emus.dat"), list);
         EmulatorCatalogue catalogue(globals);
-        catalogue.EmulatorCommand = former;
+        catalogue.EmulatorCommand = previous;
         catalogue.read();
         return catalogue.EmulatorCommand;
     }
@@ -37,7 +37,7 @@ private slots:
         catalogue.read();
         QCOMPARE(catalogue.EmulatorCommand, QString());
     }
-    void the_command_is_the_second_part_below_the_folder_of_emulators_data() {
+    void the_command_is_the_second_part_in_the_folder_of_emulators_data() {
         QTest::addColumn<QByteArray>("list");
         QTest::addColumn<QString>("path");
         const auto row = [](const char* name, const QByteArray& list, const char* path) {
@@ -51,13 +51,13 @@ private slots:
         row("a third part is ignored", "Name#\\emu.exe#more#parts\r\n", "\\emu.exe");
         row("no name", "#\\emu.exe\r\n", "\\emu.exe");
         row("no path", "Name#\r\n", "");
-        row("an empty part between two signs", "Name##\\emu.exe\r\n", "");
+        row("an empty part between two separators", "Name##\\emu.exe\r\n", "");
         row("blanks stay", "Name # \\my emu.exe \r\n", " \\my emu.exe ");
         row("8-bit letters", "Se\xF1or#\\se\xF1or\x80.exe\r\n", "\\señor€.exe");
-        row("signs of other languages", "N#\\%s\"'$(x);\\..\r\n", "\\%s\"'$(x);\\..");
-        row("without separator in front", "Name#emu.exe\r\n", "emu.exe");
+        row("markup and format characters", "N#\\%s\"'$(x);\\..\r\n", "\\%s\"'$(x);\\..");
+        row("without a leading separator", "Name#emu.exe\r\n", "emu.exe");
     }
-    void the_command_is_the_second_part_below_the_folder_of_emulators() {
+    void the_command_is_the_second_part_in_the_folder_of_emulators() {
         QFETCH(QByteArray, list);
         QFETCH(QString, path);
         QCOMPARE(commandOf(list), globals.AppPath + QStringLiteral("\\emuladores") + path);
@@ -69,21 +69,21 @@ private slots:
         QCOMPARE(commandOf("\r\nTwo#\\two.exe\r\n"), QStringLiteral("former"));
         QCOMPARE(commandOf("\nTwo#\\two.exe\n"), QStringLiteral("former"));
     }
-    void without_a_sign_the_former_command_stays_data() {
+    void without_a_separator_the_previous_command_stays_data() {
         QTest::addColumn<QByteArray>("list");
         QTest::newRow("empty file") << QByteArray();
-        QTest::newRow("no sign") << QByteArray("Name \\emu.exe\r\n");
+        QTest::newRow("no separator") << QByteArray("Name \\emu.exe\r\n");
         QTest::newRow("only a line end") << QByteArray("\r\n");
-        QTest::newRow("sign of another page") << QByteArray("Name\xA3\\emu.exe");
+        QTest::newRow("separator of another code page") << QByteArray("Name\xA3\\emu.exe");
         QTest::newRow("zero bytes") << QByteArray(100, '\0');
         QTest::newRow("a line that is far too long") << QByteArray(100000, 'n') + "#\\emu.exe";
     }
-    void without_a_sign_the_former_command_stays() {
+    void without_a_separator_the_previous_command_stays() {
         QFETCH(QByteArray, list);
         QCOMPARE(commandOf(list), QStringLiteral("former"));
         QCOMPARE(commandOf(list, QString()), QString());
     }
-    void a_missing_or_unreadable_list_leaves_the_former_command() {
+    void a_missing_or_unreadable_list_leaves_the_previous_command() {
         EmulatorCatalogue catalogue(globals);
         catalogue.EmulatorCommand = QStringLiteral("former");
         catalogue.read();
@@ -101,7 +101,7 @@ private slots:
         catalogue.read();
         QCOMPARE(catalogue.EmulatorCommand, QStringLiteral("former"));
     }
-    void each_reading_takes_the_list_as_it_is_now() {
+    void each_read_takes_the_current_list() {
         EmulatorCatalogue catalogue(globals);
         folder->write(QStringLiteral("emuladores/emus.dat"), "One#\\one.exe\r\n");
         catalogue.read();
@@ -113,14 +113,14 @@ private slots:
         catalogue.read();
         QCOMPARE(catalogue.EmulatorCommand, below("\\two.exe"));
     }
-    void a_huge_list_is_read_by_its_first_line_alone() {
+    void only_the_first_line_of_a_huge_list_is_read() {
         folder->write(QStringLiteral("emuladores/emus.dat"), "One#\\one.exe\r\n");
         QVERIFY(QFile::resize(folder->path(QStringLiteral("emuladores/emus.dat")), qint64(8) << 30));
         EmulatorCatalogue catalogue(globals);
         catalogue.read();
         QCOMPARE(catalogue.EmulatorCommand, below("\\one.exe"));
     }
-    void the_list_that_comes_with_the_program_names_a_program_of_its_folder() {
+    void the_list_shipped_with_the_program_names_a_program_in_its_folder() {
         globals.AppPath = QStringLiteral(TORVANE_TREE_DIR);
         EmulatorCatalogue catalogue(globals);
         catalogue.read();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Launches: how a command line is cut, what reaches the emulator, and which way a file is launched.
+// Launches: how a command line is cut, what reaches the emulator, and how a file is launched.
 #include "emulator/ShellAndClose.h"
 #include "platform/base/NativeProcess.h"
 #include "support/Failing.h"
@@ -11,7 +11,7 @@
 using namespace torvane;
 
 namespace {
-// A program list in place of the disk.
+// Cuts a line as if the disk held just these programs.
 ShellAndClose::Command cut(const char* line, const QStringList& programs) {
     return ShellAndClose::split(QString::fromUtf8(line),
                                 [&](const QString& path) { return programs.contains(path); });
@@ -26,7 +26,7 @@ class ShellAndCloseTest : public QObject {
     NativeProcess processes;
     ShellAndClose shell{processes};
 
-    // An emulator that writes its arguments into the file "out" beside it.
+    // An emulator that writes its arguments into the file "out" next to it.
     QString emulator(const char* name = "emu.sh", mode_t mode = 0755) const {
         QString path = folder->writeNative(
             name, "#!/bin/sh\nfor a; do printf '<%s>' \"$a\"; done > \"$(dirname \"$0\")/out\"\n");
@@ -39,7 +39,7 @@ class ShellAndCloseTest : public QObject {
 private slots:
     void init() { folder = std::make_unique<TestFolder>(); }
 
-    void a_line_is_cut_at_every_blank_behind_the_program_data() {
+    void a_line_is_cut_at_every_blank_after_the_program_data() {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QByteArrayList>("arguments");
         const auto row = [](const char* line, const QByteArrayList& arguments) {
@@ -59,13 +59,13 @@ private slots:
         row("/e/emu %s\n%n\tx", {"%s\n%n\tx"});
         row("/e/emu Señor.gb", {"Señor.gb"});
     }
-    void a_line_is_cut_at_every_blank_behind_the_program() {
+    void a_line_is_cut_at_every_blank_after_the_program() {
         QFETCH(QByteArray, line);
         QFETCH(QByteArrayList, arguments);
         const auto command = cut(line.constData(), emu);
         QCOMPARE(command.program, emu.first());
         QCOMPARE(command.arguments, arguments);
-        // Joined with single blanks the words are the line again.
+        // Joined with single blanks, the words make up the line again.
         if (!arguments.isEmpty()) QCOMPARE("/e/emu " + command.arguments.join(' '), line.replace('\\', '/'));
     }
     void the_program_is_the_shortest_piece_up_to_a_blank_that_names_one() {
@@ -96,7 +96,7 @@ private slots:
         QVERIFY(command.program.isEmpty());
         QVERIFY(command.arguments.isEmpty());
     }
-    void names_of_any_bytes_reach_the_emulator_as_they_are() {
+    void names_of_any_bytes_reach_the_emulator_unchanged() {
         const QByteArray name = "no utf8 \xF1\xFF back\\slash \xEF\xBB\xBF.gb";
         const QString line = QStringLiteral("/e/emu /r\\") + NativeText::fromNative(name);
         const auto command =
@@ -118,7 +118,7 @@ private slots:
         shell.RunAndWait(folder->path() + QStringLiteral("\\EMU.SH a.gb"));
         QCOMPARE(out(), QByteArray("<a.gb>"));
     }
-    void a_folder_of_the_first_words_is_no_program() {
+    void a_folder_named_by_the_first_words_is_no_program() {
         folder->makeFolder(QStringLiteral("my"));
         shell.RunAndWait(emulator("my emu.sh") + QStringLiteral(" a.gb"));
         QCOMPARE(out(), QByteArray("<a.gb>"));
@@ -140,21 +140,21 @@ private slots:
         shell.RunAndWait(path + QStringLiteral(" a.gb"));
         QVERIFY(!hasRun());
     }
-    void without_an_emulator_an_executable_game_is_not_started_in_its_place() {
-        // The command line of an empty emulator command begins with the blank in front of the game.
+    void without_an_emulator_an_executable_game_is_not_started_instead() {
+        // With an empty emulator command, the line begins with the blank before the game.
         shell.RunAndWait(QStringLiteral(" ") + emulator("game.gb"));
         QVERIFY(!hasRun());
         shell.RunAndWait(folder->path(QStringLiteral("gone.exe")) + QLatin1Char(' ') + emulator("game.gb"));
         QVERIFY(!hasRun());
     }
-    void a_missing_emulator_returns_at_once_and_tells_nothing() {
+    void a_missing_emulator_returns_at_once_without_a_message() {
         for (const QString& line : {QString(), QStringLiteral(" "), folder->path(QStringLiteral("gone")),
                                     folder->path() + QStringLiteral(" a.gb")}) {
             shell.RunAndWait(line);
         }
         QVERIFY(folder->entries().isEmpty());
     }
-    void it_returns_when_the_emulator_has_ended_and_not_before() {
+    void a_launch_returns_when_the_emulator_has_ended_and_not_before() {
         const QString path = folder->writeNative(
             "slow.sh", "#!/bin/sh\nsleep 0.3\necho \"$TORVANE_TEST\" > \"$(dirname \"$0\")/out\"\n");
         folder->setMode(QStringLiteral("slow.sh"), 0755);
@@ -170,10 +170,10 @@ private slots:
         const QString path = folder->writeNative("where.sh", "#!/bin/sh\npwd > \"$(dirname \"$0\")/out\"\n");
         folder->setMode(QStringLiteral("where.sh"), 0755);
         folder->makeFolder(QStringLiteral("work"));
-        const QString former = QDir::currentPath();
+        const QString previous = QDir::currentPath();
         QVERIFY(QDir::setCurrent(folder->path(QStringLiteral("work"))));
         shell.RunAndWait(path);
-        QVERIFY(QDir::setCurrent(former));
+        QVERIFY(QDir::setCurrent(previous));
         QCOMPARE(out(), folder->native("work") + '\n');
     }
 
@@ -206,7 +206,7 @@ private slots:
         QFETCH(int, way);
         QCOMPARE(static_cast<int>(ShellAndClose::launchWay(name, [&] { return setting; })), way);
     }
-    void the_setting_is_read_for_an_archive_only_and_its_failure_is_passed_on() {
+    void the_setting_is_read_only_for_an_archive_and_its_failure_is_passed_on() {
         const auto broken = []() -> int { throw RuntimeFailure(RuntimeFailure::typeMismatch); };
         QCOMPARE(ShellAndClose::launchWay(QStringLiteral("game.gb"), broken), LaunchWay::withMinimising);
         QCOMPARE(ShellAndClose::launchWay(QString(), broken), LaunchWay::nothing);

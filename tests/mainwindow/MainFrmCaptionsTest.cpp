@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The words on the built windows in all three languages: whole on the screen, in the fonts that they were
-// measured for, and out of the language file that is set.
+// The captions of the windows in all three languages: they fit their controls, use the fonts that they were
+// measured for, and come from the chosen language file.
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
 #include "toolkit/ButtonLayout.h"
@@ -13,17 +13,17 @@
 using namespace torvane;
 
 namespace {
-/// What of a control lies inside its container.
+/// The part of a control inside its container.
 QRect shownPart(const QWidget& control) {
     return control.geometry().intersected(control.parentWidget()->rect()).translated(-control.pos());
 }
 
-/// The flags of a label's drawing, but with nothing cut off.
+/// The text flags with which a label is drawn, but without clipping.
 int drawnLike(Qt::Alignment alignment) {
     return static_cast<int>(alignment | Qt::AlignTop) | Qt::TextWordWrap | Qt::TextDontClip;
 }
 
-/// Whether a caption, drawn as labels draw it, has all its ink inside what is shown of its control.
+/// Whether a caption, drawn as labels draw it, has all its ink inside the visible part of its control.
 bool isWhole(const QString& text, const QFont& font, Qt::Alignment alignment, const QWidget& control) {
     constexpr int margin = 300;
     QImage paper(control.size() + QSize(2 * margin, 2 * margin), QImage::Format_RGB32);
@@ -34,13 +34,13 @@ bool isWhole(const QString& text, const QFont& font, Qt::Alignment alignment, co
     painter.drawText(control.rect(), drawnLike(alignment), text);
     painter.fillRect(shownPart(control), Qt::white);
     painter.end();
-    // What is left lies outside; a breath of grey at an edge is no missing part of a letter.
+    // The remaining ink is outside; a trace of grey at an edge is no missing part of a letter.
     const auto* pixels = reinterpret_cast<const QRgb*>(paper.constBits());
     return std::all_of(pixels, pixels + qsizetype{paper.width()} * paper.height(),
                        [](QRgb pixel) { return qGray(pixel) > 160; });
 }
 
-/// The same for a button: the text beside the picture, both within the button.
+/// The same for a button: text and picture side by side, both inside the button.
 bool isWhole(const chameleonButton& button) {
     const QFontMetrics metrics(button.font());
     const QSize picture = button.PictureNormal().isNull()
@@ -65,7 +65,7 @@ class MainFrmCaptionsTest : public QObject {
     std::unique_ptr<OpenedProgram> opened;
     MainFrm& window() const { return opened->main(); }
 
-    /// Checks what is seen of a window now; counts the captions, so that an empty window can't pass.
+    /// Checks what is visible of a window now; gives the number of captions.
     int checkSeen(const QWidget& form, const QStringList& fromFiles = {}) {
         int captions = 0;
         for (const Label* label : form.findChildren<Label*>()) {
@@ -119,12 +119,12 @@ private slots:
         const Fonts::StandIn standIn = Fonts::standIn(named);
         const QFontInfo found(Fonts::of({named, 8.25}));
         QVERIFY2(found.family() == QString::fromLatin1(standIn.family),
-                 qPrintable(QStringLiteral("%1 in place of %2 (package %3)")
+                 qPrintable(QStringLiteral("%1 instead of %2 (package %3)")
                                 .arg(found.family(), QString::fromLatin1(standIn.family),
                                      QString::fromLatin1(standIn.debianPackage))));
         QCOMPARE(found.pixelSize(), 11);
     }
-    void the_check_finds_a_caption_that_is_cut() {
+    void the_check_finds_a_cut_caption() {
         openIn("eng");
         checkSeen(window());
         QCOMPARE(cut.join(QLatin1Char('\n')), QString());
@@ -134,8 +134,8 @@ private slots:
         QCOMPARE(cut.size(), 3); // the label, its twin and the button
     }
 
-    void every_caption_of_the_main_window_is_whole_data() { languageRows(); }
-    void every_caption_of_the_main_window_is_whole() {
+    void every_caption_of_the_main_window_fits_data() { languageRows(); }
+    void every_caption_of_the_main_window_fits() {
         QFETCH(QByteArray, code);
         openIn(code);
         const QStringList fromFiles = {QStringLiteral("Label10"), QStringLiteral("Label14")};
@@ -150,22 +150,22 @@ private slots:
         }
         QCOMPARE(cut.join(QLatin1Char('\n')), QString());
     }
-    void the_texts_for_nothing_are_whole_data() { languageRows(); }
-    void the_texts_for_nothing_are_whole() {
+    void the_placeholder_texts_fit_data() { languageRows(); }
+    void the_placeholder_texts_fit() {
         QFETCH(QByteArray, code);
         opened->world.useLanguage(code.constData());
         opened->open();
         QVERIFY(checkSeen(window()) > 20);
         QCOMPARE(cut.join(QLatin1Char('\n')), QString());
     }
-    void the_hint_on_refused_input_is_whole() {
+    void the_hint_on_refused_input_fits() {
         openIn("eng");
         click(window().Edit_Menu);
         emit window().EditID3Title.inputRefused();
         checkSeen(window());
         QCOMPARE(cut.join(QLatin1Char('\n')), QString());
     }
-    void the_largest_numbers_are_whole() {
+    void the_largest_numbers_fit() {
         openIn("eng");
         window().TotalRom.setCaption(QStringLiteral("+9999"));
         window().Label41.setCaption(QStringLiteral("#100000/100000"));
@@ -173,12 +173,12 @@ private slots:
         checkSeen(window());
         click(window().Edit_Menu);
         window().Label2.setCaption(QStringLiteral("-175"));
-        // The panel ends one pixel in front of the end of the counter's shadow.
+        // The panel ends one pixel before the shadow of the counter does.
         checkSeen(window(), {QStringLiteral("Label3")});
         QCOMPARE(cut.join(QLatin1Char('\n')), QString());
     }
-    void every_caption_of_the_question_is_whole_data() { languageRows(); }
-    void every_caption_of_the_question_is_whole() {
+    void every_caption_of_the_question_fits_data() { languageRows(); }
+    void every_caption_of_the_question_fits() {
         QFETCH(QByteArray, code);
         openIn(code);
         click(window().chameleonButton1);
@@ -190,11 +190,11 @@ private slots:
         }
         QCOMPARE(cut.join(QLatin1Char('\n')), QString());
     }
-    void every_text_of_the_language_window_is_whole_data() {
+    void every_text_of_the_language_window_fits_data() {
         QTest::addColumn<int>("language");
         for (const int language : {0, 1, 2}) QTest::addRow("%d", language) << language;
     }
-    void every_text_of_the_language_window_is_whole() {
+    void every_text_of_the_language_window_fits() {
         QFETCH(int, language);
         opened->world.setSetting("Language", QString());
         opened->start();
@@ -244,13 +244,13 @@ private slots:
             QCOMPARE(shown, opened->text("MainMenu", key));
         }
     }
-    void another_language_shows_when_the_main_window_loads_anew() {
+    void another_language_appears_when_the_main_window_is_reloaded() {
         openIn("esp");
         QCOMPARE(window().Lbl_ID3Title.Caption(), QStringLiteral("Título del juego"));
         opened->program->globals.LanguageFile =
             opened->world.appPath() + QStringLiteral("\\data\\lang\\lang_cat.tvl");
         QCOMPARE(window().Lbl_ID3Title.Caption(), QStringLiteral("Título del juego"));
-        // What is looked up at the moment it is shown is new at once.
+        // A text that is looked up when it is shown is new at once.
         click(window().Edit_Menu);
         QCOMPARE(window().Label17.Caption(), QStringLiteral("» Edita el ROM.TAG"));
         opened->program->desk.go(Window::MainFrm, Window::MainFrm);

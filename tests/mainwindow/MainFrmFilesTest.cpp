@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Copying games out of the library and deleting them, by the buttons of the main window.
+// Copying games out of the library and deleting them, with the buttons of the main window.
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -20,7 +20,7 @@ class MainFrmFilesTest : public QObject {
             qPrintable(messages().last()));
         QCOMPARE(opened->world.ends, 0);
     }
-    /// The copy button of the edit face.
+    /// Clicks the copy button on the edit face.
     void copy() {
         if (!isSeen(window().Picture1_1)) click(window().Edit_Menu);
         click(window().chameleonButton10);
@@ -64,7 +64,7 @@ private slots:
                                 "Advance|*.gba;*.agb;*.bin|GameBoy Color|*.gbc;*.cgb|GameBoy "
                                 "Classic|*.gb|ROMs en ZIP|*.zip"));
     }
-    void an_archive_is_copied_by_the_button_of_its_own_face() {
+    void an_archive_is_copied_by_the_button_on_its_own_face() {
         opened->game(QStringLiteral("pack.zip"), "archive");
         dialogs().answer = opened->world.folder.path(QStringLiteral("copy.zip"));
         opened->open();
@@ -81,19 +81,19 @@ private slots:
         QCOMPARE(opened->bytesOf(QStringLiteral("a.gb")), QByteArray("\0\r\n\x1A\xFF", 5));
         QCOMPARE(messages().boxes.size(), 0);
     }
-    void a_copy_replaces_a_file_of_its_name_also_a_longer_one() {
+    void a_copy_replaces_a_file_of_its_name_even_a_longer_one() {
         opened->game(QStringLiteral("a.gb"), "new");
         dialogs().answer = opened->world.folder.write(QStringLiteral("copy.gb"), "much longer than that");
         opened->open();
         copy();
         QCOMPARE(opened->world.folder.read(QStringLiteral("copy.gb")), QByteArray("new"));
     }
-    void no_name_and_a_blank_copy_nothing_data() {
+    void an_empty_or_blank_name_copies_nothing_data() {
         QTest::addColumn<QString>("answer");
         QTest::newRow("cancelled") << QString();
         QTest::newRow("a blank") << QStringLiteral(" ");
     }
-    void no_name_and_a_blank_copy_nothing() {
+    void an_empty_or_blank_name_copies_nothing() {
         QFETCH(QString, answer);
         opened->game(QStringLiteral("a.gb"));
         opened->open();
@@ -105,7 +105,7 @@ private slots:
         QCOMPARE(opened->world.folder.entries(QStringLiteral("roms")), QStringList{QStringLiteral("a.gb")});
         QCOMPARE(messages().boxes.size(), 0);
     }
-    void a_copy_to_a_place_that_is_not_there_is_told() {
+    void a_copy_to_a_missing_folder_is_reported() {
         opened->game(QStringLiteral("a.gb"));
         dialogs().answer = opened->world.folder.path(QStringLiteral("nowhere/copy.gb"));
         opened->open();
@@ -113,7 +113,7 @@ private slots:
         expectTold("53");
         QVERIFY(window().isVisible());
     }
-    void a_copy_for_which_there_is_no_room_is_told_and_the_former_target_is_whole() {
+    void a_copy_without_room_is_reported_and_the_old_target_stays_whole() {
         opened->game(QStringLiteral("a.gb"), QByteArray(20000, 'r'));
         dialogs().answer = opened->world.folder.write(QStringLiteral("copy.gb"), "former");
         opened->open();
@@ -126,7 +126,7 @@ private slots:
         for (const QString& name : opened->world.folder.entries())
             QVERIFY(!name.startsWith(QStringLiteral(".")));
     }
-    void a_copy_of_a_game_that_vanished_is_told() {
+    void a_copy_of_a_vanished_game_is_reported() {
         const QString path = opened->game(QStringLiteral("a.gb"));
         dialogs().answer = opened->world.folder.write(QStringLiteral("copy.gb"), "former");
         opened->open();
@@ -135,7 +135,7 @@ private slots:
         expectTold("53");
         QCOMPARE(opened->world.folder.read(QStringLiteral("copy.gb")), QByteArray("former"));
     }
-    void a_copy_onto_the_game_itself_is_told_and_harms_nothing() {
+    void a_copy_onto_the_game_itself_is_reported_and_does_no_harm() {
         dialogs().answer = opened->game(QStringLiteral("a.gb"), "content");
         opened->open();
         copy();
@@ -172,7 +172,7 @@ private slots:
     }
     void yes_deletes_the_game_and_the_main_window_is_a_new_one_on_its_first_game() {
         opened->games(3);
-        QPointer<MainFrm> former = &opened->open();
+        QPointer<MainFrm> old = &opened->open();
         opened->chooseRow(1);
         messages().answer = MsgBoxFlags::answerYes;
         deleteRom();
@@ -180,7 +180,7 @@ private slots:
         QVERIFY(exists("g001.gb") && exists("g003.gb"));
         MainFrm& fresh = window();
         collectGone();
-        QVERIFY(former.isNull());
+        QVERIFY(old.isNull());
         QVERIFY(fresh.isVisible());
         QCOMPARE(fresh.Games.ListIndex(), 0);
         QCOMPARE(fresh.Label41.Caption(), QStringLiteral("#1/2"));
@@ -189,7 +189,7 @@ private slots:
         opened->chooseRow(1);
         QCOMPARE(fresh.Games.FileName(), QStringLiteral("g003.gb"));
     }
-    void an_archive_is_deleted_by_the_button_of_its_own_face() {
+    void an_archive_is_deleted_by_the_button_on_its_own_face() {
         opened->game(QStringLiteral("pack.zip"));
         opened->open();
         messages().answer = MsgBoxFlags::answerYes;
@@ -208,7 +208,7 @@ private slots:
         QVERIFY(window().isVisible());
         QCOMPARE(opened->world.ends, 0);
     }
-    void a_game_that_cannot_be_deleted_is_told_and_the_window_stays() {
+    void a_game_that_cannot_be_deleted_is_reported_and_the_window_stays() {
         opened->games(2);
         MainFrm& main = opened->open();
         opened->world.folder.setMode(QStringLiteral("roms"), 0555);
@@ -225,7 +225,7 @@ private slots:
         QCOMPARE(opened->program->loaded<MainFrm>(), &main);
         QVERIFY(isSeen(main.Picture1_1));
     }
-    void a_game_that_vanished_before_the_deletion_is_told() {
+    void a_game_that_vanished_before_the_deletion_is_reported() {
         const QString path = opened->game(QStringLiteral("a.gb"));
         opened->open();
         QVERIFY(QFile::remove(path));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The launch of games from the main window, and what the window does meanwhile.
+// Launches of games from the main window, and what the window does meanwhile.
 #include "support/Archive.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -14,7 +14,7 @@ class MainFrmLaunchTest : public QObject {
     FakeProcesses& processes() const { return opened->world.processes; }
     QByteArray emulator() const { return opened->world.appPath().toUtf8() + "/emuladores/mgba.sh"; }
     QByteArray roms() const { return opened->world.appPath().toUtf8() + "/roms/"; }
-    /// One start took place: the emulator with these words, joined by blanks again.
+    /// Checks that the emulator was started once, with this file; its arguments are joined by blanks.
     void expectStarted(const QByteArray& fileName) {
         QCOMPARE(processes().starts.size(), 1);
         QCOMPARE(processes().starts[0].program, emulator());
@@ -58,7 +58,7 @@ private slots:
         const QByteArrayList expected = {roms() + "two", "words", "", "and", "a", "\"quote\".gb"};
         QCOMPARE(processes().starts[0].arguments, expected);
     }
-    void signs_that_mean_something_to_a_shell_are_passed_as_they_stand() {
+    void characters_special_to_a_shell_are_passed_unchanged() {
         opened->game(QStringLiteral("$(touch x);&|`y`<>*.gb"));
         opened->open();
         click(window().ChameleonButton16);
@@ -70,7 +70,7 @@ private slots:
         click(window().ChameleonButton16);
         expectStarted("ゲーム.gb");
     }
-    void a_name_of_bytes_that_are_no_text_reaches_the_emulator() {
+    void a_name_that_is_not_utf_8_reaches_the_emulator() {
         opened->world.folder.writeNative("roms/a\xFF\xE9.gb", "x");
         opened->open();
         click(window().ChameleonButton16);
@@ -106,7 +106,7 @@ private slots:
         QVERIFY(!main.isVisible());
         QCOMPARE(main.windowStateWord(), Form::normal);
     }
-    void a_missing_emulator_restores_the_window_at_once_and_tells_nothing() {
+    void a_missing_emulator_restores_the_window_at_once_without_a_message() {
         opened->world.folder.write(QStringLiteral("emuladores/emus.dat"), "None#\\none.sh\r\n");
         opened->games(1);
         opened->open();
@@ -116,7 +116,7 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.size(), 0);
         QCOMPARE(opened->world.ends, 0);
     }
-    void a_game_that_vanished_is_handed_to_the_emulator_all_the_same() {
+    void a_vanished_game_is_still_handed_to_the_emulator() {
         const QString path = opened->game(QStringLiteral("a.gb"));
         opened->open();
         QVERIFY(QFile::remove(path));
@@ -125,7 +125,7 @@ private slots:
     }
 
     // Archives
-    void an_archive_goes_straight_to_the_emulator_and_the_window_stays() {
+    void an_archive_is_handed_to_the_emulator_and_the_window_stays() {
         opened->game(QStringLiteral("pack.zip"));
         MainFrm& main = opened->open();
         Form::State during = Form::minimised;
@@ -145,20 +145,20 @@ private slots:
         QCOMPARE(processes().starts.size(), 0);
         QVERIFY(!window().isVisible());
     }
-    void with_zip_set_to_1_a_game_is_started_as_ever() {
+    void with_zip_set_to_1_a_game_is_started_as_usual() {
         opened->game(QStringLiteral("a.gb"));
         opened->world.setSetting("zip", QStringLiteral("1"));
         opened->open();
         click(window().ChameleonButton16);
         expectStarted("a.gb");
     }
-    void any_other_zip_setting_goes_straight_data() {
+    void any_other_zip_setting_starts_the_emulator_data() {
         QTest::addColumn<QString>("zip");
         QTest::newRow("0") << QStringLiteral("0");
         QTest::newRow("2") << QStringLiteral("2");
         QTest::newRow("True") << QStringLiteral("True");
     }
-    void any_other_zip_setting_goes_straight() {
+    void any_other_zip_setting_starts_the_emulator() {
         QFETCH(QString, zip);
         opened->game(QStringLiteral("pack.zip"));
         opened->world.setSetting("zip", zip);
@@ -176,14 +176,14 @@ private slots:
         QCOMPARE(opened->world.ends, 1);
         QCOMPARE(processes().starts.size(), 0);
     }
-    void the_second_piece_decides_what_an_archive_is_data() {
+    void the_second_piece_of_the_name_decides_what_an_archive_is_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("archive");
         QTest::newRow("two dots") << QStringLiteral("game.rev.zip") << false;
         QTest::newRow("upper case") << QStringLiteral("GAME.ZIP") << true;
         QTest::newRow("zip in the middle") << QStringLiteral("game.zip.gb") << true;
     }
-    void the_second_piece_decides_what_an_archive_is() {
+    void the_second_piece_of_the_name_decides_what_an_archive_is() {
         QFETCH(QString, name);
         QFETCH(bool, archive);
         opened->game(name);
@@ -204,13 +204,13 @@ private slots:
         QCOMPARE(window().windowStateWord(), Form::normal);
         QCOMPARE(opened->world.ends, 0);
     }
-    void a_list_of_emulators_that_cannot_be_used_starts_nothing_and_the_games_are_there_data() {
+    void an_unusable_list_of_emulators_starts_nothing_and_the_games_are_listed_data() {
         QTest::addColumn<QByteArray>("content");
-        QTest::newRow("no sign") << QByteArray("mGBA \\mgba.sh\r\n");
+        QTest::newRow("no separator") << QByteArray("mGBA \\mgba.sh\r\n");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("first line empty") << QByteArray("\r\nmGBA#\\mgba.sh\r\n");
     }
-    void a_list_of_emulators_that_cannot_be_used_starts_nothing_and_the_games_are_there() {
+    void an_unusable_list_of_emulators_starts_nothing_and_the_games_are_listed() {
         QFETCH(QByteArray, content);
         opened->world.folder.write(QStringLiteral("emuladores/emus.dat"), content);
         opened->games(2);
@@ -221,7 +221,7 @@ private slots:
         QCOMPARE(window().windowStateWord(), Form::normal);
         QCOMPARE(opened->world.messages.boxes.size(), 0);
     }
-    void a_missing_list_of_emulators_starts_nothing_and_the_games_are_there() {
+    void a_missing_list_of_emulators_starts_nothing_and_the_games_are_listed() {
         QVERIFY(QFile::remove(opened->world.folder.path(QStringLiteral("emuladores/emus.dat"))));
         opened->games(2);
         opened->open();
@@ -239,7 +239,7 @@ private slots:
         click(window().ChameleonButton16);
         expectStarted("g001.gb");
     }
-    void refresh_reads_the_list_of_emulators_again_and_keeps_the_former_one_if_it_is_gone() {
+    void refresh_reads_the_list_of_emulators_again_and_keeps_the_old_one_if_it_is_gone() {
         opened->games(1);
         opened->open();
         opened->world.folder.write(QStringLiteral("emuladores/emus.dat"), "Other#\\other\\mgba.sh\r\n");

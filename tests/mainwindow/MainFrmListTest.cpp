@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The game list of the main window: its making out of the folder, its heights, its moves within the frame.
+// The game list of the main window: how it is built from the folder, its height, and how it scrolls.
 #include "support/NotedRows.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -24,9 +24,7 @@ class MainFrmListTest : public QObject {
 
     std::unique_ptr<OpenedProgram> opened;
     MainFrm& window() const { return opened->main(); }
-    void wheel(int steps) const {
-        wheelOn(window().ListView1, -120 * steps);
-    }
+    void wheel(int steps) const { wheelOn(window().ListView1, -120 * steps); }
     void key(Qt::Key code) const {
         window().ListView1.setFocus();
         pressKey(window().ListView1, code);
@@ -36,7 +34,7 @@ private slots:
     void init() { opened = std::make_unique<OpenedProgram>(); }
     void cleanup() { opened.reset(); }
 
-    void rows_are_the_names_in_front_of_the_first_dot_in_their_order() {
+    void rows_are_the_names_up_to_the_first_dot_in_order() {
         for (const char* name : {"beta.gb", "Alpha.gbc", "gamma.v2.gba", "delta.ZIP", "notes.txt", "x.bin"}) {
             opened->game(QString::fromLatin1(name));
         }
@@ -47,7 +45,7 @@ private slots:
         QCOMPARE(textsOf(window().ListView1), expected);
         QCOMPARE(window().TotalRom.Caption(), QStringLiteral("0004"));
     }
-    void kinds_that_only_the_second_list_knows_are_counted_but_push_the_names_out_of_step() {
+    void kinds_known_only_to_the_second_list_are_counted_but_misalign_the_names() {
         opened->game(QStringLiteral("a.gb"));
         opened->game(QStringLiteral("b.cgb"));
         opened->game(QStringLiteral("c.gb"));
@@ -62,7 +60,7 @@ private slots:
         opened->chooseRow(1);
         QCOMPARE(main.Games.FileName(), QStringLiteral("c.gb"));
     }
-    void a_library_of_second_list_kinds_alone_has_a_total_and_no_rows() {
+    void a_library_of_only_second_list_kinds_has_a_total_and_no_rows() {
         opened->game(QStringLiteral("a.cgb"));
         MainFrm& main = opened->open();
         QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0001"));
@@ -82,7 +80,7 @@ private slots:
         opened->games(count);
         QCOMPARE(opened->open().TotalRom.Caption(), total);
     }
-    void a_row_is_cut_to_30_characters_while_the_launch_takes_the_whole_name() {
+    void a_row_is_cut_to_30_characters_but_the_launch_uses_the_whole_name() {
         const QString name = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789.gb");
         opened->game(name);
         opened->open();
@@ -115,7 +113,7 @@ private slots:
         QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0002"));
         QCOMPARE(main.Games.Path(), opened->world.appPath() + QStringLiteral("\\roms"));
     }
-    void refresh_shows_what_came_and_selects_the_first_game() {
+    void refresh_lists_new_games_and_selects_the_first() {
         opened->games(2);
         MainFrm& main = opened->open();
         opened->chooseRow(1);
@@ -135,7 +133,7 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.size(), 0);
         QCOMPARE(opened->world.ends, 0);
     }
-    void refresh_of_a_library_that_became_empty_shows_nothing_of_the_vanished_game() {
+    void refresh_of_an_emptied_library_shows_nothing_of_the_vanished_game() {
         opened->game(QStringLiteral("pack.zip"));
         MainFrm& main = opened->open();
         main.EditID3Title.setText(QStringLiteral("left over"));
@@ -159,7 +157,7 @@ private slots:
         QCOMPARE(main.Games.ListIndex(), 3);
         QCOMPARE(main.File1.ListIndex(), 3);
     }
-    void refresh_of_a_library_that_became_empty_leaves_no_game_selected() {
+    void refresh_of_an_emptied_library_leaves_no_game_selected() {
         const QString path = opened->game(QStringLiteral("a.gb"));
         MainFrm& main = opened->open();
         QVERIFY(QFile::remove(path));
@@ -177,17 +175,17 @@ private slots:
         QCOMPARE(opened->open().TotalRom.Caption(), QStringLiteral("0001"));
     }
 
-    // Heights and moves
-    void the_height_of_the_list_is_one_row_less_than_its_games_data() {
+    // Height and scrolling
+    void the_list_is_one_row_less_high_than_its_games_data() {
         QTest::addColumn<int>("count");
         for (const int count : {1, 2, 10, 11, 12, 22, 40}) QTest::addRow("%d", count) << count;
     }
-    void the_height_of_the_list_is_one_row_less_than_its_games() {
+    void the_list_is_one_row_less_high_than_its_games() {
         QFETCH(int, count);
         opened->games(count);
         QCOMPARE(opened->open().ListView1.Height(), (count - 1) * 33);
     }
-    void the_scroll_buttons_move_by_the_frame_while_there_is_something_left_data() {
+    void the_scroll_buttons_move_by_the_frame_until_the_end_data() {
         QTest::addColumn<int>("count");
         QTest::addColumn<QList<int>>("tops"); // after each press of the lower button
         QTest::newRow("1") << 1 << QList<int>{1, 1};
@@ -198,7 +196,7 @@ private slots:
         QTest::newRow("22") << 22 << QList<int>{-329, -659, -659};
         QTest::newRow("40") << 40 << QList<int>{-329, -659, -989, -989};
     }
-    void the_scroll_buttons_move_by_the_frame_while_there_is_something_left() {
+    void the_scroll_buttons_move_by_the_frame_until_the_end() {
         QFETCH(int, count);
         QFETCH(QList<int>, tops);
         opened->games(count);
@@ -217,7 +215,7 @@ private slots:
         click(main.chameleonButton14);
         QCOMPARE(main.ListView1.Top(), 1);
     }
-    void the_upper_button_needs_a_top_below_minus_3_and_goes_no_further_than_the_upper_end() {
+    void the_upper_button_needs_a_top_below_minus_3_and_stops_at_the_upper_end() {
         opened->games(40);
         MainFrm& main = opened->open();
         main.ListView1.setTop(-3);
@@ -230,7 +228,7 @@ private slots:
         click(main.chameleonButton14);
         QCOMPARE(main.ListView1.Top(), -70);
     }
-    void the_lower_button_scrolls_on_the_press_already() {
+    void the_lower_button_scrolls_on_press() {
         opened->games(40);
         MainFrm& main = opened->open();
         const QPoint place = main.chameleonButton15.geometry().center();
@@ -244,7 +242,7 @@ private slots:
         QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, up);
         QCOMPARE(main.ListView1.Top(), 1);
     }
-    void a_row_that_was_scrolled_to_can_be_clicked() {
+    void a_row_scrolled_into_view_can_be_clicked() {
         opened->games(22);
         MainFrm& main = opened->open();
         click(main.chameleonButton15);
@@ -260,7 +258,7 @@ private slots:
         QCOMPARE(main.Games.ListIndex(), 1);
     }
     void the_last_game_is_reached_by_keys_and_by_the_wheel_data() {
-        the_height_of_the_list_is_one_row_less_than_its_games_data();
+        the_list_is_one_row_less_high_than_its_games_data();
     }
     void the_last_game_is_reached_by_keys_and_by_the_wheel() {
         QFETCH(int, count);
@@ -307,7 +305,7 @@ private slots:
         QCOMPARE(main.Games.ListIndex(), 0);
         QVERIFY(rowIsInSight(main, 0));
     }
-    void names_with_signs_of_markup_and_formats_are_shown_as_they_stand() {
+    void names_with_markup_and_format_characters_are_shown_literally() {
         opened->game(QStringLiteral("<b>%s & 100%<_b>.zip"));
         MainFrm& main = opened->open();
         QCOMPARE(textsOf(main.ListView1), QStringList{QStringLiteral("<b>%s & 100%<_b>")});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the edit fields of a tag take from the user and what they leave out.
+// What the edit fields of a tag accept from the user, and what they drop.
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
 
@@ -41,8 +41,8 @@ private slots:
     }
     void cleanup() { opened.reset(); }
 
-    void every_field_takes_what_a_tag_can_hold_data() { fieldRows(); }
-    void every_field_takes_what_a_tag_can_hold() {
+    void every_field_accepts_what_a_tag_can_hold_data() { fieldRows(); }
+    void every_field_accepts_what_a_tag_can_hold() {
         QFETCH(QString, name);
         const QString text = QStringLiteral("Año €5 “Ça” œ ÿ <b>&%s</b>");
         click(field(name));
@@ -50,8 +50,8 @@ private slots:
         QCOMPARE(field(name).Text(), text);
         expectNoHint();
     }
-    void typed_characters_that_a_tag_cannot_hold_are_left_out_with_a_hint_data() { fieldRows(); }
-    void typed_characters_that_a_tag_cannot_hold_are_left_out_with_a_hint() {
+    void typed_characters_that_a_tag_cannot_hold_are_dropped_with_a_hint_data() { fieldRows(); }
+    void typed_characters_that_a_tag_cannot_hold_are_dropped_with_a_hint() {
         QFETCH(QString, name);
         click(field(name));
         typeText(*field(name).focusProxy(), QStringLiteral("a"));
@@ -66,8 +66,8 @@ private slots:
         typeText(*field(name).focusProxy(), QStringLiteral("b"));
         QCOMPARE(field(name).Text(), QStringLiteral("ab"));
     }
-    void pasted_characters_that_a_tag_cannot_hold_are_left_out_with_a_hint_data() { fieldRows(); }
-    void pasted_characters_that_a_tag_cannot_hold_are_left_out_with_a_hint() {
+    void pasted_characters_that_a_tag_cannot_hold_are_dropped_with_a_hint_data() { fieldRows(); }
+    void pasted_characters_that_a_tag_cannot_hold_are_dropped_with_a_hint() {
         QFETCH(QString, name);
         paste(field(name), QString::fromUtf8("Vö§RäN ゲーム 🎮 end"));
         QCOMPARE(field(name).Text(), QStringLiteral("VöRäN   end"));
@@ -81,19 +81,19 @@ private slots:
         QCOMPARE(field(name).Text(), QStringLiteral("one two three four five"));
         expectHint();
     }
-    void enter_in_the_text_of_several_lines_becomes_a_blank() {
+    void enter_in_the_multi_line_field_becomes_a_blank() {
         click(window().EditID3Info);
         typeText(*window().EditID3Info.focusProxy(), QStringLiteral("a"));
         QTest::keyClick(window().EditID3Info.focusProxy(), Qt::Key_Return);
         typeText(*window().EditID3Info.focusProxy(), QStringLiteral("b"));
         QCOMPARE(window().EditID3Info.Text(), QStringLiteral("a b"));
     }
-    void the_hint_goes_away_after_a_second() {
+    void the_hint_disappears_after_a_second() {
         paste(window().EditID3Title, QStringLiteral("§"));
         expectHint();
         QTRY_COMPARE_WITH_TIMEOUT(window().Label13.Caption(), QStringLiteral("» Game list"), 3000);
     }
-    void what_was_pasted_is_what_stands_in_the_file() {
+    void pasted_text_is_what_the_file_holds() {
         paste(window().EditID3Title, QString::fromUtf8("T§1\nゲ2"));
         paste(window().EditID3Company, QStringLiteral("C"));
         paste(window().EditID3Info, QStringLiteral("I\r\nID3TAG§x"));
@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(window().GameInfo.Caption(), QStringLiteral("I ID3TAGx"));
     }
 
-    void the_text_for_nothing_empties_title_and_info_but_not_the_company() {
+    void the_placeholder_text_empties_title_and_info_but_not_the_company() {
         for (TextBox* box : {&window().EditID3Title, &window().EditID3Info, &window().EditID3Company}) {
             paste(*box, QStringLiteral("Not available"));
         }
@@ -118,7 +118,7 @@ private slots:
         paste(window().EditID3Title, QStringLiteral("Not available, really"));
         QCOMPARE(window().EditID3Title.Text(), QStringLiteral("Not available, really"));
     }
-    void the_text_for_nothing_in_a_file_is_shown_on_the_view_face_only() {
+    void the_placeholder_text_in_a_file_is_shown_only_on_the_view_face() {
         opened->game(QStringLiteral("b.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7"
                                                                      "C\xA7Not available\xA7"
                                                                      "1\xA7Not available\xA7"
@@ -130,7 +130,7 @@ private slots:
         QCOMPARE(window().EditID3Info.Text(), QString());
         QCOMPARE(window().EditID3Company.Text(), QStringLiteral("C"));
     }
-    void the_counter_shows_what_is_left_of_125_also_below_zero() {
+    void the_counter_shows_what_is_left_of_125_even_below_zero() {
         click(window().EditID3Info);
         typeText(*window().EditID3Info.focusProxy(), QStringLiteral("abc"));
         QCOMPARE(window().Label2.Caption(), QStringLiteral("122"));
@@ -143,7 +143,7 @@ private slots:
         QCOMPARE(window().Label2.Caption(), QStringLiteral("-2"));
         QCOMPARE(window().EditID3Info.Text().size(), 127);
     }
-    void a_text_longer_than_the_counter_says_is_saved_whole() {
+    void a_text_longer_than_the_counter_allows_is_saved_completely() {
         paste(window().EditID3Title, QStringLiteral("T"));
         paste(window().EditID3Company, QStringLiteral("C"));
         paste(window().EditID3Info, QString(300, QLatin1Char('i')));
@@ -151,7 +151,7 @@ private slots:
         click(window().chameleonButton19);
         QVERIFY(opened->bytesOf(QStringLiteral("a.gb")).contains(QByteArray(300, 'i')));
     }
-    void tab_goes_from_field_to_field() {
+    void tab_moves_from_field_to_field() {
         click(window().EditID3Title);
         QVERIFY(QTest::qWaitForWindowActive(&window()));
         QTest::keyClick(window().EditID3Title.focusProxy(), Qt::Key_Tab);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Tags in the main window: the two faces, what a save and a deletion leave in the file, byte for byte, and
-// what is told when they fail.
+// what is reported when they fail.
 #include "support/Failing.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -101,7 +101,7 @@ private slots:
         QCOMPARE(main.EditID3Info.Text(), QStringLiteral("Info"));
         QCOMPARE(main.Label2.Caption(), QStringLiteral("121"));
     }
-    void a_text_of_a_file_is_shown_as_it_stands() {
+    void text_from_a_file_is_shown_literally() {
         MainFrm& main = openOn(image() + tagLine("100%s & %n\xA7<b>T</b> &amp;\xA7"
                                                  "1\xA7<img src='x'>\xA7"
                                                  "3000"));
@@ -114,7 +114,7 @@ private slots:
         main.GameTitle.setCaption(QStringLiteral("T &amp;"));
         QVERIFY(main.GameTitle.grab().toImage() != marked);
     }
-    void every_byte_of_a_tag_survives_a_save_of_what_was_not_touched() {
+    void every_byte_of_untouched_fields_survives_a_save() {
         QByteArray odd;
         for (int byte = 0x20; byte < 0x100; ++byte) {
             if (byte != 0xA7) odd += static_cast<char>(byte);
@@ -128,7 +128,7 @@ private slots:
         QCOMPARE(opened->bytesOf(gameName), image() + "\r\n" + savedLine("c" + odd, "t" + odd, "new", 3002));
     }
 
-    void the_fields_keep_what_was_saved_where_the_reader_does_not_find_it() {
+    void the_fields_keep_what_was_saved_even_if_the_reader_misses_it() {
         openOn(image(500));
         enter(window().EditID3Title, QStringLiteral("Small"));
         enter(window().EditID3Company, QStringLiteral("Tiny"));
@@ -140,13 +140,13 @@ private slots:
         QCOMPARE(window().EditID3Info.Text(), QStringLiteral("A file under 2,048 bytes"));
         QCOMPARE(window().GameTitle.Caption(), opened->text("globals", "nodisp"));
     }
-    void a_line_that_is_too_long_for_the_reader_is_announced_on_the_status_line_data() {
+    void a_line_too_long_for_the_reader_is_announced_on_the_status_line_data() {
         QTest::addColumn<int>("lineLength");
         QTest::addColumn<bool>("isTooLong");
         QTest::newRow("the longest that is read") << 1025 << false;
         QTest::newRow("one more") << 1026 << true;
     }
-    void a_line_that_is_too_long_for_the_reader_is_announced_on_the_status_line() {
+    void a_line_too_long_for_the_reader_is_announced_on_the_status_line() {
         QFETCH(int, lineLength);
         QFETCH(bool, isTooLong);
         openOn(image());
@@ -162,7 +162,7 @@ private slots:
         QCOMPARE(window().EditID3Info.Text(), info);
         QCOMPARE(window().GameTitle.Caption() == QStringLiteral("t"), !isTooLong);
     }
-    void a_save_appends_the_line_of_the_fields_and_of_today() {
+    void a_save_appends_a_line_of_the_fields_and_todays_date() {
         openOn(image());
         enterAll("The title", "Señor & Co.", "What it is");
         save();
@@ -193,7 +193,7 @@ private slots:
         save();
         QCOMPARE(opened->bytesOf(gameName), image() + "\r\n\r\n" + savedLine("C", "T", "I", 3004));
     }
-    void an_incomplete_form_is_told_and_writes_nothing_data() {
+    void an_incomplete_form_is_reported_and_writes_nothing_data() {
         QTest::addColumn<QByteArray>("title");
         QTest::addColumn<QByteArray>("company");
         QTest::addColumn<QByteArray>("info");
@@ -204,7 +204,7 @@ private slots:
         QTest::newRow("title not available")
             << QByteArray("Not available") << QByteArray("C") << QByteArray("I");
     }
-    void an_incomplete_form_is_told_and_writes_nothing() {
+    void an_incomplete_form_is_reported_and_writes_nothing() {
         QFETCH(QByteArray, title);
         QFETCH(QByteArray, company);
         QFETCH(QByteArray, info);
@@ -218,7 +218,7 @@ private slots:
         QCOMPARE(messages().boxes.last().flags, 64);
         QCOMPARE(opened->bytesOf(gameName), image());
     }
-    void a_blank_counts_as_something() {
+    void a_blank_counts_as_a_value() {
         openOn(image());
         enterAll(" ", " ", " ");
         save();
@@ -258,7 +258,7 @@ private slots:
         QVERIFY(isSeen(main.Picture1_1));
         QCOMPARE(messages().boxes.size(), 0);
     }
-    void deleting_a_tag_keeps_a_far_game_in_sight() {
+    void deleting_a_tag_keeps_a_far_game_in_view() {
         opened->games(40);
         opened->game(QStringLiteral("z.gb"), image() + tagLine("C\xA7T\xA7"
                                                                "1\xA7I\xA7"
@@ -272,7 +272,7 @@ private slots:
         const int top = main.ListView1.Top() + 40 * 33;
         QVERIFY(top >= 0 && top + 33 <= main.Picture2.height());
     }
-    void a_game_without_a_tag_is_left_alone_with_list_and_selection() {
+    void deleting_the_tag_of_an_untagged_game_changes_nothing() {
         opened->games(2);
         MainFrm& main = opened->open();
         opened->chooseRow(1);
@@ -295,7 +295,7 @@ private slots:
     }
 
     // Failures
-    void a_save_for_which_there_is_no_room_is_told_and_leaves_file_and_form_data() {
+    void a_save_without_room_is_reported_and_leaves_file_and_form_data() {
         QTest::addColumn<QByteArray>("before");
         QTest::addColumn<int>("largestFile");
         const QByteArray tagged = image() + tagLine("C\xA7T\xA7"
@@ -306,7 +306,7 @@ private slots:
         QTest::newRow("tag, no room for the image") << tagged << 2000;
         QTest::newRow("tag, room for the image alone") << tagged << 3002;
     }
-    void a_save_for_which_there_is_no_room_is_told_and_leaves_file_and_form() {
+    void a_save_without_room_is_reported_and_leaves_file_and_form() {
         QFETCH(QByteArray, before);
         QFETCH(int, largestFile);
         openOn(before);
@@ -318,14 +318,14 @@ private slots:
         QCOMPARE(opened->bytesOf(gameName), before);
         expectToldAndFormKept("61");
     }
-    void a_save_into_a_read_only_library_is_told_and_leaves_file_and_form_data() {
+    void a_save_into_a_read_only_library_is_reported_and_leaves_file_and_form_data() {
         QTest::addColumn<QByteArray>("before");
         QTest::newRow("no tag") << image();
         QTest::newRow("tag") << image() + tagLine("C\xA7T\xA7"
                                                   "1\xA7I\xA7"
                                                   "3000");
     }
-    void a_save_into_a_read_only_library_is_told_and_leaves_file_and_form() {
+    void a_save_into_a_read_only_library_is_reported_and_leaves_file_and_form() {
         QFETCH(QByteArray, before);
         openOn(before);
         enterAll("New title", "New company", "New info");
@@ -339,7 +339,7 @@ private slots:
         QCOMPARE(opened->bytesOf(gameName), before);
         expectToldAndFormKept("70");
     }
-    void a_save_of_a_game_that_vanished_is_told_and_makes_no_file() {
+    void a_save_of_a_vanished_game_is_reported_and_creates_no_file() {
         openOn(image());
         enterAll("New title", "New company", "New info");
         QVERIFY(QFile::remove(opened->world.folder.path(QStringLiteral("roms/a.gb"))));
@@ -350,7 +350,7 @@ private slots:
         QCOMPARE(window().EditID3Title.Text(), QStringLiteral("New title"));
         QCOMPARE(opened->world.ends, 0);
     }
-    void a_deletion_that_fails_is_told_and_leaves_file_and_form() {
+    void a_failed_deletion_is_reported_and_leaves_file_and_form() {
         const QByteArray before = image() + tagLine("C\xA7T\xA7"
                                                     "1\xA7I\xA7"
                                                     "3000");
@@ -363,7 +363,7 @@ private slots:
         QCOMPARE(opened->bytesOf(gameName), before);
         expectToldAndFormKept("61");
     }
-    void a_tag_that_cannot_be_understood_is_told_and_not_deleted() {
+    void an_invalid_tag_is_reported_and_not_deleted() {
         const QByteArray before = image() + tagLine("C\xA7T\xA7"
                                                     "1\xA7I\xA7"
                                                     "many");

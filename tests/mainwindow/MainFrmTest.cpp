@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window: its load, the selection of games and archives, hints, tools, and its place on the screen.
+// The main window: its load, the selection of games and archives, hints, tools, and its screen position.
 #include "platform/forms/Screen.h"
 #include "support/Archive.h"
 #include "support/Failing.h"
@@ -32,7 +32,7 @@ private slots:
     void the_title_is_the_prefix_and_the_languages_text() {
         QCOMPARE(opened->open().Label1.Caption(), QStringLiteral("Torvane 1.1 » Main menu"));
     }
-    void an_empty_library_leaves_the_panel_at_its_texts_for_nothing() {
+    void an_empty_library_leaves_the_placeholder_texts_on_the_panel() {
         MainFrm& main = opened->open();
         QCOMPARE(main.Label41.Caption(), QStringLiteral("#1/0"));
         QCOMPARE(main.TotalRom.Caption(), QStringLiteral("0000"));
@@ -47,7 +47,7 @@ private slots:
         QVERIFY(!isSeen(main.Picture1_2));
         QCOMPARE(messages().boxes.size(), 0);
     }
-    void a_missing_library_folder_counts_as_an_empty_one() {
+    void a_missing_library_folder_counts_as_empty() {
         opened->world.folder.makeFolder(QStringLiteral("roms"));
         QVERIFY(QDir(opened->world.folder.path(QStringLiteral("roms"))).removeRecursively());
         QCOMPARE(opened->open().TotalRom.Caption(), QStringLiteral("0000"));
@@ -65,7 +65,7 @@ private slots:
         QCOMPARE(main.GameAutor.Caption(), QString());
         QCOMPARE(main.GameFormat.Caption(), QStringLiteral(" [3KB]"));
     }
-    void an_archive_that_comes_first_shows_the_archives_face() {
+    void an_archive_in_the_first_row_shows_the_archive_face() {
         opened->game(QStringLiteral("a.zip"));
         opened->game(QStringLiteral("b.gb"));
         MainFrm& main = opened->open();
@@ -77,7 +77,7 @@ private slots:
         opened->world.folder.write(QStringLiteral("data/hosts.ini"), "[Hosts]\nweb=https://web.example\n");
         QCOMPARE(opened->open().ShockwaveFlash1.Movie(), QStringLiteral("https://web.example/banner.swf"));
     }
-    void a_twin_shows_the_same_text_after_any_change() {
+    void twin_labels_show_the_same_text_after_any_change() {
         opened->game(QStringLiteral("a.gb"));
         opened->game(QStringLiteral("b.zip"));
         const QList<QPair<const char*, const char*>> twins = {
@@ -156,7 +156,7 @@ private slots:
         QVERIFY(isSeen(main.Picture1_0));
         QCOMPARE(main.Label17.Caption(), QStringLiteral("» ROM.TAG Info"));
     }
-    void a_game_behind_an_archive_keeps_the_edit_face_and_its_heading() {
+    void a_game_after_an_archive_keeps_the_edit_face_and_its_heading() {
         opened->game(QStringLiteral("a.gb"));
         opened->game(QStringLiteral("b.zip"));
         MainFrm& main = opened->open();
@@ -167,7 +167,7 @@ private slots:
         QVERIFY(isSeen(main.Picture1_1));
         QCOMPARE(main.Label17.Caption(), QStringLiteral("» Edit ROM.TAG"));
     }
-    void the_tag_record_follows_an_archive_too() {
+    void the_tag_record_is_set_for_an_archive_too() {
         opened->game(QStringLiteral("a.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7"
                                                                      "Acme\xA7T\xA7"
                                                                      "1\xA7I\xA7"
@@ -186,7 +186,7 @@ private slots:
         QVERIFY(isSeen(window().ID3_Menu));
     }
 
-    void an_archive_that_vanished_is_told_and_the_program_goes_on() {
+    void a_vanished_archive_is_reported_and_the_program_goes_on() {
         opened->game(QStringLiteral("a.gb"));
         const QString path = opened->game(QStringLiteral("b.zip"));
         opened->open();
@@ -197,7 +197,7 @@ private slots:
         QVERIFY(isSeen(window().ID3_Menu));
         QCOMPARE(messages().boxes.size(), 1);
     }
-    void an_archive_that_cannot_be_read_is_told_and_the_program_goes_on() {
+    void an_unreadable_archive_is_reported_and_the_program_goes_on() {
         opened->game(QStringLiteral("a.gb"));
         opened->game(QStringLiteral("b.zip"));
         opened->world.folder.setMode(QStringLiteral("roms/b.zip"), 0);
@@ -206,7 +206,7 @@ private slots:
         opened->chooseRow(1);
         expectToldAndGoingOn("70");
     }
-    void a_game_that_vanished_or_cannot_be_read_shows_as_one_without_a_tag() {
+    void a_vanished_or_unreadable_game_appears_untagged() {
         opened->game(QStringLiteral("a.gb"));
         const QString path = opened->game(QStringLiteral("b.gb"));
         opened->game(QStringLiteral("c.gb"), QByteArray(3000, 'r') + "ID3TAG\xA7"
@@ -228,7 +228,7 @@ private slots:
     }
 
     // Hints and tools
-    void the_pointer_over_refresh_gives_a_hint_and_the_displayer_puts_the_heading_back() {
+    void the_pointer_over_refresh_shows_a_hint_and_the_displayer_restores_the_heading() {
         MainFrm& main = opened->open();
         QCOMPARE(main.Label13.Caption(), QStringLiteral("» Game list"));
         QCOMPARE(main.displayer.Interval(), 1000);
@@ -239,7 +239,7 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(main.Label13.Caption(), QStringLiteral("» Game list"), 3000);
         QVERIFY(!main.displayer.Enabled());
     }
-    void the_hints_of_the_other_tools_come_in_the_same_way() {
+    void the_other_tools_show_hints_in_the_same_way() {
         MainFrm& main = opened->open();
         emit main.Searcher.MouseMove(0, 0, 1, 1);
         QCOMPARE(main.Label13.Caption(), QStringLiteral("» Advanced search"));
@@ -249,7 +249,7 @@ private slots:
         QCOMPARE(main.Label13.Caption(), QStringLiteral("» Game list"));
         QVERIFY(!main.displayer.Enabled());
     }
-    void a_tool_ends_in_its_window_or_is_switched_off_data() {
+    void a_tool_opens_its_window_or_is_disabled_data() {
         QTest::addColumn<QByteArray>("button");
         QTest::addColumn<QByteArray>("opens");
         QTest::addColumn<bool>("isBuilt");
@@ -268,7 +268,7 @@ private slots:
         row("ChameleonButton13", "ZIP_Viewer", true);
         row("chameleonButton1", "TorvMsg", true);
     }
-    void a_tool_ends_in_its_window_or_is_switched_off() {
+    void a_tool_opens_its_window_or_is_disabled() {
         QFETCH(QByteArray, button);
         QFETCH(QByteArray, opens);
         QFETCH(bool, isBuilt);
@@ -286,14 +286,14 @@ private slots:
         QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
         QCOMPARE(main.isVisible(), opens != "ZIP_Viewer");
     }
-    void the_tools_of_the_list_and_of_the_window_are_on() {
+    void the_tools_of_the_list_and_of_the_window_are_enabled() {
         MainFrm& main = opened->open();
         for (const chameleonButton* button : {&main.Refresh, &main.chameleonButton1, &main.chameleonButton2,
                                               &main.chameleonButton14, &main.chameleonButton15}) {
             QVERIFY2(button->isEnabled(), qPrintable(button->objectName()));
         }
     }
-    void minimise_puts_the_window_into_the_task_bar() {
+    void minimise_moves_the_window_to_the_task_bar() {
         MainFrm& main = opened->open();
         click(main.chameleonButton2);
         QCOMPARE(main.windowStateWord(), Form::minimised);
@@ -317,7 +317,7 @@ private slots:
         QCOMPARE(opened->open().TrayIcon1.isShown(), shown);
         QCOMPARE(opened->world.ends, 0);
     }
-    void the_icon_setting_names_the_picture_of_the_tray_icon() {
+    void the_icon_setting_selects_the_picture_of_the_tray_icon() {
         QImage blue(16, 16, QImage::Format_RGB32);
         blue.fill(Qt::blue);
         QVERIFY(blue.save(opened->world.folder.path(QStringLiteral("data/tray/3.dat")), "PNG"));
@@ -325,13 +325,13 @@ private slots:
         const QPixmap picture = opened->open().TrayIcon1.picture();
         QCOMPARE(picture.toImage().pixelColor(5, 5), QColor(Qt::blue));
     }
-    void a_missing_icon_is_no_obstacle_data() {
+    void a_missing_icon_does_no_harm_data() {
         QTest::addColumn<QString>("icon");
         QTest::newRow("no such number") << QStringLiteral("99");
         QTest::newRow("a path out of the folder") << QStringLiteral("..\\..\\roms\\a");
         QTest::newRow("nothing") << QStringLiteral(" ");
     }
-    void a_missing_icon_is_no_obstacle() {
+    void a_missing_icon_does_no_harm() {
         QFETCH(QString, icon);
         opened->world.setSetting("Icon", icon);
         QVERIFY(opened->open().TrayIcon1.picture().isNull());
@@ -348,7 +348,7 @@ private slots:
         QCOMPARE(messages().boxes.size(), 0);
     }
 
-    // The place on the screen
+    // Screen position
     void the_title_band_moves_the_window() {
         MainFrm& main = opened->open();
         main.moveTo(100 * twipsPerPixel, 90 * twipsPerPixel);
@@ -363,14 +363,14 @@ private slots:
         QTest::mouseMove(main.windowHandle(), hold + QPoint(5, 5));
         QCOMPARE(main.pos(), QPoint(120, 120));
     }
-    void a_window_that_is_let_go_outside_comes_back_inside_data() {
+    void a_window_dropped_off_screen_moves_back_inside_data() {
         QTest::addColumn<QPoint>("by");
         QTest::addColumn<bool>("leftEdge");
         QTest::addColumn<bool>("topEdge");
         QTest::newRow("left and above") << QPoint(-500, -400) << true << true;
         QTest::newRow("right and below") << QPoint(5000, 5000) << false << false;
     }
-    void a_window_that_is_let_go_outside_comes_back_inside() {
+    void a_window_dropped_off_screen_moves_back_inside() {
         QFETCH(QPoint, by);
         QFETCH(bool, leftEdge);
         QFETCH(bool, topEdge);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Archives for tests, made by Python's own writer of them: what the program reads shall not be written by the
-// library that it reads with.
+// Archives for tests, written by Python's zipfile: the program must not only read what its own library wrote.
 #pragma once
 
 #include <QDir>
@@ -17,7 +16,7 @@ struct ArchiveMember {
     QByteArray bytes;
 };
 
-/// Writes an archive with these members; folders in front of it are made.
+/// Writes an archive with these members; creates its folder if it is missing. Aborts the test on failure.
 inline void writeArchive(const QString& path, const QList<ArchiveMember>& members) {
     static const QString script = QStringLiteral("import sys, zipfile\n"
                                                  "with zipfile.ZipFile(sys.argv[1], 'w') as z:\n"

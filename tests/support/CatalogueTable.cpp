@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading of the catalogue's tables and notes.
+// Reads the tables and notes of the catalogue.
 #include "CatalogueTable.h"
 
 #include <QFile>
@@ -25,7 +25,7 @@ QList<QMap<QString, QString>> tableRows(const QString& file) {
 }
 
 CatalogueNotes::CatalogueNotes(const QString& notes) {
-    // A comma inside of quotes separates nothing.
+    // A comma inside quotes is no separator.
     static const QRegularExpression piece(uR"((?:[^,"]|"[^"]*")+)"_s);
     auto pieces = piece.globalMatch(notes);
     while (pieces.hasNext()) m_pieces.append(pieces.next().captured().trimmed());

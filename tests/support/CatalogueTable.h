@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window catalogue as tests read it: one row a window, one row a control, and the notes of a row as
-// pieces that are taken off one by one, so that what no check has looked at remains and is found.
+// The window catalogue as tests read it: one row per window, one row per control. The checks remove the notes
+// of a row one by one, so that a note that no check knows remains and is found.
 #pragma once
 
 #include "platform/forms/Colours.h"
@@ -13,7 +13,7 @@
 
 namespace torvane {
 
-/// The rows of a table of tab-separated columns, by the names of the first line. Empty if there is no file.
+/// The rows of a tab-separated table, keyed by the names in its first line. Empty if the file is missing.
 QList<QMap<QString, QString>> tableRows(const QString& file);
 
 /// The notes on a control, such as: V8.25b, fore 0xFFFFFF, tip "x, y".
@@ -21,18 +21,18 @@ class CatalogueNotes {
 public:
     explicit CatalogueNotes(const QString& notes);
 
-    /// Whether the word is there; takes it off.
+    /// Whether the word is there; removes it.
     bool take(const QString& word);
-    /// What follows the word; nothing if it is not there. Takes it off.
+    /// The text after the word; nothing if the word is absent. Removes both, as do the functions below.
     std::optional<QString> takeAfter(const QString& word);
-    /// The same of a text in quotes; empty if it is not there.
+    /// The text in quotes after the word; empty if the word is absent.
     QString takeQuoted(const QString& word);
-    /// The width and height behind a word; an invalid size if it is not there.
+    /// The width and height after a word; an invalid size if the word is absent.
     QSize takeSize(const QString& word);
-    /// The number behind a word; -1 if it is not there.
+    /// The number after a word; -1 if the word is absent.
     int takeNumber(const QString& word);
 
-    /// A colour "fore 0xBBGGRR over 0xBBGGRR": the plain one, and the one under the mouse.
+    /// A note such as "fore 0xBBGGRR over 0xBBGGRR": the normal colour, and the one under the mouse.
     struct ColourPair {
         std::optional<OleColour> plain;
         std::optional<OleColour> over;
@@ -41,7 +41,7 @@ public:
     /// The font; nothing if none is noted.
     std::optional<FontSpec> takeFont();
 
-    /// What has not been taken.
+    /// The notes that are left.
     QString rest() const { return m_pieces.join(QStringLiteral(", ")); }
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Checks on failures, and conditions under which the system makes a file operation fail.
+// Checks on failures, and conditions that make the system fail file operations.
 #pragma once
 
 #include "platform/base/RuntimeFailure.h"
@@ -22,30 +22,29 @@ std::optional<int> failureOf(Statement&& statement) {
     return std::nullopt;
 }
 
-/// While it lives no file of this process may grow beyond a size: the nearest thing to a full disk that
-/// needs no disk.
+/// While it lives, no file of this process can grow beyond a size in bytes, as if the disk were full.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t largestFile) {
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        m_formerSignal = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{largestFile, m_former.rlim_max};
+        getrlimit(RLIMIT_FSIZE, &m_previous);
+        m_previousSignal = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{largestFile, m_previous.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
     ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_formerSignal);
+        setrlimit(RLIMIT_FSIZE, &m_previous);
+        std::signal(SIGXFSZ, m_previousSignal);
     }
     FullDisk(const FullDisk&) = delete;
     FullDisk& operator=(const FullDisk&) = delete;
 
 private:
-    rlimit m_former{};
-    void (*m_formerSignal)(int) = nullptr;
+    rlimit m_previous{};
+    void (*m_previousSignal)(int) = nullptr;
 };
 
-/// While it lives the process has the rights of an ordinary user, for whom read-only means read-only. The
-/// real user changes too, since access(2) goes by that one.
+/// While it lives, the process has the rights of an ordinary user, to whom read-only applies. The real user
+/// changes too, since access(2) checks that one.
 class OrdinaryUser {
 public:
     OrdinaryUser() {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Stand-ins for the user, the desktop and the emulator: answers that a test has prepared, and a record of
-// what was asked.
+// Fakes for the user, the desktop and the emulator: they give prepared answers and record the questions.
 #pragma once
 
 #include "TestFolder.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The world around a program under test: a stand-in for everything outside, and a program folder.
+// The environment of a program under test: fakes for everything outside, and a program folder.
 #pragma once
 
 #include "FakeDesktop.h"
 
 namespace torvane {
 
-/// A program folder with the real language files and an empty library, on a desktop of stand-ins.
+/// A program folder with the real language files and an empty library, on a fake desktop.
 struct FakeWorld : FakeDesktop {
     FakeWorld() {
         folder.makeFolder(QStringLiteral("roms"));

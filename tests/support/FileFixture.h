@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tests of file changes share: a folder of their own, looks at what lies in it, and links.
+// Shared by the tests of file changes: a temporary folder, access to its files, and links.
 #pragma once
 
 #include "Failing.h"
@@ -11,7 +11,7 @@
 namespace torvane {
 
 inline std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
-/// What failureOf gives for a statement that does not fail.
+/// The result of failureOf for a statement that does not fail.
 inline const std::optional<int> nothing;
 
 class FileFixture : public QObject {
@@ -25,7 +25,7 @@ protected:
     QString write(const char* name, const QByteArray& bytes) const {
         return folder->write(QString::fromUtf8(name), bytes);
     }
-    /// The state of a name, links not followed.
+    /// The status of a name; links are not followed.
     struct stat infoOf(const char* name) const {
         struct stat info {};
         if (lstat(folder->native(name).constData(), &info) != 0) qFatal("no such file: %s", name);
@@ -36,7 +36,7 @@ protected:
     void setOwner(const char* name, uid_t owner, gid_t group) const {
         if (lchown(folder->native(name).constData(), owner, group) != 0) qFatal("can't set the owner");
     }
-    /// A change of the content at a time long ago, so that a change now differs whatever the grain of the
+    /// Sets the time of the last change to long ago, so that a change now has another time even with a coarse
     /// clock.
     void makeOld(const char* name) const {
         const timespec times[2] = {{0, UTIME_OMIT}, longAgo};
@@ -50,7 +50,7 @@ protected:
         const QByteArray from = folder->native(target);
         if (link(from.constData(), folder->native(name).constData()) != 0) qFatal("can't link");
     }
-    /// Exactly these names lie in the folder, so no hidden one besides.
+    /// Checks that the folder holds exactly these names, hidden ones included.
     void expectNames(const QStringList& names, const char* where = ".") const {
         QCOMPARE(folder->entries(QString::fromUtf8(where)), names);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All ways in which a file is changed, for the rules that hold for each of them.
+// All ways to change a file, for tests of the rules that hold for each of them.
 #pragma once
 
 #include "FileFixture.h"
@@ -11,7 +11,7 @@ enum class Way { replace, copy, change, append };
 
 class FileWays : public FileFixture {
 protected:
-    /// One row for each way, or for those that put a new file in the place of the old one.
+    /// One row per way; with `replacingAlone` only for the ways that replace the old file by a new one.
     static void wayRows(bool replacingAlone = false) {
         QTest::addColumn<Way>("way");
         QTest::newRow("replace") << Way::replace;
@@ -19,7 +19,7 @@ protected:
         QTest::newRow("change") << Way::change;
         if (!replacingAlone) QTest::newRow("append") << Way::append;
     }
-    /// Changes a file by one of the ways. What is copied is a file "source".
+    /// Changes a file in one of the ways. A copy is made of the file "source".
     void changeBy(Way way, const char* name, const QByteArray& bytes = "new") const {
         changeAt(at(name), way, bytes);
     }
@@ -34,7 +34,7 @@ protected:
     std::optional<int> failureBy(Way way, const char* name) const {
         return failureOf([&] { changeBy(way, name); });
     }
-    /// What a file holds after the change that held "former" before.
+    /// The content after the change of a file that held "former".
     static QByteArray changed(Way way) { return way == Way::append ? "formernew" : "new"; }
 };
 

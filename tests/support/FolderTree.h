@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All that lies below a folder, in a form that can be compared and read: kinds, rights and contents.
+// Everything below a folder, in a form that can be compared and read: kinds, permissions and contents.
 #pragma once
 
 #include <QByteArray>
@@ -11,8 +11,8 @@
 
 namespace torvane {
 
-/// The paths below a folder, from there on, and what is to be said of each: its kind and its rights, and the
-/// bytes of a file or the target of a link.
+/// The relative paths below a folder. Each value describes the entry: its kind and permissions, and the bytes
+/// of a file or the target of a link.
 using FolderTree = QMap<QByteArray, QByteArray>;
 
 inline QByteArray bytesOfFile(const std::filesystem::path& path) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading of includes and the table of layers.
+// Reads includes and checks them against the table of layers.
 #include "IncludeRules.h"
 
 #include <QDir>
@@ -74,7 +74,7 @@ QList<IncludeRules::Include> IncludeRules::includesOf(const QString& path) const
     return includes;
 }
 
-// Asked of the installed library itself, so that no list of classes can be incomplete.
+// Looks into the installed headers of Qt, since a list of classes could be incomplete.
 bool IncludeRules::isOfQtCore(const QString& header) {
     const QDir headers(QLibraryInfo::path(QLibraryInfo::HeadersPath));
     if (header.startsWith(u"QtCore/"_s)) return headers.exists(header);
@@ -139,8 +139,7 @@ QMap<QString, QSet<QString>> IncludeRules::foldersIncluded() const {
     return included;
 }
 
-// Folders that no include leads out of any more are taken away; what is left lies on circles, or leads to
-// one.
+// Repeatedly removes folders that include no remaining folder. Those left are on a circle or lead to one.
 void IncludeRules::findFolderCircles(QStringList& found) const {
     QMap<QString, QSet<QString>> open = foldersIncluded();
     for (bool isChanged = true; isChanged;) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The layers of the sources and which of them may include which. Reads a tree of sources and tells every
-// include that breaks a rule; knows nothing of what the files do.
+// The layers of the sources, and which of them may include which. Reads a tree of sources and reports every
+// include that breaks a rule.
 #pragma once
 
 #include <QMap>
@@ -12,26 +12,25 @@ namespace torvane {
 
 class IncludeRules {
 public:
-    /// `windows`: the names of all windows; a file whose name up to its first dot is one of them is a part
-    /// of that window.
+    /// `windows`: the names of all windows. A file belongs to a window if its name up to its first dot is
+    /// that of the window.
     explicit IncludeRules(const QStringList& windows) : m_windows(windows.begin(), windows.end()) {}
 
-    /// Reads all C++ sources below a folder. Gives the number of files.
+    /// Reads all C++ sources below a folder. Gives the number of files read so far.
     int readFolder(const QString& folder);
-    /// Adds one file: path from the root of the sources, and its text.
+    /// Adds one file: its path relative to the root of the sources, and its text.
     void add(const QString& path, const QString& text);
 
-    /// One line for each fault: "file:line: what is wrong", or "folder: what is wrong". Empty if all rules are
-    /// kept.
+    /// One line per fault: "file:line: what is wrong", or "folder: what is wrong". Empty without faults.
     QStringList faults() const;
 
 private:
     enum Layer { base, forms, controls, core, module, window, app };
     struct Include {
         int line = 0;
-        QString name; // as it is written
+        QString name; // as written in the file
         bool isBracketed = false;
-        QString target; // the file in the tree; empty for one outside of it
+        QString target; // the file in the tree; empty for files outside
     };
 
     QString windowOf(const QString& path) const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rows for tests of lists, which note what they are asked for, and the user's hands on a list.
+// Rows for tests of lists, which record the requests for them, and the user's mouse and keys on a list.
 #pragma once
 
 #include "platform/base/RowSource.h"
@@ -41,10 +41,10 @@ private:
     QStringList m_texts;
 };
 
-/// Qt's view inside a list that has been shown.
+/// The Qt view inside a list. The list must have been shown.
 inline QTableView& viewOf(RowList& list) { return *list.findChild<QTableView*>(); }
 
-/// A click at a place of the list, by way of the window, so that it reaches what lies there.
+/// A click at a point of the list, sent via the window, so that it reaches the topmost widget there.
 inline void clickAt(const QWidget& list, QPoint place, Qt::MouseButton button = Qt::LeftButton,
                     Qt::KeyboardModifiers keys = {}) {
     QTest::mouseClick(list.window()->windowHandle(), button, keys, list.mapTo(list.window(), place));
@@ -54,8 +54,8 @@ inline void clickRow(const RowList& list, int row) { clickAt(list, list.rowRect(
 inline void doubleClickAt(const QWidget& list, QPoint place) {
     QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, {}, list.mapTo(list.window(), place));
 }
-/// Turns the wheel over the list by eighths of a degree, up if positive. As from the window system: only then
-/// the event goes from widget to widget until one takes it.
+/// Turns the wheel over the list by eighths of a degree, up if positive. The event is marked as spontaneous:
+/// Qt passes only such a one from widget to widget until one accepts it.
 inline void wheelOn(RowList& list, int eighths) {
     const QPoint place(20, 20);
     QWidget* under = list.childAt(place);
@@ -64,7 +64,7 @@ inline void wheelOn(RowList& list, int eighths) {
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(under, &event);
 }
-/// A key for whatever has the focus in the list's window.
+/// Sends a key to the focus widget of the list's window.
 inline void pressKey(const QWidget& list, Qt::Key key, Qt::KeyboardModifiers keys = {}) {
     QTest::keyClick(list.window()->windowHandle(), key, keys);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program with its assistant, which an empty library opens, and what a user does there.
+// The program with its assistant, which opens for an empty library, and the actions of its user.
 #pragma once
 
 #include "OpenedProgram.h"
@@ -21,18 +21,18 @@ struct OpenedAssistant : OpenedProgram {
         return assistant();
     }
     QString said(const char* key) const { return text("Assistant", key); }
-    /// Three texts as a page shows them.
+    /// Three texts as a page of the assistant shows them.
     QString page(const char* first, const char* second, const char* third) const {
         return said(first) + QStringLiteral("\r\n\r\n  ") + said(second) + QStringLiteral("\r\n  ") +
                said(third);
     }
-    /// Lets the typewriter come to its end without waiting for it.
+    /// Runs the typewriter to its end without waiting; gives the typed text.
     QString typed() const {
         Timer& timer = assistant().Timer1;
         for (int tick = 0; timer.Enabled() && tick < 1000; ++tick) emit timer.Tick();
         return assistant().Label1.Caption();
     }
-    /// A file outside of the library; its path.
+    /// Writes a file outside the library; gives its path.
     QString original(const QString& name, const QByteArray& bytes = "game") const {
         return world.folder.write(QStringLiteral("from/") + name, bytes);
     }
@@ -40,7 +40,7 @@ struct OpenedAssistant : OpenedProgram {
     bool exists(const QString& relative) const { return QFileInfo::exists(world.folder.path(relative)); }
     QStringList library() const { return world.folder.entries(QStringLiteral("roms")); }
 
-    // From the welcome to the states behind it.
+    // From the welcome page to the later states.
     void goToChoice() const { click(assistant().chameleonButton1); }
     void goToFile() const {
         goToChoice();
@@ -62,7 +62,7 @@ struct OpenedAssistant : OpenedProgram {
     }
 };
 
-/// Drops addresses on a window, as a file manager does. False if the window refuses them.
+/// Drops a list of URIs on a window, as a file manager does. False if the window refuses it.
 inline bool dropOn(QWidget& window, const QByteArray& addresses) {
     QMimeData data;
     data.setData(QStringLiteral("text/uri-list"), addresses);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program on a world of its own, and the hands of its user: clicks and keys that go through the
-// window system, so that a control that is covered, hidden or switched off gets none.
+// The program in an environment of its own, and its user: clicks and keys pass through the window system, so
+// that covered, hidden or disabled controls get none.
 #pragma once
 
 #include "FakeWorld.h"
@@ -11,7 +11,7 @@
 
 namespace torvane {
 
-/// A click in the middle of a control, or at a place in it.
+/// A click in the middle of a control, or at a point in it.
 inline void click(const QWidget& control, QPoint place = {}, Qt::MouseButton button = Qt::LeftButton) {
     QWidget* window = control.window();
     const QPoint inside = place.isNull() ? control.rect().center() : place;
@@ -26,8 +26,7 @@ inline void hover(const QWidget& control) {
     QWidget* window = control.window();
     QTest::mouseMove(window->windowHandle(), control.mapTo(window, control.rect().center()));
 }
-/// Types a text into the field that has the focus, one key a character, also those that no plain keyboard
-/// has.
+/// Types a text into a field, one key per character, even characters that no usual keyboard has.
 inline void typeText(QWidget& field, const QString& text) {
     for (const QChar c : text) {
         QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
@@ -36,15 +35,15 @@ inline void typeText(QWidget& field, const QString& text) {
         QCoreApplication::sendEvent(&field, &release);
     }
 }
-/// What the user sees of a control: it is shown, its window is, and its containers are.
+/// Whether the user sees a control: it, its containers and its window are shown.
 inline bool isSeen(const QWidget& control) { return control.isVisible(); }
 
-/// Lets the windows go that have unloaded.
+/// Deletes the windows that have been unloaded.
 inline void collectGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 class OpenedProgram {
-    // The name of the temporary folder begins with the application's: a dot in it would count as the dot
-    // in front of an extension.
+    // The name of a temporary folder starts with that of the application. The program would take a dot in it
+    // for the start of an extension.
     struct PlainName {
         PlainName() { QCoreApplication::setApplicationName(QStringLiteral("torvane-test")); }
     } m_plainName;
@@ -53,7 +52,7 @@ public:
     FakeWorld world;
     std::unique_ptr<Program> program;
 
-    /// English, without the intro; a test changes that before it opens the program.
+    /// In English and without the intro; a test can change that before it opens the program.
     OpenedProgram() {
         initArtResources();
         world.useLanguage("eng");
@@ -63,7 +62,7 @@ public:
     OpenedProgram(const OpenedProgram&) = delete;
     OpenedProgram& operator=(const OpenedProgram&) = delete;
 
-    /// A file of the library.
+    /// Writes a game into the library; gives its path.
     QString game(const QString& name, const QByteArray& bytes = QByteArray(3000, 'r')) const {
         return world.folder.write(QStringLiteral("roms/") + name, bytes);
     }
@@ -80,7 +79,7 @@ public:
         program->start();
         return *program;
     }
-    /// The same up to the shown main window.
+    /// Starts the program and waits until the main window is shown.
     MainFrm& open() {
         start();
         MainFrm& window = main();
@@ -96,7 +95,7 @@ public:
     QString text(const char* section, const char* key) const {
         return program->language.LangText(QString::fromLatin1(section), QString::fromLatin1(key));
     }
-    /// A click on a row of the game list, which has to be in sight.
+    /// A click on a row of the game list, which must be visible.
     void chooseRow(int row) const { click(main().ListView1, rowPlace(row)); }
     QPoint rowPlace(int row) const { return main().ListView1.rowRect(row).center(); }
 };

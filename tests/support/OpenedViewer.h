@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tests of the archive window share: the program, an archive in its library, the window.
+// Shared by the tests of the archive window: the program, an archive in its library, and the window.
 #pragma once
 
 #include "Archive.h"
@@ -24,28 +24,28 @@ protected:
     bool exists(const QString& relative) const {
         return QFileInfo::exists(opened->world.folder.path(relative));
     }
-    /// An archive as the only game of the library, opened by the button of its panel.
+    /// Writes an archive as the only game of the library and opens it with the button of its panel.
     void openArchive(const QList<ArchiveMember>& members, const QString& name = QStringLiteral("game.zip")) {
         writeArchive(opened->world.folder.path(QStringLiteral("roms/") + name), members);
         opened->open();
         click(main().Zipper);
         QVERIFY(isOpen());
     }
-    /// What the user does while an archive is being read, which serves his events.
+    /// Acts as the user while an archive is being read, after some milliseconds.
     void during(int milliseconds, const std::function<void()>& act) {
         QTimer::singleShot(milliseconds, this, act);
     }
-    /// The same as soon as something holds; after ten seconds also if it doesn't.
+    /// Acts as the user as soon as a condition holds, or after ten seconds even if it doesn't.
     void when(const std::function<bool()>& holds, const std::function<void()>& act) {
-        auto* looking = new QTimer(this);
+        auto* poll = new QTimer(this);
         const QDeadlineTimer end(10'000);
-        connect(looking, &QTimer::timeout, looking, [=] {
+        connect(poll, &QTimer::timeout, poll, [=] {
             if (!holds() && !end.hasExpired()) return;
-            looking->stop();
-            looking->deleteLater();
+            poll->stop();
+            poll->deleteLater();
             act();
         });
-        looking->start(5);
+        poll->start(5);
     }
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Another program that is at work on the same files: a child process, in step with the test through pipes.
+// Another program that works on the same files: a child process that pipes keep in step with the test.
 #pragma once
 
 #include <array>
@@ -11,8 +11,8 @@
 
 namespace torvane {
 
-/// Does something, then stays, with all that it has opened, until this object goes; then it does what it has
-/// been told to do at last.
+/// Runs `atFirst`, then waits, keeping all files that it has opened, until `end` or the end of this object;
+/// then it runs `atLast` and exits.
 class OtherProgram {
 public:
     explicit OtherProgram(
@@ -23,7 +23,7 @@ public:
         m_process = fork();
         if (m_process == 0) {
             prctl(PR_SET_PDEATHSIG, SIGKILL);
-            // It has none of the files that the test has open: what holds for a handle holds for its doubles.
+            // Close the files of the test: inherited descriptors share their locks and positions.
             for (int handle = STDERR_FILENO + 1; handle < mostHandles; ++handle) {
                 if (handle != ready[1] && handle != stay[0]) close(handle);
             }
@@ -40,20 +40,20 @@ public:
         m_stay = stay[1];
         char begin = 0;
         while (::read(ready[0], &begin, 1) < 0) {
-        } // the end of the pipe: it is ready, or dead
+        } // the pipe is closed: the child is ready, or dead
         close(ready[0]);
     }
     ~OtherProgram() { end(); }
     OtherProgram(const OtherProgram&) = delete;
     OtherProgram& operator=(const OtherProgram&) = delete;
 
-    /// Lets it go on to its end, and waits for that; gives its exit status as wait(2) tells it.
+    /// Lets it run to its end, and waits; gives the status of wait(2).
     int end() {
         if (m_stay >= 0) close(m_stay);
         m_stay = -1;
         return wait();
     }
-    /// Kills it, as a power switch would.
+    /// Kills it at once, without `atLast`.
     void kill() {
         ::kill(m_process, SIGKILL);
         wait();
@@ -73,7 +73,7 @@ private:
     int m_stay = -1;
 };
 
-/// Runs something in a process of its own to its end; gives its exit status.
+/// Runs something in a process of its own, to its end; gives the status of wait(2).
 inline int inOtherProgram(const std::function<void()>& work) { return OtherProgram(work).end(); }
 
 } // namespace torvane

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The tag format once more, in the plainest words and with nothing of the program: what the tests with
-// generated tags and with any bytes compare the program with.
+// A second, plain implementation of the tag format that shares no code with the program. Tests with generated
+// tags and with random bytes compare the program with it.
 #pragma once
 
 #include <charconv>
@@ -16,7 +16,7 @@ inline const std::string marker = "ID3TAG\xA7";
 inline const std::string separator = "\xA7";
 inline const std::string shiftedCompany = "V\xF6\xA7R\xE4N";
 
-/// The pieces of a text between all places of a sign; one piece more than there are such places.
+/// The pieces of a text between all occurrences of `sign`; one more than there are occurrences.
 inline std::vector<std::string> cut(const std::string& text, const std::string& sign) {
     std::vector<std::string> pieces;
     size_t start = 0;
@@ -34,7 +34,7 @@ struct Tag {
     bool operator==(const Tag&) const = default;
 };
 
-/// The tag behind the first marker; nothing if there is no marker or a field is missing.
+/// The tag after the first marker; nothing if there is no marker or a field is missing.
 inline std::optional<Tag> tagIn(const std::string& bytes) {
     const std::vector<std::string> parts = cut(bytes, marker);
     if (parts.size() < 2) return std::nullopt;
@@ -47,8 +47,8 @@ inline std::optional<Tag> tagIn(const std::string& bytes) {
     return Tag{fields[0], fields[1], fields[2], fields[3], fields[4]};
 }
 
-/// A decimal number with blanks around it, with or without point and exponent; nothing for any other text
-/// and for what no number of 64 bits holds.
+/// A decimal number, with or without point and exponent, with optional blanks around it; nothing for any
+/// other text and for a number out of the range of double.
 inline std::optional<double> numberIn(std::string text) {
     const std::string blanks = " \t\n\v\f\r";
     text.erase(0, text.find_first_not_of(blanks));
@@ -62,7 +62,7 @@ inline std::optional<double> numberIn(std::string text) {
     return value;
 }
 
-/// The nearest whole number, of two equally near ones the even one.
+/// The nearest whole number; of two equally near ones the even one.
 inline double halfToEven(double value) {
     const double below = std::floor(value);
     const double over = value - below;
@@ -70,8 +70,7 @@ inline double halfToEven(double value) {
     return over < 0.5 || (over == 0.5 && isBelowEven) ? below : below + 1;
 }
 
-/// What is left of a tagged image without its tag and without a line end; nothing if there is no tag, or one
-/// without a size of 0 or more.
+/// The image of a tagged file without tag and line end; nothing without a tag or a size of at least 0.
 inline std::optional<std::string> imageIn(const std::string& bytes) {
     const std::optional<Tag> tag = tagIn(bytes);
     const std::optional<double> size = tag ? numberIn(tag->size) : std::nullopt;

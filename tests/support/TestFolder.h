@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A folder of a test's own, gone at its end, with short ways to put files into it and to read them. Every
-// user may enter it, for the tests that go on as another one.
+// A temporary folder that is deleted at the end, with short functions to write and read files in it. Every
+// user may enter it, for tests that continue as another user.
 #pragma once
 
 #include "platform/base/NativeText.h"
@@ -18,14 +18,14 @@ namespace torvane {
 class TestFolder {
 public:
     explicit TestFolder(const QString& parent = QDir::tempPath())
-        // Without a dot in the path: the program cuts whole paths at the first one.
+        // The path must have no dot: the program cuts whole paths at the first one.
         : m_dir(parent + QStringLiteral("/torvane-test-XXXXXX")) {
         QVERIFY2(m_dir.isValid(), "no temporary folder");
         setMode(QStringLiteral("."), 0755);
     }
 
     ~TestFolder() {
-        // The toolkit can't remove files whose names are no text.
+        // Qt can't delete files whose names are not valid UTF-8.
         std::error_code error;
         std::filesystem::remove_all(m_dir.path().toStdString(), error);
     }
@@ -35,7 +35,7 @@ public:
     QString path() const { return m_dir.path(); }
     QString path(const QString& relative) const { return m_dir.filePath(relative); }
 
-    /// Makes a file; folders in front of it are made too.
+    /// Writes a file, creating missing folders; gives its path.
     QString write(const QString& relative, const QByteArray& bytes) const {
         QDir(path()).mkpath(QFileInfo(relative).path());
         QFile file(path(relative));
@@ -46,9 +46,9 @@ public:
         QFile file(path(relative));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
     }
-    /// The path of a name that may be any bytes, for system calls.
+    /// The path of a name of any bytes, for system calls.
     QByteArray native(const QByteArray& name) const { return QFile::encodeName(path()) + '/' + name; }
-    /// Makes a file with a name of any bytes; gives its spelled path.
+    /// Writes a file with a name of any bytes; gives its spelled path.
     QString writeNative(const QByteArray& name, const QByteArray& bytes) const {
         std::FILE* file = std::fopen(native(name).constData(), "wb");
         if (!file) qFatal("can't make the file");
@@ -60,7 +60,7 @@ public:
         if (chmod(QFile::encodeName(path(relative)).constData(), mode) != 0) qFatal("can't set the mode");
     }
     void makeFolder(const QString& relative) const { QDir(path()).mkpath(relative); }
-    /// All names in a folder, hidden ones too.
+    /// All names in a folder, including hidden ones.
     QStringList entries(const QString& relative = QStringLiteral(".")) const {
         return QDir(path(relative)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A bare window for tests of controls, and looks at what is painted. Owned by the test that makes it.
+// A bare window for tests of controls, and functions that examine what is painted. Owned by the test.
 #pragma once
 
 #include "platform/forms/Form.h"
@@ -10,7 +10,7 @@
 
 namespace torvane {
 
-/// A window without border and picture, 300 by 200 pixels, in a colour that no control has by itself.
+/// A window without border and picture, 300 by 200 pixels, in a colour that no control uses by default.
 struct TestForm : Form {
     static constexpr OleColour back = 0x30A020;
     static constexpr FormDesign plain{
@@ -25,12 +25,12 @@ struct TestForm : Form {
     }
 };
 
-/// What a widget and its children look like, in 32 bits.
+/// An image of a widget and its children, in 32 bits per pixel.
 inline QImage imageOf(QWidget& widget) {
     return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-/// The smallest rectangle that holds all pixels that differ from a colour; null if none does.
+/// The smallest rectangle around all pixels that differ from a colour; null if none does.
 inline QRect inkOf(const QImage& image, const QColor& background) {
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main function of all test programs: chooses the test class by the first argument.
+// The main function of all test programs: runs the test class named by the first argument.
 #include "TestMain.h"
 
 #include <algorithm>

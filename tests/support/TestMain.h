@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The test programs, one for each folder. A test class enters itself with one of the three macros; the first
-// argument of the program names the class to run, the others are those of Qt Test.
+// The test programs, one per folder. A test class registers itself with one of the three macros; the first
+// argument of the program names the class to run, the others are passed to Qt Test.
 #pragma once
 
 #include <QApplication>
@@ -8,7 +8,7 @@
 
 namespace torvane {
 
-/// A test class of the program. Entries live as long as the process and form a list.
+/// A registered test class. Entries live as long as the process and form a linked list.
 class TestEntry {
 public:
     using Run = int (*)(int argc, char** argv);
@@ -58,9 +58,9 @@ int runTestWithoutApplication(int argc, char** argv) {
     const torvane::TestEntry testEntry(Class::staticMetaObject, function);                                   \
     }
 
-/// Enters a test class that needs windows.
+/// Registers a test class that needs windows.
 #define TORVANE_TEST(Class) TORVANE_TEST_ENTRY(Class, (torvane::runTest<Class, QApplication>))
-/// Enters one that needs an event loop and no window.
+/// Registers a test class that needs an event loop and no window.
 #define TORVANE_GUILESS_TEST(Class) TORVANE_TEST_ENTRY(Class, (torvane::runTest<Class, QCoreApplication>))
-/// Enters one that needs neither.
+/// Registers a test class that needs neither.
 #define TORVANE_APPLESS_TEST(Class) TORVANE_TEST_ENTRY(Class, torvane::runTestWithoutApplication<Class>)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the tests of unpacking share: a folder to unpack into with things around it, and archives that are
-// made of names and contents.
+// Shared by the tests of unpacking: a target folder with other files around it, and archives built from names
+// and contents.
 #pragma once
 
 #include "FileFixture.h"
@@ -11,7 +11,7 @@
 
 namespace torvane {
 
-/// An entry of an archive that is to be made.
+/// An entry of an archive to be written.
 struct ArchiveEntry {
     QByteArray name;
     QByteArray bytes;
@@ -20,7 +20,7 @@ struct ArchiveEntry {
 
 class UnZipFixture : public FileFixture {
 protected:
-    /// The folder, and around it what must stay as it is.
+    /// Creates the target folder, and files around it that must stay unchanged.
     void renewTarget() {
         renewFolder();
         folder->makeFolder(QStringLiteral("target"));
@@ -36,7 +36,7 @@ protected:
         return tree;
     }
 
-    /// What the tests look for in archives.
+    /// What counts as a game in the archives of the tests.
     static bool isGame(QByteArrayView name) { return name.toByteArray().toLower().contains(".gb"); }
     UnZip unzip(const QString& archive, const UnZip::Limits& limits = {}) const {
         UnZip control(limits);
@@ -49,7 +49,7 @@ protected:
         return unzip(archive, limits).extract(QStringLiteral("*.*"));
     }
 
-    /// Makes an archive in the test's folder; gives its path.
+    /// Writes an archive into the folder of the test; gives its path.
     QString makeArchive(const char* name, const QList<ArchiveEntry>& entries) const {
         QString path = at(name);
         zip_t* const zip = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);

@@ -1,7 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# Tests tree/emuladores/mgba.sh: that one path reaches the emulator whole, whatever it holds, and what happens
-# without an emulator. Usage: mgba_script_test.sh PATH_OF_MGBA_SH. Exits 1 if a check fails and names it.
+# Tests tree/emuladores/mgba.sh: any path reaches the emulator as one argument, and what happens without an
+# emulator. Usage: mgba_script_test.sh PATH_OF_MGBA_SH. Exits 1 if a check fails and names it.
 set -u
 script=${1:?the path of mgba.sh}
 dir=$(mktemp -d) || exit 1
@@ -17,7 +17,7 @@ expect() { # WHAT EXPECTED ACTUAL
     [[ $2 == "$3" ]] || fail "$1: expected $(printf %q "$2"), got $(printf %q "$3")"
 }
 
-# A program NAME in FOLDER that writes down its name and arguments, each ended by a NUL, and exits with CODE.
+# Creates a program NAME in FOLDER that records its name and arguments (NUL-terminated) and exits with CODE.
 fake() { # FOLDER NAME [CODE]
     mkdir -p "$1"
     # shellcheck disable=SC2016 # the dollars are for the fake program
@@ -25,7 +25,7 @@ fake() { # FOLDER NAME [CODE]
     chmod +x "$1/$2"
 }
 
-# An empty world: bin is the whole PATH and games stands for /usr/games, which may hold a real emulator here.
+# An empty environment: bin is the whole PATH, and games replaces /usr/games, which may hold a real emulator.
 fresh() {
     rm -rf "${dir:?}/bin" "$dir/games" "$dir/calls" "$dir/errors"
     mkdir -p "$dir/bin" "$dir/games"
@@ -33,7 +33,7 @@ fresh() {
     status=0 calls=() errors=
 }
 
-# Runs the script with the words that the program makes of a command line: cut at every single blank.
+# Runs the script with the arguments that the program passes: the command line cut at every blank.
 play() { # PATH_OF_GAME [VARIABLE=VALUE...]
     local rest="$1 " words=()
     shift

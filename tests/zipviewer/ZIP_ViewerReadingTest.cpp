@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// While the archive window reads: archives that give nothing yet, and what the user does meanwhile.
+// Reading in the archive window: archives that give nothing yet, and what the user does meanwhile.
 #include "support/OpenedViewer.h"
 #include "support/TestMain.h"
 
@@ -15,12 +15,12 @@ private slots:
     void init() { start(); }
     void cleanup() { end(); }
 
-    void an_archive_that_gives_nothing_is_waited_for_until_the_window_closes_data() {
+    void an_archive_that_gives_nothing_is_retried_until_the_window_closes_data() {
         QTest::addColumn<bool>("byWindowManager");
         QTest::newRow("close button") << false;
         QTest::newRow("window manager") << true;
     }
-    void an_archive_that_gives_nothing_is_waited_for_until_the_window_closes() {
+    void an_archive_that_gives_nothing_is_retried_until_the_window_closes() {
         QFETCH(bool, byWindowManager);
         opened->game(u"game.zip"_s, "no archive");
         opened->open();
@@ -37,7 +37,7 @@ private slots:
         QVERIFY(!exists(u"ziptemp/game"_s));
         QCOMPARE(opened->world.messages.boxes.size(), 0);
     }
-    void an_archive_that_is_repaired_meanwhile_shows_itself() {
+    void an_archive_repaired_meanwhile_is_listed() {
         opened->game(u"game.zip"_s, "no archive");
         opened->open();
         during(300, [&] { writeArchive(opened->world.folder.path(u"roms/game.zip"_s), {{u"a.gb"_s, "x"}}); });
@@ -45,12 +45,12 @@ private slots:
         QCOMPARE(window().ListView1.rowCount(), 1);
         QVERIFY(!isSeen(window().Mensaje));
     }
-    void members_without_a_dot_alone_are_reported_once_and_waited_over() {
+    void an_archive_of_only_members_without_a_dot_is_reported_once_and_retried() {
         writeArchive(opened->world.folder.path(u"roms/game.zip"_s),
                      {{u"README"_s, "x"}, {u"LICENSE"_s, "x"}});
         opened->open();
         QString reason;
-        // Long enough for several tries.
+        // Long enough for several attempts.
         during(700, [&] {
             reason = window().Label3.Caption();
             click(window().chameleonButton1);
@@ -72,7 +72,7 @@ private slots:
             click(window().chameleonButton1);
         });
         click(main().Zipper);
-        // Three seconds of waiting; a try a second costs a few milliseconds.
+        // Three seconds of waiting; one attempt per second costs a few milliseconds.
         QVERIFY2(used < CLOCKS_PER_SEC / 2, qPrintable(QString::number(used)));
     }
     void events_are_served_while_it_waits() {
@@ -107,7 +107,7 @@ private slots:
         QVERIFY(main().isVisible());
         QVERIFY(!exists(u"ziptemp/game"_s));
     }
-    void a_second_click_on_close_in_between_does_no_harm() {
+    void a_second_click_on_close_meanwhile_does_no_harm() {
         opened->game(u"game.zip"_s, "no archive");
         opened->open();
         during(200, [&] {
@@ -119,7 +119,7 @@ private slots:
         QVERIFY(!isOpen());
         QVERIFY(main().isVisible());
     }
-    void a_foreign_folder_behind_a_link_is_neither_filled_nor_emptied() {
+    void the_target_of_a_linked_folder_is_neither_filled_nor_emptied() {
         opened->world.folder.write(u"mine/a.gb"_s, "mine");
         opened->world.folder.makeFolder(u"ziptemp"_s);
         QVERIFY(

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the wait panel of the archive window says of an archive that gives nothing to list: why, in the user's
-// language, on one line.
+// The wait panel of the archive window says in one line why an archive lists nothing, in the user's language.
 #include "platform/base/IniText.h"
 #include "support/OpenedViewer.h"
 #include "support/TestMain.h"
@@ -17,7 +16,7 @@ class ZIP_ViewerReasonsTest : public OpenedViewer {
     const QStringList keys{u"nogame"_s,    u"subfolders"_s, u"noroom"_s,
                            u"encrypted"_s, u"method"_s,     u"damaged"_s};
 
-    // One of the archives of tests/archives.
+    // The bytes of an archive in tests/archives.
     static QByteArray archive(const QString& name) {
         QFile file(QStringLiteral(TORVANE_TESTS_DIR "/archives/%1.zip").arg(name));
         if (!file.open(QIODevice::ReadOnly)) qFatal("no such archive");
@@ -30,7 +29,7 @@ class ZIP_ViewerReasonsTest : public OpenedViewer {
     }
     QString caption() const { return window().Label3.Caption(); }
     QString reading() const { return opened->text("ZIP", "reading"); }
-    // Opens an archive that gives nothing and closes the window as soon as it says why.
+    // Opens an archive that lists nothing; gives the reason shown, and closes the window.
     QString reasonFor(const QByteArray& bytes) {
         opened->game(u"game.zip"_s, bytes);
         opened->open();
@@ -95,7 +94,7 @@ private slots:
         opened->world.useLanguage("esp");
         QCOMPARE(reasonFor(archive(u"encrypted-all"_s)), u"The ZIP is encrypted"_s);
     }
-    void the_reason_follows_the_archive_and_goes_when_something_is_listed() {
+    void the_reason_follows_the_archive_and_disappears_when_something_is_listed() {
         opened->game(u"game.zip"_s, archive(u"encrypted-all"_s));
         opened->open();
         QStringList said;

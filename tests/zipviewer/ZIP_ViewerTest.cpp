@@ -10,7 +10,7 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-// Asks something whenever the watched window is shown.
+// Records an answer whenever the watched window is shown.
 class ShowNote : public QObject {
 public:
     std::function<bool()> whenShown;
@@ -54,13 +54,13 @@ private slots:
         QCOMPARE(window().ListView1.rowCount(), 1);
         QCOMPARE(opened->world.folder.read(u"ziptemp/game/game.gba"_s), QByteArray("rom"));
     }
-    void the_large_button_of_the_archives_panel_opens_it_too() {
+    void the_large_button_on_the_archive_panel_opens_it_too() {
         writeArchive(opened->world.folder.path(u"roms/game.zip"_s), {{u"game.gba"_s, "rom"}});
         opened->open();
         click(main().ChameleonButton13);
         QVERIFY(isOpen() && window().isVisible());
     }
-    void a_launch_opens_it_if_the_user_has_set_that_and_starts_no_emulator() {
+    void a_launch_opens_it_if_so_configured_and_starts_no_emulator() {
         opened->world.setSetting("zip", u"1"_s);
         writeArchive(opened->world.folder.path(u"roms/GAME.zip"_s), {{u"game.gba"_s, "rom"}});
         opened->open();
@@ -81,7 +81,7 @@ private slots:
         QCOMPARE(window().Label3.Caption(), u"Reading the contents…"_s);
         QCOMPARE(window().Lbl_ID3Title.Caption(), u"Título del juego"_s);
     }
-    void the_list_lies_over_the_panel_and_the_message_over_the_list() {
+    void the_list_covers_the_panel_and_the_message_covers_the_list() {
         openArchive({{u"game.gba"_s, "rom"}});
         QVERIFY(window().ListView1.isAncestorOf(window().childAt(450, 55)));
         window().Mensaje.setVisible(true);
@@ -89,7 +89,7 @@ private slots:
     }
 
     // Listing
-    void members_are_listed_by_name_with_the_pictures_of_their_consoles() {
+    void members_are_listed_by_name_with_the_icons_of_their_consoles() {
         openArchive({{u"b.gbc"_s, "x"}, {u"a.gb"_s, "x"}, {u"sub/c.gb"_s, "x"}, {u"readme.txt"_s, "x"}});
         QCOMPARE(window().ListView1.rowCount(), 3);
         QCOMPARE(window().File2.names()->name(0), u"a.gb"_s);
@@ -139,7 +139,7 @@ private slots:
         window().File2.setListIndex(0);
         QCOMPARE(opened->world.messages.boxes.size(), 1);
     }
-    void members_without_a_dot_go_at_the_close_too() {
+    void members_without_a_dot_are_deleted_at_the_close_too() {
         openArchive({{u"README"_s, "x"}, {u"a.gb"_s, "x"}});
         QVERIFY(exists(u"ziptemp/game/README"_s));
         click(window().chameleonButton1);
@@ -148,7 +148,7 @@ private slots:
         QVERIFY(!exists(u"ziptemp/game"_s));
         QCOMPARE(opened->world.ends, 0);
     }
-    void the_next_archive_is_reported_anew() {
+    void the_next_archive_is_reported_again() {
         openArchive({{u"README"_s, "x"}, {u"a.gb"_s, "x"}});
         window().ListView1.Clear();
         window().ReadZIP(opened->world.folder.path(u"roms/game.zip"_s), u"game.zip"_s);
@@ -196,24 +196,24 @@ private slots:
         const QByteArrayList expected{temp() + "a", "pack/my", "game.gb"};
         QCOMPARE(processes().starts.value(0).arguments, expected);
     }
-    void a_member_with_the_unknown_picture_may_be_played_all_the_same() {
+    void a_member_with_the_unknown_icon_can_be_played() {
         openArchive({{u"demo.agb"_s, "rom"}});
         play(0);
         QCOMPARE(processes().starts.size(), 1);
     }
-    void what_is_no_game_is_not_started_data() {
+    void a_member_that_is_no_game_is_not_started_data() {
         QTest::addColumn<QString>("name");
         QTest::newRow("a text") << u"readme.txt"_s;
         QTest::newRow("the second piece counts") << u"a.b.gba"_s;
     }
-    void what_is_no_game_is_not_started() {
+    void a_member_that_is_no_game_is_not_started() {
         QFETCH(QString, name);
         openArchive({{name, "x"}});
         play(0);
         QCOMPARE(processes().starts.size(), 0);
         QCOMPARE(window().windowStateWord(), Form::normal);
     }
-    void the_return_key_plays_the_row_that_the_arrows_have_reached() {
+    void the_return_key_plays_the_row_reached_with_the_arrows() {
         openArchive({{u"a.gb"_s, "x"}, {u"b.gb"_s, "x"}});
         QTest::keyClick(&window().ListView1, Qt::Key_Home);
         QTest::keyClick(&window().ListView1, Qt::Key_Down);
@@ -227,7 +227,7 @@ private slots:
     }
 
     // Closing
-    void closing_brings_the_main_window_back_and_removes_what_was_unpacked() {
+    void closing_brings_the_main_window_back_and_deletes_the_unpacked_files() {
         openArchive({{u"a.gb"_s, "x"}, {u"b.txt"_s, "x"}});
         opened->world.folder.setMode(u"ziptemp/game/a.gb"_s, 0444);
         click(window().chameleonButton1);
@@ -236,7 +236,7 @@ private slots:
         QVERIFY(!exists(u"ziptemp/game"_s));
         QVERIFY(exists(u"roms/game.zip"_s));
     }
-    void the_main_window_is_shown_before_the_unpacked_files_go() {
+    void the_main_window_is_shown_before_the_unpacked_files_are_deleted() {
         openArchive({{u"a.gb"_s, "x"}});
         ShowNote note;
         note.whenShown = [this] { return exists(u"ziptemp/game/a.gb"_s); };
@@ -245,7 +245,7 @@ private slots:
         QCOMPARE(note.answers, QList<bool>{true});
         QVERIFY(!exists(u"ziptemp/game"_s));
     }
-    void the_window_managers_close_does_the_same() {
+    void closing_via_the_window_manager_does_the_same() {
         openArchive({{u"a.gb"_s, "x"}});
         window().close();
         QVERIFY(!isOpen());
@@ -259,20 +259,20 @@ private slots:
         click(window().chameleonButton1);
         QVERIFY(!exists(u"ziptemp/game"_s));
     }
-    void a_folder_of_somebody_else_in_the_temporary_folder_stays() {
+    void a_foreign_folder_among_the_unpacked_files_stays() {
         opened->world.folder.write(u"ziptemp/game/sub/own.txt"_s, "x");
         openArchive({{u"a.gb"_s, "x"}});
         click(window().chameleonButton1);
         QVERIFY(exists(u"ziptemp/game/sub/own.txt"_s));
         QVERIFY(!exists(u"ziptemp/game/a.gb"_s));
     }
-    void an_archive_can_be_opened_again_and_again() {
+    void an_archive_can_be_opened_repeatedly() {
         openArchive({{u"a.gb"_s, "x"}});
         for (int i = 0; i < 3; ++i) {
-            QPointer<ZIP_Viewer> former = &window();
+            QPointer<ZIP_Viewer> old = &window();
             click(window().chameleonButton1);
             collectGone();
-            QVERIFY(former.isNull());
+            QVERIFY(old.isNull());
             click(main().Zipper);
             QCOMPARE(window().ListView1.rowCount(), 1);
         }
