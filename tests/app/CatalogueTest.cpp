@@ -3,6 +3,7 @@
 #include "ControlLooks.h"
 #include "app/Windows.h"
 #include "art/ArtResources.h"
+#include "platform/forms/ToggleControl.h"
 #include "support/CatalogueTable.h"
 #include "support/FakeWorld.h"
 #include "support/TestMain.h"
@@ -257,6 +258,8 @@ void CatalogueTest::a_control_has_its_caption() {
         QCOMPARE(skin->Caption(), caption);
     } else if (const auto* box = qobject_cast<TextBox*>(part())) {
         QCOMPARE(box->Text(), caption);
+    } else if (const auto* toggle = qobject_cast<ToggleControl*>(part())) {
+        QCOMPARE(toggle->Caption(), caption);
     } else {
         QCOMPARE(caption, QString());
     }

@@ -8,6 +8,7 @@
 #include "platform/forms/Panel.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
+#include "platform/forms/ToggleControl.h"
 #include "platform/forms/TrayIcon.h"
 #include "toolkit/TVLabel.h"
 #include "toolkit/chameleonButton.h"
@@ -88,6 +89,16 @@ void compareTextBox(const TextBox& box, CatalogueNotes& notes) {
     COMPARE_COLOUR(box.backColour(), notes.takeColours(u"back"_s).plain, Colours::windowBack);
 }
 
+// Without a noted back colour the ground shows through: captions would be white on the system's light grey.
+void compareToggle(const ToggleControl& toggle, CatalogueNotes& notes) {
+    COMPARE_FONT(toggle.fontSpec(), notes.takeFont().value_or(Fonts::M8));
+    COMPARE_COLOUR(toggle.foreColour(), notes.takeColours(u"fore"_s).plain, Colours::black);
+    const std::optional<OleColour> back = notes.takeColours(u"back"_s).plain;
+    QCOMPARE(toggle.backColour().has_value(), back.has_value());
+    QCOMPARE(toggle.backColour().value_or(0), back.value_or(0));
+    QCOMPARE(toggle.isChecked(), notes.take(u"checked"_s));
+}
+
 void compareFileList(const FileList& list, CatalogueNotes& notes) {
     COMPARE_FONT(list.fontSpec(), notes.takeFont().value_or(Fonts::M8));
     COMPARE_COLOUR(list.look().fore, notes.takeColours(u"fore"_s).plain, Colours::windowText);
@@ -131,6 +142,8 @@ void compareLook(const QObject& part, CatalogueNotes& notes) {
         compareButton(*button, notes);
     } else if (const auto* box = qobject_cast<const TextBox*>(&part)) {
         compareTextBox(*box, notes);
+    } else if (const auto* toggle = qobject_cast<const ToggleControl*>(&part)) {
+        compareToggle(*toggle, notes);
     } else if (const auto* list = qobject_cast<const FileList*>(&part)) {
         compareFileList(*list, notes);
     } else if (const auto* image = qobject_cast<const Image*>(&part)) {

@@ -10,8 +10,6 @@ namespace torvane {
 CheckBox::CheckBox(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
     : ToggleControl(parent, name, rect, look, *new QCheckBox) {}
 
-int CheckBox::Value() const { return button().isChecked() ? 1 : 0; }
-
 void CheckBox::setValue(int value) {
     if (value != 0 && value != 1) throw RuntimeFailure(RuntimeFailure::invalidProperty);
     button().setChecked(value == 1);

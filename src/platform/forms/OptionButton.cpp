@@ -20,8 +20,6 @@ OptionButton::OptionButton(QWidget& parent, const char* name, const DesignRect& 
     groupOf(parent).addButton(&button());
 }
 
-bool OptionButton::Value() const { return button().isChecked(); }
-
 void OptionButton::setValue(bool chosen) {
     // A group that has a choice lets nobody take it away.
     button().group()->setExclusive(chosen);

@@ -14,7 +14,7 @@ public:
     OptionButton(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
 
     QString kind() const override { return QStringLiteral("option"); }
-    bool Value() const;
+    bool Value() const { return isChecked(); }
     /// Chooses this one, with a click even if it was chosen, or takes the choice away and leaves none. The
     /// others of its group tell of no click.
     void setValue(bool chosen);

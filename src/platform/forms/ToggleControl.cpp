@@ -23,6 +23,19 @@ public:
         }
     }
 };
+
+// The marks are those of the classic desktop, black on white, which stand out on every skin.
+QPalette paletteOf(const ToggleControl::Look& look) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Colours::toQColor(Colours::windowBack));
+    palette.setColor(QPalette::Text, Colours::toQColor(Colours::windowText));
+    QColor fore = Colours::toQColor(look.fore);
+    palette.setColor(QPalette::WindowText, fore);
+    fore.setAlphaF(0.5F);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, fore);
+    if (look.back) palette.setColor(QPalette::Window, Colours::toQColor(*look.back));
+    return palette;
+}
 } // namespace
 
 ToggleControl::ToggleControl(QWidget& parent, const char* name, const DesignRect& rect, const Look& look,
@@ -32,10 +45,8 @@ ToggleControl::ToggleControl(QWidget& parent, const char* name, const DesignRect
     m_button.setParent(this);
     m_button.setGeometry(this->rect());
     m_button.setStyle(new SmallMarks(m_button));
-    QPalette palette = m_button.palette();
-    palette.setColor(QPalette::WindowText, Colours::toQColor(look.fore));
-    if (look.back) palette.setColor(QPalette::Window, Colours::toQColor(*look.back));
-    m_button.setPalette(palette);
+    m_button.setPalette(paletteOf(look));
+    m_button.setBackgroundRole(QPalette::Window);
     m_button.setAutoFillBackground(look.back.has_value());
     m_button.setText(QString::fromUtf8(look.caption));
     m_button.setChecked(look.checked);
@@ -44,8 +55,11 @@ ToggleControl::ToggleControl(QWidget& parent, const char* name, const DesignRect
 }
 
 QString ToggleControl::accessibleText() const {
-    return QKeySequence::mnemonic(Caption()).isEmpty() ? Caption() : QString(Caption()).remove(QLatin1Char('&'));
+    return QKeySequence::mnemonic(Caption()).isEmpty() ? Caption()
+                                                       : QString(Caption()).remove(QLatin1Char('&'));
 }
+
+bool ToggleControl::isChecked() const { return m_button.isChecked(); }
 
 QString ToggleControl::Caption() const { return m_button.text(); }
 

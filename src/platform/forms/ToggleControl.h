@@ -20,7 +20,7 @@ public:
         const char* caption = "";
         FontSpec font = Fonts::M8;
         OleColour fore = Colours::black;
-        std::optional<OleColour> back; ///< without one the ground shows through
+        std::optional<OleColour> back = std::nullopt; ///< without one the ground shows through
         bool checked = false;
     };
 
@@ -29,6 +29,8 @@ public:
     void setCaption(const QString& caption);
     OleColour foreColour() const { return m_look.fore; }
     std::optional<OleColour> backColour() const { return m_look.back; }
+    /// Whether the mark is set.
+    bool isChecked() const;
     /// The words that assistive tools say; the button within has role, state and press.
     QString accessibleText() const override;
 
