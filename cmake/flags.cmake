@@ -17,7 +17,7 @@ if(TORVANE_SANITIZE)
   target_link_options(torvane_flags INTERFACE -fsanitize=address,undefined)
 endif()
 if(TORVANE_FUZZ)
-  # The dictionaries tell what comparisons look for; without a trace of these a run takes two thirds of the time.
+  # The dictionaries hold what comparisons look for; without a trace of them a run takes two thirds of the time.
   target_compile_options(torvane_flags INTERFACE -fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
 endif()
 if(TORVANE_COVERAGE)

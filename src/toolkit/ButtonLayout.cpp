@@ -5,7 +5,7 @@
 namespace torvane {
 
 namespace {
-// Edges as the arithmetic is told: right and bottom lie one pixel outside.
+// Edges as this arithmetic counts them: right and bottom lie one pixel outside.
 struct Edges {
     int left;
     int top;

@@ -12,7 +12,7 @@ namespace torvane {
 /// The size of the caption when it is wrapped into the given width.
 using TextMeasure = std::function<QSize(int width)>;
 
-/// Where a button's picture stands: the values of PicturePosition. Any other value places it like `left`.
+/// Where a button's picture is: the values of PicturePosition. Any other value places it like `left`.
 enum class PicturePlace { left = 0, right = 1, above = 2, below = 3, behind = 4 };
 
 struct ButtonLayout {

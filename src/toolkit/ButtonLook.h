@@ -9,7 +9,7 @@
 
 namespace torvane {
 
-/// What a row of the window catalogue tells; the rest is the same for every button of the program.
+/// What a row of the window catalogue says; the rest is the same for every button of the program.
 struct ButtonLook {
     int type = 2;
     int fx = 0;

@@ -27,7 +27,7 @@ struct ButtonFace {
     bool softBevel = false;
     bool useGreyscale = false;
     bool useMaskColor = true;
-    QString caption; ///< plain text; "&" marks the access key, "&&" stands for one ampersand
+    QString caption; ///< plain text; "&" marks the access key, "&&" is one ampersand
     QFont font;
     ButtonPalette colours;
     ButtonLayout layout;

@@ -8,7 +8,7 @@
 namespace torvane {
 
 /// Adds the amount to each channel of a plain 0xBBGGRR word and clamps to 0..255. With the blue rule, blue
-/// takes blue x amount / 192 (integer division) in place of the amount.
+/// takes blue x amount / 192 (integer division) instead of the amount.
 OleColour ShiftRgb(OleColour colour, int amount, bool blueRule = false);
 /// Moves each channel towards white: (255 - amount) x channel / 255 + amount, at most 255. The amount is
 /// 0 (unchanged) to 255 (white).

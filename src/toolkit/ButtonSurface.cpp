@@ -167,7 +167,7 @@ void ButtonSurface::paintEvent(QPaintEvent* event) {
 }
 
 void ButtonSurface::resizeEvent(QResizeEvent*) {
-    // The toolkit also tells of the size at the first show, when nothing has changed.
+    // Qt also reports the size at the first show, when nothing has changed.
     if (size() != m_layout.client) takeSize();
 }
 

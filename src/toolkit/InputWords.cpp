@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tables from the toolkit's input to the controls' numbers.
+// Tables from Qt's input to the controls' numbers.
 #include "InputWords.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/forms/Pictures.h"
@@ -101,7 +101,7 @@ QCursor handCursor(const QPixmap& icon) {
 }
 
 QPoint hotSpot(QPoint place, qreal devicePixelRatio, const QString& platform) {
-    // On X11 the toolkit hands the number on as it is, and the display counts the picture's own dots.
+    // On X11 Qt passes the number on unchanged, and the display counts the picture's own dots.
     return platform == QStringLiteral("xcb") ? place * devicePixelRatio : place;
 }
 

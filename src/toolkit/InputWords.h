@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The numbers by which the controls tell of the mouse and the keyboard, and those of mouse pointers.
+// The numbers with which the controls report mouse and keyboard, and those of mouse pointers.
 #pragma once
 
 #include <QCursor>
@@ -42,7 +42,7 @@ enum class Hand { overButton, overLink };
 QPixmap handIcon(Hand hand, qreal devicePixelRatio);
 /// A hand that points with its finger tip; the platform's own hand for a null icon.
 QCursor handCursor(const QPixmap& icon);
-/// The hot spot as the platform of that name wants to be told it, from its place in pixels of the design.
+/// The hot spot as the platform of that name expects it, from its place in pixels of the design.
 QPoint hotSpot(QPoint place, qreal devicePixelRatio, const QString& platform);
 
 } // namespace torvane::InputWords

@@ -12,7 +12,7 @@ namespace torvane {
 
 class PropertyBag {
 public:
-    /// Stores a value under the name, at the end or in the place of an older one of that name.
+    /// Stores a value under the name, at the end, or replacing an older one of that name.
     void WriteProperty(const QString& name, const QVariant& value);
     /// The same, but a value equal to the default is left out.
     void WriteProperty(const QString& name, const QVariant& value, const QVariant& defaultValue);

@@ -65,7 +65,7 @@ void ShapeForm(Form& window) {
     if (window.picture().isNull()) return;
     const QColor back = Colours::toQColor(window.design().backColour);
     const QRegion shape = shapeOf(contentOf(window), back.rgb());
-    // To the windowing system an empty outline would mean none at all: a pixel outside stands for it.
+    // To the windowing system an empty outline means no outline at all: use one pixel outside instead.
     window.setMask(shape.isEmpty() ? QRegion(-1, -1, 1, 1) : shape);
 }
 

@@ -13,7 +13,7 @@ namespace torvane {
 /// How each pixel of a picture reaches the surface. The colours are plain 0xBBGGRR words.
 struct BlitRule {
     std::optional<OleColour> mask = {};  ///< pixels of this colour leave the surface as it is
-    std::optional<OleColour> brush = {}; ///< what the picture's pixels become in place of their own colour
+    std::optional<OleColour> brush = {}; ///< the colour that replaces that of the picture's pixels
     bool stencil = false; ///< with a brush: only dark pixels (sum of channels 384 or less) print
     bool grey = false;    ///< without a brush: luminance in all three channels
     bool blend = false;   ///< without a brush and grey: (2 x picture + surface) / 3

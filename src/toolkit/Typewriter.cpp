@@ -12,8 +12,8 @@ void Typewriter::type(const QString& text) {
 }
 
 void Typewriter::tick() {
-    // Taken before the events run: a click among them may put another text in the place of this one, and
-    // that one shall keep its first character.
+    // Taken before the events run: a click among them may start another text, which must keep its first
+    // character.
     const QString next = m_pending.left(1);
     m_pending.remove(0, 1);
     m_paper.setCaption(m_paper.Caption() + next);

@@ -11,9 +11,9 @@ class Typewriter {
 public:
     Typewriter(Label& paper, Timer& timer) : m_paper(paper), m_timer(timer) {}
 
-    /// Begins to type in the place of what was typed or is being typed.
+    /// Begins to type, replacing what was typed or is being typed.
     void type(const QString& text);
-    /// Types one character and lets events through; stops the timer behind the last one.
+    /// Types one character and lets events through; stops the timer after the last one.
     void tick();
 
 private:

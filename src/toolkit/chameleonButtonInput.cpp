@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Mouse, keyboard and focus of the skinned button. Each event is told to the handlers first; then comes
+// Mouse, keyboard and focus of the skinned button. Each event reaches the handlers first; then comes
 // the button's own reaction, so that a handler still sees the look from before it.
 #include "InputWords.h"
 #include "chameleonButton.h"
@@ -20,7 +20,7 @@ bool chameleonButton::event(QEvent* event) {
         return true;
     }
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
-        // Tool tips come out of language files: they are shown as they stand, never as markup.
+        // Tool tips come out of language files: they are shown as plain text, never as markup.
         const QString text = Qt::mightBeRichText(toolTip()) ? Qt::convertFromPlainText(toolTip()) : toolTip();
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, this);
         return true;
@@ -96,7 +96,7 @@ void chameleonButton::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void chameleonButton::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The second press of a double click counts like any other; the toolkit holds the mouse by itself.
+    // The second press of a double click counts like any other; Qt grabs the mouse by itself.
     if (InputWords::button(event->button()) == 0) return;
     if (m_lastButton == InputWords::leftButton) press(InputWords::leftButton, 0, {});
 }

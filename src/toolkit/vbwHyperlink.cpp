@@ -33,7 +33,7 @@ void vbwHyperlink::UserClick() {
     emit BeforeJump(cancel);
     restoreLook();
     if (cancel) return;
-    // The address goes out as it stands: whether it has a scheme makes no difference here.
+    // The address goes out unchanged: whether it has a scheme makes no difference here.
     const bool opened = form().runtime().browser.open(m_url);
     emit AfterJump(!opened);
 }

@@ -39,7 +39,7 @@ public:
     /// Whether the control is as large as its caption.
     bool AutoSize() const { return m_autoSize; }
     void setAutoSize(bool autoSize);
-    /// What the desktop's opener is given, as it stands, with or without a scheme.
+    /// What the desktop's opener gets, unchanged, with or without a scheme.
     const QString& URL() const { return m_url; }
     void setURL(const QString& url) { m_url = url; }
     const FontSpec& Font() const { return fontSpec(); }

@@ -34,7 +34,7 @@ public:
 
     explicit RuntimeFailure(Number number);
 
-    /// The failure that stands for an errno value of a file operation; unknown values give deviceError.
+    /// The failure for an errno value of a file operation; unknown values give deviceError.
     static RuntimeFailure fromErrno(int error);
     /// The standing text of a number; empty for none and for numbers that the program never raises.
     static QString describe(Number number);

@@ -31,7 +31,7 @@ public:
         work();
         return true;
     }
-    /// Serves waiting events. False if the work shall end: the window is to close.
+    /// Serves waiting events. False if the work must end because the window is to close.
     bool goesOn();
     /// Serves events for so long, or until the window is to close.
     void pause(int milliseconds);

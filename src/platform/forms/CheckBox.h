@@ -15,7 +15,7 @@ public:
     QString kind() const override { return QStringLiteral("check box"); }
     /// 1 if it is ticked, 0 if it is clear.
     int Value() const { return isChecked() ? 1 : 0; }
-    /// Takes 0 or 1, and tells of a click even if it had that value. Fails for any other number.
+    /// Takes 0 or 1, and reports a click even if it had that value. Fails for any other number.
     void setValue(int value);
 };
 

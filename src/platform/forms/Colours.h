@@ -22,7 +22,7 @@ constexpr OleColour windowText = system(8);
 /// The plain 0xBBGGRR word of a colour; system colours come from a table of the classic desktop, so that
 /// the skin looks the same under every desktop theme. An unknown index is black.
 OleColour translate(OleColour colour);
-/// The same as a colour of the toolkit.
+/// The same as a Qt colour.
 QColor toQColor(OleColour colour);
 
 } // namespace Colours

@@ -12,7 +12,7 @@ namespace torvane {
 
 class Form;
 
-/// A place in a design: pixels from the container's top left corner. A fraction stands for twips that
+/// A place in a design: pixels from the container's top left corner. A fraction comes from twips that
 /// are no whole pixel; what is drawn is rounded.
 struct DesignRect {
     double left = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Message boxes, file dialogs and the opener of addresses, over the toolkit's own.
+// Message boxes, file dialogs and the opener of addresses, on Qt's own.
 #include "DesktopDialogs.h"
 #include "../base/Paths.h"
 

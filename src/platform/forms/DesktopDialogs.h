@@ -17,7 +17,7 @@ public:
     QString showSave(const FileQuestion& question) override;
     QString showFolder(const FileQuestion& question) override;
 
-    /// The name filters of the toolkit for a filter of pairs "text|patterns": pairs without a pattern are
+    /// The name filters of Qt for a filter of pairs "text|patterns": pairs without a pattern are
     /// left out.
     static QStringList nameFilters(const QString& filter);
 };

@@ -6,7 +6,7 @@
 
 namespace torvane {
 
-/// A few colours that all parts of the toolkit's own dialogs are derived from.
+/// A few colours from which all parts of Qt's own dialogs are derived.
 struct DesktopLook {
     OleColour ground = 0;    ///< of boxes and dialogs
     OleColour button = 0;    ///< of push buttons, scroll bars and headings
@@ -17,7 +17,7 @@ struct DesktopLook {
 };
 
 /// Gives the whole application that look, whatever the desktop's own theme is: a light box over dark windows
-/// dazzles. To be called once the application object stands and before its first window.
+/// dazzles. To be called after the application object is made and before its first window.
 void applyDesktopLook(const DesktopLook& look);
 
 } // namespace torvane

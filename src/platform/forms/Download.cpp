@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Downloads over the toolkit's network classes, which are set up at the first use only.
+// Downloads on Qt's network classes, which are set up at the first use.
 #include "Download.h"
 
 #include <QNetworkAccessManager>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading of dropped addresses, as bytes: the toolkit would read them as UTF-8, which names need not be.
+// Reading of dropped addresses, as bytes: Qt would read them as UTF-8, which names need not be.
 #include "DroppedPath.h"
 #include "../base/Paths.h"
 

@@ -37,7 +37,7 @@ public:
     /// The name of an entry; fails with an invalid property value outside of the list.
     QString List(int index) const;
     int ListIndex() const { return currentRow(); }
-    /// Makes an entry the current one and fires Click; -1 stands for none and fires nothing. Fails with an
+    /// Makes an entry the current one and fires Click; -1 means none and fires nothing. Fails with an
     /// invalid property value outside of the list.
     void setListIndex(int index);
     /// The same without Click, for code that walks through the list to fill another one.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The table of stand-ins.
+// The table of substitute fonts.
 #include "Fonts.h"
 
 #include <QtGlobal>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The fonts of the fixed designs and their stand-ins. The designs name fonts that a Linux desktop rarely
+// The fonts of the fixed designs and their substitutes. The designs name fonts that a Linux desktop rarely
 // has: each is replaced by its metric neighbour from Debian's packages, at a pixel size (96 dpi), so that
 // every caption takes the room that the design gives it.
 #pragma once
@@ -29,9 +29,9 @@ constexpr FontSpec M8{FontSpec::MSSansSerif, 8.25, false};
 constexpr FontSpec M8b{FontSpec::MSSansSerif, 8.25, true};
 constexpr FontSpec T9u{FontSpec::Tahoma, 9.75, false, true};
 
-/// The font to draw with: the stand-in's family, a whole number of pixels (points x 96 / 72).
+/// The font to draw with: the substitute's family, a whole number of pixels (points x 96 / 72).
 QFont of(const FontSpec& named);
-/// The family of a face's stand-in and the Debian package that holds it.
+/// The family of a face's substitute and the Debian package that holds it.
 struct StandIn {
     const char* designFace;
     const char* family;

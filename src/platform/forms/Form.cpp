@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Windows of fixed design on top of the toolkit's widgets.
+// Windows of fixed design on top of Qt's widgets.
 #include "Form.h"
 #include "DroppedPath.h"
 #include "Screen.h"

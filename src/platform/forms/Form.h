@@ -50,7 +50,7 @@ public:
     /// later is followed from then on. At its first show it takes its start position.
     void Show(Form* owner = nullptr);
     void Hide();
-    /// Closes the window for good: it is hidden, runs its last handler and tells its owner to let go.
+    /// Closes the window for good: it is hidden, runs its last handler and lets its owner drop it.
     void Unload();
     /// Whether it has been closed for good: then a handler that has let events through ends without another
     /// word.

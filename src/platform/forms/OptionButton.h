@@ -16,7 +16,7 @@ public:
     QString kind() const override { return QStringLiteral("option"); }
     bool Value() const { return isChecked(); }
     /// Chooses this one, with a click even if it was chosen, or takes the choice away and leaves none. The
-    /// others of its group tell of no click.
+    /// others of its group report no click.
     void setValue(bool chosen);
 };
 

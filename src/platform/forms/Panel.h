@@ -30,7 +30,7 @@ public:
     int pixels(double units) const { return qRound(units / m_unitsPerPixel); }
 
 signals:
-    /// A key was pressed while the panel had the focus: key code of the toolkit.
+    /// A key was pressed while the panel had the focus: Qt key code.
     void keyPressed(int keyCode);
 
 protected:

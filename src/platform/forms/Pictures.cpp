@@ -12,7 +12,7 @@ namespace torvane::Pictures {
 namespace {
 QPixmap loadFile(const QString& file) {
     if (!QFile::exists(file)) return {};
-    // The format is told by the name, and the reader asked not to doubt it: else it would load all image
+    // The name gives the format, and the reader is told not to guess: otherwise it would load all image
     // plugins that there are, one after the other, to ask them.
     QImageReader reader(file, file.section(QLatin1Char('.'), -1).toLatin1());
     reader.setAutoDetectImageFormat(false);

@@ -83,7 +83,7 @@ void RowList::markCurrent() {
     }
 }
 
-// Assistive tools select rows by way of the view.
+// Assistive tools select rows through the view.
 void RowList::takeSelection(const QItemSelection& selected) {
     if (m_isMarking) return;
     selected.isEmpty() ? markCurrent() : chooseRow(selected.first().top());

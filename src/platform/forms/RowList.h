@@ -21,7 +21,7 @@ public:
     int rowCount() const { return m_model.rowCount(); }
     int rowHeight() const { return m_rowHeight; }
     /// The current row, counted from 0; -1 for none. Setting it fires no signal; a row that does not
-    /// exist stands for none.
+    /// exist means none.
     int currentRow() const { return m_current; }
     void setCurrentRow(int row);
     /// Texts, pictures and keys of the rows.

@@ -23,7 +23,7 @@ public:
     /// The images may be null: rows have no pictures then.
     RowModel(int columns, ImageList* icons);
 
-    /// Replaces all rows; null stands for none.
+    /// Replaces all rows; null means none.
     void setRows(std::shared_ptr<const RowSource> rows);
     void setHeader(int column, const QString& text);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What every form is given: the doors to the outside world and the default failure path. Owned by the
-// program's start, or by a test that answers in place of the world.
+// program's start, or by a test that answers instead of the world.
 #pragma once
 
 #include "../base/RuntimeFailure.h"
@@ -21,7 +21,7 @@ struct Runtime {
     std::function<void()> end;
 
     /// Runs a handler; a failure that it lets through takes the default path: the error box with number
-    /// and text, then the end of the process. Nothing is ever thrown on into the toolkit's own frames.
+    /// and text, then the end of the process. No exception ever reaches Qt's own frames.
     void guarded(const std::function<void()>& handler);
     /// Runs a handler whose failures are reported in the same box, after which the program goes on.
     void reporting(const std::function<void()>& handler);

@@ -16,7 +16,7 @@ namespace torvane {
 
 namespace {
 constexpr qint64 largestPicture = 4 << 20;
-constexpr int restMilliseconds = 100; // in which the first window comes to stand
+constexpr int restMilliseconds = 100; // by then the first window is on screen
 
 // A null pixmap for what is no picture.
 QPixmap pictureOf(QByteArray& bytes) {
