@@ -51,7 +51,7 @@ int runSaves(const QByteArray& folder, int rounds) {
         std::fclose(file);
     }
     const Globals globals;
-    const LanguageTables noTexts(globals, [](const auto&, const auto&, const auto&) { return QString(); });
+    const LanguageTables noTexts(globals);
     NoMessages messages;
     ID3 id3(globals, noTexts, messages);
     id3.NewCompany = id3.NewTitle = id3.NewInfo = id3.NewDate = QStringLiteral("bench");

@@ -79,6 +79,11 @@ void checkPieces(const QByteArray& bytes) {
     require(number == reference::numberIn(all), "a decimal number is one");
 }
 
+QString languageFileIn(const Scratch& folder) {
+    folder.write("lang.tvl", "[globals]\nnodisp=missing\n");
+    return QString::fromStdString(folder.path() + "/lang.tvl");
+}
+
 void checkField(const QString& shown, const std::string& stored) {
     require(CodePage1252::toBytes(shown).toStdString() == stored, "a field is shown as it stands");
 }
@@ -102,7 +107,7 @@ void checkShown(const ID3& id3, const Panel& panel, const std::string& file, con
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const Scratch folder;
-    static const Globals globals{};
+    static const Globals globals{{}, {}, {}, languageFileIn(folder), {}};
     static const LanguageTables language(globals);
     static NoMessages messages;
     Input input(data, size);
