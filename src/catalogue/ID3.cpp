@@ -53,9 +53,11 @@ void setFormat(RomTagRecord& tag, const GameFormat& first, const GameFormat& sec
 
 bool ID3::HasRomTag(const QString& path) const {
     // Most tags are at the end: search the whole file only if there is none.
-    const File file(path);
-    const QByteArray end = file.readAt(std::max<qint64>(file.length() - windowSize, 0), windowSize);
-    return TagLine::markerIn(end) >= 0 || TagInFile::hasMarker(file.handle());
+    return aboutFile(path, [&] {
+        const File file(path);
+        const QByteArray end = file.readAt(std::max<qint64>(file.length() - windowSize, 0), windowSize);
+        return TagLine::markerIn(end) >= 0 || TagInFile::hasMarker(file.handle());
+    });
 }
 
 void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
@@ -113,43 +115,56 @@ void ID3::AppendRomTag(const QString& path) {
 }
 
 void ID3::StripRomTag(const QString& path) {
-    const SafeFile::Change change(path);
-    const auto image = TagInFile::keptLength(change.file());
-    if (!image) throw RuntimeFailure(RuntimeFailure::subscript);
-    change.commit(*image, {TagLine::lineEnd});
+    aboutFile(path, [&] {
+        const SafeFile::Change change(path);
+        const auto image = TagInFile::keptLength(change.file());
+        if (!image) throw TagLine::unreadable(RuntimeFailure::subscript);
+        change.commit(*image, {TagLine::lineEnd});
+    });
 }
 
 void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString& company,
                         const QString& date, const QString& info) {
-    const SafeFile::Change change(path);
-    if (isTooShort(change.length())) {
-        // Shows the last error number and its description, although no error has occurred.
-        m_messages.MsgBox(QStringLiteral("%1: %2")
-                              .arg(RuntimeFailure::none)
-                              .arg(RuntimeFailure::describe(RuntimeFailure::none)));
-        return;
-    }
+    const TagLine::Fields fields{CodePage1252::toBytes(company),
+                                 CodePage1252::toBytes(title),
+                                 CodePage1252::toBytes(date),
+                                 CodePage1252::toBytes(info),
+                                 {}};
+    aboutFile(path, [&] {
+        const SafeFile::Change change(path);
+        isTooShort(change.length()) ? showNoError() : replaceInWindow(change, fields);
+    });
+}
+
+// Shows the last error number and its description, although no error has occurred.
+void ID3::showNoError() {
+    m_messages.MsgBox(QStringLiteral("%1: %2")
+                          .arg(RuntimeFailure::none)
+                          .arg(RuntimeFailure::describe(RuntimeFailure::none)));
+}
+
+void ID3::replaceInWindow(const SafeFile::Change& change, TagLine::Fields fields) {
     const QByteArray window = tailWindow(change, change.length());
     const QByteArrayView remnant = TagLine::keptImage(window);
-    const QByteArray size = TagLine::storedSizeText(TagLine::tagPart(window));
+    fields.size = TagLine::storedSizeText(TagLine::tagPart(window));
     fillBlanks();
     // The rewrite keeps only the image bytes of the window, so keep the whole old file as a backup.
     change.keepFormer(m_globals.AppPath + backupFolder);
-    change.commit({remnant, TagLine::lineEnd,
-                   TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
-                                   CodePage1252::toBytes(date), CodePage1252::toBytes(info), size})});
+    change.commit({remnant, TagLine::lineEnd, TagLine::build(fields)});
 }
 
 void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
     // Call `yield` before opening the change, which then sees what others have done to the file.
     bool isTagged = HasRomTag(path);
     if (isTagged) yield();
-    // Two attempts, since a tag may appear or disappear between the check and the change.
-    for (int i = 0; i < 2; ++i) {
-        if (isTagged ? replaceTag(path) : appendFirstTag(path)) return;
-        isTagged = !isTagged;
-    }
-    throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    aboutFile(path, [&] {
+        // Two attempts, since a tag may appear or disappear between the check and the change.
+        for (int i = 0; i < 2; ++i) {
+            if (isTagged ? replaceTag(path) : appendFirstTag(path)) return;
+            isTagged = !isTagged;
+        }
+        failAsChanged();
+    });
 }
 
 // False if the file has a tag by now.

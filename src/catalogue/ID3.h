@@ -10,6 +10,13 @@
 
 namespace torvane {
 
+namespace SafeFile {
+class Change;
+}
+namespace TagLine {
+struct Fields;
+}
+
 /// The last tag read. Its fields stay until the next read.
 struct RomTagRecord {
     QString Company; ///< empty when the file has no tag, as are the next three
@@ -33,6 +40,7 @@ public:
     virtual void showFormat(const QString& format) = 0;
 };
 
+/// Failures of these operations name the file.
 class ID3 {
 public:
     ID3(const Globals& globals, const LanguageTables& language, MessageBoxes& messages)
@@ -65,6 +73,8 @@ public:
 private:
     void readTagged(const QString& path, qint64& length, GamePanel& panel);
     void readUntagged(const QString& path, qint64 length, GamePanel& panel);
+    void replaceInWindow(const SafeFile::Change& change, TagLine::Fields fields);
+    void showNoError();
     void fillBlanks();
     QByteArray newLine(qint64 size) const;
     bool replaceTag(const QString& path);

@@ -36,12 +36,12 @@ QByteArray sizeText(const Handle& file, qint64 tag, qint64 end) {
     qint64 piece = tag;
     for (int i = TagLine::sizePiece(beginning); i > 0; --i) {
         const qint64 separator = separatorAt(file, piece, end);
-        if (separator < 0) throw RuntimeFailure(RuntimeFailure::subscript);
+        if (separator < 0) throw TagLine::unreadable(RuntimeFailure::subscript);
         piece = separator + 1;
     }
     const qint64 separator = separatorAt(file, piece, end);
     const qint64 length = (separator < 0 ? end : separator) - piece;
-    if (length > longestSize) throw RuntimeFailure(RuntimeFailure::typeMismatch);
+    if (length > longestSize) throw TagLine::unreadable(RuntimeFailure::typeMismatch);
     return bytesOf(file, piece, length);
 }
 } // namespace

@@ -2,7 +2,6 @@
 // Parses and builds tag lines.
 #include "TagLine.h"
 #include "platform/base/NumberText.h"
-#include "platform/base/RuntimeFailure.h"
 
 #include <QByteArrayList>
 #include <cmath>
@@ -12,7 +11,7 @@ namespace torvane::TagLine {
 
 namespace {
 const QByteArray& piece(const QByteArrayList& pieces, qsizetype index) {
-    if (index >= pieces.size()) throw RuntimeFailure(RuntimeFailure::subscript);
+    if (index >= pieces.size()) throw unreadable(RuntimeFailure::subscript);
     return pieces[index];
 }
 
@@ -42,7 +41,7 @@ qsizetype markerIn(QByteArrayView bytes) {
 
 QByteArrayView tagPart(QByteArrayView bytes) {
     const qsizetype at = markerIn(bytes);
-    if (at < 0) throw RuntimeFailure(RuntimeFailure::subscript);
+    if (at < 0) throw unreadable(RuntimeFailure::subscript);
     const QByteArrayView rest = bytes.sliced(at + marker.size());
     const qsizetype next = markerIn(rest);
     return next < 0 ? rest : rest.first(next);
@@ -60,8 +59,11 @@ int sizePiece(QByteArrayView tagPart) { return 4 + shiftOf(tagPart); }
 QByteArray storedSizeText(QByteArrayView tagPart) { return piece(piecesOf(tagPart), sizePiece(tagPart)); }
 
 qint64 keptLength(qint64 image, const QByteArray& size) {
-    const double stored = std::nearbyint(NumberText::toReal(size));
-    if (stored < 0) throw RuntimeFailure(RuntimeFailure::invalidCall);
+    double stored = 0;
+    if (!ignoring([&] { stored = std::nearbyint(NumberText::toReal(size)); })) {
+        throw unreadable(RuntimeFailure::typeMismatch);
+    }
+    if (stored < 0) throw unreadable(RuntimeFailure::invalidCall);
     return stored >= static_cast<double>(image) ? image : static_cast<qint64>(stored);
 }
 

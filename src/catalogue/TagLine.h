@@ -2,6 +2,8 @@
 // Parses and builds the bytes of a tag line. Pure functions; ID3 reads and writes the files.
 #pragma once
 
+#include "platform/base/RuntimeFailure.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 
@@ -18,6 +20,11 @@ inline const QByteArray lineEnd = QByteArrayLiteral("\r\n");
 struct Fields {
     QByteArray company, title, date, info, size;
 };
+
+/// The failure to understand a tag. All that follow here are such.
+inline RuntimeFailure unreadable(RuntimeFailure::Number number) {
+    return RuntimeFailure(number, RuntimeFailure::Reason::tag);
+}
 
 /// The offset of the first marker; -1 if there is none.
 qsizetype markerIn(QByteArrayView bytes);

@@ -2,6 +2,7 @@
 // Writing and placing new files.
 #include "Arrival.h"
 #include "FileRights.h"
+#include "Paths.h"
 
 #include <cstdio>
 
@@ -12,20 +13,28 @@ bool isAt(const QByteArray& path, const struct stat& file) {
     struct stat there {};
     return stat(path.constData(), &there) == 0 && isSameFile(there, file);
 }
+
+Handle openedForCopy(const QByteArray& path, struct stat& state) {
+    Handle file =
+        opened(uninterrupted([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+    state = infoOf(file);
+    if (!S_ISREG(state.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    return file;
+}
 } // namespace
 
 std::unique_ptr<Arrival> Arrival::ofCopy(const QByteArray& from, const QByteArray& target, struct stat& state,
                                          const std::function<void()>& betweenBlocks) {
-    const Handle source =
-        opened(uninterrupted([&] { return open(from.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
-    state = infoOf(source);
-    if (!S_ISREG(state.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    const QString sourcePath = Paths::spelled(from);
+    const Handle source = aboutFile(sourcePath, [&] { return openedForCopy(from, state); });
     const Place place = placeOf(target);
     if (isAt(target, state)) return nullptr;
     FileRights::refuseUnlessWritable(target);
     auto arrival = std::make_unique<Arrival>(place);
     arrival->m_fresh.copyFrom(source, state.st_size, betweenBlocks);
-    if (!isSameState(state, infoOf(source))) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    aboutFile(sourcePath, [&] {
+        if (!isSameState(state, infoOf(source))) failAsChanged();
+    });
     const timespec times[2] = {{0, UTIME_OMIT}, state.st_mtim};
     futimens(arrival->m_fresh.handle().number(), times);
     return arrival;

@@ -5,13 +5,18 @@
 
 namespace torvane {
 
-File::File(const QString& path)
-    // Without O_NONBLOCK a pipe in the games folder would hold up the interface for good.
-    : m_handle(opened(uninterrupted([real = Paths::real(path)] {
-          return open(real.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-      }))) {
-    if (!S_ISREG(infoOf(m_handle).st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+namespace {
+Handle openedRegular(const QByteArray& path) {
+    // Without O_NONBLOCK a pipe in the games folder would block the interface for good.
+    Handle file =
+        opened(uninterrupted([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+    if (!S_ISREG(infoOf(file).st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    return file;
 }
+} // namespace
+
+File::File(const QString& path)
+    : m_handle(aboutFile(path, [&] { return openedRegular(Paths::real(path)); })) {}
 
 qint64 File::length() const { return infoOf(m_handle).st_size; }
 
@@ -20,7 +25,9 @@ QByteArray File::readAt(qint64 position, qint64 count) const { return bytesOf(m_
 QByteArray File::readAll() const { return allBytesOf(m_handle); }
 
 void File::remove(const QString& path) {
-    if (unlink(Paths::real(path).constData()) != 0) failWithErrno();
+    aboutFile(path, [&] {
+        if (unlink(Paths::real(path).constData()) != 0) failWithErrno();
+    });
 }
 
 bool File::exists(const QString& path) {

@@ -9,7 +9,8 @@
 
 namespace torvane {
 
-/// An open file. Every failure is a RuntimeFailure with the number of the system's reason.
+/// An open file. Every failure is a RuntimeFailure with the number of the system's reason; those to open or
+/// delete a file name it.
 class File {
 public:
     /// Opens the file of a spelled path (see Paths). A folder, a pipe or a device is refused as a path access

@@ -63,10 +63,12 @@ bool FileCopies::add(const QString& source, const QString& name) {
     Waiting waiting;
     waiting.record.source = Paths::real(source);
     waiting.record.target = m_folder + '/' + NativeText::toNative(name);
-    waiting.arrival = Arrival::ofCopy(waiting.record.source, waiting.record.target, waiting.record.was,
-                                      [this] { serveIfDue(); });
+    aboutFile(source, [&] {
+        waiting.arrival = Arrival::ofCopy(waiting.record.source, waiting.record.target, waiting.record.was,
+                                          [this] { serveIfDue(); });
+        if (waiting.arrival) waiting.arrival->applyPermissions();
+    });
     if (!waiting.arrival) return false;
-    waiting.arrival->applyPermissions();
     // The disk may begin at once: there will be less to wait for. That it does is no matter.
     sync_file_range(waiting.arrival->fresh().handle().number(), 0, 0, SYNC_FILE_RANGE_WRITE);
     m_waiting.push_back(std::move(waiting));
@@ -97,7 +99,7 @@ void FileCopies::place(std::vector<Waiting>& batch) {
             waiting.record.copy = infoOf(waiting.arrival->fresh().handle());
             placed.push_back(std::move(waiting));
         } catch (const RuntimeFailure& failure) {
-            if (!firstFailure) firstFailure = failure;
+            if (!firstFailure) firstFailure = failure.about(Paths::spelled(waiting.record.target));
         }
     }
     inBackground([&] { syncFolders(placed); });

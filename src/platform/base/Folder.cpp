@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Opening, making and syncing folders; following symbolic links.
 #include "Folder.h"
+#include "Paths.h"
 
 #include <array>
 #include <climits>
@@ -25,7 +26,7 @@ Folder::Folder(const QByteArray& path) {
         m_canSync = false;
         number = openAs(O_PATH);
     }
-    m_handle = opened(number);
+    m_handle = aboutFile(Paths::spelled(path), [&] { return opened(number); });
 }
 
 void Folder::make(const QByteArray& path) {

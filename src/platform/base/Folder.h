@@ -9,7 +9,8 @@ namespace torvane {
 /// An open folder: names in it mean the same files even if the folder itself is renamed meanwhile.
 class Folder {
 public:
-    /// Opens the folder of a real path. One that may be written but not read can be used, not synced.
+    /// Opens the folder of a real path; a failure names it. One that may be written but not read can be used,
+    /// not synced.
     explicit Folder(const QByteArray& path);
     /// Makes a folder and its missing parents, each on the disk before anything is put into it. An existing
     /// folder stays as it is.

@@ -29,7 +29,7 @@ bool take(const Handle& file, int kind) {
 bool takeLease(const Handle& file) {
     if (take(file, F_RDLCK)) return true;
     const bool isHeldByWriter = errno == EAGAIN && !isOnServer(file);
-    if (isHeldByWriter) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    if (isHeldByWriter) throw RuntimeFailure(RuntimeFailure::permissionDenied, RuntimeFailure::Reason::inUse);
     return false;
 }
 

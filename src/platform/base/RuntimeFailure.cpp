@@ -6,7 +6,17 @@
 
 namespace torvane {
 
-RuntimeFailure::RuntimeFailure(Number number) : m_number(number) {}
+RuntimeFailure::RuntimeFailure(Number number, Reason reason) : m_number(number), m_reason(reason) {}
+
+QString RuntimeFailure::boxText() const {
+    return QStringLiteral("Run-time error '%1':\n\n%2").arg(m_number).arg(text());
+}
+
+RuntimeFailure RuntimeFailure::about(const QString& file) const {
+    RuntimeFailure failure = *this;
+    if (failure.m_file.isEmpty()) failure.m_file = file;
+    return failure;
+}
 
 RuntimeFailure RuntimeFailure::fromErrno(int error) {
     switch (error) {

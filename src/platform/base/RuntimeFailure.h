@@ -9,7 +9,8 @@
 
 namespace torvane {
 
-/// A failed operation: the runtime's number for it and its text in English.
+/// A failed operation: the runtime's number for it and its text in English, and where they are known the file
+/// and a closer reason.
 class RuntimeFailure : public std::exception {
 public:
     /// Numbers that the program raises; the values are those of the classic forms runtimes.
@@ -32,7 +33,16 @@ public:
         printer = 482,
     };
 
-    explicit RuntimeFailure(Number number);
+    /// What a number alone leaves open. All failures to understand the tag of a file share one reason.
+    enum class Reason {
+        none,
+        tag,      ///< the file has none that can be understood
+        inUse,    ///< another program has the file open for writing
+        changed,  ///< another program has changed the file meanwhile
+        sameFile, ///< source and target of a copy are one file
+    };
+
+    explicit RuntimeFailure(Number number, Reason reason = Reason::none);
 
     /// The failure for an errno value of a file operation; unknown values give deviceError.
     static RuntimeFailure fromErrno(int error);
@@ -41,11 +51,30 @@ public:
 
     Number number() const { return m_number; }
     QString text() const { return describe(m_number); }
+    /// What the runtime's error box says: number and text, in English.
+    QString boxText() const;
+    Reason reason() const { return m_reason; }
+    /// The spelled path of the file that the operation was about; empty if none is known.
+    const QString& file() const { return m_file; }
+    /// The same failure with a file, unless it has one already: who raised it knew best.
+    RuntimeFailure about(const QString& file) const;
     const char* what() const noexcept override { return "torvane::RuntimeFailure"; }
 
 private:
     Number m_number;
+    Reason m_reason;
+    QString m_file;
 };
+
+/// Does something to a file, and names the file in a failure that names none.
+template <typename Action>
+auto aboutFile(const QString& path, Action&& action) {
+    try {
+        return std::forward<Action>(action)();
+    } catch (const RuntimeFailure& failure) {
+        throw failure.about(path);
+    }
+}
 
 /// Runs one statement and goes on with the next if it fails. True if it did not fail.
 template <typename Statement>

@@ -19,7 +19,7 @@ constexpr int mostLooks = 20; // at one a millisecond: who holds the file open f
 void requireLength(const Handle& file, qint64 expected) {
     const struct stat now = infoOf(file);
     if (now.st_nlink == 0) throw RuntimeFailure(RuntimeFailure::fileNotFound);
-    if (now.st_size != expected) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    if (now.st_size != expected) failAsChanged();
 }
 
 // Takes away what was written. It need not stand at the former end: another program may have changed the
@@ -40,27 +40,9 @@ Handle openedAlone(const std::function<Handle(int)>& openAs) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 }
-} // namespace
 
-void replace(const QString& path, const QByteArray& bytes) {
-    const QByteArray target = Paths::real(path);
-    const Place place = placeOf(target);
-    FileRights::refuseUnlessWritable(target);
-    Arrival arrival(place);
-    arrival.fresh().write(bytes);
-    arrival.commit();
-}
-
-void copy(const QString& sourcePath, const QString& targetPath) {
-    struct stat source {};
-    const auto copy = Arrival::ofCopy(Paths::real(sourcePath), Paths::real(targetPath), source);
-    if (!copy) throw RuntimeFailure(RuntimeFailure::permissionDenied);
-    copy->commit();
-}
-
-bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,
-            const std::function<bool(const Handle&)>& isWanted) {
-    const QByteArray target = Paths::real(path);
+bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>& bytesBehind,
+              const std::function<bool(const Handle&)>& isWanted) {
     const Place place = placeOf(target);
     const Folder folder(place.folder);
     const auto openAs = [&](int flags) {
@@ -85,6 +67,32 @@ bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesB
         throw;
     }
     return true;
+}
+} // namespace
+
+void replace(const QString& path, const QByteArray& bytes) {
+    aboutFile(path, [&] {
+        const QByteArray target = Paths::real(path);
+        const Place place = placeOf(target);
+        FileRights::refuseUnlessWritable(target);
+        Arrival arrival(place);
+        arrival.fresh().write(bytes);
+        arrival.commit();
+    });
+}
+
+void copy(const QString& sourcePath, const QString& targetPath) {
+    aboutFile(targetPath, [&] {
+        struct stat source {};
+        const auto copy = Arrival::ofCopy(Paths::real(sourcePath), Paths::real(targetPath), source);
+        if (!copy) throw RuntimeFailure(RuntimeFailure::permissionDenied, RuntimeFailure::Reason::sameFile);
+        copy->commit();
+    });
+}
+
+bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,
+            const std::function<bool(const Handle&)>& isWanted) {
+    return aboutFile(path, [&] { return appendTo(Paths::real(path), bytesBehind, isWanted); });
 }
 
 } // namespace torvane::SafeFile

@@ -9,6 +9,8 @@
 // over when its source was last changed. A symbolic link stays, and the file that it names is replaced.
 // Another hard link keeps the former content, but sees a line that is appended. Refused are read-only files,
 // folders that can't be written, and what is no regular file.
+// Failures name the file: the target of a copy, unless the source is at fault. Those of a Change leave that
+// to its user.
 #pragma once
 
 #include "HiddenFile.h"

@@ -67,7 +67,7 @@ bool Change::keepLink(const Folder& keeping) const {
                       0);
     });
     if (linked != 0) return false;
-    if (!isUntouched(keeping, kept.name())) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    if (!isUntouched(keeping, kept.name())) failAsChanged();
     nameKept(keeping, kept, m_place.name);
     return true;
 }
@@ -79,7 +79,7 @@ void Change::keepCopy(const Folder& keeping) const {
     const timespec times[2] = {{0, UTIME_OMIT}, m_former.st_mtim};
     futimens(kept.handle().number(), times);
     kept.sync();
-    if (!isUntouched(m_folder, m_place.name)) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    if (!isUntouched(m_folder, m_place.name)) failAsChanged();
     nameKept(keeping, kept, m_place.name);
 }
 
@@ -90,7 +90,7 @@ void Change::commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) c
     const struct stat present = infoOf(m_file); // its rights may be others by now
     FileRights::give(fresh.handle(), &present);
     fresh.sync();
-    if (!isUntouched(m_folder, m_place.name)) throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    if (!isUntouched(m_folder, m_place.name)) failAsChanged();
     exchange(fresh);
 }
 
@@ -118,7 +118,7 @@ void Change::exchange(HiddenFile& fresh) const {
     }
     giveBack(fresh, ours, rename);
     ignoring([this] { m_folder.sync(); });
-    throw RuntimeFailure(RuntimeFailure::permissionDenied);
+    failAsChanged();
 }
 
 // Exchanges until what comes back is what was put there last: anything else is newer still.

@@ -15,6 +15,11 @@ namespace torvane {
 
 [[noreturn]] inline void failWithErrno() { throw RuntimeFailure::fromErrno(errno); }
 
+/// Fails because another program has changed a file that is about to be replaced or copied.
+[[noreturn]] inline void failAsChanged() {
+    throw RuntimeFailure(RuntimeFailure::permissionDenied, RuntimeFailure::Reason::changed);
+}
+
 /// Makes a call of the system again as long as a signal has interrupted it; gives what it gives.
 template <typename Call>
 auto uninterrupted(Call&& call) {

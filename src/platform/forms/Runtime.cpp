@@ -10,7 +10,7 @@ void Runtime::guarded(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeFailure& failure) {
-        showFailure(failure);
+        showFailure(failure.boxText());
         end();
     }
 }
@@ -19,14 +19,11 @@ void Runtime::reporting(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeFailure& failure) {
-        showFailure(failure);
+        showFailure(failureText ? failureText(failure) : failure.boxText());
     }
 }
 
-void Runtime::showFailure(const RuntimeFailure& failure) {
-    messages.MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(failure.number()).arg(failure.text()),
-                    MsgBoxFlags::critical);
-}
+void Runtime::showFailure(const QString& text) { messages.MsgBox(text, MsgBoxFlags::critical); }
 
 void pumpEvents() { QCoreApplication::processEvents(); }
 

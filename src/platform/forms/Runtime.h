@@ -19,15 +19,18 @@ struct Runtime {
     Settings& settings;
     /// Ends the process at once, with no clean-up of windows; in tests it may return.
     std::function<void()> end;
+    /// The text of a failure after which the program goes on; without it the runtime's own.
+    std::function<QString(const RuntimeFailure&)> failureText = {};
 
     /// Runs a handler; a failure that it lets through takes the default path: the error box with number
     /// and text, then the end of the process. No exception ever reaches Qt's own frames.
     void guarded(const std::function<void()>& handler);
-    /// Runs a handler whose failures are reported in the same box, after which the program goes on.
+    /// Runs a handler whose failures are reported in such a box with `failureText`, after which the program
+    /// goes on.
     void reporting(const std::function<void()>& handler);
 
 private:
-    void showFailure(const RuntimeFailure& failure);
+    void showFailure(const QString& text);
 };
 
 /// Lets waiting events through once.

@@ -281,6 +281,21 @@ private slots:
         QCOMPARE(boxesAtEnd, 1);
     }
 
+    void a_reported_failure_has_the_programs_own_text_and_one_that_ends_it_has_the_runtimes() {
+        Runtime runtime = world->runtime;
+        runtime.failureText = [](const RuntimeFailure& failure) {
+            return failure.file() + QString::number(failure.number());
+        };
+        const auto fail = [] { throw RuntimeFailure(RuntimeFailure::subscript).about(u"a.gb"_s); };
+        runtime.reporting(fail);
+        QCOMPARE(world->messages.last(), u"a.gb9"_s);
+        QCOMPARE(world->messages.boxes[0].flags, 16);
+        QCOMPARE(world->ends, 0);
+        runtime.guarded(fail);
+        QCOMPARE(world->messages.last(), u"Run-time error '9':\n\nSubscript out of range"_s);
+        QCOMPARE(world->ends, 1);
+    }
+
     // Parts of a form
     void places_in_the_tab_order_are_counted_through_panels() {
         Panel panel(*form, "panel", {0, 0, 100, 100}, {});
