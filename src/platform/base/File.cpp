@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// One open file, over the system's calls: unbuffered, so that a look at a tag reads no more than it needs.
+// One open file, over system calls: unbuffered, so that reading a tag reads no more than it needs.
 #include "File.h"
 #include "Paths.h"
 
 namespace torvane {
 
 File::File(const QString& path)
-    // Without O_NONBLOCK a pipe in the games folder would hold up the interface for good.
+    // Without O_NONBLOCK a pipe in the games folder would block the interface for ever.
     : m_handle(opened(uninterrupted([real = Paths::real(path)] {
           return open(real.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
       }))) {
