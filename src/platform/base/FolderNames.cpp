@@ -19,11 +19,11 @@ namespace {
 constexpr off_t mostRoom = 16 << 20;
 constexpr size_t usualEntrySize = 32;
 
-// The first bytes of a key as numbers of the same order, so that most comparisons need no look at the key.
+// The first bytes of a key as numbers with the same order, so that most comparisons need not read the key.
 using Front = std::array<quint64, 2>;
 
 Front frontOf(QByteArrayView key) {
-    // No name holds a zero byte: a shorter key comes first.
+    // No name contains a zero byte, so padding with zeros sorts a shorter key first.
     char bytes[sizeof(Front)] = {};
     std::memcpy(bytes, key.data(), std::min(sizeof bytes, static_cast<size_t>(key.size())));
     return {qFromBigEndian<quint64>(bytes), qFromBigEndian<quint64>(bytes + sizeof(quint64))};
