@@ -19,7 +19,7 @@ namespace torvane::bench {
 namespace {
 constexpr size_t selections = 1000;
 
-// The indices of games with content, ordered so that no two successive ones are neighbours in the list.
+// The indices of games with content, shuffled so that successive ones are hardly ever neighbours in the list.
 std::vector<int> gamesWithContent(const FileList& games) {
     std::vector<int> places;
     for (int i = 0; i < games.ListCount(); ++i) {
