@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The registration of a resource that lives in a static library: without it the linker leaves the pictures
-// out.
+// Registers a resource that is in a static library: otherwise the linker drops the pictures.
 #include "ArtResources.h"
 
 #include <QtCore/QDir>
 #include <QtCore/qglobal.h>
 
-// Q_INIT_RESOURCE declares a function and has to stand outside of every namespace.
+// Q_INIT_RESOURCE declares a function and must be outside every namespace.
 static void registerPictures() { Q_INIT_RESOURCE(torvane_art); }
 
 namespace torvane {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes the rendered pictures known to Qt under ":/art". The pictures themselves are made by the painter at
-// build time.
+// Makes the rendered pictures available to Qt under ":/art". The painter makes them at build time.
 #pragma once
 
 namespace torvane {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The four pages of the assistant: the helper's scene above, and below it the control strip with the path
-// field, its button and the track of the progress bar. Every part keeps its place from page to page, so that
+// field, its button and the track of the progress bar. Every part has the same place on all pages, so that
 // turning a page moves nothing but the helper.
 #include "Backgrounds.h"
 
@@ -25,7 +25,7 @@ constexpr int markPixels = 16;
 // A mark beside a hot area.
 struct Mark {
     const char* area;    // the control that answers the click
-    const char* drawing; // SVG without ending
+    const char* drawing; // SVG name without extension
 };
 
 struct Page {
@@ -64,8 +64,8 @@ QRectF sceneOf(const Workshop& shop, QSizeF size) {
     return {0, 0, size.width(), shop.catalogue.united(window, {"FilePath", "Browse"}).top() - 5};
 }
 
-// A light that the mark throws along its line; it has no edge, since the words of a line may stand a little
-// higher or lower than the hot area.
+// The light that the mark casts along its line. It has no edge, because a line's words may be a little higher
+// or lower than the hot area.
 void beam(QPainter& painter, const QRectF& area) {
     const qreal step = 0.5;
     for (qreal down = 0; down < area.height(); down += step) {
@@ -107,7 +107,7 @@ void paintScene(Panel& panel, const Workshop& shop, const Page& page, const QRec
     for (const Mark& mark : page.marks) paintMark(panel, shop, mark);
 }
 
-// A field or a button that a page does not show is a blank cover plate there.
+// On pages without a field or a button, a blank cover plate is in its place.
 void paintStrip(Panel& panel, const Workshop& shop, bool hasPathField) {
     const QRectF path = shop.catalogue.rect(window, "FilePath");
     const QRectF track = shop.catalogue.rect(window, "Pista");
@@ -129,7 +129,7 @@ void paintStrip(Panel& panel, const Workshop& shop, bool hasPathField) {
 
 QImage paintAssistant(const Workshop& shop, AssistantPage number) {
     const Page page = pageOf(number);
-    const QSizeF size = shop.catalogue.rect(window, "One").size(); // lower than the window itself
+    const QSizeF size = shop.catalogue.rect(window, "One").size(); // less high than the window itself
     const QRectF area = sceneOf(shop, size);
     Panel panel(size.toSize(), shop.scale);
     paintScene(panel, shop, page, area);

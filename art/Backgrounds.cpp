@@ -16,7 +16,7 @@ QRectF between(qreal left, qreal top, qreal right, qreal bottom) {
     return {QPointF(left, top), QPointF(right, bottom)};
 }
 
-// The places of some buttons in whole pixels, as the window sets them.
+// The rectangles of some buttons in whole pixels, as the window rounds them.
 QList<QRectF> places(const Catalogue& catalogue, const QString& window, const QStringList& buttons) {
     QList<QRectF> rects;
     for (const QString& button : buttons) {
@@ -109,11 +109,11 @@ QImage paintZipWait(const Workshop& shop) {
     const QSizeF size = shop.catalogue.rect(window, "Mensaje").size();
     const QRectF detail = shop.catalogue.rect(window, "Label3");
     Panel panel(size.toSize(), shop.scale);
-    // Lighter than the list beneath, so that it stands out before its words are read.
+    // Lighter than the list beneath, so that the panel is noticed before its words are read.
     panel.painter().fillRect(QRectF(QPointF(0, 0), size), palette::veil(palette::foldOut, 70));
     panel.raisedEdge();
     panel.groove({4, detail.top() - 2, size.width() - 8, 2});
-    // Three lamps in the free end of the second line say that the archive is being worked on.
+    // Three lamps at the free end of the second line show that the archive is being processed.
     constexpr int lamps = 3;
     const qreal step = (size.width() - 4 - detail.right()) / lamps;
     for (int number = 0; number < lamps; ++number)
@@ -131,7 +131,7 @@ QImage paintTorvMsg(const Workshop& shop) {
     const QRectF field = between(message.left() - 2, message.top() - 2, size.width() - 5, answers.top() - 5);
     Panel panel(size.toSize(), shop.scale);
     panel.well(field);
-    // The message is an opaque label that is smaller than the field: the field's floor continues its colour.
+    // The message is an opaque label, smaller than the field: the floor of the field continues its colour.
     panel.painter().fillRect(field.adjusted(2, 2, 0, 0), palette::darkPanel);
     panel.frame();
     panel.seat(places(shop.catalogue, window, answerButtons));

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The backgrounds of the windows: which plates, wells and slots lie where. All places come from the
-// catalogue.
+// The backgrounds of the windows: where plates, wells and slots are. All rectangles come from the catalogue.
 #pragma once
 
 #include "Catalogue.h"
@@ -10,7 +9,7 @@
 
 namespace torvane {
 
-/// What a background needs to know besides its own layout.
+/// What a background needs besides its own layout.
 struct Workshop {
     const Catalogue& catalogue;
     QDir drawings; ///< the folder of the SVG sources
@@ -19,24 +18,24 @@ struct Workshop {
 
 /// The main window.
 QImage paintMainFrm(const Workshop& shop);
-/// The main window's title band alone: the top rows of its background, so that the two meet without a seam.
+/// The title band of the main window: the top rows of its background, so that the two meet without a seam.
 QImage cutTitleBand(const QImage& mainFrm, int scale);
-/// The window that shows what a ZIP holds.
+/// The window that shows the content of a ZIP archive.
 QImage paintZipViewer(const Workshop& shop);
-/// The panel that lies over its list while the archive is unpacked.
+/// The panel that covers its list while the archive is being unpacked.
 QImage paintZipWait(const Workshop& shop);
 /// The yes-or-no box.
 QImage paintTorvMsg(const Workshop& shop);
 /// The start window: the helper figure in the night, asking (`glad` false) or giving thanks (`glad` true).
 QImage paintSelLangStartUp(const Workshop& shop, bool glad);
 
-/// The pages of the assistant: greeting, the choice between a file and a folder, the question what becomes of
-/// the source files, and the page of something that went wrong.
+/// The pages of the assistant: greeting, the choice between a file and a folder, the question whether to
+/// delete the source files, and the page for a failure.
 enum class AssistantPage { Welcome, Choice, Sources, Trouble };
 /// One page of the assistant.
 QImage paintAssistant(const Workshop& shop, AssistantPage page);
 
-/// The intro window: everything outside of the device has the colour of the top left pixel.
+/// The intro window: everything outside the device has the colour of the top left pixel.
 QImage paintSplash(const Workshop& shop);
 
 } // namespace torvane

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Rendering of SVG sources. Hard edges come from a vote: QtSvg always smooths, so an icon is rendered eight
-// times too large and each pixel is then decided by the majority of its 64 samples.
+// Rendering of SVG sources. QtSvg always smooths, so for hard edges an icon is rendered eight times too
+// large, and the majority of its 64 samples decides each pixel.
 #include "Drawing.h"
 
 #include "Palette.h"
@@ -18,11 +18,11 @@ namespace {
 
 constexpr int samples = 8;
 
-// The tones that the icon sources are written in, and what the hover twin shows instead.
+// The tones in which the icon sources are drawn, and those of the hover twin.
 const QList<std::pair<QByteArray, QByteArray>> warmTones = {
     {"#E8ECF8", "#FFE9C4"}, {"#7F8ABA", "#E08A2A"}, {"#FFB84D", "#FFFFFF"}};
 
-// The winning colour of one pixel's samples, or clear when less than half of them are covered.
+// The most frequent colour among one pixel's samples, or clear if less than half of them are covered.
 QRgb vote(const QImage& large, int x, int y) {
     QHash<QRgb, int> votes;
     QRgb winner = 0;
@@ -37,7 +37,7 @@ QRgb vote(const QImage& large, int x, int y) {
     return covered * 2 >= samples * samples ? winner : 0;
 }
 
-// Whether there is colour near a pixel. Dark lines don't count: at the rim they are outline already.
+// Whether there is colour near a pixel. Dark lines don't count: at the rim they are already the outline.
 bool colourNear(const QImage& image, int x, int y, int reach) {
     for (int dy = -reach; dy <= reach; ++dy) {
         for (int dx = -reach; dx <= reach; ++dx) {

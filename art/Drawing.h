@@ -14,13 +14,13 @@
 
 namespace torvane {
 
-/// One SVG source. Throws std::runtime_error when the file is missing or no drawing.
+/// One SVG source. Throws std::runtime_error if the file is missing or not a drawing.
 class Drawing {
 public:
     explicit Drawing(const QString& path);
 
-    /// The same drawing with colours replaced: each pair is a colour as the source spells it and the one to
-    /// show.
+    /// The same drawing with colours replaced: each pair is a colour as the source spells it and its
+    /// replacement.
     Drawing recoloured(const QList<std::pair<QByteArray, QByteArray>>& colours) const;
 
     /// The same drawing with its three icon tones changed to those of the warm hover twin.
@@ -29,15 +29,15 @@ public:
     /// Paints the drawing with soft edges into `target`.
     void paint(QPainter& painter, const QRectF& target) const;
 
-    /// Paints the element `part` alone, where it lies when the whole drawing fills `target`.
+    /// Paints only the element `part`, at its place in the whole drawing, which fills `target`.
     void paintPart(QPainter& painter, const QString& part, const QRectF& target) const;
 
     /// The drawing with soft edges and alpha, `pixels` wide and high.
     QImage smooth(int pixels) const;
 
-    /// The drawing as pixel art, `pixels` wide and high: each pixel takes the colour that most of it shows or
-    /// stays clear, and a dark outline of `outlineWidth` pixels is laid around. Alpha is 0 or 255, nothing
-    /// between.
+    /// The drawing as pixel art, `pixels` wide and high: each pixel takes the colour of most of its samples
+    /// or stays clear, and a dark outline of `outlineWidth` pixels surrounds the shape. Alpha is either 0 or
+    /// 255.
     QImage hardEdged(int pixels, int outlineWidth) const;
 
 private:
@@ -47,7 +47,7 @@ private:
     QString name;
 };
 
-/// `icon` on an opaque ground of `mask`; throws std::runtime_error when the icon uses the mask colour itself.
+/// `icon` on an opaque ground of `mask`; throws std::runtime_error if the icon uses the mask colour itself.
 QImage masked(const QImage& icon, const QColor& mask);
 
 } // namespace torvane

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The list of icons and how each kind is rendered. A button icon takes its mask colour from the button's own
-// row in the catalogue, so that picture and button cannot disagree.
+// The list of icons and how each kind is rendered. A button icon takes its mask colour from the button's row
+// in the catalogue, so that picture and button agree.
 #include "Icons.h"
 
 #include "Drawing.h"
@@ -15,16 +15,16 @@ namespace torvane {
 namespace {
 
 struct Icon {
-    QString name;   // file name without ending
-    QString source; // SVG without ending
+    QString name;   // file name without extension
+    QString source; // SVG name without extension
     int pixels = 0;
     QString kind; // masked, twin, sprite or smooth
     QString window;
     QString control;
 };
 
-// Four times the 22 pixels of a usual panel, so that the desktop makes clean signs of 16, 22, 24 and 32
-// pixels of it, and sharp ones on dense screens.
+// Four times the 22 pixels of a usual panel, so that the desktop can scale it cleanly to 16, 22, 24 and 32
+// pixels, and sharply on dense screens.
 constexpr int trayPixels = 88;
 
 // Normal, strong blue, sky blue, red, lilac, green, gold: the upper and lower tone of the sign's plate.

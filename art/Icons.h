@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All small pictures: button icons, list icons, window icon, cursors and tray signs, by the list in
-// icons.tsv.
+// All small pictures: button icons, list icons, window icon, cursors and tray signs, as listed in icons.tsv.
 #pragma once
 
 #include "Catalogue.h"
@@ -10,8 +9,8 @@
 
 namespace torvane {
 
-/// Renders every row of `sources`/icons.tsv at 1x and 2x; throws std::runtime_error when a row or a source is
-/// wrong.
+/// Renders every row of `sources`/icons.tsv at 1x and 2x; throws std::runtime_error if a row or a source is
+/// invalid.
 void paintIcons(const Catalogue& catalogue, const QString& sources, Output& output);
 
 /// Renders the tray signs 0 to 6 into tree/data/tray/.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The two loops: the vane on its tor in the night, and the ridge with cartridge stones under the northern
-// light. All that moves comes back to its first place after one loop, and nothing changes faster than about
-// once a second.
+// lights. All motion ends where it began, and nothing changes faster than about once a second.
 #include "Movies.h"
 
 #include "Night.h"
@@ -28,7 +27,7 @@ constexpr int framesOfBanner = 96;
 
 struct Movie {
     QString name;
-    QString target; // the file that the loop is kept in, relative to the output folder
+    QString target; // the file of the loop, relative to the output folder
     QSize size;
     int frames;
     int quality;
@@ -70,7 +69,7 @@ void stone(QPainter& painter, QPointF foot, qreal unit, qreal light) {
     painter.drawPath(rounded(label.adjusted(0.5, 0.5, -0.5, -0.5), unit * 0.7));
 }
 
-// The lamps go up one after the other from left to right, each for about a third of the loop.
+// The lamps light up one after the other from left to right, each for about a third of the loop.
 qreal lamp(qreal turn, qreal place) { return std::pow(0.5 + 0.5 * std::cos(fullTurn * (turn - place)), 3.0); }
 
 void banner(QPainter& painter, const QRectF& area, qreal turn) {
@@ -102,7 +101,7 @@ QImage paintedFrame(const Movie& movie, int frame, int scale) {
 }
 
 void paintMovie(const Output& output, const Movie& movie, int scale) {
-    // Every frame is whole: partial frames would leave old blocks standing in the soft light of the sky.
+    // Every frame is complete: partial frames would leave old blocks visible in the soft light of the sky.
     QString arguments = QString("-loop 0 -kmin 0 -kmax 1 -lossy -q %1 -m 4 -d %2\n")
                             .arg(movie.quality)
                             .arg(frameMilliseconds);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr qreal fullTurn = 2 * std::numbers::pi;
 
-// The glow of a point of light: bright in the middle, nothing at `radius`.
+// The glow of a light: bright in the middle, fading to nothing at `radius`.
 void glow(QPainter& painter, QPointF centre, qreal radius, const QColor& colour) {
     QRadialGradient gradient(centre, radius);
     gradient.setColorAt(0, colour);
@@ -30,7 +30,7 @@ void glow(QPainter& painter, QPointF centre, qreal radius, const QColor& colour)
     painter.fillRect(QRectF(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius), gradient);
 }
 
-// The height of a ridge at `at` (0 to 1 across): whole waves only, so that its ends meet.
+// The height of a ridge at `at` (0 to 1 across): made of whole waves, so that its ends meet.
 qreal ridgeHeight(qreal at, int seed) {
     const auto wave = [&](int waves, qreal share) {
         return share * std::sin(fullTurn * (waves * at + noise(quint32(seed), quint32(waves))));
@@ -134,7 +134,7 @@ void aurora(QPainter& painter, const QRectF& area, qreal turn) {
     constexpr int strips = 234;
     const qreal width = area.width() / strips;
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, false); // strips that meet softly would show their seams
+    painter.setRenderHint(QPainter::Antialiasing, false); // antialiased strips would show seams
     for (int strip = 0; strip < strips; ++strip) {
         const qreal at = qreal(strip) / strips;
         const qreal wave =

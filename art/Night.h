@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The landscape that the start window and the movies share: night sky, stars, moon, hills, the tor and its
-// vane. Everything that moves is a function of `turn`, the place in the loop from 0 to 1, and meets itself at
-// the ends.
+// vane. Everything that moves is a function of `turn`, the position in the loop from 0 to 1; 0 and 1 give the
+// same picture.
 #pragma once
 
 #include <QColor>
@@ -20,7 +20,7 @@ void stars(QPainter& painter, const QRectF& area, int count, qreal turn);
 /// The moon with its halo; `radius` is that of the disc.
 void moon(QPainter& painter, QPointF centre, qreal radius);
 
-/// A dark cloud with a pale upper edge; `reach` is the half of its width.
+/// A dark cloud with a pale upper edge; `reach` is half of its width.
 void cloud(QPainter& painter, QPointF centre, qreal reach);
 
 /// A ridge across `area`, filled down to its bottom: `seed` picks its shape, `rise` is the height of its

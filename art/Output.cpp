@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writing of pictures and of the resource list. A failure stops the build with the file's name.
+// Writes pictures and the resource list. A failure stops the build with the file's name.
 #include "Output.h"
 
 #include <QFile>
@@ -12,7 +12,7 @@ namespace torvane {
 
 namespace {
 
-// A background is seen for hours and holds fine lines: 95 keeps them.
+// A background is visible for hours and has fine lines: quality 95 preserves them.
 constexpr int jpegQuality = 95;
 
 void save(const QString& path, const QByteArray& format, const QImage& image) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where the painter's pictures go: the files themselves and the resource list that names them for the
-// program.
+// Where the painter's pictures go: the files themselves, and the resource list that gives the program their
+// names.
 #pragma once
 
 #include <QDir>
@@ -10,17 +10,17 @@
 
 namespace torvane {
 
-/// The folder that is being filled. Every member throws std::runtime_error when a file cannot be written.
+/// The output folder. Every member throws std::runtime_error if a file can't be written.
 class Output {
 public:
     /// Makes `folder` and its subfolders if they are missing.
     explicit Output(const QString& folder);
 
-    /// Saves a picture into pictures/ in the kind that its ending names (png, jpg, bmp) and puts it on the
-    /// list.
+    /// Saves a picture into pictures/ in the format of its extension (png, jpg, bmp) and adds it to the
+    /// resource list.
     void picture(const QString& fileName, const QImage& image);
 
-    /// Saves a PNG under any relative name, for instance a tray picture or a frame; not on the list.
+    /// Saves a PNG under any relative name, for instance a tray picture or a frame, without listing it.
     void png(const QString& relativePath, const QImage& image) const;
 
     /// Writes a text file under a relative name.
@@ -34,7 +34,7 @@ private:
     QStringList pictures;
 };
 
-/// "name@2x.png" for "name.png" at scale 2, the name itself at scale 1; folders in front of it stay.
+/// "name@2x.png" for "name.png" at scale 2, the name itself at scale 1; a leading path is kept.
 QString scaledName(const QString& fileName, int scale);
 
 } // namespace torvane

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The colours that every picture is mixed from, so that backgrounds, icons and movies look like one panel.
-// The program's own controls have their colours in their designs; these are the ones the artwork needs beside
-// them.
+// The colours of all pictures, so that backgrounds, icons and movies match. The program's own controls get
+// their colours from their designs; these are the others that the artwork needs.
 #pragma once
 
 #include <QColor>
@@ -18,7 +17,7 @@ inline const QColor cut(0x10, 0x12, 0x1a);
 inline const QColor rim(0x86, 0x8f, 0xb2);
 inline const QColor ember(0xf2, 0xa2, 0x3c);
 
-// Icons: two tones, one accent, one outline. The outline is not pure black, since pure black is the mask.
+// Icons: two tones, one accent, one outline. The outline is not pure black, because that is the mask.
 inline const QColor outline(0x0a, 0x0a, 0x12);
 
 // The night outside: sky from its top to the horizon, and the hills from the farthest to the nearest.

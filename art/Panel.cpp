@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How the panel's parts are painted. Lines are filled rectangles or paths between whole pixels, so that they
-// stay sharp.
+// How the parts of the panel are painted. Lines are filled rectangles or paths between whole pixels, so that
+// they are sharp.
 #include "Panel.h"
 
 #include "Palette.h"
@@ -16,13 +16,13 @@ using namespace palette;
 
 namespace {
 
-// The ring between a rounded rectangle and the same one pushed in by one pixel.
+// The ring between a rounded rectangle and the same one inset by one pixel.
 QPainterPath ring(const QRectF& rect, qreal radius) {
     return rounded(rect, radius) - rounded(rect.adjusted(1, 1, -1, -1), std::max(radius - 1, 0.0));
 }
 
-// Runs from one colour at the top left to another at the bottom right, with a quick change on the other
-// diagonal, so that a ring filled with it is of the first colour on two sides and of the second on the other
+// A gradient from one colour at the top left to another at the bottom right, with a sharp change along the
+// other diagonal, so that a ring filled with it has one colour on two sides and the other on the remaining
 // two.
 QLinearGradient diagonal(const QRectF& rect, const QColor& topLeft, const QColor& bottomRight) {
     const qreal w = rect.width();
@@ -132,7 +132,7 @@ void Panel::titleBand() {
 }
 
 void Panel::hairline(qreal top) {
-    // The dark hairline is a little warm where the bright one is, since a JPEG keeps one hue for each pair of
+    // The dark hairline is a little warm where the bright one is, because a JPEG has one hue for each pair of
     // rows.
     brushwork.fillRect(QRectF(0, top - 1, size.width(), 1), fading(ember.darker(700), edge));
     brushwork.fillRect(QRectF(1, top, size.width() - 2, 1), fading(ember, veil(rim, 150)));
@@ -173,13 +173,14 @@ void Panel::seat(const QList<QRectF>& buttons) {
     for (const QRectF& button : buttons) coverPlate(button);
 }
 
-// Darker than any button and without its bright edge, so that nobody takes it for one.
+// Darker than any button and without its bright edge, so that nobody mistakes it for one.
 void Panel::coverPlate(const QRectF& rect) {
     const QRectF plate = rect.adjusted(1, 1, -1, -1);
     brushwork.fillPath(ring(rect, 1), cut);
     brushwork.fillPath(rounded(plate, 1), vertical(plate, veil(foldOut, 46), veil(buttonBack, 34)));
     brushwork.fillPath(ring(plate, 1), diagonal(plate, veil(rim, 74), veil(edge, 130)));
-    // Sunk screws in two corners: one at each end would look like a sign on a button.
+    // Sunk screws in two opposite corners: one at the middle of each end would look like a symbol on a
+    // button.
     constexpr qreal inset = 3;
     constexpr qreal head = 3;
     const QRectF first(plate.left() + inset, plate.top() + inset, head, head);

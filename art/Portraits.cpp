@@ -13,10 +13,10 @@ using namespace palette;
 
 namespace {
 
-// The colour around the device is nearly black, so that a dense screen shows no coloured fringe at its edge.
+// The colour around the device is nearly black, so that dense screens show no coloured fringe at its edge.
 const QColor splashMask(0x01, 0x02, 0x05);
 
-// The face colour of the system's buttons: the scan of the window's outline ends a row at this colour.
+// The face colour of the system's buttons: a row of the window's outline ends at this colour.
 constexpr QRgb rowEnd = 0xfff0f0f0U;
 
 QRgb safeColour(QRgb colour) {
@@ -24,7 +24,7 @@ QRgb safeColour(QRgb colour) {
     return colour == splashMask.rgb() ? palette::edge.rgb() : colour;
 }
 
-// What is at least half covered belongs to the device and lies on its own dark edge; all else is the mask.
+// Pixels that are at least half covered belong to the device and get its dark edge; all others are the mask.
 QImage shaped(const QImage& device) {
     QImage result(device.size(), QImage::Format_RGB888);
     for (int y = 0; y < device.height(); ++y) {

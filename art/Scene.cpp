@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the helper's scene is put together from the landscape's parts.
+// Composes the helper's scene from the parts of the landscape.
 #include "Scene.h"
 
 #include "Drawing.h"

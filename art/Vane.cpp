@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tor and the weather vane of the night landscape: the two things that the program's name speaks of.
+// The tor and the weather vane of the night landscape, which give the program its name.
 #include "Night.h"
 
 #include "Palette.h"
@@ -39,7 +39,7 @@ void slab(QPainter& painter, const QRectF& rect) {
                      rect.topRight() + QPointF(-inset * 2, rect.height() * 0.14));
 }
 
-// The arrow seen from the side, as if its middle were the origin and its whole length 2.
+// The arrow seen from the side, with its middle at the origin and a length of 2.
 QPainterPath arrow() {
     QPainterPath path;
     path.addPolygon(QPolygonF({{-0.98, -0.34},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The painter: renders every picture of the program at build time.
-// Arguments: the folder of the catalogue's tables, the folder of the sources, the folder to fill.
+// Arguments: the folder of the catalogue's tables, the folder of the sources, the output folder.
 #include "Backgrounds.h"
 #include "Catalogue.h"
 #include "Icons.h"
@@ -17,8 +17,7 @@ using namespace torvane;
 
 namespace {
 
-// QtSvg only warns about what it cannot draw and leaves it out; for the build a half drawn picture is a
-// failure.
+// QtSvg only warns about what it can't draw and skips it; for the build an incomplete picture is a failure.
 bool drawingsAreWhole = true;
 QtMessageHandler printMessage = nullptr;
 

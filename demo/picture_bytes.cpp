@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Turns the pictures of the demo games, drawn with characters in a text file, into .byte lines that both
-// assemblers read. A build tool of the demos alone; where the bytes go is the games' own affair.
+// Converts the pictures of the demo games, drawn with characters in a text file, to .byte lines that both
+// assemblers read. A build tool for the demos only; the games decide where the bytes go.
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t tileEdge = 8;
 
-/// One picture: the character codes its tiles are known by, row by row, and its pixel lines.
+/// One picture: the character codes of its tiles, row by row, and its pixel lines.
 struct Picture {
     std::string codes;
     std::vector<std::string> lines;
@@ -27,7 +27,7 @@ unsigned shadeOf(char pixel) {
     return static_cast<unsigned>(shade);
 }
 
-/// The bits of one plane (0 or 1) of the eight pixels that begin at `column`, leftmost in the top bit.
+/// The bits of one plane (0 or 1) for the eight pixels that begin at `column`, leftmost in the top bit.
 unsigned planeOf(const std::string& line, std::size_t column, unsigned plane) {
     unsigned bits = 0;
     for (std::size_t x = 0; x < tileEdge; ++x) {
@@ -36,7 +36,7 @@ unsigned planeOf(const std::string& line, std::size_t column, unsigned plane) {
     return bits;
 }
 
-/// Comments begin with ";", a picture with "tiles " and its codes; all other lines are pixels.
+/// Comments begin with ";", pictures with "tiles " and their codes; all other lines are pixels.
 std::vector<Picture> readPictures(std::istream& in) {
     std::vector<Picture> pictures;
     for (std::string line; std::getline(in, line);) {
@@ -54,7 +54,7 @@ std::vector<Picture> readPictures(std::istream& in) {
     return pictures;
 }
 
-/// A tile is its code and then, for each of its eight lines, one byte a plane.
+/// A tile is its code, followed by one byte per plane for each of its eight lines.
 void writeTile(std::ostream& out, const Picture& picture, std::size_t tile, unsigned planes) {
     const std::size_t across = picture.lines.front().size() / tileEdge;
     const std::size_t top = tile / across * tileEdge;

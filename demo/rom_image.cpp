@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Makes a cartridge image of an assembled demo game: checks that the header says what the image is, pads to
-// the cartridge's size and sets the header's checksums. A build tool of the demos alone.
+// Makes a cartridge image from an assembled demo game: checks the header against the image, pads it to the
+// cartridge size and sets the checksums of the header. A build tool for the demos only.
 #include <cstdint>
 #include <fstream>
 #include <iostream>
@@ -15,7 +15,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// What an empty cell of a ROM chip reads as.
+/// The value of an empty cell of a ROM chip.
 constexpr std::uint8_t unwritten = 0xFF;
 
 Bytes readAll(const std::string& path) {
@@ -41,7 +41,7 @@ void pad(Bytes& image, std::size_t size) {
     image.resize(size, unwritten);
 }
 
-/// Sets the header checksum (which the console itself tests) and the checksum over the whole cartridge.
+/// Sets the header checksum (which the console checks) and the checksum over the whole cartridge.
 void finishGameBoy(Bytes& image) {
     constexpr std::size_t title = 0x134, sizeCode = 0x148, headerSum = 0x14D, wholeSum = 0x14E;
     if (image.at(sizeCode) > 8 || (std::size_t{32} * 1024 << image.at(sizeCode)) != image.size()) {

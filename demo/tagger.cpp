@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Writes the tag line of a demo game at build time, through the very module that the program uses.
-// Owns nothing of the format; a build tool of the demos alone.
+// Writes the tag line of a demo game at build time, with the same module as the program. A build tool for the
+// demos only; it knows nothing of the format.
 #include "catalogue/ID3.h"
 #include "platform/base/Paths.h"
 #include "platform/base/RuntimeFailure.h"
@@ -10,7 +10,7 @@
 namespace torvane {
 namespace {
 
-/// Appending asks the user nothing; should it ever do so, the build log shows it and the answer is yes.
+/// Appending never asks the user; if it did, the build log would show the question, and the answer is yes.
 class BuildLog : public MessageBoxes {
 public:
     int MsgBox(const QString& text, int, const QString&) override {

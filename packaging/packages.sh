@@ -1,22 +1,22 @@
 # SPDX-License-Identifier: MIT
-# Debian packages that the scripts of this project need, and the one way to get them. Sourced by bash.
+# The Debian packages that this project's scripts need, and the function that installs them. Sourced by bash.
 
-# To build the program and its tree.
+# For building the program and its folder.
 packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libzip-dev webp sdcc binutils-arm-none-eabi)
-# To run it: picture formats, the fonts that stand in for those of the designs, an emulator.
+# For running it: picture formats, substitutes for the fonts of the designs, an emulator.
 packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-image-formats-plugins
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
-# To run it on a display of its own, with hand-like events and screenshots.
+# For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
-# To check the form of the sources, to make archives for tests, and to measure.
+# For checking the form of the sources, making archives for tests, and measuring.
 packages_check=(clang-format clang-tidy python3)
 packages_bench=(unzip)
-# To let fuzzers and a memory checker at the sources, and to see which lines they reach.
+# For fuzzing with line coverage, and for finding memory errors.
 packages_fuzz=(clang libclang-rt-14-dev llvm)
 packages_memory=(valgrind)
 
-# need_packages NAME...: installs what is missing, as root or through sudo. Where neither is to be had it
-# prints the one line to run and returns 1.
+# need_packages NAME...: installs what is missing, as root or via sudo. If neither is possible, prints the
+# command to run and returns 1.
 need_packages() {
     local missing
     mapfile -t missing < <(
@@ -35,7 +35,7 @@ need_packages() {
     fi
 }
 
-# The package lists of a fresh machine are empty or old: they are fetched if the first try fails.
+# The package lists of a fresh machine may be empty or old: updates them if the first attempt fails.
 apt_as_needed() {
     export DEBIAN_FRONTEND=noninteractive
     echo "Installing: ${*: -1} and what else is missing" >&2

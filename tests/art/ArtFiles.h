@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Looks at rendered files: their kind, their pixels, their dense twins. What they should be the tests say.
+// Reads rendered files: their kind, their pixels, their high-density twins. The tests say what these should
+// be.
 #pragma once
 
 #include <QFile>
@@ -9,10 +10,10 @@
 
 namespace torvane {
 
-/// The folder of what lies beside the executable.
+/// The folder of the files that are beside the executable.
 inline const QString artTree = QStringLiteral(TORVANE_ART_TREE_DIR);
 
-/// The kind of a file by its own mark, not by its name; "missing" or "unknown" else.
+/// The kind of a file by its signature, not by its name; otherwise "missing" or "unknown".
 inline QByteArray kindOf(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return "missing";
@@ -29,7 +30,7 @@ inline QString scaled(QString path, int scale) {
     return scale == 1 ? path : path.insert(path.lastIndexOf('.'), QStringLiteral("@2x"));
 }
 
-/// The pixels without regard to the "@2x" in the name, which would make the toolkit report half the size.
+/// The pixels, ignoring the "@2x" in the name, which would make Qt report half the size.
 inline QImage pixelsOf(const QString& path) {
     QImage image(path);
     image.setDevicePixelRatio(1);

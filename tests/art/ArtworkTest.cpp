@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The rendered artwork as the program will load it: every picture is there in its kind and size, icons are
-// hard-edged and tell something in every state, hidden buttons leave a plate, the intro has a real outline.
+// The rendered artwork as the program will load it: every picture exists in its format and size, icons are
+// hard-edged and readable in every state, hidden buttons leave a plate, the intro has a real outline.
 #include "ArtFiles.h"
 #include "art/ArtResources.h"
 #include "support/TestMain.h"
@@ -17,10 +17,10 @@ constexpr QRgb silver = 0xffc0c0c0U;
 constexpr QRgb black = 0xff000000U;
 constexpr QRgb buttonFace = 0xfff0f0f0U;
 
-// As a disabled button prints it: dark pixels only.
+// The pixels that a disabled button prints: dark ones only.
 bool isDark(QRgb pixel) { return qRed(pixel) + qGreen(pixel) + qBlue(pixel) <= 384; }
 
-// The dark pixels within a shape: those that lie neither on the mask nor beside it.
+// The number of dark pixels within a shape, neither on the mask nor next to it.
 int innerLines(const QImage& icon, QRgb mask) {
     int count = 0;
     for (int y = 1; y + 1 < icon.height(); ++y) {
@@ -32,8 +32,8 @@ int innerLines(const QImage& icon, QRgb mask) {
     return count;
 }
 
-// How much a picture outshines the panel at rest, when a button shows it in grey: what is left of it when
-// one squints.
+// How much brighter than the panel a picture is when a button shows it in grey, summed over the picture: what
+// a squinting eye sees.
 int glowOf(const QImage& icon, QRgb mask) {
     constexpr int panel = 80;
     int glow = 0;
@@ -57,8 +57,8 @@ private slots:
     void every_picture_has_its_kind_and_its_size_at_both_scales_data();
     void every_picture_has_its_kind_and_its_size_at_both_scales();
     void no_picture_exists_at_one_scale_only();
-    void a_masked_icon_is_opaque_and_stands_on_its_mask_colour_data();
-    void a_masked_icon_is_opaque_and_stands_on_its_mask_colour();
+    void a_masked_icon_is_opaque_on_its_mask_colour_data();
+    void a_masked_icon_is_opaque_on_its_mask_colour();
     void a_disabled_icon_keeps_lines_within_its_outline_data();
     void a_disabled_icon_keeps_lines_within_its_outline();
     void launch_is_found_at_once();
@@ -73,10 +73,10 @@ private slots:
     void the_intro_bitmap_has_24_bits_a_pixel();
     void the_intro_outline_is_neither_empty_nor_a_rectangle();
     void the_intro_never_shows_the_colour_that_ends_a_row();
-    void the_intro_screen_lies_inside_of_the_device();
-    void each_tray_colour_is_a_clear_sign_of_its_own();
-    void a_tray_sign_can_be_told_in_a_small_tray_data();
-    void a_tray_sign_can_be_told_in_a_small_tray();
+    void the_intro_screen_is_inside_the_device();
+    void each_tray_colour_is_clearly_different();
+    void a_tray_sign_is_recognizable_in_a_small_tray_data();
+    void a_tray_sign_is_recognizable_in_a_small_tray();
 };
 
 void ArtworkTest::initTestCase() { initArtResources(); }
@@ -141,7 +141,7 @@ void ArtworkTest::no_picture_exists_at_one_scale_only() {
     }
 }
 
-void ArtworkTest::a_masked_icon_is_opaque_and_stands_on_its_mask_colour_data() {
+void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QRgb>("mask");
     for (const char* icon : {"compact-16", "close-16", "minimise-16"}) QTest::newRow(icon) << icon << silver;
@@ -155,7 +155,7 @@ void ArtworkTest::a_masked_icon_is_opaque_and_stands_on_its_mask_colour_data() {
     }
 }
 
-void ArtworkTest::a_masked_icon_is_opaque_and_stands_on_its_mask_colour() {
+void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour() {
     QFETCH(QString, name);
     QFETCH(QRgb, mask);
     for (int scale : {1, 2}) {
@@ -249,7 +249,7 @@ void ArtworkTest::the_title_band_continues_the_main_window_without_a_seam() {
     const QImage window = pixelsOf(":/art/MainFrm.jpg");
     for (int y = 0; y < band.height(); ++y) {
         for (int x = 0; x < band.width(); ++x) {
-            // Both are JPEGs, so a little noise of the coder is no seam.
+            // Both are JPEGs, so a little compression noise is no seam.
             QVERIFY2(qAbs(qGray(band.pixel(x, y)) - qGray(window.pixel(x, y))) <= 16,
                      qPrintable(QString("at %1,%2").arg(x).arg(y)));
         }
@@ -333,12 +333,12 @@ void ArtworkTest::the_intro_never_shows_the_colour_that_ends_a_row() {
     for (int scale : {1, 2}) QCOMPARE(countOf(pixelsOf(scaled(":/art/Splash.bmp", scale)), buttonFace), 0);
 }
 
-void ArtworkTest::the_intro_screen_lies_inside_of_the_device() {
+void ArtworkTest::the_intro_screen_is_inside_the_device() {
     const QImage splash = pixelsOf(":/art/Splash.bmp");
     QCOMPARE(countOf(splash.copy(134, 66, 191, 121), splash.pixel(0, 0)), 0);
 }
 
-void ArtworkTest::each_tray_colour_is_a_clear_sign_of_its_own() {
+void ArtworkTest::each_tray_colour_is_clearly_different() {
     QSet<QRgb> plates;
     for (int number = 0; number < 7; ++number) {
         const QString path = QString("%1/data/tray/%2.dat").arg(artTree).arg(number);
@@ -352,12 +352,12 @@ void ArtworkTest::each_tray_colour_is_a_clear_sign_of_its_own() {
     QCOMPARE(plates.size(), 7);
 }
 
-void ArtworkTest::a_tray_sign_can_be_told_in_a_small_tray_data() {
+void ArtworkTest::a_tray_sign_is_recognizable_in_a_small_tray_data() {
     QTest::addColumn<int>("number");
     for (int number = 0; number < 7; ++number) QTest::addRow("%d", number) << number;
 }
 
-void ArtworkTest::a_tray_sign_can_be_told_in_a_small_tray() {
+void ArtworkTest::a_tray_sign_is_recognizable_in_a_small_tray() {
     QFETCH(int, number);
     const QImage sign = pixelsOf(QString("%1/data/tray/%2.dat").arg(artTree).arg(number));
     for (int size : {16, 22}) {
@@ -365,7 +365,7 @@ void ArtworkTest::a_tray_sign_can_be_told_in_a_small_tray() {
         const QRect shaft(size * 6 / 16, size / 2, 2, 1);
         const QRect aboveShaft(size * 6 / 16, size / 4, 2, 1);
         QVERIFY2(brightnessOf(seen, shaft) - brightnessOf(seen, aboveShaft) > 70, "a faint vane");
-        // On a light panel the dark rim parts it from the ground, on a dark one its plate does.
+        // On a light panel the dark rim separates it from the ground, on a dark one its plate does.
         QVERIFY(brightnessOf(seen, QRect(0, size / 2, 1, 1)) < 60);
         QVERIFY(brightnessOf(seen, QRect(2, 2, 3, 1)) > 90);
     }

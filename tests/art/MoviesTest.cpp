@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The moving pictures as the player gets them: calm loops in two densities that show the same.
+// The movies as the player gets them: calm loops in two densities that show the same.
 #include "ArtFiles.h"
 #include "support/TestMain.h"
 
@@ -10,7 +10,7 @@ using namespace torvane;
 
 namespace {
 
-// All frames of a movie and how long each stays, in milliseconds.
+// All frames of a movie and the duration of each, in milliseconds.
 struct Loop {
     QList<QImage> frames;
     QSet<int> delays;
@@ -25,7 +25,7 @@ struct Loop {
     }
 };
 
-// The mean difference in brightness of two pictures of the same scene, 0 to 255.
+// The mean difference in brightness between two pictures of the same scene, 0 to 255.
 qreal differenceOf(const QImage& one, const QImage& other) {
     const QImage fitted = other.scaled(one.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     qint64 sum = 0;
@@ -86,16 +86,16 @@ private slots:
         }
     }
 
-    // Also from its end to its beginning: a jump there would be a flicker.
+    // Includes the step from the last frame to the first: a jump there would flicker.
     void a_movie_moves_calmly_data() { both_densities_show_the_same_data(); }
     void a_movie_moves_calmly() {
         QFETCH(QString, path);
         for (const int scale : {1, 2}) {
             const Loop loop(scaled(path, scale));
-            QImage former = loop.frames.last();
+            QImage previous = loop.frames.last();
             for (const QImage& frame : loop.frames) {
-                QVERIFY(differenceOf(former, frame) < 3);
-                former = frame;
+                QVERIFY(differenceOf(previous, frame) < 3);
+                previous = frame;
             }
         }
     }

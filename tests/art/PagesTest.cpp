@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The pictures of the assistant and of the ZIP window: words find calm ground, marks stand at the hot areas,
-// fields lie in wells, and turning a page moves nothing but the helper.
+// The pictures of the assistant and of the ZIP window: words have a calm ground, marks are beside the hot
+// areas, fields are in wells, and turning a page moves nothing but the helper.
 #include "ArtFiles.h"
 #include "art/ArtResources.h"
 #include "support/TestMain.h"
@@ -19,7 +19,7 @@ constexpr QRect secondAnswer(262, 106, 195, 17);
 constexpr QRect pathField(4, 272, 364, 19);
 constexpr QRect list(4, 26, 543, 395);
 
-constexpr int noise = 10; // a JPEG keeps a brightness no better than this
+constexpr int noise = 10; // the accuracy of brightness in a JPEG
 constexpr int bright = 160;
 
 QImage picture(const QString& name, int scale) { return pixelsOf(scaled(":/art/" + name + ".jpg", scale)); }
@@ -40,7 +40,7 @@ int brightPixels(const QImage& image, const QRect& part) {
     return int(std::ranges::count_if(greys, [](int grey) { return grey > bright; }));
 }
 
-// The mean difference of two pictures in one part of them, 0 to 255.
+// The mean difference between two pictures in one part of them, 0 to 255.
 qreal difference(const QImage& one, const QImage& other, const QRect& part) {
     const QList<int> left = greysOf(one, part);
     const QList<int> right = greysOf(other, part);
@@ -57,7 +57,7 @@ int widestDifference(const QImage& one, const QImage& other, const QRect& part) 
     return widest;
 }
 
-// Where a mark stands: in front of its hot area, in the margin of the sheet.
+// The place of a mark: left of its hot area, in the margin of the sheet.
 QRect marginOf(const QRect& answer) { return {answer.left() - 26, answer.top(), 24, answer.height()}; }
 
 } // namespace
@@ -67,19 +67,19 @@ class PagesTest : public QObject {
 
 private slots:
     void initTestCase() { initArtResources(); }
-    void typed_text_lies_on_calm_dark_ground_data() { eachPage(); }
-    void typed_text_lies_on_calm_dark_ground();
-    void a_mark_stands_beside_each_answer_and_nowhere_else_data() { eachPage(); }
-    void a_mark_stands_beside_each_answer_and_nowhere_else();
+    void typed_text_is_on_calm_dark_ground_data() { eachPage(); }
+    void typed_text_is_on_calm_dark_ground();
+    void a_mark_is_beside_each_answer_and_nowhere_else_data() { eachPage(); }
+    void a_mark_is_beside_each_answer_and_nowhere_else();
     void no_two_marks_look_alike();
-    void the_path_field_lies_in_a_well_where_it_is_shown_data() { eachPage(); }
-    void the_path_field_lies_in_a_well_where_it_is_shown();
+    void the_path_field_is_in_a_well_where_it_is_shown_data() { eachPage(); }
+    void the_path_field_is_in_a_well_where_it_is_shown();
     void the_helper_has_another_mood_on_each_page();
     void turning_a_page_moves_neither_the_tor_nor_the_strip();
-    void the_list_of_the_zip_window_lies_in_a_well();
+    void the_list_of_the_zip_window_is_in_a_well();
     void the_wait_panel_is_raised_over_the_list();
-    void an_unknown_file_is_told_from_a_console_by_shape_and_by_colour_data();
-    void an_unknown_file_is_told_from_a_console_by_shape_and_by_colour();
+    void an_unknown_file_differs_from_a_console_in_shape_and_in_colour_data();
+    void an_unknown_file_differs_from_a_console_in_shape_and_in_colour();
 
 private:
     static void eachPage();
@@ -90,7 +90,7 @@ void PagesTest::eachPage() {
     for (const QString& name : pages) QTest::newRow(qPrintable(name)) << name;
 }
 
-void PagesTest::typed_text_lies_on_calm_dark_ground() {
+void PagesTest::typed_text_is_on_calm_dark_ground() {
     QFETCH(QString, name);
     for (int scale : {1, 2}) {
         const QList<int> greys = greysOf(page(name, scale), device(typedText, scale));
@@ -100,7 +100,7 @@ void PagesTest::typed_text_lies_on_calm_dark_ground() {
     }
 }
 
-void PagesTest::a_mark_stands_beside_each_answer_and_nowhere_else() {
+void PagesTest::a_mark_is_beside_each_answer_and_nowhere_else() {
     QFETCH(QString, name);
     const bool hasMarks = name == "Two" || name == "Three";
     for (int scale : {1, 2}) {
@@ -130,7 +130,7 @@ void PagesTest::no_two_marks_look_alike() {
     }
 }
 
-void PagesTest::the_path_field_lies_in_a_well_where_it_is_shown() {
+void PagesTest::the_path_field_is_in_a_well_where_it_is_shown() {
     QFETCH(QString, name);
     const bool isShown = name == "Two" || name == "Four";
     for (int scale : {1, 2}) {
@@ -139,7 +139,7 @@ void PagesTest::the_path_field_lies_in_a_well_where_it_is_shown() {
             return brightnessOf(image, device(QRect(pathField.left() + 20, y, 300, 1), scale));
         };
         const qreal floor = row(pathField.bottom() - 4);
-        // The upper edge throws a shadow into a well, and shines on a cover plate.
+        // The upper edge casts a shadow into a well, but shines on a cover plate.
         QCOMPARE(row(pathField.top() + 1) < floor - 5, isShown);
         QVERIFY2(row(pathField.top() - 1) < floor - noise, "the cut around it");
         if (isShown) QVERIFY2(row(pathField.bottom() + 2) > floor + noise, "the lit lower lip");
@@ -170,7 +170,7 @@ void PagesTest::turning_a_page_moves_neither_the_tor_nor_the_strip() {
     }
 }
 
-void PagesTest::the_list_of_the_zip_window_lies_in_a_well() {
+void PagesTest::the_list_of_the_zip_window_is_in_a_well() {
     for (int scale : {1, 2}) {
         const QImage window = picture("ZIP_Viewer", scale);
         const auto line = [&](int x, int y, int width, int height) {
@@ -205,12 +205,12 @@ void PagesTest::the_wait_panel_is_raised_over_the_list() {
     }
 }
 
-void PagesTest::an_unknown_file_is_told_from_a_console_by_shape_and_by_colour_data() {
+void PagesTest::an_unknown_file_differs_from_a_console_in_shape_and_in_colour_data() {
     QTest::addColumn<QString>("name");
     for (const char* name : {"gameboy", "color", "advance", "archive"}) QTest::newRow(name) << name;
 }
 
-void PagesTest::an_unknown_file_is_told_from_a_console_by_shape_and_by_colour() {
+void PagesTest::an_unknown_file_differs_from_a_console_in_shape_and_in_colour() {
     QFETCH(QString, name);
     for (int scale : {1, 2}) {
         const QImage unknown = pixelsOf(scaled(":/art/console-unknown-32.png", scale));

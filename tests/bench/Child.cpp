@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start of a measuring program, its output and its end.
+// Starting a measuring program, reading its output, and waiting for its end.
 #include "Child.h"
 #include "Clock.h"
 

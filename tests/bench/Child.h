@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs one of the measuring programs and takes in what it prints.
+// Runs one of the measuring programs and parses what it prints.
 #pragma once
 
 #include <map>
@@ -8,11 +8,11 @@
 
 namespace torvane::bench {
 
-/// What a program has told, by name. "started" is the monotonic time just before its start, in nanoseconds.
+/// The values that a program reported, by name. "started" is the monotonic time just before its start, in ns.
 using Values = std::map<std::string, double>;
 
-/// Starts a program (path and arguments) with the settings of a configuration folder and waits for its end.
-/// Fails with std::runtime_error if it can't be started or ends with another code than 0.
+/// Runs a program (path and arguments) with the settings of a configuration folder and waits for its end.
+/// Fails with std::runtime_error if it can't be started or ends with a code other than 0.
 Values run(const std::vector<std::string>& command, const std::string& configurationFolder);
 
 } // namespace torvane::bench

@@ -14,7 +14,7 @@ namespace torvane::bench {
 
 namespace {
 constexpr size_t mostHandles = 4096;
-// No memory is taken here: these are called before main and in the middle of everything.
+// Allocates no memory: these functions are called from anywhere, even before main.
 std::array<bool, mostHandles> counted{};
 char countedFolder[4096] = "";
 std::int64_t bytes = 0;

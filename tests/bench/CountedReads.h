@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Counts the bytes that this process reads of files below one folder. The system's calls are replaced in
-// the executable that links this: all of them are counted, whoever in the process makes them.
+// Counts the bytes that this process reads from files below one folder. Replaces the system calls in the
+// executable that links this, whatever code of the process calls them.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace torvane::bench {
 
-/// From now on files whose real path begins with `folder` are counted.
+/// From now on, counts files whose real path begins with `folder`.
 void countReadsBelow(const std::string& folder);
 /// The bytes read (or mapped) since the last call.
 std::int64_t takeCountedBytes();

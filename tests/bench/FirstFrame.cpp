@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first frame: the paint event tells that it is being made, a look at the display that it is there.
+// The first frame: a paint event shows that it is being made, the display's content that it is there.
 #include "FirstFrame.h"
 #include "Clock.h"
 #include "WindowPlace.h"
@@ -33,7 +33,7 @@ long peakMemory() {
     _exit(code);
 }
 
-// What the display shows there. The answer comes after everything that was sent to the display before.
+// A pixel of the display. The answer comes after everything that was sent to the display before.
 QRgb shownPixel(const QWidget& window, QPoint spot) {
     const QImage image = window.screen()->grabWindow(window.winId(), spot.x(), spot.y(), 1, 1).toImage();
     return image.isNull() ? 0 : image.pixel(0, 0);
@@ -48,7 +48,7 @@ FirstFrame::FirstFrame(QWidget& window, int holdMilliseconds, std::function<bool
 bool FirstFrame::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::Paint && !m_seen) {
         m_seen = true;
-        // The frame is sent when this turn of the event loop has painted all controls.
+        // The frame is sent once this turn of the event loop has painted all controls.
         QTimer::singleShot(0, this, [this] { painted(); });
     }
     return false;

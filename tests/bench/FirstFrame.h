@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Watches a window until its first frame stands on the display, and tells when that was and how much memory
-// the process has needed so far. The same code for the program's window and the one it is compared with.
+// Watches a window until its first frame is on the display, and reports the time and the memory that the
+// process has needed so far. The program's window and the bare one share this code.
 #pragma once
 
 #include <QObject>
@@ -10,9 +10,9 @@ class QWidget;
 
 namespace torvane::bench {
 
-/// Prints "painted" (monotonic nanoseconds) and "painted-kB" (peak of the resident memory) at the first
-/// frame, "settled-kB" after the hold, and ends the process: with 0, or with 3 if the display did not show
-/// the frame or `isSettled` says that the process had not done at the end what it should have.
+/// Prints "painted" (monotonic ns) and "painted-kB" (peak resident memory) at the first frame, and
+/// "settled-kB" after the hold. Then ends the process: with 0, or with 3 if the display did not show the
+/// frame or `isSettled` returns false, which means that the process did not finish its work in time.
 class FirstFrame : public QObject {
 public:
     FirstFrame(QWidget& window, int holdMilliseconds, std::function<bool()> isSettled);

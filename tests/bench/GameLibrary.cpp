@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Titles out of a few words, and games with and without tags.
+// Titles made from a few words, and games with and without tags.
 #include "GameLibrary.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ constexpr std::array second = {"Anchor",  "Bridge",  "Castle",  "Dungeon", "Engi
                                "Harbour", "Island",  "Journey", "Kingdom", "Lantern", "Mountain", "Nest",
                                "Orchard", "Pirates", "Quest",   "Racers",  "Signal",  "Tower"};
 constexpr std::array region = {" (Europe)", " (USA)", " (Japan)", " (World) (Rev 1)", "", " [!]"};
-// Most of a library is of the two older consoles; upper case and a second dot occur, too.
+// Most of a library is for the two older consoles; upper case and a second dot occur, too.
 constexpr std::array ending = {".gb", ".gbc", ".gba", ".zip", ".gb", ".gbc", ".gb", ".GB", ".v1.gb", ".gba"};
 
 template <typename Words>
@@ -39,9 +39,9 @@ std::string gameName(int number) {
     return name + word(region, number * 7 + sequel) + word(ending, number * 3 + sequel);
 }
 
-// A tag is one line of code page 1252 behind the image.
+// A tag is one line of code page 1252 after the image.
 std::string gameContent(int number) {
-    const std::string size = std::to_string(tellingGameSize);
+    const std::string size = std::to_string(filledGameSize);
     std::string tag = "ID3TAG\xA7"
                       "Studio " +
                       std::to_string(number % 90) +
@@ -53,7 +53,7 @@ std::string gameContent(int number) {
                       "Plays well on a rainy day.\xA7" +
                       size + "\xA7\r\n";
     if (number % 4 == 3) tag.clear();
-    std::string content(static_cast<size_t>(tellingGameSize) - tag.size(), '\x5A');
+    std::string content(static_cast<size_t>(filledGameSize) - tag.size(), '\x5A');
     return content + tag;
 }
 

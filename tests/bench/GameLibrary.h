@@ -8,12 +8,12 @@
 namespace torvane::bench {
 
 /// The size of a game with content, in bytes; the others are empty.
-constexpr std::int64_t tellingGameSize = 40960;
+constexpr std::int64_t filledGameSize = 40960;
 
-/// Makes `folder` a copy of the laid-out program folder `source`, with a library of `count` games of its
-/// own: invented titles, the extensions of the game list in a mix, 1,200 games with content of which three
-/// in four are tagged, and some files that are no games. The same at every call. Fails with an exception
-/// of the standard library.
+/// Makes `folder` a copy of the laid-out program folder `source`, with a library of `count` games: invented
+/// titles, a mix of the extensions of the game list, 1,200 games with content of which three in four are
+/// tagged, and some files that are not games. The result is always the same. Fails with an exception of the
+/// standard library.
 void makeLibrary(const std::filesystem::path& source, const std::filesystem::path& folder, int count);
 
 /// Makes the settings of a user who has chosen English and switched the intro off.

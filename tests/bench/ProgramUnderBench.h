@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program as its main makes it, on a folder and settings of the benchmark's choice.
+// The program as its main() makes it, on a folder and settings that the benchmark chooses.
 #pragma once
 
 #include "app/Program.h"
@@ -20,7 +20,7 @@ struct ProgramUnderBench {
         initArtResources();
     }
 
-    /// The main window after a start without intro; where there is none, nothing can be measured.
+    /// The main window after a start without intro; if there is none, nothing can be measured.
     MainFrm& startedMainWindow() {
         program.start();
         MainFrm* window = program.loaded<MainFrm>();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waits until a window has painted what was changed, in whichever of its widgets that is.
+// Waits until a window has painted a change, in any of its widgets.
 #pragma once
 
 #include <QApplication>

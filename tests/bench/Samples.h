@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the benchmarks that take their samples in turns share.
+// Shared by the benchmarks that take their samples in turns.
 #pragma once
 
 #include "Clock.h"
@@ -10,7 +10,7 @@
 
 namespace torvane::bench {
 
-/// Wall nanoseconds of some work.
+/// The wall time of some work, in nanoseconds.
 template <typename Work>
 std::int64_t timeOf(const Work& work) {
     const std::int64_t start = wallClock();
@@ -23,7 +23,7 @@ inline std::int64_t median(std::vector<std::int64_t> samples) {
     return samples[samples.size() / 2];
 }
 
-/// Ends the process if nothing can be measured.
+/// Ends the process if the measurement is impossible.
 inline void mustHold(bool holds) {
     if (!holds) std::_Exit(3);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the main window stands on a screen, and where in it nothing but its background picture is seen.
+// The place of the main window on a screen, and a spot in it that shows only the background picture.
 #pragma once
 
 #include <QPoint>
@@ -8,10 +8,10 @@
 namespace torvane::bench {
 
 constexpr QSize windowSize{478, 504};
-/// In pixels of the window, right of all controls.
+/// In window pixels, right of all controls.
 constexpr QPoint bareSpot{474, 300};
 
-/// The top left corner of the window in the middle of a screen.
+/// The top left corner that centres the window on a screen.
 inline QPoint cornerOn(const QRect& screen) {
     return screen.topLeft() +
            QPoint((screen.width() - windowSize.width()) / 2, (screen.height() - windowSize.height()) / 2);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Opens archives of the library in their window, up to the painted list. In turns with it `unzip` unpacks the
-// same game of 32 MiB into an empty folder. Usage: bench_archives PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS,
-// with no other archives in the library.
-// Prints wall nanoseconds, medians: "open" and "unzip" of one game, "many" of an archive of 10,000 small
-// ones.
+// Opens archives of the library in their window, up to the painted list. In turns with it, `unzip` unpacks
+// the same game of 32 MiB into an empty folder. Usage: bench_archives PROGRAM_FOLDER CONFIGURATION_FOLDER
+// ROUNDS, with no other archives in the library. Prints median wall nanoseconds: "open" and "unzip" of one
+// game, "many" of an archive of 10,000 small ones.
 #include "ProgramUnderBench.h"
 #include "Samples.h"
 
@@ -24,7 +23,7 @@ constexpr size_t largeSize = 32 << 20;
 const std::string largeName = "large.zip";
 const std::string manyName = "many.zip";
 
-// About half of it can be packed, as with games.
+// About half of it is compressible, as with games.
 std::vector<char> gameImage(size_t size) {
     constexpr size_t block = 64;
     std::mt19937 random(7);
@@ -91,8 +90,8 @@ void unzip(const std::string& archive, const std::string& folder) {
     mustHold(QProcess::execute(QStringLiteral("unzip"), words) == 0);
 }
 
-// Gives the unpacked files second names. Some file systems look at every inode that was deleted in the last
-// minute before they make a new one: the samples would measure the end of those before them.
+// Gives the unpacked files second names. Before making a file, some file systems check every inode that was
+// deleted in the last minute: the samples would include that cost.
 void keepInodes(const fs::path& folder, const fs::path& kept) {
     fs::create_directories(kept);
     for (const fs::directory_entry& entry : fs::directory_iterator(folder))

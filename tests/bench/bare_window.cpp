@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The least that a window of the main window's size can be: the same background picture and one line of
-// text, straight on the toolkit. What it needs is what Torvane's start is measured by.
-// Usage: bench_bare_window MILLISECONDS, the time that the window stays.
+// The minimal window of the main window's size: the same background picture and one line of text, directly in
+// Qt. Torvane's start is measured against it.
+// Usage: bench_bare_window MILLISECONDS, the time that the window stays open.
 #include "FirstFrame.h"
 #include "WindowPlace.h"
 #include "art/ArtResources.h"

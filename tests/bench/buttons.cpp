@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Paints each skinned button of the shown main window many times and tells what one paint costs.
+// Paints each skinned button of the shown main window many times and measures one paint.
 // Usage: bench_buttons PROGRAM_FOLDER CONFIGURATION_FOLDER
 // Prints the processor nanoseconds of one paint: "mean" of all buttons and "costliest" of one button.
 #include "Clock.h"
@@ -14,8 +14,7 @@ namespace torvane::bench {
 namespace {
 constexpr int paints = 500;
 
-// One paint with all that belongs to it: colours, layout, frame, caption with its shades, picture, and the
-// copy to the window.
+// One complete paint: colours, layout, frame, caption with its shades, picture, and the copy to the window.
 double costOfPainting(chameleonButton& button) {
     button.Refresh();
     const std::int64_t start = processorClock();
@@ -27,7 +26,7 @@ double costOfPainting(chameleonButton& button) {
 int runButtons(const char* programFolder, const char* configurationFolder) {
     ProgramUnderBench bench(programFolder, configurationFolder);
     MainFrm& window = bench.startedMainWindow();
-    // Nothing is painted before the window stands.
+    // Nothing is painted before the window is exposed.
     while (window.windowHandle() == nullptr || !window.windowHandle()->isExposed()) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

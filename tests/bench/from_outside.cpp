@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Starts a program and looks at the middle of the screen from outside until the main window's background
-// stands there: proves that what the programs tell of themselves is what a user sees.
+// Starts a program and watches the middle of the screen from outside until the main window's background
+// appears: proves that what the programs report of themselves is what a user sees.
 // Usage: bench_from_outside PROGRAM ARGUMENT...; prints "shown" in nanoseconds since the start.
 #include "Clock.h"
 #include "WindowPlace.h"
@@ -22,9 +22,9 @@ using torvane::bench::bareSpot;
 using torvane::bench::wallClock;
 
 constexpr std::int64_t patience = 20'000'000'000;
-constexpr useconds_t pause = 500; // microseconds between looks, so that looking costs the other little
+constexpr useconds_t pause = 500; // microseconds between looks, so that they cost the other program little
 
-// Whether the screen shows the wanted colour where the centred window has its bare spot.
+// Whether the screen shows the wanted colour at the bare spot of the centred window.
 bool isShown(QRgb wanted) {
     QScreen* screen = QGuiApplication::primaryScreen();
     const QPoint spot = torvane::bench::cornerOn(screen->geometry()) + bareSpot;

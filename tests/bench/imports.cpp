@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Lets the assistant copy a folder of 1,000 games into an empty library, with its window painted, and in
-// turns with it `cp`, followed by one sync of the file system, as the assistant's copies are on the disk in
-// the end. Usage: bench_imports PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS, with an empty library. Prints
-// wall nanoseconds, medians: "import", "copy" and, of the latter, "unsynced", the part before the sync.
+// Lets the assistant copy a folder of 1,000 games into an empty library, with its window painted. In turns
+// with it runs `cp`, followed by one sync of the file system, because the assistant's copies are synced in
+// the end, too. Usage: bench_imports PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS, with an empty library.
+// Prints median wall nanoseconds: "import", "copy" and "unsynced", the part of "copy" before the sync.
 #include "ProgramUnderBench.h"
 #include "Samples.h"
 
@@ -39,7 +39,7 @@ void copyPlainly(const fs::path& from, const fs::path& to) {
     mustHold(QProcess::execute(QStringLiteral("cp"), words) == 0);
 }
 
-// Nothing is left to be written when a sample begins.
+// Syncs, so that nothing is left to be written when a sample begins.
 void makeEmpty(const fs::path& folder) {
     fs::remove_all(folder);
     fs::create_directories(folder);

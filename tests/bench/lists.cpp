@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A list of a million rows of six columns in a shown window: to set and paint it, and to scroll it by a page,
-// in turns with a list of a thousand rows and with the same texts painted without any list.
-// Usage: bench_lists CONFIGURATION_FOLDER ROUNDS
-// Prints median nanoseconds: "set-large", "page-large", "set-small", "page-small" and "plain".
+// A list of a million rows and six columns in a shown window: sets and paints it, and scrolls it by a page,
+// in turns with a list of a thousand rows and with the same texts painted without any list. Usage:
+// bench_lists CONFIGURATION_FOLDER ROUNDS Prints median nanoseconds: "set-large", "page-large", "set-small",
+// "page-small" and "plain".
 #include "ProgramUnderBench.h"
 #include "Repaints.h"
 #include "Samples.h"
@@ -25,7 +25,7 @@ constexpr int fewRows = 1'000;
 constexpr std::array widths = {150, 100, 70, 60, 80, 63};
 constexpr FormDesign design{.name = "Lists", .title = "Lists", .clientSize = {523, 473}, .inTaskBar = true};
 
-// The texts are made when they are asked for, as a source over a file makes them.
+// Makes the texts on request, as a source over a file does.
 struct Entries : RowSource {
     explicit Entries(int rows) : m_count(rows) {}
     int count() const override { return m_count; }
@@ -45,7 +45,7 @@ private:
     int m_count;
 };
 
-// A page of such texts in the cells of a list, each cut to its width, and nothing else.
+// Paints only a page of such texts in the cells of a list, each cut to its width.
 class PlainPage : public QWidget {
 public:
     explicit PlainPage(QWidget& parent) : QWidget(&parent) { resize(parent.size()); }
@@ -125,7 +125,7 @@ private:
         });
         mustHold(bar.value() > before);
     }
-    // The first round is the warm-up.
+    // The first round warms up.
     template <typename Work>
     void sample(const char* name, int round, const Work& work) {
         const std::int64_t time = timeOf(work);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program's own start up to the painted main window, with banner and tray as they are.
-// Usage: bench_main_window PROGRAM_FOLDER CONFIGURATION_FOLDER MILLISECONDS, the time that the window stays.
+// Usage: bench_main_window PROGRAM_FOLDER CONFIGURATION_FOLDER MILLISECONDS, the time that the window stays
+// open.
 #include "FirstFrame.h"
 #include "ProgramUnderBench.h"
 

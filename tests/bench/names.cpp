@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The names of a folder: the program's table of them against the plainest way to a sorted list, in turns.
+// The names of a folder: the program's table against the simplest way to a sorted list, in turns.
 // Usage: bench_names FOLDER ROUNDS; prints "table", "plain" (median nanoseconds) and "count".
 #include "Samples.h"
 #include "platform/base/FolderNames.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Saves the tag of a game of 32 MiB that has one, which strips and appends, and copies the same file plainly,
-// synced once, in turns. Usage: bench_saves FOLDER ROUNDS
-// Prints the wall nanoseconds: "save" and "copy", medians.
+// Saves the tag of a game of 32 MiB that has one, which strips and appends. In turns with it, copies the same
+// file with one sync. Usage: bench_saves FOLDER ROUNDS
+// Prints median wall nanoseconds: "save" and "copy".
 #include "Samples.h"
 #include "catalogue/ID3.h"
 #include "platform/base/Paths.h"
@@ -21,7 +21,7 @@ struct NoMessages : MessageBoxes {
     int MsgBox(const QString&, int, const QString&) override { return MsgBoxFlags::answerOk; }
 };
 
-// The yardstick: what any program does that copies a file and wants it to be on the disk.
+// The yardstick: what any program does to copy a file and sync it.
 void copyPlainly(const QByteArray& from, const QByteArray& to) {
     const int source = open(from.constData(), O_RDONLY | O_CLOEXEC);
     const int target = open(to.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);

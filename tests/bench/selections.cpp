@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Selects a thousand different games in the shown main window, and tells what one selection costs with its
+// Selects a thousand different games in the shown main window, and measures what one selection costs with its
 // repaint. Usage: bench_selections PROGRAM_FOLDER CONFIGURATION_FOLDER
 // Prints "most-bytes" and "mean-bytes" read of a game, "opens" per selection and "processor" nanoseconds.
 #include "Clock.h"
@@ -19,11 +19,11 @@ namespace torvane::bench {
 namespace {
 constexpr size_t selections = 1000;
 
-// The places of games with content, in an order in which no two in a row are neighbours in the list.
+// The indices of games with content, shuffled so that successive ones are hardly ever neighbours in the list.
 std::vector<int> gamesWithContent(const FileList& games) {
     std::vector<int> places;
     for (int i = 0; i < games.ListCount(); ++i) {
-        if (File::lengthOf(games.Path() + QLatin1Char('\\') + games.List(i)) == tellingGameSize) {
+        if (File::lengthOf(games.Path() + QLatin1Char('\\') + games.List(i)) == filledGameSize) {
             places.push_back(i);
         }
     }
@@ -71,7 +71,7 @@ int runSelections(const char* programFolder, const char* configurationFolder) {
                 static_cast<double>(cost.sum) / count, cost.opens / count,
                 static_cast<double>(cost.processor) / count);
     std::fflush(nullptr);
-    // A count of nothing would mean that the reads went another way than through the counters.
+    // A count of 0 would mean that the reads bypassed the counters.
     _exit(cost.sum > 0 ? 0 : 3);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs all benchmarks on two libraries of its own and prints one table. Times differ from machine to
+// Runs all benchmarks on two libraries that it makes, and prints one table. Times differ from machine to
 // machine and from minute to minute, so most limits are ratios of medians whose samples were taken in turns.
 // Ends with 0 if all limits were kept, 1 if one was missed, 3 if something could not be measured.
 #include "Child.h"
@@ -24,7 +24,7 @@ std::string format(const char* pattern, double a, double b = 0, double c = 0) {
     return text;
 }
 
-// A folder that is gone with its contents at the end.
+// A folder that is deleted with its contents by the destructor.
 class ScratchFolder {
 public:
     ScratchFolder() {
@@ -46,7 +46,7 @@ private:
 
 /// A program folder with a library, and the settings that go with it.
 struct Library {
-    std::string name; ///< begins the names of its series
+    std::string name; ///< the prefix of its series
     fs::path folder;
     fs::path configuration;
 
@@ -84,7 +84,7 @@ public:
 private:
     std::string program(const char* name) const { return (m_programs / name).string(); }
 
-    // One round of every start; the first round only warms up.
+    // One round of all starts; the first round only warms up.
     void takeStarts(bool counts) {
         const auto take = [&](const std::string& series, const Values& values) {
             if (!counts) return;
@@ -182,7 +182,7 @@ private:
                      format("%.1f ms against %.1f ms of a plain copy, both synced", save, copy));
     }
 
-    // The library of the first is empty, and what it brings in is no archive.
+    // The library of the first is empty, and what it imports is not an archive.
     void reportImports() {
         const Values values =
             run({program("bench_imports"), m_empty.folder, m_empty.configuration, std::to_string(rounds)},
@@ -241,7 +241,7 @@ private:
 int runBenchmarks() {
     try {
         const ScratchFolder scratch;
-        // A folder that the toolkit asks for, and that a machine without a desktop does not have.
+        // Qt looks for this folder, which a machine without a desktop does not have.
         setenv("XDG_RUNTIME_DIR", scratch.path().c_str(), 0);
         return Benchmarks(fs::read_symlink("/proc/self/exe").parent_path(), scratch.path()).runAll() ? 0 : 1;
     } catch (const std::exception& failure) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The replaced calls that go by handles of open files.
+// The replaced calls on handles of open files.
 #include "Recorder.h"
 #include "Through.h"
 

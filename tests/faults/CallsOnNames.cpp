@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The replaced calls that go by names.
+// The replaced calls on names.
 #include "Recorder.h"
 #include "Through.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Children, their exit codes, and what these mean.
+// Child processes, their exit codes, and what these mean.
 #include "Child.h"
 #include "FaultyCalls.h"
 #include "platform/base/RuntimeFailure.h"
@@ -41,16 +41,16 @@ pid_t startChild(const std::function<void()>& run) {
     _exit(exitNonsense);
 }
 
-Told toldBy(pid_t child) {
+Outcome outcomeOf(pid_t child) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0) {
     }
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return Told::nothing;
-    if (!WIFEXITED(status)) return Told::nonsense;
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return Outcome::unreported;
+    if (!WIFEXITED(status)) return Outcome::invalid;
     switch (WEXITSTATUS(status)) {
-    case exitSuccess: return Told::success;
-    case exitFailure: return Told::failure;
-    default: return Told::nonsense;
+    case exitSuccess: return Outcome::success;
+    case exitFailure: return Outcome::failure;
+    default: return Outcome::invalid;
     }
 }
 

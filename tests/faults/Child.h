@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An operation in a process of its own, and what that tells by its end.
+// Runs an operation in a process of its own and gets its outcome from how that ends.
 #pragma once
 
 #include "Inspection.h"
@@ -8,11 +8,11 @@
 
 namespace torvane::faults {
 
-/// Runs in a child: `begin`, the operation, and the end of the process with a code that toldBy() reads.
+/// For the child: runs `begin` and the operation, and ends the process with a code that outcomeOf() reads.
 [[noreturn]] void runAndEnd(const Situation& situation, const std::function<void()>& begin);
 /// Starts a child; fails with std::runtime_error.
 pid_t startChild(const std::function<void()>& run);
-/// Waits for the child's end. Only a SIGKILL may have killed it.
-Told toldBy(pid_t child);
+/// Waits for the end of a child. No signal but SIGKILL may have killed it.
+Outcome outcomeOf(pid_t child);
 
 } // namespace torvane::faults

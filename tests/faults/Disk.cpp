@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Taking in a folder, and playing what the program did to it.
+// Reading in a folder, and replaying what the program did to it.
 #include "Disk.h"
 
 #include <algorithm>
@@ -49,7 +49,7 @@ Disk::Disk(const Workshop& workshop) : m_root(takeIn(inodeOf(workshop.path()))) 
     }
 }
 
-// The number of an inode that is gone may be given to a new one: ids are never used again.
+// The inode number of a deleted file may be given to a new one, but an id is never reused.
 Disk::Id Disk::takeIn(ino_t inode) { return m_ids[inode] = ++m_last; }
 
 Disk::Id Disk::idOf(ino_t inode) const {

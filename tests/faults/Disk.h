@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// A model of what a disk may hold when the power fails. Its rules are those that fsync(2), rename(2), open(2)
-// and POSIX give, taken at their worst:
+// A model of what a disk may hold when the power fails. Its rules are those of fsync(2), rename(2), open(2)
+// and POSIX, at their worst:
 //
-// - What was written to a file reaches the disk for certain when that file is synced. Before that it may have
-//   reached it in part. The parts are blocks of 512 bytes, of which each is there or not there, in any
-//   combination: a disk writes a block whole, but in an order of its own. A block that is not there is as it
-//   was before; where the file had no such block it reads as zeros.
-// - The length is a thing of its own: while the file is not synced it is the old one, the new one or, as a
-//   file grows block by block, one in between. So are its owner and mode.
-// - A file's name is part of its folder. Syncing the file does not sync the name. Names that were made, given
-//   to another file, exchanged or removed are on the disk for certain when the folder is synced. Before that
-//   any of these changes may have happened and any not, also a later one without an earlier one; those of one
-//   name keep their order. One rename is one change: it has happened or it has not.
-// - A new folder is such a name in the folder around it.
-// - A sync of the whole file system is one of every file and every folder.
-// - What was synced stays as it is.
+//   - What was written to a file is on the disk for certain once that file is synced. Before that, any of its
+//     blocks of 512 bytes may have been written, in any combination: a disk writes a block atomically, but in
+//     an order of its own. A block that was not written has its old content; if the file had no such block,
+//     it reads as zeros.
+//   - The length is independent: until the file is synced it is the old one, the new one or, as a file grows
+//     block by block, one in between. So are owner and mode.
+//   - A file's name is part of its folder. Syncing the file does not sync the name. Names that were made,
+//     given to another file, exchanged or removed are on the disk for certain once the folder is synced.
+//     Before that, any of these changes may have happened, even a later one without an earlier one; but those
+//     of one name keep their order. A rename is one change: it has happened or it has not.
+//   - A new folder is such a name in its parent folder.
+//   - A sync of the whole file system syncs every file and every folder.
+//   - What was synced stays as it is.
 #pragma once
 
 #include "Recorder.h"
@@ -24,20 +24,20 @@ namespace torvane::faults {
 
 class Disk {
 public:
-    using Id = int; ///< of a file or folder; 0 stands for none
+    using Id = int; ///< of a file or folder; 0 for none
 
     struct Folder {
         std::map<std::string, Id> synced;
-        std::map<std::string, Id> present; ///< as the running system shows it
-        /// The changes since the last sync, in their order; each gives names to files, or to none.
+        std::map<std::string, Id> present; ///< as the running system sees it
+        /// The changes since the last sync, in order; each maps names to files, or to none.
         std::vector<std::map<std::string, Id>> changes;
     };
-    /// A file's states since its last sync; the first is on the disk, the last one is what the system shows.
+    /// A file's states since its last sync: the first is on the disk, the last is what the system sees.
     using File = std::vector<FileState>;
 
-    /// All that is in a workshop, synced.
+    /// The whole content of a workshop, synced.
     explicit Disk(const Workshop& workshop);
-    /// Plays a step. Fails with std::runtime_error if the model has no rule for it.
+    /// Replays a step. Fails with std::runtime_error if the model has no rule for it.
     void play(const Step& step);
 
     Id root() const { return m_root; }
@@ -56,7 +56,7 @@ private:
     void syncAll();
     static void rename(Folder& folder, std::map<std::string, Id> names);
 
-    Id m_last = 0; // the root is the first one to be taken in
+    Id m_last = 0; // the root is read in first
     std::map<ino_t, Id> m_ids;
     std::map<Id, Folder> m_folders;
     std::map<Id, File> m_files;

@@ -11,8 +11,8 @@ namespace torvane::faults {
 namespace {
 constexpr size_t fewChanges = 10; // 1024 choices of names
 constexpr size_t sampledChoices = 256;
-constexpr size_t fewCombinations = 300; // of files' variants, for one choice of names
-constexpr size_t manyNameChanges = 6;   // above which there are so many choices that each gets fewer
+constexpr size_t fewCombinations = 300; // of file variants, for one choice of names
+constexpr size_t manyNameChanges = 6;   // beyond these, each choice of names gets fewer variants
 
 class States {
 public:
@@ -44,7 +44,7 @@ public:
     }
 
 private:
-    // With these changes of names on the disk, and no others.
+    // With exactly these changes of names on the disk.
     void visitNames(const std::vector<bool>& chosen) {
         std::map<Disk::Id, std::map<std::string, Disk::Id>> folders;
         size_t next = 0;
@@ -92,7 +92,8 @@ private:
         }
     }
 
-    // One variant of each file: the n-th combination of all, or a choice. Two names of a file show the same.
+    // One variant of each file: the n-th of all combinations, or a sample. Two names of one file share its
+    // variant.
     void pick(size_t n, bool isFew) {
         m_picks.clear();
         for (const auto& [path, id] : m_paths) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// All that a disk may hold after a power failure: every state that the model allows where these are few, and
-// a wide choice of them where they are many.
+// All states of a disk after a power failure: every state that the model allows if these are few, and a wide
+// sample if they are many.
 #pragma once
 
 #include "Disk.h"
@@ -9,7 +9,7 @@
 
 namespace torvane::faults {
 
-/// Calls `visit` with each of the states, of which some may be alike.
+/// Calls `visit` with each state; some may be equal.
 void forEachState(const Disk& disk, const std::function<void(const Tree&)>& visit);
 
 } // namespace torvane::faults

@@ -7,11 +7,11 @@
 namespace torvane::faults {
 
 namespace {
-constexpr int mostCalls = 5000; // an operation that makes more goes in circles
+constexpr int mostCalls = 5000; // an operation that makes more is in an endless loop
 
 constexpr std::array<Strike, 9> briefKinds = {{{Fault::error, EIO},
                                                {Fault::error, EINTR},
-                                               {Fault::toldAsFailed, EIO},
+                                               {Fault::doneButFails, EIO},
                                                {Fault::half},
                                                {Fault::fromNowOn, ENOSPC},
                                                {Fault::fromNowOn, EROFS},
@@ -26,7 +26,7 @@ constexpr std::array<Strike, 5> furtherKinds = {{{Fault::error, ENOSPC},
 constexpr std::array<Strike, 4> firstOfTwo = {
     {{Fault::error, EIO}, {Fault::error, EACCES}, {Fault::half}, {Fault::fromNowOn, ENOSPC}}};
 constexpr std::array<Strike, 3> secondOfTwo = {
-    {{Fault::error, EIO}, {Fault::toldAsFailed, EIO}, {Fault::killBefore}}};
+    {{Fault::error, EIO}, {Fault::doneButFails, EIO}, {Fault::killBefore}}};
 
 Strike at(Strike kind, int call) {
     kind.at = call;
@@ -38,7 +38,7 @@ void strikeWith(Runner& runner, const Situation& situation, const Strike& kind) 
         if (!runner.run(situation, at(kind, call)).strikes[0].isStruck()) return;
     }
 }
-// The second one counts from behind the first one.
+// The second strike is counted from the call after the first.
 void strikeInPairs(Runner& runner, const Situation& situation, const Strike& first, const Strike& second) {
     bool isFirstStruck = true;
     for (int i = 1; isFirstStruck && i < mostCalls; ++i) {

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Every call of an operation struck by every kind of fault, one after the other.
+// Strikes every call of an operation with every kind of fault, in turn.
 #pragma once
 
 #include "Run.h"
 
 namespace torvane::faults {
 
-/// Strikes the first call, then the second, until the operation ends without being struck; for all kinds of
-/// faults, or with `brief` for those that the program treats in different ways.
+/// Strikes the first call, then the second, until the operation ends without being struck. Uses all kinds of
+/// faults, or with `brief` only those that the program handles differently.
 void strikeEveryCall(Runner& runner, const Situation& situation, bool brief);
-/// Strikes two calls of one run, all pairs; with `brief` both fail, else all kinds of faults follow each
-/// other.
+/// Strikes two calls of one run, in all pairs. With `brief` both calls fail; otherwise all kinds of faults
+/// are combined.
 void strikeEveryTwoCalls(Runner& runner, const Situation& situation, bool brief);
 
 } // namespace torvane::faults

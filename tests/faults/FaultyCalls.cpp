@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which call is struck, and how.
+// Decides which call is struck, and how.
 #include "Through.h"
 
 #include <cerrno>
@@ -12,7 +12,7 @@
 namespace torvane::faults {
 
 namespace {
-// No memory is taken here: these are called in the middle of everything.
+// Allocates no memory: these functions are called from anywhere.
 Plan* armed = nullptr;
 bool isOwnWork = false;
 
@@ -33,7 +33,7 @@ bool isOfSort(Call call, int error) {
 bool canBefall(const Strike& strike, Call call) {
     switch (strike.fault) {
     case Fault::none: return false;
-    case Fault::toldAsFailed: return isChange(call) || call == Call::sync || call == Call::syncAll;
+    case Fault::doneButFails: return isChange(call) || call == Call::sync || call == Call::syncAll;
     case Fault::half: return call == Call::read || call == Call::write;
     case Fault::fromNowOn: return isOfSort(call, strike.error);
     case Fault::killHalf: return call == Call::write;
@@ -55,8 +55,8 @@ Verdict verdictOf(const Strike& strike, Call call) {
     const bool stopsHalfway = strike.fault == Fault::fromNowOn && isFirst && call == Call::write;
     verdict.isHalf = strike.fault == Fault::half || strike.fault == Fault::killHalf || stopsHalfway;
     if (!verdict.isHalf) verdict.error = strike.error;
-    // A handle is closed whatever the call says.
-    verdict.isMade = strike.fault == Fault::toldAsFailed || call == Call::close;
+    // A handle is closed whatever close() returns.
+    verdict.isMade = strike.fault == Fault::doneButFails || call == Call::close;
     return verdict;
 }
 } // namespace
@@ -88,7 +88,7 @@ void pathOf(const Target& target, char* path, size_t size) {
     std::snprintf(path, size, "%s%s%s", folder, isBelow ? "/" : "", target.name ? target.name : "");
 }
 
-// Whether a call is struck. A second strike counts from behind the first one.
+// Whether a call is struck. A second strike is counted from the call after the first.
 bool isDue(Strike& strike, Call call, bool counts) {
     if (!counts || !canBefall(strike, call)) return false;
     ++strike.seen;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Blocks, lengths and rights of a file that was not synced.
+// Blocks, lengths and permissions of a file that was not synced.
 #include "FileVariants.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ constexpr qsizetype fewBlocks = 6;  // 64 combinations
 constexpr qsizetype fewLengths = 6; // all of them
 constexpr int sampledCombinations = 48;
 
-// Which state of the file each block is from.
+// The index of the state that each block is from.
 using Mix = std::vector<size_t>;
 
 class Variants {
@@ -83,7 +83,7 @@ private:
         return mixes;
     }
 
-    // The old ones, the new one, and those in between at which a block ends.
+    // The old lengths, the new one, and those in between at which a block ends.
     std::vector<qsizetype> lengths() {
         std::set<qsizetype> ends;
         for (const FileState& state : m_file) ends.insert(state.bytes.size());

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// What a file may hold after a power failure if it was not synced.
+// What a file that was not synced may hold after a power failure.
 #pragma once
 
 #include "Disk.h"
 
 namespace torvane::faults {
 
-/// All combinations of the file's blocks, lengths and rights if these are few; else each run of blocks from
-/// the front, each from the back, and a choice by a fixed seed. The file as it was and as it is are among
-/// them.
+/// All combinations of the file's blocks, lengths and permissions if these are few; otherwise every run of
+/// blocks from the front, every one from the back, and a sample with a fixed seed. The old and the new state
+/// of the file are always included.
 std::vector<FileState> variantsOf(const Disk::File& file);
 
 } // namespace torvane::faults

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The checks one by one.
+// The individual checks.
 #include "Inspection.h"
 
 #include <algorithm>
@@ -14,37 +14,37 @@ bool Inspection::holds(const std::string& path, const Content& content) const {
     return content ? m_workshop.holds(path, *content) : !m_workshop.lengthOf(path);
 }
 
-// Something of the line, and nothing else, stands behind the former content.
+// Whether the old content is followed by a part of the line and nothing else.
 bool Inspection::isPart() const {
     const QByteArray& line = m_situation.line;
     const auto length = m_workshop.lengthOf(m_situation.subject);
-    if (line.isEmpty() || !length || *length <= m_situation.former->size()) return false;
-    if (!m_workshop.beginsWith(m_situation.subject, *m_situation.former)) return false;
-    const QByteArray tail = m_workshop.read(m_situation.subject, m_situation.former->size());
+    if (line.isEmpty() || !length || *length <= m_situation.old->size()) return false;
+    if (!m_workshop.beginsWith(m_situation.subject, *m_situation.old)) return false;
+    const QByteArray tail = m_workshop.read(m_situation.subject, m_situation.old->size());
     if (!m_ending.isPowerLost || tail.size() > line.size()) return line.startsWith(tail);
     const auto isOwn = [](char found, char written) { return found == written || found == '\0'; };
     return std::equal(tail.begin(), tail.end(), line.begin(), isOwn);
 }
 
 Inspection::Found Inspection::found() const {
-    if (holds(m_situation.subject, m_situation.former)) return Found::former;
+    if (holds(m_situation.subject, m_situation.old)) return Found::old;
     if (m_situation.fresh && holds(m_situation.subject, m_situation.fresh)) return Found::fresh;
     return isPart() ? Found::part : Found::other;
 }
 
 void Inspection::checkSubject(Found found) {
     check(found != Found::other, "the file is neither the old nor the new one");
-    switch (m_ending.told) {
-    case Told::success:
-        return check(found == Found::fresh, "success was told, and the file is not the new one");
-    case Told::failure:
-        // Of a line that could not be cut back all may be there, too.
+    switch (m_ending.outcome) {
+    case Outcome::success:
+        return check(found == Found::fresh, "success was reported, but the file is not the new one");
+    case Outcome::failure:
+        // If a line could not be cut back, it may even be complete.
         check(found != Found::fresh || m_ending.isFreshAllowed || m_situation.isBatch ||
                   (m_ending.isPartAllowed && !m_situation.line.isEmpty()),
-              "a failure was told, and the file is the new one");
+              "a failure was reported, but the file is the new one");
         return check(found != Found::part || m_ending.isPartAllowed, "a part of the line was left behind");
-    case Told::nothing: return;
-    case Told::nonsense: return check(false, "the program ended in a way in which it must not");
+    case Outcome::unreported: return;
+    case Outcome::invalid: return check(false, "the program ended in a forbidden way");
     }
 }
 
@@ -58,12 +58,11 @@ void Inspection::beforeNextStart() {
 
 void Inspection::afterNextStart() {
     const Found now = found();
-    check(now == Found::former || now == Found::fresh,
-          "after the next start the file is neither old nor new");
-    const bool wasWhole = m_before == Found::former || m_before == Found::fresh;
+    check(now == Found::old || now == Found::fresh, "after the next start the file is neither old nor new");
+    const bool wasWhole = m_before == Found::old || m_before == Found::fresh;
     check(!wasWhole || now == m_before, "the next start changed a whole file");
-    check(m_ending.told != Told::success || now == Found::fresh,
-          "the next start undid what was told as done");
+    check(m_ending.outcome != Outcome::success || now == Found::fresh,
+          "the next start undid what was reported as done");
     checkAsides(true);
     checkBystanders();
     checkNames();
@@ -79,8 +78,8 @@ void Inspection::checkAsides(bool afterNextStart) {
     for (const auto& [path, aside] : m_situation.asides) {
         const auto& allowed = afterNextStart ? aside.afterNextStart : aside.meanwhile;
         check(isAny(allowed, path), path + " holds something else");
-        if (m_ending.told != Told::success || aside.whenDone.empty()) continue;
-        check(isAny(aside.whenDone, path), "success was told, and it was not done to " + path);
+        if (m_ending.outcome != Outcome::success || aside.whenDone.empty()) continue;
+        check(isAny(aside.whenDone, path), "success was reported, but it was not done to " + path);
     }
 }
 
@@ -103,8 +102,8 @@ void Inspection::checkNames() {
 
 void Inspection::checkRights() {
     if (!m_workshop.lengthOf(m_situation.subject)) return;
-    const auto former = m_situation.before.find(m_situation.subject);
-    const Rights expected = former == m_situation.before.end() ? Rights() : former->second.rights;
+    const auto old = m_situation.before.find(m_situation.subject);
+    const Rights expected = old == m_situation.before.end() ? Rights() : old->second.rights;
     check(m_workshop.rightsOf(m_situation.subject) == expected, "the file has got other rights");
 }
 
@@ -113,7 +112,7 @@ void Inspection::checkTreasures() {
         const bool isKept =
             std::any_of(places.begin(), places.end(),
                         [&, &content = bytes](const auto& path) { return m_workshop.holds(path, content); });
-        check(isKept, "what must not get lost stands neither in " + places.front() + " nor elsewhere");
+        check(isKept, "what must not get lost is neither in " + places.front() + " nor elsewhere");
     }
 }
 

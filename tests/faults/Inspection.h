@@ -1,28 +1,29 @@
 // SPDX-License-Identifier: MIT
-// The checks on the files after an operation has ended, in whatever way, and after the program's next start.
+// The checks on the files after an operation has ended in any way, and after the program's next start.
 #pragma once
 
 #include "Situation.h"
 
 namespace torvane::faults {
 
-/// How an operation has ended, as far as the program could tell.
-enum class Told {
+/// The outcome of an operation, as far as the program could report it.
+enum class Outcome {
     success,
     failure,
-    nothing, ///< it was killed, or the power failed
-    nonsense ///< it ended in a way in which it must not
+    unreported, ///< the process was killed, or the power failed
+    invalid     ///< the process ended in a forbidden way
 };
 
 struct Ending {
-    Told told = Told::nothing;
-    /// A failure came behind the moment at which the new file had got its name.
+    Outcome outcome = Outcome::unreported;
+    /// The failure came after the new file had got its name.
     bool isFreshAllowed = false;
-    /// The former end could not be put back: part of the line may stand there until the next start.
+    /// The old length could not be restored: part of the line may remain until the next start.
     bool isPartAllowed = false;
-    /// The power failed: zeros may stand in the place of parts of the line.
+    /// The power failed: zeros may replace parts of the line.
     bool isPowerLost = false;
-    /// The settings failed: a copy goes on without remembering the folder that is to be swept.
+    /// The settings failed: a copy is made without recording its folder, which a later start then can't
+    /// sweep.
     bool isStrayAllowed = false;
 };
 
@@ -33,11 +34,11 @@ public:
 
     void beforeNextStart();
     void afterNextStart();
-    /// Each a sentence; empty if all is as it should be.
+    /// One sentence for each violation; empty if there is none.
     const std::vector<std::string>& violations() const { return m_violations; }
 
 private:
-    enum class Found { former, fresh, part, other };
+    enum class Found { old, fresh, part, other };
 
     Found found() const;
     bool isPart() const;

@@ -14,7 +14,7 @@
 namespace torvane::faults {
 
 namespace {
-constexpr qsizetype chunk = 4096; // as an editor's buffer
+constexpr qsizetype chunk = 4096; // the size of an editor's buffer
 
 void pass(int microseconds) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(microseconds);
@@ -98,7 +98,7 @@ void OtherProgram::doErrand(const Errand& errand) {
     }
 }
 
-// Writes a stretch of a version into the open file, and closes it behind the last one.
+// Writes a range of a version to the open file, and closes it after the last range.
 void OtherProgram::write(const QByteArray& bytes, qsizetype from, qsizetype to) const {
     while (m_open >= 0 && from < to) {
         const ssize_t written =

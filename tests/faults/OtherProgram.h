@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A second program that is at work on the same file: a process of its own, which does errands one after the
-// other. What becomes of the file is worked out by whoever gives them.
+// A second program that works on the same file: a process of its own, which does errands in turn. The caller
+// works out what the file must become.
 #pragma once
 
 #include "Shared.h"
@@ -14,21 +14,21 @@ namespace torvane::faults {
 enum class Deed {
     none,
     rewrite,         ///< writes the new version over the old one, in place
-    rewriteFromZero, ///< empties the file first
-    beginRewriting,  ///< opens it, writes all but the end, and keeps it open
-    beginFromZero,   ///< the same after emptying it
+    rewriteFromZero, ///< the same, but truncates the file first
+    beginRewriting,  ///< opens the file, writes all but the end, and keeps it open
+    beginFromZero,   ///< the same after truncating it
     endRewriting,    ///< writes the end and closes it
     renameAway,      ///< gives the file another name
     replace,         ///< puts another file in its place
     remove,
 };
 const char* nameOf(Deed deed);
-/// Where the end of a version begins: less is left of it than a tag line is long.
+/// Where the end of a version begins: it is shorter than a tag line.
 inline qsizetype endOf(const QByteArray& version) { return version.size() - 100; }
 
 struct Errand {
     Deed deed = Deed::none;
-    int version = 0;           ///< which of the versions it writes
+    int version = 0;           ///< the index of the version to write
     int delayMicroseconds = 0; ///< before it begins
 };
 
@@ -36,17 +36,17 @@ class OtherProgram {
 public:
     static constexpr size_t mostErrands = 2;
 
-    /// Starts the process. It will work on the file, rename it to `away`, and write these versions.
+    /// Starts the process. It will work on `file`, rename it to `away`, and write these versions.
     OtherProgram(std::string file, std::string away, std::vector<QByteArray> versions);
     ~OtherProgram();
     OtherProgram(const OtherProgram&) = delete;
     OtherProgram& operator=(const OtherProgram&) = delete;
 
-    /// Says what is to be done from now on.
+    /// Sets the errands.
     void prepare(const std::array<Errand, mostErrands>& errands);
     /// Lets it do the first `count` errands, at once.
     void let(int count) { m_desk->wanted = count; }
-    /// Waits until the first `count` errands are done; false if they are not after that time.
+    /// Waits until the first `count` errands are done; false if they are not after that many milliseconds.
     bool waitFor(int count, int milliseconds) const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rounds, and what is found after each.
+// The rounds, and the checks after each.
 #include "OtherRounds.h"
 #include "FaultyCalls.h"
 #include "Shelf.h"
@@ -14,8 +14,8 @@ namespace torvane::faults {
 
 namespace {
 const std::string awayFile = "elsewhere/away.gb";
-constexpr int letPass = 3;        // milliseconds: the other one may be held up until we have ended
-constexpr int longestWait = 5000; // milliseconds, and then it has been held up for good
+constexpr int letPass = 3;        // ms: the other program may be blocked until we have ended
+constexpr int longestWait = 5000; // ms: after that it counts as blocked for ever
 constexpr int mostCalls = 500;
 
 struct Operation {
@@ -24,7 +24,7 @@ struct Operation {
     std::vector<QByteArray> versions;
     Transform expected;
     std::function<void(ProgramParts&, const QString&)> run;
-    bool keepsFormer = false;
+    bool keepsOld = false;
 };
 
 QByteArray tagged(qsizetype size, quint64 seed) {
@@ -40,15 +40,16 @@ std::vector<Operation> operations() {
         const ID3& id3 = parts.id3;
         parts.id3.ReplaceRomTag(path, id3.NewTitle, id3.NewCompany, id3.NewDate, id3.NewInfo);
     };
-    return {{"SaveRomTag", tagged(20000, 1), withTags, TagBytes::saved, save},
-            {"SaveRomTag without a tag", TagBytes::image(20000, 4), without, TagBytes::saved, save},
-            {"SaveRomTag, a tag comes meanwhile", TagBytes::image(20000, 4), withTags, TagBytes::saved, save},
-            {"SaveRomTag, the tag goes meanwhile", tagged(20000, 1), without, TagBytes::saved, save},
-            {"StripRomTag", tagged(20000, 1), withTags, TagBytes::stripped, strip},
-            {"ReplaceRomTag", tagged(20000, 1), withTags, TagBytes::replaced, replace, true}};
+    return {
+        {"SaveRomTag", tagged(20000, 1), withTags, TagBytes::saved, save},
+        {"SaveRomTag without a tag", TagBytes::image(20000, 4), without, TagBytes::saved, save},
+        {"SaveRomTag, a tag appears meanwhile", TagBytes::image(20000, 4), withTags, TagBytes::saved, save},
+        {"SaveRomTag, the tag is removed meanwhile", tagged(20000, 1), without, TagBytes::saved, save},
+        {"StripRomTag", tagged(20000, 1), withTags, TagBytes::stripped, strip},
+        {"ReplaceRomTag", tagged(20000, 1), withTags, TagBytes::replaced, replace, true}};
 }
 
-// The deeds that are tried, in all pairs or alone; the halves of a rewrite belong together.
+// The deeds to try, in all pairs or singly. The two halves of a rewrite belong together.
 std::vector<Deeds> allDeeds(bool pairs) {
     const std::array<Deed, 5> single = {Deed::rewrite, Deed::rewriteFromZero, Deed::renameAway, Deed::replace,
                                         Deed::remove};
@@ -81,8 +82,8 @@ public:
         present = &m_other;
     }
 
-    /// The first deed in front of that call, and the second one so many calls later. False if the operation
-    /// makes fewer calls.
+    /// Lets the first deed happen before `call`, and the second `later` calls after it. False if the
+    /// operation makes fewer calls.
     bool meetAt(Deeds deeds, int call, int later) {
         Plan plan;
         plan.meeting = meetPresent;
@@ -93,7 +94,7 @@ public:
         const bool isSuccess = ignoring([this] { m_operation.run(m_parts, m_parts.spelled(gameFile)); });
         disarm();
         if (!plan.strikes[0].isStruck()) return false;
-        // The end of a rewrite has to come, even if our operation has ended long before.
+        // The end of a rewrite has to happen, even long after our operation has ended.
         const bool isRest = deeds.errands[1].deed == Deed::endRewriting;
         if (deeds.count > 1 && !plan.strikes[1].isStruck() && !isRest) deeds.count = 1;
         judge(deeds, isSuccess,
@@ -101,7 +102,7 @@ public:
         return deeds.count < 2 || plan.strikes[1].isStruck();
     }
 
-    /// Both begin at once; the other one after a random time.
+    /// Both programs start at once; the other one acts after a random time.
     void meetAtRandom(Deeds deeds, std::mt19937& random) {
         for (Errand& errand : deeds.errands)
             errand.delayMicroseconds = std::uniform_int_distribution<int>(0, m_duration)(random);
@@ -130,8 +131,8 @@ private:
             possible(m_operation.game, deeds, m_operation.versions, m_operation.expected, isSuccess);
         const bool isOne = std::any_of(all.begin(), all.end(),
                                        [&](const Shelf& shelf) { return isFound(shelf, isSuccess); });
-        const std::string told = isSuccess ? "success" : "failure";
-        if (!isOne) violations.push_back(told + " was told, and the files are others: " + found());
+        const std::string reported = isSuccess ? "success" : "failure";
+        if (!isOne) violations.push_back(reported + " was reported, but the files differ: " + found());
         for (const std::string& name : m_workshop.names()) {
             if (name.find(".torvane-") != std::string::npos)
                 violations.push_back("a stray file stays: " + name);
@@ -146,8 +147,8 @@ private:
         const auto holds = [this](const std::string& path, const Content& content) {
             return content ? m_workshop.holds(path, *content) : !m_workshop.lengthOf(path);
         };
-        // A backup may be there although the operation failed later.
-        const bool isKept = !m_operation.keepsFormer || !isSuccess || holds(backupFile, shelf.backup);
+        // A backup may exist even if the operation failed later.
+        const bool isKept = !m_operation.keepsOld || !isSuccess || holds(backupFile, shelf.backup);
         return holds(gameFile, shelf.game) && holds(awayFile, shelf.away) && isKept;
     }
 
@@ -166,7 +167,7 @@ private:
     Tree m_before;
     int m_duration = 500; // microseconds
 };
-// Two deeds in front of all pairs of calls that are not further from each other.
+// The two deeds before all pairs of calls that are at most `furthest` calls apart.
 void meetInPairs(Rounds& meeting, const Deeds& deeds, int furthest) {
     bool isMet = true;
     for (int call = 1; isMet && call < mostCalls; ++call) {
@@ -185,7 +186,7 @@ void meetOtherProgram(Workshop& workshop, Tally& tally, int rounds, bool brief) 
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);
         }
         for (const Deeds& deeds : allDeeds(true)) {
-            // Between the halves of a rewrite all of our own work may lie.
+            // All of our own work may happen between the halves of a rewrite.
             const bool isOneRewrite = deeds.errands[1].deed == Deed::endRewriting;
             meetInPairs(meeting, deeds, isOneRewrite ? 24 : brief ? 2 : 8);
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);

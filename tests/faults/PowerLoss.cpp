@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Recording, laying out states, and looking at what the next start makes of them.
+// Recording an operation, laying out disk states, and checking what the next start makes of them.
 #include "PowerLoss.h"
 #include "DiskStates.h"
 #include "platform/base/RuntimeFailure.h"
@@ -33,7 +33,7 @@ public:
                       workshop.path(situation.subject).c_str());
         startRecording();
         arm(m_plan);
-        m_told = ignoring(situation.run) ? Told::success : Told::failure;
+        m_outcome = ignoring(situation.run) ? Outcome::success : Outcome::failure;
         disarm();
         m_steps = takeRecorded();
     }
@@ -41,14 +41,14 @@ public:
     bool isStruck() const { return m_plan.strikes[0].isStruck(); }
 
     void check() {
-        checkStates(Told::nothing, "the power failed before the first step");
+        checkStates(Outcome::unreported, "the power failed before the first step");
         for (size_t i = 0; i < m_steps.size(); ++i) {
             m_disk.play(m_steps[i]);
-            checkStates(Told::nothing, "the power failed after step " + std::to_string(i + 1) + " of " +
-                                           std::to_string(m_steps.size()));
+            checkStates(Outcome::unreported, "the power failed after step " + std::to_string(i + 1) + " of " +
+                                                 std::to_string(m_steps.size()));
         }
         m_known.clear();
-        if (m_told == Told::success) checkStates(m_told, "the power failed after the end");
+        if (m_outcome == Outcome::success) checkStates(m_outcome, "the power failed after the end");
         m_tally.addStates(m_situation.operation, m_states);
     }
 
@@ -64,7 +64,7 @@ private:
         return isStruck() && std::string(m_plan.struckName.data()).rfind(folder, 0) == 0;
     }
 
-    void checkStates(Told told, const std::string& when) {
+    void checkStates(Outcome outcome, const std::string& when) {
         std::vector<std::string> violations;
         forEachState(m_disk, [&](const Tree& tree) {
             if (!m_known.insert(hashOf(tree)).second) return;
@@ -72,7 +72,7 @@ private:
             m_workshop.layOut(tree);
             Inspection inspection(
                 m_workshop, m_situation,
-                {.told = told, .isPowerLost = true, .isStrayAllowed = haveSettingsFailed()});
+                {.outcome = outcome, .isPowerLost = true, .isStrayAllowed = haveSettingsFailed()});
             inspection.beforeNextStart();
             startNext(m_workshop);
             inspection.afterNextStart();
@@ -88,7 +88,7 @@ private:
     const Situation& m_situation;
     Disk m_disk;
     Plan m_plan;
-    Told m_told = Told::nonsense;
+    Outcome m_outcome = Outcome::invalid;
     std::vector<Step> m_steps;
     std::set<QByteArray> m_known;
     long m_states = 0;

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The power fails after each call of an operation, and the program is started again on each state that the
-// disk may be in.
+// Fails the power after each call of an operation, and starts the program again on each state that the disk
+// may be in.
 #pragma once
 
 #include "Run.h"
 
 namespace torvane::faults {
 
-/// Records the operation once, and checks all states after each of its steps. What was told as done has to be
-/// done in every state from then on.
+/// Records the operation once, and checks all disk states after each of its steps. Once success was reported,
+/// every state must contain the change.
 void failPower(Workshop& workshop, Tally& tally, const Situation& situation);
-/// The same for an operation of which one call fails, for each of its calls.
+/// The same with one failing call, for each call of the operation.
 void failPowerAfterFaults(Workshop& workshop, Tally& tally, const Situation& situation);
 
 } // namespace torvane::faults

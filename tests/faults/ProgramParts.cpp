@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Putting the modules together.
+// Assembling the modules.
 #include "ProgramParts.h"
 #include "TagBytes.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The modules of the program as its start puts them together, over a workshop. The user and the desktop are
-// answers that are set here.
+// The modules of the program, assembled over a workshop as they are at its start. Answers that are set here
+// replace the user and the desktop.
 #pragma once
 
 #include "Workshop.h"
@@ -16,7 +16,7 @@ public:
 
     /// The spelled path of a file of the workshop.
     QString spelled(const std::string& relative) const;
-    /// What the user answers when he is asked where to copy a game to.
+    /// The user's answer to the question where to copy a game to.
     void answer(const QString& path) { m_answer = path; }
 
 private:
@@ -40,7 +40,7 @@ public:
     AddNewROM adding;
 };
 
-/// What the program does at its next start about the files of the last one.
+/// What the program does at its next start with leftovers of the last run.
 void startNext(const Workshop& workshop);
 
 } // namespace torvane::faults

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A child that works, and a parent that kills it.
+// A working child, and a parent that kills it.
 #include "RandomKills.h"
 #include "Child.h"
 #include "Shared.h"
@@ -20,18 +20,18 @@ class Killer {
 public:
     Killer(Workshop& workshop, const Situation& situation) : m_workshop(workshop), m_situation(situation) {}
 
-    /// How the operation ended that was killed after that time, if it had not ended before.
-    Told runFor(Duration time) {
+    /// The outcome of the operation when it is killed after that time, unless it ended before.
+    Outcome runFor(Duration time) {
         const pid_t child = start();
         for (const auto end = Clock::now() + time; Clock::now() < end;) sched_yield();
         kill(child, SIGKILL);
-        return toldBy(child);
+        return outcomeOf(child);
     }
-    /// The time of one run that is not killed.
+    /// The duration of one run that is not killed.
     Duration measured() {
         const pid_t child = start();
         const auto begun = Clock::now();
-        toldBy(child);
+        outcomeOf(child);
         return Clock::now() - begun;
     }
 
@@ -49,13 +49,13 @@ private:
     Shared<std::atomic<bool>> m_hasBegun;
 };
 
-// The instants come from a range that settles at twice the time of a run, however busy the machine is: they
-// are spread over all of the run, and half of the kills come too late.
+// The range of instants converges to twice the duration of a run, however busy the machine is: kills are
+// spread over the whole run, and half of them come too late.
 Duration longer(Duration range) { return range * 51 / 50 + std::chrono::microseconds(1); }
 Duration shorter(Duration range) { return range * 49 / 50; }
 
-std::vector<std::string> violationsAfter(Workshop& workshop, const Situation& situation, Told told) {
-    Inspection inspection(workshop, situation, {.told = told});
+std::vector<std::string> violationsAfter(Workshop& workshop, const Situation& situation, Outcome outcome) {
+    Inspection inspection(workshop, situation, {.outcome = outcome});
     inspection.beforeNextStart();
     startNext(workshop);
     inspection.afterNextStart();
@@ -72,12 +72,12 @@ void killAtRandom(Workshop& workshop, Tally& tally, const std::vector<Situation>
         for (size_t i = 0; i < situations.size() && done < kills; ++i) {
             const Duration time(
                 std::uniform_int_distribution<Duration::rep>(0, durations[i].count())(random));
-            const Told told = Killer(workshop, situations[i]).runFor(time);
-            tally.add(situations[i].operation, told == Told::nothing,
-                      violationsAfter(workshop, situations[i], told),
+            const Outcome outcome = Killer(workshop, situations[i]).runFor(time);
+            tally.add(situations[i].operation, outcome == Outcome::unreported,
+                      violationsAfter(workshop, situations[i], outcome),
                       situations[i].name() + ", killed at random");
-            if (told == Told::nothing) ++done;
-            durations[i] = told == Told::nothing ? longer(durations[i]) : shorter(durations[i]);
+            if (outcome == Outcome::unreported) ++done;
+            durations[i] = outcome == Outcome::unreported ? longer(durations[i]) : shorter(durations[i]);
         }
     }
 }

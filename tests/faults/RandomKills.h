@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Kills that come at any instant, also in the middle of a call.
+// Kills at any instant, even in the middle of a call.
 #pragma once
 
 #include "Situation.h"
@@ -7,7 +7,7 @@
 
 namespace torvane::faults {
 
-/// Runs the situations in turns and kills each run at a random instant of its duration, `kills` times in all.
+/// Runs the situations in turn and kills each run at a random instant, until `kills` runs were killed.
 void killAtRandom(Workshop& workshop, Tally& tally, const std::vector<Situation>& situations, int kills);
 
 } // namespace torvane::faults

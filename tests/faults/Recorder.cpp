@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writing the tape.
+// Recording the steps.
 #include "Recorder.h"
 #include "Through.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a stretch of the program has done to files, step by step, with the data: the tape that the model of a
-// power failure plays. Only calls that have succeeded are on it.
+// The steps by which a part of the program has changed files, with the data: the recording that the model of
+// a power failure replays. Contains only calls that succeeded.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace torvane::faults {
 
-/// A name in a folder; folders and files go by their inode numbers.
+/// A name in a folder; folders and files are identified by their inode numbers.
 struct Name {
     ino_t folder = 0;
     std::string name;
@@ -30,13 +30,13 @@ struct Step {
         unlink
     };
     Kind kind;
-    ino_t file = 0; ///< the file or folder that is made, written or synced
-    Name at{};      ///< the name that is made, or goes
-    Name to{};      ///< the name that it gets
+    ino_t file = 0; ///< the file or folder that is created, written or synced
+    Name at{};      ///< the name that is created or removed
+    Name to{};      ///< the new name
     off_t position = 0;
     off_t length = 0;
     std::string data{};
-    mode_t mode = 0; ///< of a file that is made or gets rights, with the owner and the group
+    mode_t mode = 0; ///< of a file that is created or gets permissions, with owner and group
     uid_t owner = 0;
     gid_t group = 0;
 };

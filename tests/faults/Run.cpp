@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Running an operation in a child and judging its end.
+// Running an operation in a child and judging its outcome.
 #include "Run.h"
 #include "Child.h"
 
@@ -13,7 +13,7 @@ namespace {
 std::string describe(const Strike& strike) {
     constexpr std::array<const char*, 9> names = {"no fault",
                                                   "fails",
-                                                  "made, but told as failed",
+                                                  "made, but reported as failed",
                                                   "half",
                                                   "fails from now on",
                                                   "killed before",
@@ -24,14 +24,14 @@ std::string describe(const Strike& strike) {
     return names.at(static_cast<size_t>(strike.fault)) + error + " at " + std::to_string(strike.at);
 }
 
-// A sync that failed has to be told: the content may never reach the disk. Where a copy goes is noted among
-// the settings as well as may be, and no reason not to copy.
-bool isHiddenFailure(const Plan& plan, const Situation& situation, Told told) {
+// A failed sync must be reported, because the content may never be on the disk. The exception is the record
+// of a copy's folder in the settings: if it can't be written, the copy is made all the same.
+bool isHiddenFailure(const Plan& plan, const Situation& situation, Outcome outcome) {
     const Strike& strike = plan.strikes[0];
     const bool isError = strike.isStruck() && strike.fault != Fault::half && strike.error != EINTR;
     const bool isAside = situation.subject != settingsFile && strstr(plan.struckName.data(), "/config");
-    if (told != Told::success || !isError) return false;
-    // Of a sync of all that failed each game has to be asked by itself, and then the folder.
+    if (outcome != Outcome::success || !isError) return false;
+    // After a failed sync of the whole file system, each game must be synced by itself, and then the folder.
     const auto games = static_cast<int>(situation.treasures.size());
     if (plan.struckCall == Call::syncAll) return plan.syncs <= games;
     return plan.struckCall == Call::sync && !isAside;
@@ -44,23 +44,24 @@ std::string describe(const Plan& plan) {
     return text + " (" + nameOf(plan.struckCall) + " " + plan.struckName.data() + ")";
 }
 
-Ending endingOf(const Plan& plan, Told told) {
+Ending endingOf(const Plan& plan, Outcome outcome) {
     const bool isSecondStruck = plan.strikes[1].isStruck();
     const bool lasts = plan.strikes[0].fault == Fault::fromNowOn && plan.strikes[0].isStruck();
-    return {.told = told,
+    return {.outcome = outcome,
             .isFreshAllowed = plan.exchangedAt > 0 && plan.struckAt >= plan.exchangedAt,
-            .isPartAllowed = told == Told::nothing || isSecondStruck || lasts};
+            .isPartAllowed = outcome == Outcome::unreported || isSecondStruck || lasts};
 }
 
-std::vector<std::string> Runner::violationsAfter(const Situation& situation, Told told) {
-    Inspection inspection(m_workshop, situation, endingOf(*m_plan, told));
+std::vector<std::string> Runner::violationsAfter(const Situation& situation, Outcome outcome) {
+    Inspection inspection(m_workshop, situation, endingOf(*m_plan, outcome));
     inspection.beforeNextStart();
     startNext(m_workshop);
     inspection.afterNextStart();
     std::vector<std::string> violations = inspection.violations();
-    if (isHiddenFailure(*m_plan, situation, told)) violations.emplace_back("a failed sync was not told");
-    const Told expected = situation.fresh ? Told::success : Told::failure;
-    if (m_plan->struckAt == 0 && told != expected)
+    if (isHiddenFailure(*m_plan, situation, outcome))
+        violations.emplace_back("a failed sync was not reported");
+    const Outcome expected = situation.fresh ? Outcome::success : Outcome::failure;
+    if (m_plan->struckAt == 0 && outcome != expected)
         violations.emplace_back("without a fault it ended otherwise");
     return violations;
 }
@@ -71,9 +72,9 @@ const Plan& Runner::run(const Situation& situation, const Strike& first, const S
     std::snprintf(m_plan->subject.data(), m_plan->subject.size(), "%s",
                   m_workshop.path(situation.subject).c_str());
     m_workshop.layOut(situation.before);
-    const Told told = toldBy(startChild([&] { runAndEnd(situation, [this] { arm(*m_plan); }); }));
-    const auto violations = violationsAfter(situation, told);
-    m_tally.add(situation.operation, told == Told::nothing, violations,
+    const Outcome outcome = outcomeOf(startChild([&] { runAndEnd(situation, [this] { arm(*m_plan); }); }));
+    const auto violations = violationsAfter(situation, outcome);
+    m_tally.add(situation.operation, outcome == Outcome::unreported, violations,
                 situation.name() + ", " + describe(*m_plan));
     return *m_plan;
 }

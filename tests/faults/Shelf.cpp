@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The orders of deeds.
+// The possible orders of deeds.
 #include "Shelf.h"
 
 namespace torvane::faults {
 
 namespace {
-// In place: what is longer in the file stays behind the new bytes.
-QByteArray over(const QByteArray& former, const QByteArray& bytes, qsizetype from, qsizetype to) {
-    QByteArray result = former;
+// Overwrites a range in place; a longer file keeps its remaining bytes.
+QByteArray over(const QByteArray& old, const QByteArray& bytes, qsizetype from, qsizetype to) {
+    QByteArray result = old;
     if (result.size() < to) result.append(to - result.size(), '\0');
     return result.replace(from, to - from, bytes.sliced(from, to - from));
 }
@@ -29,7 +29,7 @@ void act(Shelf& shelf, Deed deed, const QByteArray& bytes) {
 
 bool isHalf(Deed deed) { return deed == Deed::beginRewriting || deed == Deed::beginFromZero; }
 
-// Whether our operation could be done at all.
+// Applies our operation; false if it can't be done.
 bool change(Shelf& shelf, const Transform& ours) {
     const Content fresh = shelf.game ? ours(*shelf.game) : Content();
     if (!fresh) return false;
@@ -38,7 +38,7 @@ bool change(Shelf& shelf, const Transform& ours) {
     return true;
 }
 
-// With our operation in front of that deed; a place behind all of them means never.
+// With our operation before the deed of index `place`; beyond the last deed, without it.
 std::optional<Shelf> withOurs(Shelf shelf, const Deeds& deeds, const std::vector<QByteArray>& versions,
                               const Transform& ours, int place) {
     for (int i = 0; i <= deeds.count; ++i) {
@@ -50,9 +50,9 @@ std::optional<Shelf> withOurs(Shelf shelf, const Deeds& deeds, const std::vector
     return shelf;
 }
 
-// Our file may have had the name for a moment, in the place of one that the other program had just put there.
-// What that then takes away is ours; its own file gets the name back, since nobody may lose it. What that
-// then writes in place goes into ours, as it would into any longer file.
+// Our file may have had the name for a moment, replacing one that the other program had just put there. If
+// that program then removes or renames it, it hits our file; its own file gets the name back, since nobody
+// may lose it. If it then writes in place, it writes to our file, as it would to any longer file.
 std::vector<Shelf> withoutOurs(const Shelf& first, const Deeds& deeds,
                                const std::vector<QByteArray>& versions, const Transform& ours) {
     const Deed last = deeds.errands[1].deed;

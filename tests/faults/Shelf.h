@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What may stand in a game's file after our operation and the deeds of another program, worked out without
-// either: all orders in which they can have come one after the other.
+// What a game's file may hold after our operation and the deeds of another program. Worked out without
+// running either, from all orders in which they may have happened.
 #pragma once
 
 #include "OtherProgram.h"
@@ -10,14 +10,15 @@
 
 namespace torvane::faults {
 
-/// The file under its name, the one under the name that the other program gives it, and the kept former one.
+/// The file under its name, the one under the name that the other program gives it, and the backup of the old
+/// one.
 struct Shelf {
     Content game;
     Content away;
     Content backup;
 };
 
-/// What our operation makes of a file; nothing if it has to fail.
+/// What our operation makes of a file; nothing if it must fail.
 using Transform = std::function<Content(const QByteArray&)>;
 
 struct Deeds {
@@ -25,8 +26,8 @@ struct Deeds {
     int count = 0;
 };
 
-/// All that may be found. After a told failure nothing of ours may be seen; after a success our operation
-/// stands somewhere between the deeds, yet not between the two halves of a rewrite.
+/// All permitted results. After a reported failure nothing of ours may be seen; after a success our operation
+/// happened somewhere between the deeds, but not between the two halves of a rewrite.
 std::vector<Shelf> possible(const Content& atFirst, const Deeds& deeds,
                             const std::vector<QByteArray>& versions, const Transform& ours, bool isSuccess);
 

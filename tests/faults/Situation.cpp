@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The operations and the files that they find.
+// The operations and their initial files.
 #include "Situation.h"
 #include "TagBytes.h"
 #include "platform/base/SafeFile.h"
@@ -23,7 +23,7 @@ public:
 
     Situation strip() {
         Situation made = onGame("StripRomTag");
-        made.fresh = TagBytes::stripped(*made.former);
+        made.fresh = TagBytes::stripped(*made.old);
         made.run = [path = game()] { ID3::StripRomTag(path); };
         return made;
     }
@@ -32,9 +32,9 @@ public:
         const bool hasBackup = m_standing == Standing::equal || m_standing == Standing::longer;
         if (hasBackup) made.before[backupFile] = {QByteArray(5000, 'b'), {}};
         const Content backup = hasBackup ? Content(made.before[backupFile].bytes) : Content();
-        made.asides[backupFile] = {{backup, made.former}, {backup, made.former}};
-        made.treasures = {{*made.former, {gameFile, backupFile}}};
-        made.fresh = TagBytes::replaced(*made.former);
+        made.asides[backupFile] = {{backup, made.old}, {backup, made.old}};
+        made.treasures = {{*made.old, {gameFile, backupFile}}};
+        made.fresh = TagBytes::replaced(*made.old);
         made.run = [&id3 = m_parts.id3, path = game()] {
             id3.ReplaceRomTag(path, id3.NewTitle, id3.NewCompany, id3.NewDate, id3.NewInfo);
         };
@@ -42,15 +42,15 @@ public:
     }
     Situation append() {
         Situation made = onGame("AppendRomTag");
-        made.fresh = TagBytes::appended(*made.former);
-        made.line = TagBytes::newLine(made.former->size());
+        made.fresh = TagBytes::appended(*made.old);
+        made.line = TagBytes::newLine(made.old->size());
         made.run = [&id3 = m_parts.id3, path = game()] { id3.AppendRomTag(path); };
         return made;
     }
     Situation save() {
         Situation made = onGame("SaveRomTag");
-        made.fresh = TagBytes::saved(*made.former);
-        if (m_standing == Standing::none) made.line = TagBytes::newLine(made.former->size());
+        made.fresh = TagBytes::saved(*made.old);
+        if (m_standing == Standing::none) made.line = TagBytes::newLine(made.old->size());
         made.run = [&id3 = m_parts.id3, path = game()] { id3.SaveRomTag(path, [] {}); };
         return made;
     }
@@ -59,7 +59,7 @@ public:
         const qsizetype length = lengthBy(300);
         made.before[settingsFile].bytes.append("Player = " + QByteArray(length, 'p') + "\n");
         if (m_standing == Standing::none) made.before.erase(settingsFile);
-        made.former = in(made.before, settingsFile);
+        made.old = in(made.before, settingsFile);
         made.run = [&settings = m_parts.settings] {
             set(settings, "Player", QString(300, QLatin1Char('n')));
         };
@@ -96,7 +96,7 @@ public:
         made.details += ", " + std::to_string(count) + " games";
         made.isBatch = true;
         for (int i = 0; i < count; ++i) addImport(made, i, deletesOriginals);
-        made.former = in(made.before, made.subject);
+        made.old = in(made.before, made.subject);
         made.fresh = made.before[imported("incoming/", 0)].bytes;
         made.run = [&parts = m_parts, count, deletesOriginals] {
             parts.adding.begin([] {});
@@ -128,10 +128,10 @@ private:
             made.before[target] = {TagBytes::image(lengthBy(m_size), 100 + seed), withMode(0640)};
         made.treasures.push_back({game, {source, target}});
         if (index > 0) {
-            const Content former = in(made.before, target);
-            made.asides[target] = {{former, game}, {former, game}, {game}};
+            const Content old = in(made.before, target);
+            made.asides[target] = {{old, game}, {old, game}, {game}};
         }
-        // An original may stay, or come back after a power cut: nothing is lost by that.
+        // An original may stay, or come back after a power failure: that loses nothing.
         if (deletesOriginals) made.asides[source] = {{game, {}}, {game, {}}};
     }
 
@@ -162,7 +162,7 @@ private:
         return made;
     }
 
-    // Another owner than who runs this, where that may be set.
+    // With another owner than the user who runs this, if that can be set.
     static Rights withMode(mode_t mode) {
         const bool isRoot = Rights().owner == 0;
         return isRoot ? Rights{mode, 1234, 2345} : Rights{mode, Rights().owner, Rights().group};
@@ -177,7 +177,7 @@ private:
                               : m_standing == Standing::longer ? length + 200
                                                                : length;
         if (m_standing != Standing::none) file.bytes += TagBytes::line(m_size, "Old", old);
-        made.former = file.bytes;
+        made.old = file.bytes;
         return made;
     }
 
@@ -186,12 +186,12 @@ private:
         made.before[source].bytes = TagBytes::image(m_size, 3);
         if (m_standing != Standing::none)
             made.before[target] = {TagBytes::image(lengthBy(m_size), 4), withMode(0640)};
-        made.former = in(made.before, target);
+        made.old = in(made.before, target);
         made.fresh = made.before[source].bytes;
         return made;
     }
 
-    // The form of the settings file is the reader's own: what stands in it is taken from a run without
+    // The layout of the settings file is up to SimpleIni: the expected content comes from a run without
     // faults.
     Content settingsAfter(const Tree& before, const std::function<void()>& change) const {
         m_workshop.layOut(before);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One operation on one set of files, and what may be seen of it.
+// One operation on one set of files, and its permitted results.
 #pragma once
 
 #include "ProgramParts.h"
@@ -9,33 +9,33 @@
 
 namespace torvane::faults {
 
-/// The content of a file, or that there is none.
+/// The content of a file; nothing if there is no file.
 using Content = std::optional<QByteArray>;
 
-/// What a file that is changed on the side may hold.
+/// What a file that also changes may hold.
 struct Aside {
     std::vector<Content> meanwhile;
     std::vector<Content> afterNextStart;
-    std::vector<Content> whenDone = {}; ///< after a success that was told; anything of the above if empty
+    std::vector<Content> whenDone = {}; ///< after a reported success; if empty, any of the above
 };
 
-/// What must not get lost: it has to stand whole in one of these files at least.
+/// Content that must not get lost: at least one of these files must contain it completely.
 struct Treasure {
     QByteArray bytes;
     std::vector<std::string> places;
 };
 
 struct Situation {
-    std::string operation; ///< the row of the table that it counts for
+    std::string operation; ///< the row of the table that it counts towards
     std::string details;
     Tree before;
     std::string subject; ///< the file that the operation changes
-    Content former;      ///< what is in it before
-    Content fresh;       ///< what is in it afterwards; nothing if the operation has to fail
-    QByteArray line;     ///< what is written behind the former content, if that is the way
+    Content old;         ///< its content before
+    Content fresh;       ///< its content afterwards; nothing if the operation must fail
+    QByteArray line;     ///< the line that is appended, if the operation appends
     std::map<std::string, Aside> asides;
     std::vector<Treasure> treasures;
-    bool isBatch = false; ///< of several files, some of which may be changed when another one fails
+    bool isBatch = false; ///< several files, some of which may be changed when another one fails
     std::function<void()> run;
 
     std::string name() const { return operation + ", " + details; }
@@ -46,12 +46,12 @@ inline const std::string backupFile = "program/roms/data/backup/game.gb";
 inline const std::string settingsFile = "config/Torvane/Torvane.conf";
 
 /// All operations on images of a size in bytes, each with nothing, something shorter, something of the same
-/// length and something longer in the place of what it writes. They run on the workshop and the parts, which
-/// have to live as long. With `brief` only the first and the last of these four.
+/// length and something longer where it writes. They use the workshop and the parts, which must outlive them.
+/// With `brief` only the first and the last of these four.
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief);
 
-/// The assistant's copies of several games of that size at once, with and without the end of the originals.
-/// `isLarge` makes them so many that they share one sync of the whole file system.
+/// The assistant's copies of several games of that size at once, with and without deleting the originals.
+/// `isLarge` uses so many games that they share one sync of the whole file system.
 std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief,
                                bool isLarge);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tag lines and files with them.
+// Tag lines, and files that contain them.
 #include "TagBytes.h"
 
 #include <QByteArrayList>
@@ -19,7 +19,7 @@ QByteArray sizeIn(const QByteArray& file) {
     return file.sliced(file.indexOf(marker) + marker.size()).split('\xA7').value(4);
 }
 
-// The image in front of the marker, at most of the size that the tag tells.
+// The image before the marker, at most of the size that the tag gives.
 QByteArray imageIn(const QByteArray& bytes) {
     return bytes.first(bytes.indexOf(marker))
         .first(std::min<qsizetype>(bytes.indexOf(marker), sizeIn(bytes).toLongLong()));

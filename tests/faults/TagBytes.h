@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the operations on tags have to make of a file's bytes, worked out anew and not by the program's code.
+// What the tag operations must make of a file's bytes, worked out independently of the program's code.
 #pragma once
 
 #include <QByteArray>
@@ -7,22 +7,22 @@
 
 namespace torvane::faults::TagBytes {
 
-/// An image of random bytes. The same seed and size give the same.
+/// An image of random bytes. The same seed and size give the same image.
 QByteArray image(qsizetype size, quint64 seed);
-/// A tag line of a size and a company; its information is as long as it takes for a whole length.
+/// A tag line for a size and a company; its information is padded to make the line `length` bytes long.
 QByteArray line(qsizetype size, const QByteArray& company, qsizetype length);
-/// The line that the operations write behind a file or an image of a size.
+/// The line that the operations append to a file or an image of this size.
 QByteArray newLine(qsizetype size);
-/// The length of a new line of a size.
+/// The length of a new line for this size.
 qsizetype newLength(qsizetype size);
 
-/// The file after each operation; nothing if it has to fail.
+/// The file after each operation; nothing if the operation must fail.
 std::optional<QByteArray> stripped(const QByteArray& file);
 std::optional<QByteArray> replaced(const QByteArray& file);
 QByteArray appended(const QByteArray& file);
 QByteArray saved(const QByteArray& file);
 
-/// The values of the new line.
+/// The fields of the new line.
 inline const QByteArray company = "Acme";
 inline const QByteArray title = "A new title";
 inline const QByteArray date = "21/11/26";

@@ -8,7 +8,7 @@
 namespace torvane::faults {
 
 namespace {
-constexpr int mostShown = 30; // one defect shows in hundreds of cases
+constexpr int mostShown = 30; // one defect appears in hundreds of cases
 } // namespace
 
 void Tally::add(const std::string& operation, bool wasKilled, const std::vector<std::string>& violations,

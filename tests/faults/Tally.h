@@ -10,10 +10,10 @@ namespace torvane::faults {
 
 class Tally {
 public:
-    /// Counts a case of an operation with what was found wrong in it. `where` says which case it was.
+    /// Counts a case of an operation and its violations. `where` identifies the case.
     void add(const std::string& operation, bool wasKilled, const std::vector<std::string>& violations,
              const std::string& where);
-    /// Counts states of the disk that belong to an operation.
+    /// Counts disk states that belong to an operation.
     void addStates(const std::string& operation, long count) { m_rows[operation].states += count; }
 
     /// Prints the table, in Markdown.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a replaced call goes through to the C library's own one: counted, perhaps struck, perhaps recorded.
+// How a replaced call passes through to the C library's own: counted, perhaps struck, perhaps recorded.
 #pragma once
 
 #include "FaultyCalls.h"
@@ -10,29 +10,29 @@
 
 namespace torvane::faults {
 
-/// What a call is about: an open file or folder, and a name in it or a path.
+/// The object of a call: an open file or folder, and a name in it or a path.
 struct Target {
     int handle = -1;
     const char* name = nullptr;
 };
-/// The real path of a target, cut to the size.
+/// The real path of a target, truncated to the size.
 void pathOf(const Target& target, char* path, size_t size);
 
-/// What is to happen to a call.
+/// The decision on a call.
 struct Verdict {
     bool killsBefore = false;
     bool killsAfter = false;
     bool isHalf = false;
-    bool isMade = false; ///< the call is made although it fails
-    int error = 0;       ///< 0 if it does not fail
+    bool isMade = false; ///< the call is made although it reports failure
+    int error = 0;       ///< 0 for success
 };
 /// Counts a call and decides on it.
 Verdict verdictOn(Call call, const Target& target);
-/// A name was given to a file, by a rename.
+/// Notes that a rename has given a name to a file.
 void noteRename(const Target& to);
 [[noreturn]] void die();
 
-/// While it lives calls are the library's own, and neither counted nor recorded.
+/// While this object lives, calls belong to the library itself and are neither counted nor recorded.
 class OwnWork {
 public:
     OwnWork();
@@ -45,13 +45,13 @@ private:
     bool m_former;
 };
 
-/// The C library's own function of a name.
+/// The C library's function of this name.
 template <typename Function>
 Function* next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-/// Makes a call as decided. `make` gets whether half is to be done, and gives the call's result.
+/// Makes a call as decided. `make` receives whether to do only half, and returns the call's result.
 template <typename Make>
 auto through(Call call, const Target& target, Make make) -> decltype(make(false)) {
     const Verdict verdict = verdictOn(call, target);

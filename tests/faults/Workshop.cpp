@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Laying out files and looking at them.
+// Laying out files and reading them.
 #include "Workshop.h"
 
 #include <cstdlib>
@@ -81,11 +81,11 @@ void Workshop::layOut(const Tree& tree) {
 }
 
 bool Workshop::isUntouched(const std::string& relative, const FileState& state) const {
-    const auto former = m_laidOut.find(relative);
+    const auto laid = m_laidOut.find(relative);
     struct stat now {};
-    if (former == m_laidOut.end() || stat(path(relative).c_str(), &now) != 0) return false;
-    const struct stat& then = former->second.info;
-    return former->second.bytes.constData() == state.bytes.constData() && now.st_ino == then.st_ino &&
+    if (laid == m_laidOut.end() || stat(path(relative).c_str(), &now) != 0) return false;
+    const struct stat& then = laid->second.info;
+    return laid->second.bytes.constData() == state.bytes.constData() && now.st_ino == then.st_ino &&
            now.st_nlink == 1 && now.st_size == then.st_size && now.st_ctim.tv_sec == then.st_ctim.tv_sec &&
            now.st_ctim.tv_nsec == then.st_ctim.tv_nsec && rightsOf(relative) == state.rights;
 }
@@ -93,7 +93,7 @@ bool Workshop::isUntouched(const std::string& relative, const FileState& state) 
 void Workshop::write(const std::string& relative, const FileState& state) {
     const std::string whole = path(relative);
     fs::create_directories(fs::path(whole).parent_path());
-    unlink(whole.c_str()); // another name of the file may be there
+    unlink(whole.c_str()); // it may be another link to a file
     const int handle = open(whole.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     const char* bytes = state.bytes.constData();
     for (qsizetype left = state.bytes.size(); left > 0;) {

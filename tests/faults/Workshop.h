@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A folder in which files are laid out, harmed and looked at: the program's folder, the user's settings and
-// two folders elsewhere. Gone with this object.
+// A folder in which files are laid out, damaged and inspected: the program's folder, the user's settings and
+// two other folders. Deleted with this object.
 #pragma once
 
 #include <QByteArray>
@@ -24,27 +24,27 @@ struct FileState {
     QByteArray bytes;
     Rights rights;
 };
-/// Files by their paths below the workshop's folder. Folders are there because a file is in them.
+/// Files by their paths relative to the workshop's folder. A folder exists because a file is in it.
 using Tree = std::map<std::string, FileState>;
 
 class Workshop {
 public:
-    /// In the folder that TORVANE_FAULTS_FOLDER names, else in memory where there is such a folder, else
-    /// among the temporary files.
+    /// Created in the folder that TORVANE_FAULTS_FOLDER names, otherwise in memory if there is such a folder,
+    /// otherwise among the temporary files.
     Workshop();
     ~Workshop();
     Workshop(const Workshop&) = delete;
     Workshop& operator=(const Workshop&) = delete;
 
     std::string path(const std::string& relative = {}) const;
-    /// Makes the folder hold exactly these files; what was laid out before and is untouched is kept.
+    /// Makes the folder hold exactly these files; those that were laid out before and are untouched are kept.
     void layOut(const Tree& tree);
-    /// The paths of all files, hidden ones too.
+    /// The paths of all files, including hidden ones.
     std::vector<std::string> names() const;
     /// The length of a file; nothing if there is none.
     std::optional<qint64> lengthOf(const std::string& relative) const;
     bool holds(const std::string& relative, const QByteArray& bytes) const;
-    /// Whether a file is there that begins with these bytes.
+    /// Whether the file exists and begins with these bytes.
     bool beginsWith(const std::string& relative, const QByteArray& bytes) const;
     QByteArray read(const std::string& relative, qint64 from = 0) const;
     Rights rightsOf(const std::string& relative) const;
@@ -56,7 +56,7 @@ private:
 
     struct LaidOut {
         struct stat info {};
-        QByteArray bytes; // held, so that no other content can come to lie at its place
+        QByteArray bytes; // held, so that no other content can get the same address
     };
     std::string m_root;
     std::map<std::string, LaidOut> m_laidOut;

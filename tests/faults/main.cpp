@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What becomes of files on bad days. Usage: torvane_faults PART [long]
+// What happens to files when calls, power or processes fail. Usage: torvane_faults PART [long]
 //   calls   every call of every operation fails, stops halfway or is the last one
 //   power   the power fails after every call
-//   others  a second program is at work on the same file
+//   others  a second program works on the same file
 //   kills   (long only) 10,000 kills at random instants
 // Prints violations and a table in Markdown; ends with 0 if there were none, 1 if there were, 2 if it could
-// not be tried. TORVANE_FAULTS_FOLDER names a folder to work in, else that is memory where there is such a
-// one.
+// not be tried. TORVANE_FAULTS_FOLDER names a folder to work in; by default that is in memory if possible.
 #include "EveryCall.h"
 #include "OtherRounds.h"
 #include "PowerLoss.h"
@@ -30,7 +29,7 @@ public:
     bool run(const std::string& part) {
         if (part == "calls") calls();
         if (part == "power") power();
-        // What comes at random instants is for the long form alone: a short one must not fail now and then.
+        // Random instants are for the long form only: a short one must be reproducible.
         if (part == "others") meetOtherProgram(m_workshop, m_tally, m_isLong ? 100 : 0, !m_isLong);
         if (part == "kills") kills();
         m_tally.print(part);
@@ -66,7 +65,7 @@ private:
 
     void strikeAll(Runner& runner, qsizetype size, bool brief) {
         for (const Situation& situation : situations(m_workshop, m_parts, size, brief)) {
-            // A settings file is as small beside a large game as beside a small one.
+            // A settings file beside a large game is no larger than beside a small one.
             if (situation.operation == "SaveSetting" && size >= mebibyte) continue;
             runner.run(situation, {});
             strikeEveryCall(runner, situation, !m_isLong);
@@ -74,7 +73,7 @@ private:
     }
 
     void power() {
-        const qsizetype uneven = 4 * kibibyte + 300; // a line behind it crosses more blocks of the disk
+        const qsizetype uneven = 4 * kibibyte + 300; // so that an appended line crosses more disk blocks
         for (const qsizetype size : {4 * kibibyte, uneven, 32 * kibibyte}) {
             for (const Situation& situation : situations(m_workshop, m_parts, size, false)) {
                 failPower(m_workshop, m_tally, situation);
@@ -113,7 +112,7 @@ private:
 
 int main(int argc, char** argv) {
     if (argc < 2) return 2;
-    umask(022); // new files are compared with the mode that they have with it
+    umask(022); // the expected mode of new files assumes this mask
     try {
         const bool isLong = argc > 2 && std::string(argv[2]) == "long";
         return torvane::faults::Parts(isLong).run(argv[1]) ? 0 : 1;

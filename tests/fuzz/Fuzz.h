@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the fuzz targets share: a check that ends the run, an input that is cut into values, and a folder for
-// files. A target is a function that takes any bytes; see CMakeLists.txt for how it is run.
+// Shared by the fuzz targets: a check that ends the run, an input that is cut into values, and a folder for
+// files. A target is a function that takes any bytes; CMakeLists.txt shows how to run it.
 #pragma once
 
 #include <QByteArray>
@@ -13,25 +13,25 @@
 #include <string>
 #include <unistd.h>
 
-/// One run of a target; gives 0.
+/// One run of a target; returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 namespace torvane::fuzz {
 
-/// Ends the whole run if a property does not hold; unlike assert it does so in every build.
+/// Ends the whole run if a property does not hold; unlike assert() in every build.
 inline void require(bool holds, const char* property) {
     if (holds) return;
     std::fprintf(stderr, "This does not hold: %s\n", property);
     std::abort();
 }
 
-/// Whether an input is one of those few that are worth slow work. Told by all of its bytes, since the fuzzer
-/// would soon find the one byte that leads there and stay.
+/// Whether an input is one of those few that deserve slow work. Depends on all of its bytes, since the fuzzer
+/// would soon find a single byte that decides this and keep it.
 inline bool isOneIn32(const uint8_t* data, size_t size) {
     return std::accumulate(data, data + size, size_t{0}) % 32 == 1;
 }
 
-/// Bytes that are taken from the front, value by value. Behind the end everything is 0 or empty.
+/// Bytes that are taken from the front, value by value. After the end everything is 0 or empty.
 class Input {
 public:
     Input(const uint8_t* data, size_t size)
@@ -46,7 +46,7 @@ public:
         const int low = byte();
         return (low + 256 * byte()) % limit;
     }
-    /// A byte that tells the length, and as many bytes.
+    /// One byte for the length, and as many bytes.
     QByteArray piece() { return take(byte()); }
     QByteArray rest() { return take(m_bytes.size()); }
     bool isEmpty() const { return m_bytes.isEmpty(); }
@@ -61,7 +61,8 @@ private:
     QByteArrayView m_bytes;
 };
 
-/// A folder in memory where there is one (millions of files are written here), gone at the end of the run.
+/// A folder that is deleted at the end of the run; in memory if possible, since millions of files are
+/// written.
 class Scratch {
 public:
     Scratch() {
@@ -78,7 +79,7 @@ public:
     Scratch(const Scratch&) = delete;
     Scratch& operator=(const Scratch&) = delete;
 
-    /// Without a dot in it; no separator at its end.
+    /// Contains no dot, and no trailing separator.
     const std::string& path() const { return m_path; }
 
     void write(const std::string& name, const std::string& bytes) const {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All values of a file in INI form, read line by line in the plainest way.
+// All values of an INI file, read line by line in the simplest way.
 #pragma once
 
 #include <algorithm>
@@ -24,8 +24,8 @@ inline std::string trimmed(const std::string& text) {
     return first == text.npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-/// Reads lines in order, so that of a doubled key the last one counts. Zero bytes are blanks, and byte order
-/// marks in front of a line are none of its text.
+/// Reads lines in order, so that of a repeated key the last one counts. Zero bytes count as blanks, and byte
+/// order marks at the start of a line are ignored.
 inline IniValues iniValues(std::string bytes) {
     std::replace(bytes.begin(), bytes.end(), '\0', ' ');
     IniValues values;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names of files as the program spells them, and without regard to case, character by character.
+// File names as the program spells them, and case-folded, character by character.
 #pragma once
 
 #include "platform/base/NativeText.h"

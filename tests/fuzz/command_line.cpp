@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Cutting a command line into a program and its arguments, and the way to launch a game.
+// Cutting a command line into a program and its arguments, and the command that launches a game.
 // Input: which lengths of the line name a program, and the line.
 #include "Fuzz.h"
 #include "NameReference.h"
@@ -12,7 +12,7 @@ using namespace torvane::fuzz;
 
 namespace {
 constexpr int lengths = 16;
-constexpr qsizetype longestLaunched = 40; // each blank is a look into folders
+constexpr qsizetype longestLaunched = 40; // each blank costs a look-up in folders
 
 QByteArray slashed(QString text) {
     return NativeText::toNative(text.replace(QLatin1Char('\\'), QLatin1Char('/')));
@@ -48,7 +48,7 @@ void checkSplit(const QString& line, const std::function<bool(const QString&)>& 
             "the arguments joined by blanks are the line again");
 }
 
-// The program of a line is found by the same rule behind the real path.
+// Checks that a launch finds the program by the same rule, now by its real path.
 void checkLaunch(const QString& line, unsigned mask) {
     const auto isOne = [mask](const QByteArray& path) { return (mask >> path.size() % lengths & 1) != 0; };
     Processes processes(isOne);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The list of emulators, of any bytes: its first line alone counts, and without a usable one the former
+// The list of emulators, of any bytes: only its first line counts, and if that is unusable the previous
 // emulator stays.
 // Input: the file.
 #include "Fuzz.h"
@@ -27,7 +27,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     const QString beginning = globals.AppPath + QStringLiteral("\\emuladores");
-    require(catalogue.EmulatorCommand.startsWith(beginning), "the emulator lies below its folder");
+    require(catalogue.EmulatorCommand.startsWith(beginning), "the emulator is below its folder");
     const QByteArray stored = CodePage1252::toBytes(catalogue.EmulatorCommand.sliced(beginning.size()));
     require(stored.toStdString() == parts[1], "the second part of the first line is the emulator");
     return 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The list of games over a folder of files with any names: which are in it, in what order, and what each row
-// says, by the plain reading of the rules.
-// Input: two patterns, and kinds and names of what lies in the folder.
+// The list of games over a folder of files with any names: which files it contains, in what order, and the
+// text of each row, by a plain reading of the rules.
+// Input: two patterns, and the kinds and names of the folder's content.
 #include "Fuzz.h"
 #include "NameReference.h"
 #include "catalogue/GameRows.h"
@@ -65,8 +65,7 @@ public:
 private:
     std::string m_path;
     std::set<std::string> m_names;
-    std::set<std::pair<QByteArray, QByteArray>>
-        m_inOrder; // files alone, by their names without regard to case
+    std::set<std::pair<QByteArray, QByteArray>> m_inOrder; // only files, by their case-folded names
 };
 
 using Table = std::shared_ptr<const FolderNames>;
@@ -84,14 +83,14 @@ std::string secondOf(const QByteArray& name) {
     return pieces.size() > 1 ? pieces[1] : "";
 }
 
-// Some length for each "bin" file, or a failure.
+// A length for each "bin" file, or a failure.
 qint64 lengthOf(const QString& name) {
     const qint64 lengths[] = {10, 1024000, 1024001, 2047999, 2048000, 2048001};
     if (name.size() % 7 == 6) throw RuntimeFailure(RuntimeFailure::fileNotFound);
     return lengths[name.size() % 7];
 }
 
-// The icon of a file, or -1 if it has none of its own.
+// The icon of a file, or -1 if its kind has none.
 int iconOf(const QByteArray& name) {
     static const std::map<std::string, int> icons = {{"zip", 4}, {"gb", 2},  {"gbc", 3},
                                                      {"cgb", 3}, {"gba", 1}, {"agb", 1}};
@@ -141,7 +140,7 @@ void checkFilter(const QByteArray& name) {
 void checkTotal(int count) {
     const QString text = totalText(count);
     require(count > 9999 ? text == QStringLiteral("+9999") : text.size() == 4 && text.toInt() == count,
-            "a total has four digits, or tells that it is larger");
+            "a total has four digits, or says that it is larger");
 }
 } // namespace
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Files in INI form, of any bytes: what is read is what a plain reading line by line gives; what is written
-// is read again, and every other value stays. Most runs work on bytes alone; one in 32 on a real file, too,
-// since that takes ten times as long.
+// INI files of any bytes: a value is what a plain line-by-line reading gives; a written value is read again,
+// and every other value stays. Most runs work on bytes alone; one in 32 uses a real file, too, since that
+// takes ten times as long.
 // Input: section, key and value, how often to write, and the file.
 #include "Fuzz.h"
 #include "IniReference.h"
@@ -36,7 +36,7 @@ void checkRead(const Change& at, const QByteArray& content) {
     const auto found = values.find(at.place());
     const std::optional<QByteArray> value = IniFile::valueIn(content, at.section, at.key);
     require(value.has_value() == (found != values.end()), "a value is found if there is one");
-    if (value) require(value->toStdString() == found->second, "a value is read as it stands");
+    if (value) require(value->toStdString() == found->second, "a value is read unchanged");
 }
 
 void checkWrite(const Change& change, const QByteArray& content, const QByteArray& changed) {
@@ -45,8 +45,8 @@ void checkWrite(const Change& change, const QByteArray& content, const QByteArra
     require(iniValues(changed.toStdString()) == expected, "one value is changed and all others are kept");
 }
 
-// The lay-out of a file made by hand may change with the first writes, and then no more.
-void checkSettles(const Change& change, QByteArray content) {
+// The layout of a handwritten file may change with the first writes, but not after that.
+void checkBecomesStable(const Change& change, QByteArray content) {
     for (int i = 0; i < 3; ++i) content = change.appliedTo(content).value();
     require(change.appliedTo(content) == content, "writing the same changes no byte");
 }
@@ -73,7 +73,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     checkRead(change, content);
     const std::optional<QByteArray> changed = change.appliedTo(content);
     if (changed) checkWrite(change, content, *changed);
-    if (changed && writesOften) checkSettles(change, *changed);
+    if (changed && writesOften) checkBecomesStable(change, *changed);
     if (isOneIn32(data, size)) checkFile(change, content, changed);
     return 0;
 }

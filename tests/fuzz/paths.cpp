@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Spelled paths of any text over a small tree with hard names: what they lead to is what a walk through a
+// Spelled paths of any text over a small tree with difficult names: they must lead to what a walk through a
 // list of the tree gives.
 // Input: the number of a file of the tree, a byte for the spelling of each of its letters in turn, and text
-// behind it.
+// to append.
 #include "platform/base/Paths.h"
 #include "Fuzz.h"
 #include "NameReference.h"
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    // Of several names that are alike the least one stays.
+    // Of several names that fold alike the smallest stays.
     void add(const std::string& path) {
         const size_t slash = path.rfind('/');
         const std::string name = slash == path.npos ? path : path.substr(slash + 1);
@@ -78,7 +78,7 @@ private:
     std::map<std::pair<std::string, QString>, std::string> m_byFolded; // by folder and folded name
 };
 
-// The path below the top that a spelled one leads to, without empty pieces and those that stay in place.
+// The path below the top that a spelled one leads to, without empty and "." pieces.
 std::string walk(const Tree& tree, const QByteArrayList& pieces) {
     std::string found;
     bool isLost = false;
@@ -100,7 +100,7 @@ QString otherCase(QString text, int mask) {
     return text;
 }
 
-// Without the pieces that say nothing.
+// Without empty and "." pieces.
 QByteArray plain(const QByteArray& path) {
     QByteArrayList pieces = path.split('/');
     pieces.removeIf([](const QByteArray& piece) { return piece.isEmpty() || piece == "."; });
@@ -116,15 +116,15 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const auto number = static_cast<size_t>(input.byte()) % (files.size() + 1);
     const QString known = number < files.size() ? NativeText::fromNative(files[number]) : QString();
     const int mask = input.byte();
-    const QString behind = spelledPath(input.rest());
-    const QString spelled = otherCase(known, mask) + behind;
+    const QString suffix = spelledPath(input.rest());
+    const QString spelled = otherCase(known, mask) + suffix;
     const QString top = Paths::spelled(tree.path().c_str()) + QLatin1Char('\\');
     const QByteArray real = Paths::real(top + spelled);
     require(!real.contains('\0'), "a system call gets the whole path");
     QString slashed = spelled;
     slashed.replace(QLatin1Char('\\'), QLatin1Char('/')).replace(QChar(0), QLatin1Char('?'));
     const QByteArrayList pieces = NativeText::toNative(slashed).split('/');
-    if (pieces.contains("..")) return 0; // outside of the tree there is no list to compare with
+    if (pieces.contains("..")) return 0; // outside the tree there is no list to compare with
     require(plain(real) == plain(QByteArray::fromStdString(tree.path() + '/' + walk(tree, pieces))),
             "each piece is found, in its own case or else in any");
     require(Paths::real(Paths::spelled(real)) == real || real.isEmpty(), "a real path leads to itself");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Patterns of file lists on any name: what matches is what a table of all beginnings of the form and of the
-// name says.
+// Patterns of file lists on any name: the result is that of a table over all prefixes of the form and of the
+// name.
 // Input: the pattern and the name.
 #include "Fuzz.h"
 #include "NameReference.h"
@@ -14,7 +14,7 @@ using namespace torvane;
 using namespace torvane::fuzz;
 
 namespace {
-// Row by row: which beginnings of the name the beginning of the form matches.
+// Row by row: which prefixes of the name match the prefix of the form.
 bool formMatches(const QString& form, const QString& name) {
     std::vector<bool> row(static_cast<size_t>(name.size()) + 1, false);
     row[0] = true;
@@ -31,7 +31,7 @@ bool formMatches(const QString& form, const QString& name) {
     return row.back();
 }
 
-// Endings in ASCII are compared as such: the sign of the unit kelvin, whose lower case is "k", is no "k".
+// ASCII endings are compared as such: the kelvin sign, whose lower case is "k", does not match "k".
 bool isAsciiEnding(const QString& form) {
     if (form.size() < 2 || form.front() != QLatin1Char('*')) return false;
     return std::all_of(form.begin() + 1, form.end(), [](QChar c) {

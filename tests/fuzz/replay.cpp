@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs a target on every file of a corpus folder, and on every beginning of the small ones: what the fuzzer
-// has found stays tested with any compiler. Usage: NAME FOLDER...
+// Runs a target on every file of a corpus folder, and on every prefix of the small ones, so that what the
+// fuzzer has found stays tested with any compiler. Usage: NAME FOLDER...
 #include "Fuzz.h"
 
 #include <fstream>
@@ -17,7 +17,7 @@ Bytes contentOf(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// From a copy of its own, so that a read behind the end is a read behind an allocation.
+// Copies the bytes, so that a read beyond the end is one beyond an allocation.
 void run(const Bytes& bytes, size_t length) {
     const Bytes own(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length));
     LLVMFuzzerTestOneInput(own.data(), own.size());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The settings store over a file of any bytes: what is stored comes back, and all else in the file stays.
-// Most runs work on bytes alone; one in 32 on a real file, too, since that takes ten times as long. Input:
-// whether the texts are names or paths, section, key, value, and the file.
+// The settings store over a file of any bytes: what is stored round-trips, and all else in the file stays.
+// Most runs work on bytes alone; one in 32 uses a real file, too, since that takes ten times as long.
+// Input: whether the texts are names or paths, section, key, value, and the file.
 #include "platform/base/Settings.h"
 #include "Fuzz.h"
 #include "IniReference.h"
@@ -22,7 +22,7 @@ namespace {
 const QString application = QStringLiteral("Torvane");
 const QString absent = QStringLiteral("(absent)");
 
-// What the program can come by: names of files of any bytes, and paths of such names.
+// Texts that the program can encounter: file names of any bytes, and paths of such names.
 QString textOf(Input& input, bool isName) {
     return isName ? NativeText::fromNative(input.piece()) : spelledPath(input.piece());
 }
@@ -37,7 +37,7 @@ Settings& settings() {
     return store;
 }
 
-// What a key can't be: see IniFile::setValue.
+// False for what a key can't be: see IniFile::setValue.
 bool isOrdinary(const QString& name) {
     const QString signs = QStringLiteral("=[];#");
     return !name.isEmpty() && std::all_of(name.begin(), name.end(), [&](QChar c) {
@@ -48,7 +48,7 @@ bool isOrdinary(const QString& name) {
 struct Setting {
     QString section, key, value;
 
-    // The content of a file with it; nothing if it is refused.
+    // The content of a file with the setting; nothing if that is refused.
     std::optional<QByteArray> in(const QByteArray& content) const {
         std::optional<QByteArray> changed;
         ignoring([&] {
@@ -91,7 +91,7 @@ void checkStore(const Setting& setting, const QByteArray& content) {
     require(get(QStringLiteral("Other")) == absent, "applications are kept apart");
 }
 
-// A line written by hand may hold anything; stored again it means the same.
+// A handwritten line may hold anything; stored again it means the same.
 void checkLine(const QByteArray& line) {
     const QString text = SettingLine::textOf(line);
     require(SettingLine::textOf(SettingLine::of(text)) == text, "what was read can be stored");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The tag reader on any file: what it shows is what the plain reading of the format gives.
-// Input: the name of the file, how many bytes stand in front, and what stands behind them.
+// The tag reader on any file: it shows what a plain reading of the format gives.
+// Input: the name of the file, how many bytes precede the content, and the content.
 #include "Fuzz.h"
 #include "catalogue/ID3.h"
 #include "catalogue/TagLine.h"
@@ -17,7 +17,7 @@ using namespace torvane::fuzz;
 
 namespace {
 constexpr std::array<const char*, 4> names = {"game.gb", "game.zip", "game", "game.rev.zip"};
-constexpr int mostInFront = 2100; // a file is looked into from 2048 bytes on
+constexpr int mostInFront = 2100; // tags are only read from files of at least 2048 bytes
 
 struct Panel : GamePanel {
     QString missing, format;
@@ -36,7 +36,7 @@ struct NoMessages : MessageBoxes {
 };
 
 struct Expected {
-    std::optional<reference::Tag> tag; // nothing for a file that shows as untagged
+    std::optional<reference::Tag> tag; // nothing for a file that is shown as untagged
     int kilobytes = 0;
 };
 
@@ -85,7 +85,7 @@ QString languageFileIn(const Scratch& folder) {
 }
 
 void checkField(const QString& shown, const std::string& stored) {
-    require(CodePage1252::toBytes(shown).toStdString() == stored, "a field is shown as it stands");
+    require(CodePage1252::toBytes(shown).toStdString() == stored, "a field is shown unchanged");
 }
 
 void checkShown(const ID3& id3, const Panel& panel, const std::string& file, const std::string& name) {
@@ -93,14 +93,14 @@ void checkShown(const ID3& id3, const Panel& panel, const std::string& file, con
     const RomTagRecord& tag = id3.RomTag;
     const reference::Tag fields = expected.tag.value_or(reference::Tag{});
     require(panel.isTagged == expected.tag.has_value(), "a tag in the last 1024 bytes is shown");
-    require(panel.missing.isEmpty() == panel.isTagged, "a missing tag is told");
+    require(panel.missing.isEmpty() == panel.isTagged, "a missing tag is reported");
     checkField(tag.Company, fields.company);
     checkField(tag.Title, fields.title);
     checkField(tag.Date, fields.date);
     checkField(tag.Info, fields.info);
     require(!panel.isTagged || panel.shown.Title == tag.Title, "the panel gets what was read");
     require(tag.SizeKB == expected.kilobytes, "the size is in thousands of bytes");
-    require(tag.Format.toStdString() == formatOf(expected, name), "the size or an archive tells the format");
+    require(tag.Format.toStdString() == formatOf(expected, name), "the size or an archive gives the format");
     require(panel.format == tag.Format + QStringLiteral(" [%1KB]").arg(tag.SizeKB), "both are shown");
 }
 } // namespace

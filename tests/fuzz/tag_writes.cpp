@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The four operations that write tags, on any file: what stands in it afterwards is what the plain reading
-// of the format gives, and a refusal leaves the file as it was.
-// Input: the operation, how many bytes stand in front, the four fields, and what stands behind those bytes.
+// The four operations that write tags, on any file: the result is what a plain reading of the format gives,
+// and a refusal leaves the file as it was.
+// Input: the operation, how many bytes precede the content, the four fields, and the content.
 #include "Fuzz.h"
 #include "catalogue/ID3.h"
 #include "platform/base/CodePage1252.h"
@@ -12,7 +12,7 @@ using namespace torvane;
 using namespace torvane::fuzz;
 
 namespace {
-constexpr int mostInFront = 2100; // tags are replaced in files from 2048 bytes on
+constexpr int mostInFront = 2100; // tags are only replaced in files of at least 2048 bytes
 const std::string name = "game.gb";
 
 struct Messages : MessageBoxes {
@@ -43,7 +43,7 @@ std::string newLine(const Fields& fields, size_t size) {
                               bytesOf(fields.date), orBlank(bytesOf(fields.info)), std::to_string(size)});
 }
 
-// One operation and what the file has to hold after it; nothing if the operation has to be refused.
+// One operation and the expected file after it; nothing if it must be refused.
 struct Case {
     std::string before;
     Fields fields;
@@ -77,7 +77,7 @@ struct Case {
         const bool isReplaced = ignoring(
             [&] { id3.ReplaceRomTag(path, fields.title, fields.company, fields.date, fields.info); });
         if (before.size() < 2048) {
-            require(isReplaced, "a short file is told of, not refused");
+            require(isReplaced, "a short file is reported, not refused");
             return std::nullopt;
         }
         const std::string window = before.substr(before.size() - 1025, 1024);
@@ -97,7 +97,7 @@ bool isPlain(const Fields& fields) {
     };
     const std::string company = bytesOf(fields.company);
     const bool isKnown = company == reference::shiftedCompany;
-    // A company and a title may look like the known company, too.
+    // A company and a title together may look like the known company, too.
     const std::string beginning = company + reference::separator + bytesOf(fields.title);
     const bool looksKnown =
         beginning.compare(0, reference::shiftedCompany.size(), reference::shiftedCompany) == 0;
@@ -105,7 +105,7 @@ bool isPlain(const Fields& fields) {
            holdsNone(fields.date) && holdsNone(fields.info);
 }
 
-// What was saved is read again if it is the first tag of the window and lies whole in it.
+// A saved tag is read again if it is the first tag of the window and completely inside it.
 void checkRead(const Case& saved, const std::string& after) {
     const std::string window = after.substr(after.size() - 1025, 1024);
     if (!isPlain(saved.fields) || reference::cut(window, reference::marker).size() != 2) return;
@@ -150,7 +150,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     id3.NewDate = fields.date;
     id3.NewInfo = fields.info;
     const std::optional<std::string> expected = run(one, operation);
-    require((messages.shown > 0) == (operation == 3 && one.before.size() < 2048), "short files are told of");
+    require((messages.shown > 0) == (operation == 3 && one.before.size() < 2048), "short files are reported");
     require(folder.read(name) == expected.value_or(one.before), "the file holds what it has to");
     if (operation % 2 == 0 && expected && expected->size() >= 2048) checkRead(one, *expected);
     return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Text of data files and text of file names: bytes come back as they were, and text as far as it can.
+// Text of data files and text of file names: bytes round-trip, and text as far as it can.
 // Input: the text, as bytes and as units of 16 bits.
 #include "Fuzz.h"
 #include "platform/base/CodePage1252.h"
@@ -25,7 +25,7 @@ void checkDataFile(QByteArrayView bytes, QStringView text) {
         require(isKept || written[i] == '?', "a character is kept or becomes a question mark");
         holdsAll = holdsAll && isKept;
     }
-    require(CodePage1252::holds(text) == holdsAll, "it can be told what the code page holds");
+    require(CodePage1252::holds(text) == holdsAll, "holds() knows what the code page has");
 }
 
 void checkFileName(QByteArrayView bytes, QStringView text) {

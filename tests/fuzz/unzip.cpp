@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Archives from strangers: the name of an entry becomes a harmless one or none, and whatever bytes are opened
-// as an archive, in the folder lie files with such names and around it nothing changes.
+// Archives from strangers: the name of an entry is sanitized or rejected, and whatever bytes are opened as an
+// archive, only files with sanitized names appear in the folder, and nothing around it changes.
 // Input: which of the two, and the name or the archive.
 #include "platform/base/UnZip.h"
 #include "Fuzz.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writing, reading and settling notes.
+// Writing and reading notes, and undoing appends that were cut.
 #include "AppendNote.h"
 
 #include <QCryptographicHash>
@@ -9,7 +9,7 @@
 namespace torvane {
 
 namespace {
-constexpr qint64 largestNote = 64 << 20; // a file of that name must not fill the memory
+constexpr qint64 largestNote = 64 << 20; // a larger file of that name must not exhaust memory
 constexpr qsizetype hashSize = 32;
 
 QByteArray hashOf(const QByteArray& bytes) {
@@ -23,13 +23,13 @@ QByteArray packed(const AppendNote::Content& content) {
     return hashOf(bytes) + bytes;
 }
 
-// What stands behind the former end; nothing if there is more than was appended.
-QByteArray bytesBehind(const Handle& file, const AppendNote::Content& content) {
+// The bytes after the old end of the file; empty if there are more than were appended.
+QByteArray bytesAfterOldEnd(const Handle& file, const AppendNote::Content& content) {
     const qint64 more = infoOf(file).st_size - content.length;
     return more <= 0 || more > content.bytes.size() ? QByteArray() : bytesOf(file, content.length, more);
 }
 
-// Whether nothing else was written: a power cut leaves some of the bytes, and zeros in the place of others.
+// Whether nothing else was written. A power cut may leave zeros where some of the appended bytes should be.
 bool isPartOf(const QByteArray& whole, const QByteArray& found) {
     for (qsizetype i = 0; i < found.size(); ++i) {
         if (found[i] != whole[i] && found[i] != '\0') return false;
@@ -42,7 +42,7 @@ bool cutTo(const Handle& file, qint64 length) {
            uninterrupted([&] { return fsync(file.number()); }) == 0;
 }
 
-// Whether a name leads to no file (any more): there is nothing then that could be put back.
+// Whether a name leads to no file, or no longer does: then there is nothing to restore.
 bool isNoFile(int error) { return error == ENOENT || error == ELOOP || error == EISDIR || error == ENXIO; }
 } // namespace
 
@@ -71,20 +71,20 @@ std::optional<AppendNote::Content> AppendNote::read(const Handle& note) {
 bool AppendNote::cutBack(const Handle& file, const Content& content) {
     bool isRight = false;
     ignoring([&] {
-        const QByteArray found = bytesBehind(file, content);
+        const QByteArray found = bytesAfterOldEnd(file, content);
         isRight = found.isEmpty() || !content.bytes.startsWith(found) || cutTo(file, content.length);
     });
     return isRight;
 }
 
-bool AppendNote::settle(const Folder& folder, const Content& content) {
+bool AppendNote::recover(const Folder& folder, const Content& content) {
     const Handle file(uninterrupted([&] {
         return openat(folder.number(), content.name.constData(),
                       O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
     }));
     if (!file.isOpen()) return isNoFile(errno);
     if (!S_ISREG(infoOf(file).st_mode)) return true;
-    const QByteArray found = bytesBehind(file, content);
+    const QByteArray found = bytesAfterOldEnd(file, content);
     return found == content.bytes || !isPartOf(content.bytes, found) || cutTo(file, content.length);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The note beside a file to which something is being appended: a power cut can leave half a line behind a
-// game, which would be taken for a tag with a wrong size. With the note a later start puts the file back.
+// The note beside a file that is being appended to. A power cut can leave half a line after a game, which
+// would be read as a tag with a wrong size. With the note, a later start restores the file.
 #pragma once
 
 #include "HiddenFile.h"
@@ -13,23 +13,24 @@ class AppendNote {
 public:
     struct Content {
         QByteArray name;   ///< of the file, in the same folder
-        qint64 length = 0; ///< of the file before, in bytes
-        QByteArray bytes;  ///< what is appended
+        qint64 length = 0; ///< of the file before the append, in bytes
+        QByteArray bytes;  ///< the appended bytes
     };
 
-    /// On the disk when the constructor returns; gone with this object. A line that no note can hold is
-    /// refused as too much for the memory.
+    /// The note is on the disk when the constructor returns, and is removed with this object. Content too
+    /// large for a note fails with outOfMemory.
     AppendNote(const Folder& folder, const Content& content);
-    /// The note stays for a later start, since the file could not be brought back now.
+    /// Keeps the note for a later start, because the file could not be restored now.
     void leave() { m_file.forget(); }
 
-    /// What a note says; nothing if it is not whole: then nothing was appended.
+    /// The content of a note; nothing if the note is incomplete or damaged: then nothing was appended yet.
     static std::optional<Content> read(const Handle& note);
-    /// Cuts the file to the length if what was appended stands behind it, whole or in part, and that alone:
-    /// what another program has written stays. False if that was needed and failed.
+    /// Cuts the file to its old length if all that follows is the appended bytes or their beginning. What
+    /// another program has written stays. False if the cut was needed and failed.
     static bool cutBack(const Handle& file, const Content& content);
-    /// The same to the file that the note names, but a whole line stays, and a part of it may have holes.
-    static bool settle(const Folder& folder, const Content& content);
+    /// The same for the file that the note names, except that a complete line stays, and zeros may replace
+    /// some bytes of a partial one. False if the note is still needed.
+    static bool recover(const Folder& folder, const Content& content);
 
 private:
     HiddenFile m_file;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Entries of an archive, through libzip.
+// Entries of an archive, via libzip.
 #include "Archive.h"
 
 #include <limits>
@@ -8,7 +8,7 @@ namespace torvane {
 
 namespace {
 constexpr qsizetype blockSize = 1 << 17;
-// Attributes of the first system that had archives.
+// DOS attributes.
 constexpr zip_uint32_t folderAttribute = 0x10;
 constexpr zip_uint32_t labelAttribute = 0x08;
 
@@ -27,7 +27,7 @@ Archive::Archive(const QString& path, qint64 mostEntries, Pulse& pulse)
 bool Archive::open() {
     zip_source_t* const source = m_bytes.source();
     if (source == nullptr) throw RuntimeFailure(RuntimeFailure::outOfMemory);
-    zip_error_t reason; // nobody is shown it, but libzip writes it
+    zip_error_t reason; // not shown to anybody, but libzip writes to it
     zip_error_init(&reason);
     m_zip.reset(zip_open_from_source(source, ZIP_RDONLY, &reason));
     zip_error_fini(&reason);
@@ -45,7 +45,7 @@ Archive::Kind Archive::kind(qint64 index) const {
     zip_uint8_t system = 0;
     zip_uint32_t attributes = 0;
     zip_file_get_external_attributes(m_zip.get(), static_cast<zip_uint64_t>(index), 0, &system, &attributes);
-    // Above stands the mode of Unix, if anything. Some archivers of other systems give it, too.
+    // The upper half holds the Unix mode, or 0. Archivers on other systems may set it, too.
     const mode_t mode = attributes >> 16 & S_IFMT;
     if ((attributes & folderAttribute) != 0 || mode == S_IFDIR) return Kind::folder;
     const bool isFile = (attributes & labelAttribute) == 0 && (mode == 0 || mode == S_IFREG);
@@ -76,7 +76,7 @@ bool Archive::read(qint64 index, const std::function<bool(QByteArrayView)>& take
     const std::unique_ptr<zip_file_t, FileCloser> file(
         zip_fopen_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0));
     if (!file) return false;
-    // libzip compares the checksums, but not every size.
+    // libzip verifies checksums, but not every size.
     for (qint64 left = claimedSize(index);;) {
         const zip_int64_t got = zip_fread(file.get(), m_block.data(), static_cast<zip_uint64_t>(blockSize));
         if (got <= 0) return got == 0 && left == 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A ZIP archive that is open for reading. What its directory tells of an entry is a claim: whoever reads an
-// entry counts what comes, and at the end size and checksum are compared.
+// A ZIP archive that is open for reading. What its directory says of an entry is only a claim: readers count
+// the bytes that they get, and verify size and checksum at the end.
 #pragma once
 
 #include "ArchiveBytes.h"
@@ -11,31 +11,31 @@ namespace torvane {
 
 class Archive {
 public:
-    /// Opens the archive of a spelled path. Fails if there is none, if it is damaged, tells of more entries
-    /// or lies on several disks, and if the pulse ends.
+    /// Opens the archive at a spelled path. Fails if it is missing, damaged or split over several disks, if
+    /// it claims more than `mostEntries` entries, or if the pulse ends.
     Archive(const QString& path, qint64 mostEntries, Pulse& pulse);
 
     qint64 count() const;
-    /// The name of an entry, index from 0, in UTF-8: names that are neither marked nor well-formed as such
-    /// are taken as code page 437, the format's own. Empty if there is none.
+    /// The name of an entry (index from 0) in UTF-8. Names that are neither marked as UTF-8 nor valid UTF-8
+    /// are decoded as code page 437, the format's default. Empty if there is none.
     QByteArray name(qint64 index) const;
-    /// What an entry is by its attributes; `other` is a link, pipe, device or label.
+    /// The kind of an entry by its attributes; `other` is a link, pipe, device or volume label.
     enum class Kind { file, folder, other };
     Kind kind(qint64 index) const;
-    /// Whether only a password opens an entry.
+    /// Whether an entry needs a password.
     bool isEncrypted(qint64 index) const;
-    /// Whether an entry is stored or packed by deflate or bzip2. Other methods, which later versions of
-    /// libzip know, let the archive choose how much memory they take.
+    /// Whether an entry is stored, or packed by deflate or bzip2. With other methods, which later versions of
+    /// libzip support, the archive would decide how much memory unpacking takes.
     bool isMethodKnown(qint64 index) const;
-    /// The size that the archive claims for an entry, in bytes; negative if there is none.
+    /// The size that the archive claims for an entry, in bytes; negative if it claims none.
     qint64 claimedSize(qint64 index) const;
-    /// Hands the bytes of an entry over, in blocks, until `take` gives false. True if the entry came out
-    /// whole, with the size and the checksum that the archive tells. What is encrypted never does.
+    /// Passes the bytes of an entry to `take`, block by block, until that returns false. True if the entry
+    /// was read to its end with the claimed size and checksum; never for encrypted entries.
     bool read(qint64 index, const std::function<bool(QByteArrayView)>& take);
 
 private:
     bool open();
-    zip_stat_t infoOf(qint64 index) const; // what isn't known stays as zip_stat_init leaves it
+    zip_stat_t infoOf(qint64 index) const; // unknown fields stay as zip_stat_init sets them
 
     ArchiveBytes m_bytes;
     std::unique_ptr<zip_t, void (*)(zip_t*)> m_zip;

@@ -9,8 +9,8 @@ namespace torvane {
 
 namespace {
 constexpr qint64 blockSize = 1 << 16;
-// What a directory takes: 46 bytes, a name of 255 and some extra fields for each entry, and the search for
-// its end.
+// The size of a directory: for each entry 46 bytes, a name of up to 255 and some extra fields; plus the
+// search for its end.
 constexpr qint64 bytesPerEntry = 512;
 constexpr qint64 bytesForSearch = 1 << 20;
 
@@ -21,13 +21,13 @@ ArchiveBytes::ArchiveBytes(const QString& path, qint64 mostEntries, Pulse& pulse
     : m_pulse(pulse), m_file(path), m_length(m_file.length()), m_mostEntries(mostEntries),
       m_bytesLeft(bytesOfDirectory(mostEntries)) {
     zip_error_init(&m_error);
-    if (tellsOfMore(mostEntries)) throw RuntimeFailure(RuntimeFailure::outOfMemory);
-    // libzip would take a file of no bytes as a new archive.
+    if (claimsMore(mostEntries)) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    // libzip would treat an empty file as a new archive.
     if (m_length == 0) throw RuntimeFailure(RuntimeFailure::pathAccess);
 }
 
-// libzip makes room for as many entries as a record of ZIP64 tells of, before it has read any.
-bool ArchiveBytes::tellsOfMore(qint64 mostEntries) const {
+// libzip allocates as many entries as a ZIP64 record claims, before it reads any.
+bool ArchiveBytes::claimsMore(qint64 mostEntries) const {
     const std::vector<ArchiveEnd> ends = archiveEnds(m_file);
     return std::any_of(ends.begin(), ends.end(), [&](const ArchiveEnd& end) {
         return end.hasRecord && end.entries > static_cast<quint64>(mostEntries);
@@ -98,7 +98,7 @@ void ArchiveBytes::patch(char* data, qint64 count) const {
         data[it->first - m_position] = it->second;
 }
 
-// Entries that are read in their order, headers among them, come out of one block after the other.
+// Entries that are read in order, with their headers, come from successive blocks.
 QByteArrayView ArchiveBytes::bytesHere() {
     if (m_position < m_blockStart || m_position >= m_blockStart + m_block.size()) {
         m_block = m_file.readAt(m_position, blockSize);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The bytes of an archive file as libzip asks for them. Between its questions the caller is asked whether to
-// go on, and nothing is read of an archive whose directory would fill the memory.
+// The bytes of an archive file, as libzip requests them. Between requests the pulse decides whether to
+// continue, and the reading stops if the archive's directory would exhaust memory.
 #pragma once
 
 #include "DirectoryPatches.h"
@@ -11,18 +11,19 @@ namespace torvane {
 
 class ArchiveBytes {
 public:
-    /// Opens a regular file. Fails for anything else, and for an archive that tells of more entries.
+    /// Opens a regular file. Fails for anything else, and for an archive that claims more than `mostEntries`
+    /// entries.
     ArchiveBytes(const QString& path, qint64 mostEntries, Pulse& pulse);
     ~ArchiveBytes() { zip_error_fini(&m_error); }
     ArchiveBytes(const ArchiveBytes&) = delete;
     ArchiveBytes& operator=(const ArchiveBytes&) = delete;
 
-    /// What libzip reads from; valid as long as this object. Null if there is no memory for it.
+    /// The source for libzip; valid as long as this object. Null if memory is exhausted.
     zip_source_t* source();
-    /// For a second try to read the directory: true if there are entries in it without which libzip may open
-    /// the archive (see DirectoryPatches). From now on it reads as if they were left out.
+    /// Prepares a second attempt to read the directory: true if it has entries without which libzip may open
+    /// the archive (see DirectoryPatches). From now on it reads as if those were left out.
     bool patchDirectory();
-    /// The directory has been read: from now on there is no limit, and all bytes are as they are.
+    /// Call once the directory has been read: lifts the limit, and reads all bytes unpatched from now on.
     void directoryIsRead() { m_bytesLeft = -1; }
 
 private:
@@ -31,7 +32,7 @@ private:
     zip_int64_t read(char* data, zip_uint64_t length);
     QByteArrayView bytesHere();
     zip_int64_t fail(int error);
-    bool tellsOfMore(qint64 mostEntries) const;
+    bool claimsMore(qint64 mostEntries) const;
     void patch(char* data, qint64 count) const;
 
     Pulse& m_pulse;
@@ -39,7 +40,7 @@ private:
     qint64 m_length;
     qint64 m_mostEntries;
     DirectoryPatches m_patches;
-    qint64 m_bytesLeft; // to be read before the directory is whole; negative if there is no limit
+    qint64 m_bytesLeft; // that may still be read for the directory; negative: no limit
     qint64 m_position = 0;
     QByteArray m_block;
     qint64 m_blockStart = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finding ends of archives (PKWARE's APPNOTE.TXT, 4.3.14 to 4.3.16).
+// Finding the end records of archives (PKWARE's APPNOTE.TXT, 4.3.14 to 4.3.16).
 #include "ArchiveEnds.h"
 
 #include <QtEndian>
@@ -23,7 +23,7 @@ constexpr qsizetype recordEntries = 32;
 constexpr qsizetype recordDirectory = 48;
 constexpr qsizetype recordSize = 56;
 
-// The end of an archive with the longest comment, and the locator in front.
+// An end record with the longest comment, and the ZIP64 locator before it.
 constexpr qint64 tailSize = locatorSize + endSize + 65535;
 
 template <typename Number>

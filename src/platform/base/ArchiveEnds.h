@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The ends of ZIP archives in the tail of a file, and what they tell of the directory in front of them.
+// The end records of ZIP archives in the tail of a file, and what they claim of the directory before them.
 #pragma once
 
 #include "File.h"
@@ -8,16 +8,16 @@
 
 namespace torvane {
 
-/// What the end of an archive tells of its directory. Any of it may be a lie.
+/// What an end record claims of its directory. None of it can be trusted.
 struct ArchiveEnd {
     quint64 entries;
-    quint64 directory; ///< where it begins, in bytes from the beginning of the file
-    bool hasRecord;    ///< both come from a record of ZIP64
+    quint64 directory; ///< its offset in bytes from the beginning of the file
+    bool hasRecord;    ///< both come from a ZIP64 record
 };
 
-/// All ends in the tail that a reader may come upon: with the longest comment allowed, the real one may be
-/// the first of them. Where a locator of ZIP64 stands in front, its record is what counts; an end with a
-/// locator that leads to no record is left out, as no reader opens such an archive.
+/// All end records in the tail that a reader may find: with the longest comment allowed, the real one may be
+/// the first of them. If a ZIP64 locator precedes one, the record that it points to counts instead. An end
+/// whose locator points to no record is left out, because no reader opens such an archive.
 std::vector<ArchiveEnd> archiveEnds(const File& file);
 
 } // namespace torvane

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finding the one folder of an archive whose files count as lying at the top.
+// Finding the one folder of an archive whose files count as top-level.
 #include "ArchiveTop.h"
 #include "EntryName.h"
 #include "NativeText.h"
@@ -8,8 +8,8 @@ namespace torvane {
 
 namespace {
 struct Place {
-    QByteArrayView folder; ///< the first one of the path
-    QByteArrayView rest;   ///< what comes after it
+    QByteArrayView folder; ///< the first folder of the path
+    QByteArrayView rest;   ///< the path after it
     bool isAtTop;
 };
 
@@ -20,8 +20,8 @@ Place placeOf(QByteArrayView entry) {
     return {entry.first(slash), entry.sliced(slash + 1), false};
 }
 
-// The same for all spellings of one folder. Empty for a folder that doesn't count: one with a name that is
-// left out, and the one that macOS adds beside the packed folder for data of its own.
+// One key for all spellings of a folder. Empty for folders that don't count: those with rejected names, and
+// the one that macOS adds beside the packed folder for its own data.
 QString keyOf(QByteArrayView folder) {
     if (folder == "__MACOSX") return {};
     return NativeText::folded(NativeText::fromNative(EntryName::sanitized(folder)));

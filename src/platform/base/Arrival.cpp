@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writing and placing new files.
+// Writing new files and renaming them to their final names.
 #include "Arrival.h"
 #include "FileRights.h"
 #include "Paths.h"
@@ -41,11 +41,11 @@ std::unique_ptr<Arrival> Arrival::ofCopy(const QByteArray& from, const QByteArra
 }
 
 void Arrival::applyPermissions() const {
-    struct stat former {};
-    const bool replaces = m_folder.stat(m_place.name, former);
-    // A file that can't be looked at is there all the same, and has rights to keep.
+    struct stat replaced {};
+    const bool replaces = m_folder.stat(m_place.name, replaced);
+    // If stat() fails otherwise, the file exists, and it has permissions to keep.
     if (!replaces && errno != ENOENT) failWithErrno();
-    FileRights::give(m_fresh.handle(), replaces ? &former : nullptr);
+    FileRights::give(m_fresh.handle(), replaces ? &replaced : nullptr);
 }
 
 void Arrival::rename() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A new file on its way to a name of a folder, whatever stands there. Written, given its rights, synced, put
-// in its place: in one go, or step by step where many files share the sync.
+// A new file that will get a given name in a folder, replacing what has that name. It is written, gets its
+// permissions, is synced and renamed: all at once, or step by step where many files share a sync.
 #pragma once
 
 #include "HiddenFile.h"
@@ -15,24 +15,24 @@ public:
     explicit Arrival(const Place& place)
         : m_place(place), m_folder(place.folder), m_fresh(m_folder, HiddenFile::replacement) {}
 
-    /// The content of one file on its way to the name of another (both real paths), with the time of its last
-    /// change; not synced. Null, with nothing made, if both are one and the same file. `source` gets the
-    /// state of what was copied. `betweenBlocks` is called after each piece of 1 MiB at most. Fails if the
-    /// source changes meanwhile, and as SafeFile does for targets that may not be replaced.
+    /// Copies the content and the modification time of a file, to be renamed to `target` (both real paths);
+    /// not synced. Null, with nothing written, if both are the same file. `source` receives the state of the
+    /// copied file. `betweenBlocks` is called after each block of at most 1 MiB. Fails if the source changes
+    /// meanwhile, and like SafeFile for targets that may not be replaced.
     static std::unique_ptr<Arrival> ofCopy(const QByteArray& from, const QByteArray& target,
                                            struct stat& source,
                                            const std::function<void()>& betweenBlocks = {});
 
     const HiddenFile& fresh() const { return m_fresh; }
-    /// Its final place.
+    /// The final folder and name.
     const Place& place() const { return m_place; }
     const Folder& folder() const { return m_folder; }
 
-    /// Gives the file the owner and mode of the file that it replaces, or those of any new file.
+    /// Gives the file the owner and mode of the file that it replaces, or the mode of any new file.
     void applyPermissions() const;
-    /// Renames the file, which has been synced, to its final name. The folder is still to be synced.
+    /// Renames the synced file to its final name. The caller must sync the folder.
     void rename();
-    /// Permissions, sync, rename, and the sync of the folder.
+    /// Applies permissions, syncs, renames, and syncs the folder.
     void commit();
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Walking through directories of archives (PKWARE's APPNOTE.TXT, 4.3.12 and 4.4.4).
+// Walking through archive directories (PKWARE's APPNOTE.TXT, 4.3.12 and 4.4.4).
 #include "DirectoryPatches.h"
 #include "ArchiveEnds.h"
 
@@ -40,7 +40,7 @@ public:
     DirectoryPatches takePatches() { return std::move(m_patches); }
 
 private:
-    // Looks at the entry at a place; gives its size in the directory, or 0 if there is none.
+    // Checks the entry at an offset; gives its size in the directory, or 0 if there is none.
     qint64 patchEntry(qint64 place) {
         const QByteArrayView head = bytesAt(place, headSize);
         if (head.size() < headSize || !head.startsWith(entrySign)) return 0;
@@ -61,14 +61,14 @@ private:
         return size;
     }
 
-    // At most that many bytes; valid until the next call.
+    // At most `count` bytes; valid until the next call.
     QByteArrayView bytesAt(qint64 place, qint64 count) {
         if (place < m_blockStart || place + count > m_blockStart + m_block.size()) {
             m_block = m_file.readAt(place, std::max(blockSize, count));
             m_blockStart = place;
         }
-        const QByteArrayView behind = QByteArrayView(m_block).sliced(place - m_blockStart);
-        return behind.first(std::min(count, behind.size()));
+        const QByteArrayView rest = QByteArrayView(m_block).sliced(place - m_blockStart);
+        return rest.first(std::min(count, rest.size()));
     }
 
     const File& m_file;

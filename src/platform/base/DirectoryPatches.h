@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// libzip refuses a whole archive if one entry is marked as UTF-8 and its name or comment is none, or holds
-// control characters. These are the bytes of the directory that must read differently for it to open the
-// archive and leave out that entry alone.
+// libzip refuses a whole archive if one entry is marked as UTF-8 and its name or comment is invalid UTF-8 or
+// holds control characters. These patches to the directory let it open the archive without that entry.
 #pragma once
 
 #include "File.h"
@@ -11,12 +10,12 @@
 
 namespace torvane {
 
-/// New values of single bytes by their place in the file: the mark goes, and a name that is not what it
-/// claims gets a "/" in front, with which no entry is unpacked (see EntryName).
+/// New values of single bytes by their offset in the file: they clear the UTF-8 mark, and put a "/" at the
+/// start of an invalid name, so that EntryName rejects it.
 using DirectoryPatches = std::map<qint64, char>;
 
-/// Walks through the directories that the ends of archives in the file's tail lead to, at most `mostEntries`
-/// entries in all. Fails if the file can't be read; what is damaged or endless is not looked at further.
+/// Walks through the directories that the end records in the file's tail point to, at most `mostEntries`
+/// entries in all. Fails if the file can't be read; stops at what is damaged or endless.
 DirectoryPatches directoryPatches(const File& file, qint64 mostEntries, Pulse& pulse);
 
 } // namespace torvane

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Checking and trimming names of entries.
+// Checking and trimming entry names.
 #include "EntryName.h"
 #include "NativeText.h"
 
@@ -15,7 +15,7 @@ bool isAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 
 
 bool hasDrive(QByteArrayView name) { return name.size() > 1 && isAsciiLetter(name[0]) && name[1] == ':'; }
 
-// Marks, embeddings, overrides and isolates of the direction (Unicode Standard Annex 9, section 2).
+// Direction marks, embeddings, overrides and isolates (Unicode Standard Annex 9, section 2).
 bool turnsDirection(QChar c) {
     const char16_t unit = c.unicode();
     return unit == 0x061C || unit == 0x200E || unit == 0x200F || (unit >= 0x202A && unit <= 0x202E) ||

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One open file, over the system's calls: unbuffered, so that a look at a tag reads no more than it needs.
+// One open file, over system calls: unbuffered, so that reading a tag reads no more than it needs.
 #include "File.h"
 #include "Paths.h"
 
@@ -7,7 +7,7 @@ namespace torvane {
 
 namespace {
 Handle openedRegular(const QByteArray& path) {
-    // Without O_NONBLOCK a pipe in the games folder would block the interface for good.
+    // Without O_NONBLOCK a pipe in the games folder would block the interface for ever.
     Handle file =
         opened(uninterrupted([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
     if (!S_ISREG(infoOf(file).st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);

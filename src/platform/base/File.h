@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // One file that is open for reading, in bytes. Owned by the handler that opened it, closed at the end of its
-// scope. Changing files is SafeFile's work.
+// scope. SafeFile changes files.
 #pragma once
 
 #include "SystemCalls.h"
@@ -9,12 +9,11 @@
 
 namespace torvane {
 
-/// An open file. Every failure is a RuntimeFailure with the number of the system's reason; those to open or
+/// An open file. Every failure is a RuntimeFailure with the number of the system's error; failures to open or
 /// delete a file name it.
 class File {
 public:
-    /// Opens the file of a spelled path (see Paths). A folder, a pipe or a device is refused as a path access
-    /// error.
+    /// Opens the file at a spelled path (see Paths). Folders, pipes and devices fail with pathAccess.
     explicit File(const QString& path);
 
     const Handle& handle() const { return m_handle; }
@@ -22,18 +21,18 @@ public:
     qint64 length() const;
     /// At most `count` bytes from a position counted from 0; fewer at the end of the file.
     QByteArray readAt(qint64 position, qint64 count) const;
-    /// All bytes of the file; one of 2 GiB or more is refused as too much for the memory.
+    /// All bytes of the file; fails with outOfMemory at 2 GiB or more.
     QByteArray readAll() const;
 
-    /// Length of a file that is opened for it and closed again.
+    /// The length in bytes of the file at a spelled path.
     static qint64 lengthOf(const QString& path) { return File(path).length(); }
-    /// All bytes of a file that is opened for it and closed again.
+    /// All bytes of the file at a spelled path; fails with outOfMemory at 2 GiB or more.
     static QByteArray contentOf(const QString& path) { return File(path).readAll(); }
-    /// Deletes a file.
+    /// Deletes the file at a spelled path.
     static void remove(const QString& path);
-    /// Whether a file or folder of that path exists; never fails.
+    /// Whether a file or folder exists at a spelled path; never fails.
     static bool exists(const QString& path);
-    /// Whether the path is that of a folder or of a link to one; never fails.
+    /// Whether a spelled path leads to a folder, perhaps via a link; never fails.
     static bool isFolder(const QString& path);
 
 private:

@@ -15,7 +15,7 @@ FileBlocks::FileBlocks(const Handle& file, qint64 from, qint64 to, qint64 overla
 
 QByteArrayView FileBlocks::next() {
     const qint64 size = std::min(blockSize, m_to - m_next);
-    // What would be left is the overlap, which was in the block before.
+    // Only the overlap is left, which was in the previous block.
     const bool isOnlyOverlap = !m_block.isEmpty() && size <= m_overlap;
     if (size <= 0 || isOnlyOverlap) return {};
     m_position = m_next;

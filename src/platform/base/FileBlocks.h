@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The bytes of an open file in blocks of at most 1 MiB, so that a file of any size takes little memory.
+// The bytes of an open file in blocks of at most 1 MiB, so that reading a file of any size takes little
+// memory.
 #pragma once
 
 #include "SystemCalls.h"
@@ -8,14 +9,14 @@ namespace torvane {
 
 class FileBlocks {
 public:
-    /// The bytes from `from` up to `to`, or to the file's end if that comes first; `file` must outlive this.
-    /// Each block but the first begins with the last `overlap` bytes of the one before: what is that long and
-    /// one byte lies whole in some block.
+    /// The bytes from `from` up to `to`, or to the end of the file if that comes first; `file` must outlive
+    /// this object. Each block but the first begins with the last `overlap` bytes of the previous one, so
+    /// that every sequence of up to `overlap` + 1 bytes is whole in some block.
     FileBlocks(const Handle& file, qint64 from, qint64 to, qint64 overlap = 0);
 
     /// The next block, valid until the next call; empty at the end. Fails if the file can't be read.
     QByteArrayView next();
-    /// Where the block begins in the file.
+    /// The offset of the current block in the file.
     qint64 position() const { return m_position; }
 
 private:

@@ -16,15 +16,15 @@
 namespace torvane {
 
 namespace {
-constexpr size_t largestBatch = 128; // two open files each, of the 1024 that a process usually may have
-constexpr size_t fewFiles = 8;       // for so few the whole file system need not be synced
-constexpr int serveInterval = 10;    // milliseconds
+constexpr size_t largestBatch = 128; // two open files each, and a process may usually have 1024
+constexpr size_t fewFiles = 8;       // up to here, syncing each file is cheaper than syncfs()
+constexpr int serveInterval = 10;    // ms
 
-// Brings all that the file system of a folder holds to the disk; false if that did not succeed for certain.
+// Syncs the whole file system of a folder; false unless that certainly succeeded.
 bool syncTogether(const Folder& folder) {
     struct statfs info {};
     if (fstatfs(folder.number(), &info) != 0) return false;
-    // A file system in a process of its own is not told to sync by this call.
+    // syncfs() does not reach a FUSE server.
     return info.f_type != FUSE_SUPER_MAGIC && syncfs(folder.number()) == 0;
 }
 
@@ -35,22 +35,22 @@ std::optional<struct stat> stateOf(const QByteArray& path) {
 }
 } // namespace
 
-bool CopyRecord::stands() const {
+bool CopyRecord::isIntact() const {
     const auto present = stateOf(target);
     return present && isSameState(*present, copy) && present->st_size == was.st_size;
 }
 
 bool CopyRecord::coversSource() const {
     const auto present = stateOf(source);
-    return present && isSameState(*present, was) && !isSameFile(*present, copy) && stands();
+    return present && isSameState(*present, was) && !isSameFile(*present, copy) && isIntact();
 }
 
 bool CopyRecord::covers(const QByteArray& path) const {
     const auto present = stateOf(path);
-    if (!present) return stands();
+    if (!present) return isIntact();
     const bool isSource = path == source || isSameFile(*present, was);
     if (isSource && !isSameState(*present, was)) return false;
-    return !isSameFile(*present, copy) && stands();
+    return !isSameFile(*present, copy) && isIntact();
 }
 
 FileCopies::FileCopies(const QString& folder, std::function<void()> serve)
@@ -69,7 +69,7 @@ bool FileCopies::add(const QString& source, const QString& name) {
         if (waiting.arrival) waiting.arrival->applyPermissions();
     });
     if (!waiting.arrival) return false;
-    // The disk may begin at once: there will be less to wait for. That it does is no matter.
+    // Start write-back early to shorten the sync; a failure here does not matter.
     sync_file_range(waiting.arrival->fresh().handle().number(), 0, 0, SYNC_FILE_RANGE_WRITE);
     m_waiting.push_back(std::move(waiting));
     if (m_waiting.size() == largestBatch) finish();
@@ -83,8 +83,8 @@ void FileCopies::finish() {
     place(batch);
 }
 
-// One call for all brings the journal to the disk once and empties the disk's own store once. It tells of
-// every error since the folder was opened, but not of which file: then each is asked by itself.
+// One syncfs() commits the journal and flushes the disk's cache once for all files. It reports every error
+// since the folder was opened, but not in which file: then each file is synced by itself.
 void FileCopies::sync(const std::vector<Waiting>& batch) {
     if (batch.size() > fewFiles && syncTogether(batch.front().arrival->folder())) return;
     for (const Waiting& waiting : batch) waiting.arrival->fresh().sync();
@@ -123,8 +123,8 @@ void FileCopies::serveIfDue() {
     m_served.start();
 }
 
-// A sync may take seconds and can't be divided: it alone runs on a thread of its own, which touches nothing
-// but open files, while this one serves.
+// A sync may take seconds and can't be split. It alone runs on a thread of its own, which touches only open
+// files, while this thread calls `serve`.
 void FileCopies::inBackground(const std::function<void()>& call) const {
     std::future<void> work;
     try {

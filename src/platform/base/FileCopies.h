@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Copying many files into one folder. At any moment, after any failure or power cut, each is there whole or
-// not at all, as with SafeFile; but they share their syncs, which would else cost more than the bytes: up to
-// 128 hidden files are written, brought to the disk together, and then renamed.
+// Copies many files into one folder. At any moment, after any failure or power cut, each copy is whole or
+// missing, as with SafeFile. But the copies share their syncs, which would otherwise cost more than the
+// bytes: up to 128 hidden files are written, synced together, and then renamed.
 #pragma once
 
 #include "Arrival.h"
@@ -12,35 +12,37 @@
 
 namespace torvane {
 
-/// A file that was copied: what it was then, and the copy that was brought to the disk.
+/// A file that was copied: its state then, and the state of the synced copy.
 struct CopyRecord {
     QByteArray source; ///< real path
     struct stat was {};
     QByteArray target; ///< real path
     struct stat copy {};
 
-    /// Whether the copy stands in its place, whole, as it was written.
-    bool stands() const;
-    /// Whether nothing is lost if the source goes: the copy stands, and the source is another file that has
-    /// not changed since.
+    /// Whether the copy is in its place, complete and unchanged.
+    bool isIntact() const;
+    /// Whether deleting the source loses nothing: the copy is intact, and the source is another file and
+    /// unchanged.
     bool coversSource() const;
-    /// The same of the file of any path (real): if it is not the source, only the copy's own file is kept.
+    /// Whether deleting the file at a real path loses nothing. The source must be unchanged, any other file
+    /// must only not be the copy itself; and the copy must be intact.
     bool covers(const QByteArray& path) const;
 };
 
 class FileCopies {
 public:
-    /// Copies go to the folder, spelled, under names that differ in case if they do. `serve` is called about
-    /// every 10 ms while there is work, never from another thread.
+    /// Copies into a folder (spelled path), under exactly the given names: case matters. `serve` is called
+    /// about every 10 ms during the work, always on this thread.
     FileCopies(const QString& folder, std::function<void()> serve);
 
-    /// Copies a file, in place of one of the name; it is in place after `finish` at the latest. False if that
-    /// is the source itself, which stays as it is. Fails as SafeFile::copy does, with the copies before it
-    /// still on their way.
+    /// Copies a file, replacing one of that name; it is in its place after `finish` at the latest. False if
+    /// that is the source itself, which is left alone. Fails as SafeFile::copy does; copies that were added
+    /// before stay pending.
     bool add(const QString& source, const QString& name);
-    /// Brings all copies to the disk and puts them in place. Where one fails the others arrive all the same.
+    /// Syncs all copies and renames them to their final names. If one fails, the others are still completed,
+    /// and the first failure is thrown.
     void finish();
-    /// What is in place and synced, in the order of its adding.
+    /// The copies that are in place and synced, in the order in which they were added.
     const std::vector<CopyRecord>& records() const { return m_records; }
 
 private:

@@ -11,31 +11,32 @@ mode_t newFileMode() {
     return 0666 & ~mask;
 }
 
-// The others' rights in the place of the group's.
+// The mode with the others' permissions for the group, too.
 mode_t withoutGroup(mode_t mode) {
     return (mode & ~static_cast<mode_t>(S_IRWXG | S_ISGID)) | (mode & S_IRWXO) << 3;
 }
 
-// What is told where an owner can't be given: it is not allowed, means nobody here, or there are no owners.
+// Errors where an owner can't be set: not permitted, unknown in this namespace, or no owners on this file
+// system.
 bool isRefusal(int error) { return error == EPERM || error == EINVAL || error == ENOSYS || error == ENOTSUP; }
 
-// Gives owner and group as far as possible, and the mode that is right then.
-mode_t giveOwner(const Handle& fresh, const struct stat& former) {
-    const mode_t mode = former.st_mode & 07777;
-    if (fchown(fresh.number(), former.st_uid, former.st_gid) == 0) return mode;
+// Sets owner and group as far as possible, and returns the mode that is right for them.
+mode_t giveOwner(const Handle& fresh, const struct stat& previous) {
+    const mode_t mode = previous.st_mode & 07777;
+    if (fchown(fresh.number(), previous.st_uid, previous.st_gid) == 0) return mode;
     if (!isRefusal(errno)) failWithErrno();
-    // What another user wrote must not run with the rights of who saved it.
+    // What another user wrote must not run with the permissions of the user who saved it.
     const mode_t ownMode = mode & ~static_cast<mode_t>(S_ISUID);
-    if (fchown(fresh.number(), static_cast<uid_t>(-1), former.st_gid) == 0) return ownMode;
+    if (fchown(fresh.number(), static_cast<uid_t>(-1), previous.st_gid) == 0) return ownMode;
     if (!isRefusal(errno)) failWithErrno();
     return withoutGroup(ownMode);
 }
 } // namespace
 
-void give(const Handle& fresh, const struct stat* former) {
-    const mode_t mode = former != nullptr ? giveOwner(fresh, *former) : newFileMode();
+void give(const Handle& fresh, const struct stat* previous) {
+    const mode_t mode = previous != nullptr ? giveOwner(fresh, *previous) : newFileMode();
     if (fchmod(fresh.number(), mode) == 0) return;
-    // A file system without modes has nothing to keep.
+    // A file system without modes has nothing to preserve.
     if (errno != ENOSYS && errno != ENOTSUP) failWithErrno();
 }
 

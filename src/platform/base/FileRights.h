@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Who may do what with a file that is replaced.
+// Permissions of files that are replaced.
 #pragma once
 
 #include "SystemCalls.h"
 
 namespace torvane::FileRights {
 
-/// Gives a new file the owner, group and mode of the former one. Where the owner may not be given away (only
-/// root may do that) the file stays its maker's, and runs as nobody else; where the group may not be given
-/// either, its rights become those of all others. Without a former file the mode is that of any new file.
-void give(const Handle& fresh, const struct stat* former);
+/// Gives a new file the owner, group and mode of the previous one. If the owner can't be set (only root may),
+/// the file belongs to the current user and loses its set-user-ID bit; if the group can't be set either, the
+/// group gets the permissions of all others. Without a previous file the mode is that of any new file.
+void give(const Handle& fresh, const struct stat* previous);
 
-/// Fails for a file that is read-only for this user, and for what is no regular file: a rename would put a
-/// file in the place of a device or a pipe. A file that is not there may be made.
+/// Fails for a file that is read-only for this user, and for anything but a regular file: a rename would
+/// replace a device or a pipe by a file. A missing file passes, since it may be created.
 void refuseUnlessWritable(const QByteArray& path);
 
 } // namespace torvane::FileRights

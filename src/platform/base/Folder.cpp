@@ -9,7 +9,7 @@
 namespace torvane {
 
 namespace {
-constexpr int mostLinks = 40; // as many as the kernel follows
+constexpr int mostLinks = 40; // the kernel's limit
 
 QByteArray parentOf(const QByteArray& path) {
     const qsizetype slash = path.lastIndexOf('/');
@@ -40,7 +40,7 @@ void Folder::make(const QByteArray& path) {
 
 void Folder::sync() const {
     if (!m_canSync || uninterrupted([this] { return fsync(number()); }) == 0) return;
-    // Some network file systems sync every change of a name by themselves and refuse the call.
+    // Some network file systems sync every rename by themselves and refuse the call.
     if (errno != EINVAL && errno != ENOTSUP) failWithErrno();
 }
 
@@ -53,7 +53,7 @@ Place placeOf(const QByteArray& given) {
     for (int links = 0; links < mostLinks; ++links) {
         std::array<char, PATH_MAX> target{};
         const ssize_t length = readlink(path.constData(), target.data(), target.size());
-        // What can't be read may be a link: a rename would put a file in its place.
+        // What can't be read may be a link, which a rename would replace by a file.
         if (length < 0 && errno != EINVAL && errno != ENOENT) failWithErrno();
         if (length < 0) return {parentOf(path), path.sliced(path.lastIndexOf('/') + 1)};
         const QByteArray next(target.data(), static_cast<qsizetype>(length));

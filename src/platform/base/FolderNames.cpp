@@ -19,11 +19,11 @@ namespace {
 constexpr off_t mostRoom = 16 << 20;
 constexpr size_t usualEntrySize = 32;
 
-// The first bytes of a key as numbers of the same order, so that most comparisons need no look at the key.
+// The first bytes of a key as numbers with the same order, so that most comparisons need not read the key.
 using Front = std::array<quint64, 2>;
 
 Front frontOf(QByteArrayView key) {
-    // No name holds a zero byte: a shorter key comes first.
+    // No name contains a zero byte, so padding with zeros sorts a shorter key first.
     char bytes[sizeof(Front)] = {};
     std::memcpy(bytes, key.data(), std::min(sizeof bytes, static_cast<size_t>(key.size())));
     return {qFromBigEndian<quint64>(bytes), qFromBigEndian<quint64>(bytes + sizeof(quint64))};
@@ -31,9 +31,9 @@ Front frontOf(QByteArrayView key) {
 
 struct Entry {
     Front front;
-    quint32 start;    // of the name in the bytes read
-    quint32 keyStart; // of the key, which is the name without regard to case
-    quint32 matches;  // a bit for each pattern that the name matches
+    quint32 start;    // of the name in Reading::bytes
+    quint32 keyStart; // of the key, which is the case-folded name
+    quint32 matches;  // one bit for each pattern that the name matches
     quint16 length;   // of the name in bytes; the kernel's limit is 255
     quint16 keyLength;
 
@@ -50,7 +50,7 @@ bool isFile(int folder, const dirent& entry) {
 bool isAscii(char c) { return static_cast<uchar>(c) < 0x80; }
 char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// Appends the name in lower case. Most names are ASCII and need no way over text.
+// Appends the name in lower case. Most names are ASCII and need no conversion to text.
 void appendFolded(std::string& bytes, QByteArrayView name) {
     if (std::all_of(name.begin(), name.end(), isAscii)) {
         std::transform(name.begin(), name.end(), std::back_inserter(bytes), lowered);
@@ -73,8 +73,8 @@ struct Reading {
                            static_cast<quint16>(folded.size())});
     }
 
-    // On most file systems the size of a folder tells how much there is to read. Room that is not needed
-    // costs nothing, and growing step by step costs copies.
+    // On most file systems the size of a folder predicts how much there is to read. Unused space costs
+    // nothing, but growing step by step costs copies.
     void makeRoom(int folder) {
         struct stat info {};
         if (fstat(folder, &info) != 0) return;
@@ -134,7 +134,7 @@ std::vector<std::shared_ptr<const FolderNames>> FolderNames::read(const QString&
             continue;
         }
         auto table = std::make_shared<FolderNames>();
-        table->m_text.reserve(reading.bytes.size() / 2); // the other half are keys
+        table->m_text.reserve(reading.bytes.size() / 2); // the keys take the other half
         for (const Entry& entry : reading.entries) {
             if (entry.matchesPattern(own)) table->append(reading.name(entry));
         }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The names of the files of one folder that match a pattern, in order. A table is never changed once it
-// is read, so lists can share it; it is kept small, since a library may hold 100,000 games.
+// The sorted names of the files of one folder that match a pattern. A table never changes once it is read, so
+// lists can share it; it is compact, since a library may hold 100,000 games.
 #pragma once
 
 #include <QByteArrayView>
@@ -14,13 +14,13 @@ namespace torvane {
 
 class FolderNames {
 public:
-    /// Reads the folder of a spelled path. Left out are folders, hidden files (a dot in front), what is
-    /// neither a file nor a link to one, and what the pattern doesn't match. The order is that of the
-    /// names without regard to case, equal ones by their bytes. A folder that is missing or can't be
-    /// read gives an empty table.
+    /// Reads the folder at a spelled path. Leaves out folders, hidden files (with a leading dot), anything
+    /// that is neither a file nor a link to one, and names that the pattern doesn't match. Names are sorted
+    /// without regard to case, equal ones by their bytes. A folder that is missing or unreadable gives an
+    /// empty table.
     static std::shared_ptr<const FolderNames> read(const QString& folder, const QString& pattern);
-    /// The same for several patterns (32 at most), with one look at the folder: a table for each of them,
-    /// and one and the same table for those that match the same names.
+    /// The same for up to 32 patterns, reading the folder once: one table for each pattern. Patterns that
+    /// match the same names share their table.
     static std::vector<std::shared_ptr<const FolderNames>> read(const QString& folder,
                                                                 const QStringList& patterns);
 

@@ -11,15 +11,15 @@
 namespace torvane {
 
 namespace {
-constexpr int mostNames = 100;    // of 36^6 names one is free, or something else is wrong
-constexpr qint64 blockUnit = 512; // of st_blocks, whatever the file system's own
+constexpr int mostNames = 100;    // one of 36^6 names is free, or something else is wrong
+constexpr qint64 blockUnit = 512; // the unit of st_blocks on every file system
 constexpr qsizetype randomLetters = 6;
 constexpr char letters[] = "abcdefghijklmnopqrstuvwxyz0123456789";
 constexpr int letterCount = sizeof letters - 1;
 
 bool isLetter(char c) { return std::find(letters, letters + letterCount, c) != letters + letterCount; }
 
-// Each byte is compared with its neighbour.
+// All bytes are 0 if the first is and each equals its neighbour.
 bool isZero(QByteArrayView bytes) {
     return bytes.front() == 0 &&
            std::memcmp(bytes.data(), bytes.data() + 1, static_cast<size_t>(bytes.size() - 1)) == 0;
@@ -55,7 +55,7 @@ HiddenFile::HiddenFile(const Folder& folder, const QByteArray& kind) : HiddenFil
     throw RuntimeFailure(RuntimeFailure::deviceError);
 }
 
-// Between the making of a file and its lock another run may take it for a leftover, and remove it.
+// Between creation and lock another run may take the file for a leftover and remove it.
 bool HiddenFile::lock() const {
     const bool isLocked = flock(m_handle.number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
     return isLocked && infoOf(m_handle).st_nlink > 0;
@@ -65,7 +65,7 @@ HiddenFile::~HiddenFile() {
     if (!m_name.isEmpty()) m_folder.unlink(m_name);
 }
 
-// Leaves a hole of zeros at the place of the handle.
+// Leaves a hole at the handle's position.
 void HiddenFile::skip(qint64 count) const {
     const off_t end = lseek(m_handle.number(), count, SEEK_CUR);
     if (end < 0) failWithErrno();
@@ -75,7 +75,7 @@ void HiddenFile::skip(qint64 count) const {
 void HiddenFile::copyFrom(const Handle& source, qint64 count,
                           const std::function<void()>& betweenBlocks) const {
     const struct stat info = infoOf(source);
-    // The zeros are read and not taken on trust: not every file system is right about where its holes are.
+    // Reads the zeros instead of asking where the holes are: not every file system reports them correctly.
     const bool hasHoles = info.st_blocks * blockUnit < info.st_size;
     FileBlocks blocks(source, 0, std::min<qint64>(count, info.st_size));
     for (QByteArrayView block = blocks.next(); !block.isEmpty(); block = blocks.next()) {

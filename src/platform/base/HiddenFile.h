@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The hidden files through which other files are changed: new content that waits to take a file's place, and
-// notes of what is under way. Their names tell Leftovers what a killed run has left behind.
+// The hidden files through which other files are changed: new content that will replace a file, and notes
+// about pending appends. By their names, Leftovers recognizes what a killed run left behind.
 #pragma once
 
 #include "Folder.h"
@@ -10,14 +10,14 @@
 
 namespace torvane {
 
-/// A new file under a name that no list shows, locked as long as this object lives, so that no other run of
-/// the program takes it for a leftover. Gone at the end of the scope unless it has got another name.
+/// A new file under a name that no list shows. It is locked as long as this object lives, so that no other
+/// run of the program takes it for a leftover, and unlinked at the end of the scope unless it was renamed.
 class HiddenFile {
 public:
     /// The two kinds of names; six random letters or digits follow.
     inline static const QByteArray replacement = QByteArrayLiteral(".torvane-");
     inline static const QByteArray appendNote = QByteArrayLiteral(".torvane-append-");
-    /// Whether a name is of a kind: its beginning and six letters or digits.
+    /// Whether a name is of a kind: its prefix and six letters or digits.
     static bool isOfKind(const QByteArray& kind, QByteArrayView name);
 
     HiddenFile(const Folder& folder, const QByteArray& kind);
@@ -28,13 +28,13 @@ public:
     const Handle& handle() const { return m_handle; }
     const QByteArray& name() const { return m_name; }
     void write(QByteArrayView bytes) const { writeAll(m_handle, bytes); }
-    /// Writes the first `count` bytes of another file, in blocks of 1 MiB; fewer if it becomes shorter
-    /// meanwhile. Where a file with holes has nothing but zeros the copy gets a hole. After each block the
-    /// caller may do something else.
+    /// Writes the first `count` bytes of another file, in blocks of at most 1 MiB; fewer if the file shrinks
+    /// meanwhile. If the source has holes, blocks of zeros become holes in the copy. `betweenBlocks` is
+    /// called after each block.
     void copyFrom(const Handle& source, qint64 count, const std::function<void()>& betweenBlocks = {}) const;
-    /// Brings the content to the disk; an error is a failure.
+    /// Syncs the content; an error is a failure.
     void sync() const;
-    /// The file has got a name of its own: nothing is left to remove.
+    /// Call after the file was renamed: the destructor will not unlink it.
     void forget() { m_name.clear(); }
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// INI form through SimpleIni.
+// INI files via SimpleIni.
 #include "IniFile.h"
 #include "File.h"
 #include "RuntimeFailure.h"
@@ -7,14 +7,14 @@
 
 #include <algorithm>
 
-// The bytes are handed through as they are: no conversion of text is wanted.
+// The bytes pass through unchanged, without any conversion of text.
 #define SI_NO_CONVERSION
 #include <SimpleIni.h>
 
 namespace torvane::IniFile {
 
 namespace {
-// More than any language file or settings file ever holds: a wrong path must not fill the memory.
+// Larger than any language or settings file: a wrong path must not exhaust memory.
 constexpr qint64 sizeLimit = 4 << 20;
 
 QByteArray contentOf(const QString& file) {
@@ -27,14 +27,14 @@ QByteArray contentToChange(const QString& file) {
     try {
         return contentOf(file);
     } catch (const RuntimeFailure& failure) {
-        // Taking any other failure for an empty file would lose what is in it.
+        // Treating any other failure as an empty file would lose its content.
         if (failure.number() != RuntimeFailure::fileNotFound) throw;
         return {};
     }
 }
 
-// Without what the reader skips in front of a line. It knows no other blanks; a byte order mark stands in the
-// middle of a file where two were put together, and is no part of a key.
+// Strips what SimpleIni skips at the start of a line: blanks and tabs only. A byte order mark, which is in
+// the middle of a file if two were concatenated, is no part of a key either.
 QByteArrayView skipBlanks(QByteArrayView line) {
     constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
     for (;;) {
@@ -52,11 +52,10 @@ bool isNamed(QByteArrayView name, QByteArrayView section) {
     return name.compare(section, Qt::CaseInsensitive) == 0;
 }
 
-// The lines that say something, those of one section or all. What is left out takes most of the time of a
-// look-up. A section whose name does not end is left out, too: the reader would take all that follows for
-// its keys, or for its name.
+// Drops comments and the other sections before parsing: that saves most of a look-up's time. Also drops
+// section headers without "]", because SimpleIni would take all that follows for their keys or their name.
 QByteArray linesOf(QByteArray bytes, const std::optional<QByteArray>& section) {
-    bytes.replace('\0', ' '); // the reader takes a zero byte for the end
+    bytes.replace('\0', ' '); // SimpleIni stops at a zero byte
     const auto endsLine = [](char c) { return c == '\n' || c == '\r'; };
     QByteArray lines;
     bool wanted = true;
@@ -92,7 +91,7 @@ void setValue(const QString& file, const QByteArray& section, const QByteArray& 
 
 std::optional<QByteArray> valueIn(const QByteArray& content, const QByteArray& section,
                                   const QByteArray& key) {
-    // The reader would take a name with a zero byte for a shorter one.
+    // SimpleIni would cut a name at its zero byte.
     if (section.contains('\0') || key.contains('\0')) return std::nullopt;
     CSimpleIniA ini;
     load(ini, linesOf(content, section));

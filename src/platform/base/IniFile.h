@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Files in INI form, read and written through SimpleIni. Nothing is kept between calls: what a file
-// says now is what a caller gets. Sections and keys are compared without regard to (ASCII) case.
+// Files in INI form, read and written via SimpleIni. Nothing is cached: callers get what the file says now.
+// Sections and keys are compared without regard to (ASCII) case.
 #pragma once
 
 #include <QByteArray>
@@ -9,17 +9,17 @@
 
 namespace torvane::IniFile {
 
-/// The bytes of a value without the blanks around it; nothing if file, section or key is missing or the
-/// file can't be read or is larger than 4 MiB. Of a doubled key the last one counts.
+/// The bytes of a value without surrounding blanks; nothing if the file, section or key is missing, or if the
+/// file can't be read or is larger than 4 MiB. Of a repeated key the last one counts.
 std::optional<QByteArray> value(const QString& file, const QByteArray& section, const QByteArray& key);
 
-/// Creates or replaces one value and keeps all others, and the comments in front of them. The file is
-/// replaced at once and safely (see SafeFile). Fails with the number of the system's reason, and with an
-/// invalid call if the form can't hold a section, key or value: line breaks, zero bytes, blanks at the ends
-/// and "=" in a key are such. Then the file is as before, as it is if it is there but can't be read.
+/// Creates or replaces one value; keeps all others and the comments before them. Replaces the file atomically
+/// (see SafeFile). Fails with the number of the system's error, and with invalidCall if the form can't hold a
+/// section, key or value: line breaks, zero bytes, blanks at the ends, "=" in a key. Also fails if the file
+/// exists but can't be read. A failure leaves the file as it was.
 void setValue(const QString& file, const QByteArray& section, const QByteArray& key, const QByteArray& value);
 
-/// A value in bytes that are the content of such a file, as `value` gives it.
+/// A value in the bytes of such a file, as `value` gives it.
 std::optional<QByteArray> valueIn(const QByteArray& content, const QByteArray& section,
                                   const QByteArray& key);
 /// The content with one value created or replaced, as `setValue` writes it; fails as that does.

@@ -6,7 +6,7 @@
 
 namespace torvane::IniText {
 
-/// The text of a value in a file (spelled path); empty if file, section or key is missing.
+/// The text of a value in a file (spelled path); empty if the file, section or key is missing.
 QString read(const QString& section, const QString& key, const QString& file);
 
 } // namespace torvane::IniText

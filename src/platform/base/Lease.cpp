@@ -11,7 +11,7 @@
 namespace torvane {
 
 namespace {
-// Servers of files grant leases as they like.
+// File servers grant leases inconsistently.
 bool isOnServer(const Handle& file) {
     struct statfs info {};
     if (fstatfs(file.number(), &info) != 0) return false;

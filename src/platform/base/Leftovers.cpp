@@ -30,11 +30,11 @@ void remove(const Folder& folder, const QByteArray& name) {
     const Handle file(
         openat(folder.number(), name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
     if (!file.isOpen() || !S_ISREG(infoOf(file).st_mode)) return;
-    // A run that is still at work holds a lock on its files.
+    // A run that is still alive holds a lock on its files.
     if (flock(file.number(), LOCK_EX | LOCK_NB) != 0) return;
     if (isNote(name)) {
         const auto note = AppendNote::read(file);
-        if (note && !AppendNote::settle(folder, *note)) return;
+        if (note && !AppendNote::recover(folder, *note)) return;
     }
     folder.unlink(name);
 }

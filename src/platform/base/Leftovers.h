@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What a run that was killed has left in a folder: hidden files of SafeFile, and half a line behind a game.
+// What a killed run has left in a folder: hidden files of SafeFile, and half-written lines after games.
 #pragma once
 
 #include <QString>
 
 namespace torvane::Leftovers {
 
-/// Removes the hidden files that this program makes, those of a run that is still at work excepted, and
-/// settles what was being appended. Everything else stays. A folder that is missing or can't be read is
-/// left alone; never fails.
+/// Removes this program's hidden files, except those of a run that is still alive, and undoes half-written
+/// appends. Leaves everything else alone, as well as a folder that is missing or unreadable. Never fails.
 void sweep(const QString& folder);
 
 } // namespace torvane::Leftovers

@@ -17,15 +17,15 @@ bool isAsciiLiteral(QStringView text) {
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// The last letter, in which most endings differ, is looked at first.
+// Compares the last letter first, because most endings differ there.
 bool endsWith(QByteArrayView name, const QByteArray& ending) {
     return name.size() >= ending.size() && lower(name.back()) == ending.back() &&
            std::equal(ending.begin(), ending.end(), name.end() - ending.size(),
                       [](char wanted, char c) { return wanted == lower(c); });
 }
 
-// The usual greedy walk: on a mismatch the last "*" takes one character more. Linear in practice and
-// quadratic at worst, so that no pattern can hang the list.
+// The usual greedy matching: on a mismatch the last "*" takes one character more. Linear in practice and
+// quadratic at worst, so no pattern can hang a list.
 bool wildcardMatches(QStringView form, QStringView name) {
     qsizetype f = 0;
     qsizetype n = 0;

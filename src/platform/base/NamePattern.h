@@ -10,7 +10,7 @@ namespace torvane {
 
 class NamePattern {
 public:
-    /// An empty pattern, "*" and "*.*" match every name, as in every file list of this kind.
+    /// An empty pattern, "*" and "*.*" match every name.
     explicit NamePattern(const QString& pattern);
 
     /// Whether one of the pieces matches the whole name (bytes as the file system has them).
@@ -18,8 +18,8 @@ public:
 
 private:
     struct Piece {
-        QByteArray ending; // of "*" and this ending in lower case ASCII; empty for any other form
-        QString form;      // the piece as it stands, case-folded
+        QByteArray ending; // for "*" and a literal ASCII ending: that ending in lower case; else empty
+        QString form;      // the whole piece, case-folded
     };
     std::vector<Piece> m_pieces;
 };

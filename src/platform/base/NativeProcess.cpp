@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Process start by posix_spawn(3) with an explicit path: the variants that search for the program hand
-// a file that is no executable to a shell, and a game image must never be read as a script.
+// Starts processes by posix_spawn(3) with an explicit path: the variants that search for the program pass a
+// file that is not executable to a shell, and a game image must never run as a script.
 #include "NativeProcess.h"
 
 #include <cerrno>

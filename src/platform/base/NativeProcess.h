@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Starts programs of this machine and waits for their end.
+// Starts other programs and waits until they end.
 #pragma once
 
 #include "Seams.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names of files between bytes and text.
+// Conversion of file names between bytes and text.
 #include "NativeText.h"
 
 #include <QStringConverter>
@@ -32,7 +32,7 @@ qsizetype sequenceLength(QByteArrayView bytes) {
     return overlong || outside ? 0 : length;
 }
 
-// How many bytes at the front are text that needs no escape.
+// The number of bytes at the front that need no escape.
 qsizetype wellFormedLength(QByteArrayView bytes) {
     qsizetype length = 0;
     while (length < bytes.size() && bytes[length] != '\\') {
@@ -43,7 +43,7 @@ qsizetype wellFormedLength(QByteArrayView bytes) {
     return length;
 }
 
-// How many units at the front are text that has no surrogate of its own.
+// The number of units at the front before the first lone surrogate.
 qsizetype wellFormedLength(QStringView text) {
     qsizetype length = 0;
     while (length < text.size()) {
@@ -58,7 +58,7 @@ qsizetype wellFormedLength(QStringView text) {
 
 QString fromNative(QByteArrayView name) {
     if (std::all_of(name.begin(), name.end(), isPlain)) return QString::fromLatin1(name);
-    // A byte order mark is a character like others: in a name no order is to be marked.
+    // A byte order mark in a name is a character like any other.
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text;
@@ -90,7 +90,7 @@ QByteArray toNative(QStringView text) {
 }
 
 QString folded(QStringView text) {
-    // The toolkit's folding makes one and the same character of all surrogates of their own.
+    // Qt's case folding maps all lone surrogates to the same character.
     QString result;
     result.reserve(text.size());
     while (!text.isEmpty()) {

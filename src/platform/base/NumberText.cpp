@@ -11,7 +11,7 @@ namespace torvane::NumberText {
 double toReal(const QByteArray& text) {
     bool isNumber = false;
     const double value = text.trimmed().toDouble(&isNumber);
-    // Qt also takes "inf" and "nan", which no size and no setting is.
+    // Qt also accepts "inf" and "nan", which no size and no setting can be.
     if (!isNumber || !std::isfinite(value)) throw RuntimeFailure(RuntimeFailure::typeMismatch);
     return value;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Spelled paths and real ones.
+// Conversion between spelled and real paths.
 #include "Paths.h"
 #include "NativeText.h"
 
@@ -17,7 +17,7 @@ bool exists(const QByteArray& path) {
     return lstat(path.constData(), &info) == 0;
 }
 
-// The entry of a folder that bears the name when case is left out of account; empty if there is none.
+// The entry of a folder with this name in any case; empty if there is none.
 QByteArray entryLike(const QByteArray& folder, const QByteArray& name) {
     const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(folder.constData()), closedir);
     if (!dir) return {};
@@ -25,7 +25,7 @@ QByteArray entryLike(const QByteArray& folder, const QByteArray& name) {
     QByteArray found;
     while (const dirent* entry = readdir(dir.get())) {
         const QByteArray candidate(entry->d_name);
-        // The least name wins, so that the answer does not hang on the order of the folder.
+        // The smallest name wins, so that the result does not depend on readdir order.
         if (NativeText::folded(NativeText::fromNative(candidate)) == wanted &&
             (found.isEmpty() || candidate < found)) {
             found = candidate;
@@ -46,7 +46,7 @@ QString applicationFolder() {
 
 QByteArray real(const QString& path) {
     QString slashed = path;
-    // No name holds a zero, and a system call would take it for the end of the path.
+    // No name contains a zero character, and a system call would end the path there.
     slashed.replace(QLatin1Char('\\'), QLatin1Char('/')).replace(QChar(0), QLatin1Char('?'));
     QByteArray whole = NativeText::toNative(slashed);
     if (whole.isEmpty() || exists(whole)) return whole;

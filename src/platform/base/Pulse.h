@@ -15,7 +15,8 @@ public:
         m_sinceAnswer.start();
     }
 
-    /// Whether to continue; asks if the last answer is 10 ms old. After the first "no" it never asks again.
+    /// Whether to continue; asks again once the last answer is 10 ms old. After the first "no" it never asks
+    /// again.
     bool shouldContinue() {
         if (m_hasEnded || m_sinceAnswer.elapsed() < milliseconds) return !m_hasEnded;
         m_hasEnded = m_question && !m_question();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Replacing, copying and appending. Change, which minds other programs, is in SafeFileChange.cpp.
+// Replacing, copying and appending. Change, which also detects other programs' changes, is in
+// SafeFileChange.cpp.
 #include "SafeFile.h"
 #include "AppendNote.h"
 #include "Arrival.h"
@@ -13,47 +14,47 @@
 namespace torvane::SafeFile {
 
 namespace {
-constexpr int mostLooks = 20; // at one a millisecond: who holds the file open for longer reads it
+constexpr int mostLooks = 20; // 1 ms apart: a program that holds the file open for longer is a reader
 
-// Another program may have removed the file or written into it.
+// Fails if another program has removed the file or changed its length.
 void requireLength(const Handle& file, qint64 expected) {
     const struct stat now = infoOf(file);
     if (now.st_nlink == 0) throw RuntimeFailure(RuntimeFailure::fileNotFound);
     if (now.st_size != expected) failAsChanged();
 }
 
-// Takes away what was written. It need not stand at the former end: another program may have changed the
-// length just before.
-bool takeBack(const Handle& file, AppendNote::Content content, qsizetype written) {
+// Removes what was written. It need not begin at the old end: another program may have changed the length
+// just before.
+bool undoWrite(const Handle& file, AppendNote::Content content, qsizetype written) {
     if (written > 0) content.length = lseek(file.number(), 0, SEEK_CUR) - written;
     return AppendNote::cutBack(file, content);
 }
 
-// Who is still writing the file would write over the line. That there is no writer can only be seen before
-// the file is open for writing here, and one may come just then: whoever has it open now, perhaps to read it,
-// has it looked at once more.
+// A program that is still writing the file would overwrite the line. Writers can only be detected before the
+// file is open for writing here, and one may open it right then. So if any program has it open now, perhaps
+// only to read, the check is repeated.
 Handle openedAlone(const std::function<Handle(int)>& openAs) {
     for (int i = 1;; ++i) {
         const bool hasLeases = takeLease(openAs(O_RDONLY));
-        Handle file = openAs(O_RDWR | O_APPEND); // readable, so that a cut can see what it takes away
+        Handle file = openAs(O_RDWR | O_APPEND); // readable, so that a cut can check what it removes
         if (!hasLeases || holdUpOthers(file) || i == mostLooks) return file;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 }
 
-bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>& bytesBehind,
+bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>& bytesAt,
               const std::function<bool(const Handle&)>& isWanted) {
     const Place place = placeOf(target);
     const Folder folder(place.folder);
     const auto openAs = [&](int flags) {
-        // Without O_NONBLOCK a pipe in the games folder would hold up the interface for good.
+        // Without O_NONBLOCK a pipe in the games folder would block the interface for ever.
         return opened(uninterrupted(
             [&] { return openat(folder.number(), place.name.constData(), flags | O_CLOEXEC | O_NONBLOCK); }));
     };
     const Handle file = openedAlone(openAs);
     const struct stat info = infoOf(file);
     if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    const AppendNote::Content content{place.name, info.st_size, bytesBehind(info.st_size)};
+    const AppendNote::Content content{place.name, info.st_size, bytesAt(info.st_size)};
     requireLength(file, content.length);
     if (isWanted && !isWanted(file)) return false;
     AppendNote note(folder, content);
@@ -63,7 +64,7 @@ bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>&
         if (uninterrupted([&] { return fsync(file.number()); }) != 0) failWithErrno();
         requireLength(file, content.length + content.bytes.size());
     } catch (const RuntimeFailure&) {
-        if (!takeBack(file, content, content.bytes.size() - rest.size())) note.leave();
+        if (!undoWrite(file, content, content.bytes.size() - rest.size())) note.leave();
         throw;
     }
     return true;

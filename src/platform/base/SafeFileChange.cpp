@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading a file and replacing it, with an eye on what other programs do to it meanwhile.
+// Reading a file and replacing it, while watching for what other programs do to it meanwhile.
 #include "FileRights.h"
 #include "Lease.h"
 #include "Paths.h"
@@ -14,15 +14,15 @@ namespace torvane::SafeFile {
 
 namespace {
 constexpr std::chrono::milliseconds moment(1);
-constexpr int mostExchanges = 100; // another program that is quicker each time does nothing else
+constexpr int mostExchanges = 100; // gives up after 100 lost races
 
-// Gives a hidden file the name under which a former one is kept.
+// Renames a hidden file to the name under which the old file is kept.
 void nameKept(const Folder& keeping, HiddenFile& kept, const QByteArray& name) {
     const int renamed = uninterrupted([&] {
         return renameat(keeping.number(), kept.name().constData(), keeping.number(), name.constData());
     });
     if (renamed != 0) failWithErrno();
-    // Two names of one file make rename(2) do nothing: then the hidden one is still there.
+    // rename(2) does nothing if both names are links to one file: then the hidden name still exists.
     keeping.unlink(kept.name());
     kept.forget();
     keeping.sync();
@@ -37,16 +37,17 @@ Change::Change(const QString& path)
                       O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
     }));
     m_hasLease = takeLease(m_file);
-    m_former = infoOf(m_file);
-    if (!S_ISREG(m_former.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    // For a moment the file will have a hidden name: no other run of the program may sweep it away.
+    m_before = infoOf(m_file);
+    if (!S_ISREG(m_before.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    // The file will have a hidden name for a moment: the lock keeps other runs of the program from sweeping
+    // it away.
     flock(m_file.number(), LOCK_SH | LOCK_NB);
 }
 
 bool Change::isUntouched(const Folder& folder, const QByteArray& name) const {
     if (m_hasLease && fcntl(m_file.number(), F_GETLEASE) != F_RDLCK) return false;
     struct stat now {};
-    return folder.stat(name, now) && isSameState(now, m_former);
+    return folder.stat(name, now) && isSameState(now, m_before);
 }
 
 void Change::keepFormer(const QString& folderPath) const {
@@ -58,7 +59,7 @@ void Change::keepFormer(const QString& folderPath) const {
 
 // False if no link can be made.
 bool Change::keepLink(const Folder& keeping) const {
-    // What another program has just written may not be on the disk yet, and nobody else will see to that.
+    // What another program has just written may not be synced yet, and nobody else will sync it.
     if (uninterrupted([this] { return fsync(m_file.number()); }) != 0) failWithErrno();
     HiddenFile kept(keeping, HiddenFile::replacement);
     keeping.unlink(kept.name());
@@ -74,9 +75,9 @@ bool Change::keepLink(const Folder& keeping) const {
 
 void Change::keepCopy(const Folder& keeping) const {
     HiddenFile kept(keeping, HiddenFile::replacement);
-    kept.copyFrom(m_file, m_former.st_size);
-    FileRights::give(kept.handle(), &m_former);
-    const timespec times[2] = {{0, UTIME_OMIT}, m_former.st_mtim};
+    kept.copyFrom(m_file, m_before.st_size);
+    FileRights::give(kept.handle(), &m_before);
+    const timespec times[2] = {{0, UTIME_OMIT}, m_before.st_mtim};
     futimens(kept.handle().number(), times);
     kept.sync();
     if (!isUntouched(m_folder, m_place.name)) failAsChanged();
@@ -87,16 +88,16 @@ void Change::commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) c
     HiddenFile fresh(m_folder, HiddenFile::replacement);
     fresh.copyFrom(m_file, kept);
     for (const QByteArrayView piece : pieces) fresh.write(piece);
-    const struct stat present = infoOf(m_file); // its rights may be others by now
+    const struct stat present = infoOf(m_file); // its permissions may have changed
     FileRights::give(fresh.handle(), &present);
     fresh.sync();
     if (!isUntouched(m_folder, m_place.name)) failAsChanged();
     exchange(fresh);
 }
 
-// The two files change names in one step, and what has got the hidden name is looked at once more: if
-// another program was quicker, its file goes back to its place. There is a last look a moment later, since
-// who had found the former file by its name just before the exchange comes to its lease only then.
+// Exchanges the two files atomically, then checks the one that now has the hidden name: if another program
+// changed it first, it is exchanged back. Checks once more a moment later, because a program that resolved
+// the name just before the exchange triggers the lease only after it.
 void Change::exchange(HiddenFile& fresh) const {
     const int folder = m_folder.number();
     const auto rename = [&](unsigned flags) {
@@ -107,7 +108,7 @@ void Change::exchange(HiddenFile& fresh) const {
     const struct stat ours = infoOf(fresh.handle());
     if (rename(RENAME_EXCHANGE) != 0) {
         if (errno != EINVAL && errno != ENOSYS) failWithErrno();
-        if (rename(0) != 0) failWithErrno(); // a file system without the one step
+        if (rename(0) != 0) failWithErrno(); // a file system without atomic exchange
         m_folder.sync();
         return;
     }
@@ -116,23 +117,23 @@ void Change::exchange(HiddenFile& fresh) const {
         std::this_thread::sleep_for(moment);
         if (isUntouched(m_folder, fresh.name())) return;
     }
-    giveBack(fresh, ours, rename);
+    restore(fresh, ours, rename);
     ignoring([this] { m_folder.sync(); });
     failAsChanged();
 }
 
-// Exchanges until what comes back is what was put there last: anything else is newer still.
-void Change::giveBack(HiddenFile& fresh, struct stat put, const std::function<int(unsigned)>& rename) const {
+// Exchanges until the file that comes back is the one that was put there last: any other file is newer still.
+void Change::restore(HiddenFile& fresh, struct stat put, const std::function<int(unsigned)>& rename) const {
     for (int i = 0; i < mostExchanges; ++i) {
         struct stat given {};
         struct stat back {};
         const bool isKnown = m_folder.stat(fresh.name(), given);
         if (rename(RENAME_EXCHANGE) != 0) break;
-        // What can't be looked at is ours, most likely.
+        // If stat() fails, assume that the file is ours.
         if (!isKnown || !m_folder.stat(fresh.name(), back) || isSameState(back, put)) return;
         put = given;
     }
-    // The hidden name is all that the other's file has.
+    // The other program's file has no name but the hidden one.
     if (rename(RENAME_NOREPLACE) != 0) fresh.forget();
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the program asks of the outside world: the user's answers, the browser, other programs. The
-// modules speak to these interfaces; the forms runtime implements them, and tests answer in its place.
+// The program's interfaces to the outside world: the user's answers, the browser, other programs. Modules use
+// these interfaces; the forms runtime implements them, and tests answer instead.
 #pragma once
 
 #include <QByteArray>
@@ -9,7 +9,7 @@
 
 namespace torvane {
 
-/// The flag words and answers of message boxes.
+/// The flags and answers of message boxes.
 namespace MsgBoxFlags {
 constexpr int okOnly = 0;
 constexpr int yesNo = 4;
@@ -26,8 +26,8 @@ constexpr int answerNo = 7;
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
-    /// Shows the box with the buttons and the icon of the flag word; returns one of the answers. An
-    /// empty title stands for the application's own.
+    /// Shows the box with the buttons and the icon of the flags; returns one of the answers. An empty title
+    /// means the application's name.
     virtual int MsgBox(const QString& text, int flags = MsgBoxFlags::okOnly, const QString& title = {}) = 0;
 };
 
@@ -35,7 +35,7 @@ public:
 struct FileQuestion {
     QString title;
     QString filter;      ///< pairs "text|pattern;pattern", joined by "|"
-    int filterIndex = 1; ///< the pair that is chosen at first, counted from 1
+    int filterIndex = 1; ///< the pair that is selected at first, counted from 1
     QString fileName;    ///< proposed bare name or spelled path
 };
 
@@ -43,31 +43,32 @@ struct FileQuestion {
 class FileDialogs {
 public:
     virtual ~FileDialogs() = default;
-    /// The spelled path of an existing file, or an empty text if the user gave none.
+    /// The spelled path of an existing file; empty if the user cancelled.
     virtual QString showOpen(const FileQuestion& question) = 0;
-    /// The spelled path to write to, existing or not (the user has agreed to replace it), or empty.
+    /// The spelled path to write to, existing (the user has agreed to replace it) or not; empty if the user
+    /// cancelled.
     virtual QString showSave(const FileQuestion& question) = 0;
-    /// The spelled path of an existing folder, or an empty text if the user gave none. Only the title of the
-    /// question is heeded.
+    /// The spelled path of an existing folder; empty if the user cancelled. Only the question's title is
+    /// used.
     virtual QString showFolder(const FileQuestion& question) = 0;
 };
 
-/// The desktop's opener of addresses.
+/// The desktop's handler for web addresses.
 class Browser {
 public:
     virtual ~Browser() = default;
-    /// Hands the text over as it stands. False if nothing could be found that opens it.
+    /// Passes the text on unchanged. False if nothing was found that opens it.
     virtual bool open(const QString& url) = 0;
 };
 
-/// The start of other programs.
+/// Starts other programs.
 class ProcessRunner {
 public:
     virtual ~ProcessRunner() = default;
-    /// Whether the real path names a file that can be executed.
+    /// Whether the real path leads to a file that this user may execute.
     virtual bool isProgram(const QByteArray& path) = 0;
-    /// Starts the program with the arguments, without a shell, with our environment, folder and handles,
-    /// and returns when it has ended. A failed start returns at once and tells nothing.
+    /// Runs the program with the arguments, without a shell and with our environment, working folder and
+    /// handles, and returns when it has ended. If it can't be started, returns at once without an error.
     virtual void runAndWait(const QByteArray& program, const QByteArrayList& arguments) = 0;
 };
 

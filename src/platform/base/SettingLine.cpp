@@ -10,7 +10,7 @@
 namespace torvane::SettingLine {
 
 namespace {
-// A backslash inside a file's name, as against the separator that the program writes (see NativeText).
+// A backslash inside a file name, as opposed to the program's separator (see NativeText).
 constexpr char16_t innerBackslash = 0xDC5C;
 
 bool isEscape(const QString& text, qsizetype at) {
@@ -25,7 +25,8 @@ QString escaped(const QString& value) {
     for (qsizetype i = 0; i < value.size(); ++i) {
         const char16_t unit = value[i].unicode();
         const bool isOuterBlank = unit == ' ' && (i == 0 || i == value.size() - 1);
-        // The same unit may also be the second half of a character, such as a handbag (U+1F45C).
+        // The same unit may also be the second half of a surrogate pair, such as that of the handbag
+        // (U+1F45C).
         const bool isInner = unit == innerBackslash && (i == 0 || !value[i - 1].isHighSurrogate());
         if (unit < ' ' || isOuterBlank || isInner || isEscape(value, i)) {
             line += QString::asprintf("%%%02X", unit & 0xFFu);
@@ -54,7 +55,7 @@ QString unescaped(const QString& line) {
 QByteArray of(const QString& text) { return NativeText::toNative(escaped(text)); }
 
 QString textOf(const QByteArray& line) {
-    // A backslash in a stored path is the separator that the program wrote, not part of a file's name.
+    // A backslash in a stored path is the program's separator, not part of a file name.
     QStringList pieces;
     for (const QByteArray& piece : line.split('\\')) pieces << NativeText::fromNative(piece);
     return unescaped(pieces.join(QLatin1Char('\\')));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A setting's text as one line of bytes, and back. Who keeps the lines is Settings.
+// Converts the text of a setting to one line of bytes and back. Settings stores the lines.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,8 @@
 
 namespace torvane::SettingLine {
 
-/// The line of any text that the program can come by: what a line can't carry stands as "%" and two digits.
-/// A user may call a folder " a" or "a\nb". Other texts, paths among them, stay as they are.
+/// The line for any text: characters that a line can't hold are escaped as "%" and two digits, since a user
+/// may name a folder " a" or "a\nb". Other texts, ordinary paths included, stay as they are.
 QByteArray of(const QString& text);
 /// The text of a line. A backslash in it separates folders, as the program writes it.
 QString textOf(const QByteArray& line);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The settings store over INI files.
+// The settings store in INI files.
 #include "Settings.h"
 #include "Folder.h"
 #include "IniFile.h"
@@ -10,12 +10,12 @@
 
 namespace torvane {
 
-// The folder is the system's: a backslash in it is part of a name.
+// This is a system path: a backslash in it is part of a name.
 Settings::Settings(const QString& configurationFolder)
     : m_folder(Paths::spelled(NativeText::toNative(configurationFolder))) {}
 
 QString Settings::fileOf(const QString& application) const {
-    // An application's name is no path: neither a separator nor ".." must lead elsewhere.
+    // An application's name is no path: neither a separator nor ".." may lead elsewhere.
     QString name = application;
     name.replace(QLatin1Char('/'), QLatin1Char('_')).replace(QLatin1Char('\\'), QLatin1Char('_'));
     if (name.startsWith(QLatin1Char('.'))) name.front() = QLatin1Char('_');

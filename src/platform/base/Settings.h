@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The user's choices: application, section, key and a text, kept apart from each other and compared
-// without regard to case. One INI file per application in the user's configuration folder.
+// The user's choices: one text for each application, section and key, which are compared without regard to
+// case. One INI file per application in the user's configuration folder.
 #pragma once
 
 #include <QString>
@@ -9,24 +9,24 @@ namespace torvane {
 
 class Settings {
 public:
-    /// The store below a configuration folder (real path; the desktop's own, $XDG_CONFIG_HOME, as a rule).
+    /// The store in a configuration folder (real path; usually $XDG_CONFIG_HOME).
     explicit Settings(const QString& configurationFolder);
 
-    /// The stored text; `absent` if there is no such key. Unreadable files count as empty ones.
+    /// The stored text; `absent` if there is no such key. An unreadable file counts as empty.
     QString GetSetting(const QString& application, const QString& section, const QString& key,
                        const QString& absent) const;
-    /// Creates or replaces the value at once; fails if it can't be kept.
+    /// Creates or replaces the value at once; fails if it can't be stored.
     void SaveSetting(const QString& application, const QString& section, const QString& key,
                      const QString& value);
 
     /// The file of an application: `Torvane/Torvane.conf` in the configuration folder for `Torvane`.
     QString fileOf(const QString& application) const;
 
-    /// A stored text as a number, rounded to nearest with half to even; fails with a type mismatch if it
-    /// is none and with an overflow if it is outside of 32 bits.
+    /// A stored text as a number, rounded to nearest with half to even. Fails with typeMismatch if it is not
+    /// a number, and with overflow outside 32 bits.
     static int toNumber(const QString& text);
-    /// A stored text as a flag: "True" and "False" in any case, or a number, of which 0 alone is false. Fails
-    /// as toNumber does.
+    /// A stored text as a flag: "True" or "False" in any case, or a number, where only 0 is false. Fails as
+    /// toNumber does.
     static bool toFlag(const QString& text);
 
 private:

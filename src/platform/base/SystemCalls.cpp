@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading and writing in full what the system may do in parts.
+// Complete reads and writes, where the system may do only a part.
 #include "SystemCalls.h"
 
 #include <limits>
@@ -27,7 +27,7 @@ QByteArray bytesOf(const Handle& file, qint64 position, qint64 count) {
 
 QByteArray allBytesOf(const Handle& file) {
     const qint64 all = infoOf(file).st_size;
-    // No game is that large; a disk image that lies among them must not take the whole memory.
+    // No game is that large; a disk image among them must not exhaust memory.
     if (all > std::numeric_limits<qint32>::max()) throw RuntimeFailure(RuntimeFailure::outOfMemory);
     return bytesOf(file, 0, all);
 }

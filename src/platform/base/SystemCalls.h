@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What all users of file descriptors need: a handle that closes itself, calls that go on after a signal, and
-// the failure that stands for the last error.
+// What all users of file descriptors need: a handle that closes itself, calls that continue after a signal,
+// and a failure made from errno.
 #pragma once
 
 #include "RuntimeFailure.h"
@@ -20,7 +20,7 @@ namespace torvane {
     throw RuntimeFailure(RuntimeFailure::permissionDenied, RuntimeFailure::Reason::changed);
 }
 
-/// Makes a call of the system again as long as a signal has interrupted it; gives what it gives.
+/// Repeats a system call as long as a signal interrupts it; returns its result.
 template <typename Call>
 auto uninterrupted(Call&& call) {
     for (;;) {
@@ -51,7 +51,7 @@ public:
 
 private:
     void reset() {
-        // Whatever had to reach the disk was synced before: an error here tells nothing new.
+        // What must be on the disk was synced before, so an error here does not matter.
         if (m_number >= 0) close(m_number);
         m_number = -1;
     }
@@ -64,7 +64,7 @@ private:
     int m_number = -1;
 };
 
-/// Fails with the last error if the handle is not open.
+/// Owns an opened descriptor; fails with errno if the number is negative.
 inline Handle opened(int number) {
     if (number < 0) failWithErrno();
     return Handle(number);
@@ -76,24 +76,26 @@ inline struct stat infoOf(const Handle& handle) {
     return info;
 }
 
-/// Whether two looks were at one and the same file.
+/// Whether two stat() results are of the same file.
 inline bool isSameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-/// Whether two looks were at one and the same file, and nothing was written to it between them.
+/// Whether two stat() results are of the same file, with nothing written to it in between.
 inline bool isSameState(const struct stat& one, const struct stat& other) {
     return isSameFile(one, other) && one.st_size == other.st_size &&
            one.st_mtim.tv_sec == other.st_mtim.tv_sec && one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
 }
 
-/// Reads at most `count` bytes from a position counted from 0; gives how many, fewer at the end of the file.
+/// Reads at most `count` bytes from a position counted from 0; returns how many, fewer at the end of the
+/// file.
 qint64 readInto(const Handle& file, qint64 position, char* bytes, qint64 count);
 /// At most `count` bytes from a position counted from 0; fewer at the end of the file.
 QByteArray bytesOf(const Handle& file, qint64 position, qint64 count);
-/// All bytes of a file; one of 2 GiB or more is refused as too much for the memory.
+/// All bytes of a file; fails with outOfMemory at 2 GiB or more.
 QByteArray allBytesOf(const Handle& file);
-/// Writes all bytes at the place of the handle; a failure tells why it stopped, and `bytes` what is left.
+/// Writes all bytes at the handle's position. A failure gives the reason, and `bytes` is then what was not
+/// written.
 void writeAll(const Handle& file, QByteArrayView& bytes);
 
 } // namespace torvane

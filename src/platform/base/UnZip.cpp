@@ -25,7 +25,7 @@ public:
     UnZip::Reason unpack(Archive& archive, const NamePattern& pattern, const ArchiveTop::Wanted& isWanted) {
         const ArchiveTop top(archive, isWanted, m_pulse);
         auto reason = top.hasWantedBelowOnly() ? UnZip::Reason::inSubfolders : UnZip::Reason::nothingWanted;
-        bool hasCome = false;
+        bool hasUnpackedWanted = false;
         for (qint64 i = 0; i < archive.count() && m_bytes <= m_limits.bytesInAll && m_pulse.shouldContinue();
              ++i) {
             const QByteArray name = top.fileName(archive.name(i));
@@ -36,13 +36,13 @@ public:
             reason = std::max(reason, failure);
             if (failure != UnZip::Reason::none) continue;
             m_done.insert(folded);
-            hasCome = hasCome || isWanted(name);
+            hasUnpackedWanted = hasUnpackedWanted || isWanted(name);
         }
-        return hasCome ? UnZip::Reason::none : reason;
+        return hasUnpackedWanted ? UnZip::Reason::none : reason;
     }
 
 private:
-    // Whether a name is that of nothing, or of a file that may be replaced.
+    // Whether a name is unused, or that of a file that may be replaced.
     bool isFree(const QByteArray& name) const {
         struct stat info {};
         return m_folder.stat(name, info) ? S_ISREG(info.st_mode) : errno == ENOENT;
@@ -50,14 +50,14 @@ private:
 
     bool hasRoomFor(qint64 bytes) const {
         struct statvfs disk {};
-        // Where the system doesn't know, the write will tell.
+        // If the system doesn't know, the write will show it.
         if (fstatvfs(m_folder.number(), &disk) != 0 || disk.f_blocks == 0) return true;
         const auto block = static_cast<quint64>(disk.f_frsize);
         const auto wanted = static_cast<quint64>(m_limits.bytesLeftFree + bytes);
         return disk.f_bavail >= wanted / block + 1;
     }
 
-    // Why an entry has not come out; none if it is whole and has its name.
+    // Why an entry was not unpacked; none if it is complete and has its name.
     UnZip::Reason tryEntry(Archive& archive, qint64 index, const QByteArray& name) {
         if (archive.isEncrypted(index)) return UnZip::Reason::encrypted;
         if (!archive.isMethodKnown(index)) return UnZip::Reason::unknownMethod;
@@ -99,7 +99,7 @@ private:
 } // namespace
 
 UnZip::Reason UnZip::extract(const QString& pattern) {
-    // From here on nothing of this object is used: the question whether to go on may be its end.
+    // Nothing of this object is used from here on: `goesOn` may destroy it.
     const Limits limits = m_limits;
     const QString path = m_archive;
     const ArchiveTop::Wanted wanted = isWanted ? isWanted : [](QByteArrayView) { return true; };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What lies where on the picture sheet. Small buttons stand on the left, wide ones on the right with the
-// lists, signs, icons and cursors below them, and at the foot the backgrounds whose parts change.
+// The layout of the picture sheet: small buttons on the left; wide ones on the right, above the lists, signs,
+// icons and cursors; at the bottom the backgrounds whose parts change.
 #include "PictureSheet.h"
 
 #include <QDir>
@@ -85,7 +85,7 @@ void PictureSheet::addLists() {
     for (int selected = 0; selected < rows->count(); ++selected) {
         const DesignRect place{double(rightColumn + selected * 120), 320, 112, 166};
         auto panel = std::make_unique<Panel>(*this, "Lists", place, Panel::Look{slate});
-        // The panel owns what lies on it.
+        // The panel owns its controls.
         auto* list = new ListView(*panel, "List", {0, 0, place.width, place.height}, m_listIcons);
         list->setItems(rows);
         list->setCurrentRow(selected);
@@ -104,7 +104,7 @@ void PictureSheet::addImages() {
     }
 }
 
-// As a desktop shows them: the program hands one picture over, and the toolkit brings it to the tray's size.
+// As a desktop shows them: the program passes one picture on, and Qt scales it to the tray's size.
 void PictureSheet::addTraySigns() {
     TrayIcon sign(*this, "TrayIcon", "");
     int top = 360;

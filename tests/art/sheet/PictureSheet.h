@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window of the picture sheet: every small picture of the program as it is used, at its true size, and
-// the backgrounds whose parts change.
-// Buttons, lists and signs are the program's own, and their rows come from its designs.
+// the backgrounds whose parts change. Buttons, lists and signs are the program's own, and their rows come
+// from its designs.
 #pragma once
 
 #include "StillButton.h"

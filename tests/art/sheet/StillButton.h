@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A button that holds one look for as long as it stands, wherever the pointer is: for looking at all looks
-// side by side. Everything else it has from the button of a design that it was made after.
+// A button that keeps one look, wherever the pointer is: for viewing all looks side by side. Everything else
+// is copied from the button of a design.
 #pragma once
 
 #include "toolkit/chameleonButton.h"
@@ -11,7 +11,7 @@ class StillButton : public chameleonButton {
 public:
     enum class Hold { rest, over, pressed, disabled };
 
-    /// Stands on `parent`, whose window must be a form, with the size of `original` at `place`.
+    /// Is placed on `parent`, whose window must be a form, with the size of `original` at `place`.
     StillButton(QWidget& parent, const chameleonButton& original, QPoint place, Hold hold)
         : chameleonButton(parent, qPrintable(original.objectName()), rectOf(original, place)), m_hold(hold) {
         PropertyBag bag;
@@ -25,7 +25,7 @@ public:
 protected:
     void showEvent(QShowEvent* event) override {
         chameleonButton::showEvent(event);
-        // A press has the pointer over the button, too.
+        // While a button is pressed, the pointer is over it, too.
         setOver(m_hold == Hold::over || m_hold == Hold::pressed);
         Repaint(m_hold == Hold::pressed ? pressed : normal, always);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The note of an append: what it says, when it says nothing, and what is put back after it.
+// The note of an append: its content, when it is rejected, and how an append is undone from it.
 #include "platform/base/AppendNote.h"
 #include "support/FileFixture.h"
 #include "support/TestMain.h"
@@ -19,7 +19,7 @@ class AppendNoteTest : public FileFixture {
 
     std::unique_ptr<Folder> open;
 
-    // The bytes of a note as it lies on the disk.
+    // The bytes of the note on the disk.
     QByteArray noteBytes(const AppendNote::Content& content) const {
         { AppendNote(*open, content).leave(); }
         for (const QString& name : folder->entries()) {
@@ -44,7 +44,7 @@ private slots:
         open = std::make_unique<Folder>(folder->native("."));
     }
 
-    void a_note_lies_hidden_in_the_folder_until_the_append_is_done() {
+    void a_note_is_hidden_in_the_folder_until_the_append_is_done() {
         {
             const AppendNote note(*open, game);
             const QStringList names = folder->entries();
@@ -54,7 +54,7 @@ private slots:
         }
         expectNames({});
     }
-    void a_note_says_what_was_written_into_it_data() {
+    void a_note_is_read_as_it_was_written_data() {
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<qint64>("length");
         QTest::addColumn<QByteArray>("bytes");
@@ -65,7 +65,7 @@ private slots:
         QTest::newRow("nothing appended") << game.name << game.length << QByteArray();
         QTest::newRow("much appended") << game.name << game.length << QByteArray(2 << 20, 'x');
     }
-    void a_note_says_what_was_written_into_it() {
+    void a_note_is_read_as_it_was_written() {
         QFETCH(QByteArray, name);
         QFETCH(qint64, length);
         QFETCH(QByteArray, bytes);
@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(content->length, length);
         QCOMPARE(content->bytes, bytes);
     }
-    void a_note_that_is_damaged_at_any_byte_says_nothing() {
+    void a_note_that_is_damaged_at_any_byte_is_rejected() {
         const QByteArray whole = noteBytes(game);
         QVERIFY(readNote(whole).has_value());
         for (qsizetype i = 0; i < whole.size(); ++i) {
@@ -86,7 +86,7 @@ private slots:
             }
         }
     }
-    void a_note_that_is_cut_or_longer_says_nothing() {
+    void a_note_that_is_cut_or_longer_is_rejected() {
         const QByteArray whole = noteBytes(game);
         for (qsizetype length = 0; length < whole.size(); ++length) {
             QVERIFY(!readNote(whole.first(length)).has_value());
@@ -94,98 +94,98 @@ private slots:
         }
         QVERIFY(!readNote(whole + '\0').has_value());
     }
-    void a_note_that_leads_out_of_its_folder_says_nothing_data() {
+    void a_note_that_leads_out_of_its_folder_is_rejected_data() {
         QTest::addColumn<QByteArray>("name");
         for (const char* name : {"sub/a.gb", "../a.gb", "/a.gb", "a.gb/"})
             QTest::newRow(name) << QByteArray(name);
     }
-    void a_note_that_leads_out_of_its_folder_says_nothing() {
+    void a_note_that_leads_out_of_its_folder_is_rejected() {
         QFETCH(QByteArray, name);
         QVERIFY(!readNote(noteBytes({name, 1, line})).has_value());
     }
-    void a_note_with_a_length_below_0_says_nothing() {
+    void a_note_with_a_length_below_0_is_rejected() {
         QVERIFY(!readNote(noteBytes({"a.gb", -1, line})).has_value());
     }
-    void a_huge_file_is_no_note_and_fills_no_memory() {
+    void a_huge_file_is_no_note_and_does_not_exhaust_memory() {
         write("note", "");
         QVERIFY(QFile::resize(at("note"), qint64(1) << 40));
         QVERIFY(!AppendNote::read(Handle(::open(folder->native("note").constData(), O_RDONLY))).has_value());
     }
 
-    void settling_keeps_a_whole_line_and_cuts_every_part_of_one() {
+    void recovery_keeps_a_whole_line_and_cuts_every_part_of_one() {
         for (qsizetype length = 0; length <= line.size(); ++length) {
             write("a.gb", rom + line.first(length));
-            QVERIFY(AppendNote::settle(*open, game));
+            QVERIFY(AppendNote::recover(*open, game));
             QCOMPARE(read("a.gb"), length == line.size() ? rom + line : rom);
         }
     }
-    void settling_cuts_zeros_that_stand_in_the_place_of_bytes() {
+    void recovery_cuts_zeros_that_replace_bytes_of_the_line() {
         for (qsizetype hole = 0; hole < line.size(); ++hole) {
             QByteArray withHole = line;
             withHole[hole] = '\0';
             if (withHole == line) continue;
             write("a.gb", rom + withHole);
-            QVERIFY(AppendNote::settle(*open, game));
+            QVERIFY(AppendNote::recover(*open, game));
             QCOMPARE(read("a.gb"), rom);
             write("a.gb", rom + QByteArray(hole + 1, '\0'));
-            QVERIFY(AppendNote::settle(*open, game));
+            QVERIFY(AppendNote::recover(*open, game));
             QCOMPARE(read("a.gb"), rom);
         }
     }
-    void what_another_program_has_made_of_the_file_stays_data() {
+    void recovery_keeps_what_another_program_wrote_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("shorter") << rom.chopped(1);
         QTest::newRow("as long") << QByteArray(rom.size(), '\0');
-        QTest::newRow("other bytes behind it") << rom + "X";
+        QTest::newRow("other bytes after it") << rom + "X";
         QTest::newRow("half a line and other bytes") << rom + line.first(5) + "X";
         QTest::newRow("a line and more") << rom + line + line.first(1);
         QTest::newRow("a line and a zero") << rom + line + '\0';
         QTest::newRow("as many other bytes") << rom + QByteArray(line.size(), 'X');
     }
-    void what_another_program_has_made_of_the_file_stays() {
+    void recovery_keeps_what_another_program_wrote() {
         QFETCH(QByteArray, bytes);
         write("a.gb", bytes);
-        QVERIFY(AppendNote::settle(*open, game));
+        QVERIFY(AppendNote::recover(*open, game));
         QCOMPARE(read("a.gb"), bytes);
         QVERIFY(cutBack());
         QCOMPARE(read("a.gb"), bytes);
     }
-    void cutting_back_takes_a_whole_line_too() {
+    void cutting_back_removes_a_whole_line_too() {
         for (qsizetype length = 0; length <= line.size(); ++length) {
             write("a.gb", rom + line.first(length));
             QVERIFY(cutBack());
             QCOMPARE(read("a.gb"), rom);
         }
     }
-    void cutting_back_what_can_not_be_cut_is_told_and_never_fails() {
+    void cutting_back_reports_what_can_not_be_cut_without_failing() {
         write("a.gb", rom + line);
         const Handle reading(::open(folder->native("a.gb").constData(), O_RDONLY));
         QVERIFY(!AppendNote::cutBack(reading, game));
         QVERIFY(!AppendNote::cutBack(Handle(), game));
         QCOMPARE(read("a.gb"), rom + line);
     }
-    void a_name_that_no_file_bears_any_more_needs_no_settling_data() {
+    void a_missing_file_needs_no_recovery_data() {
         QTest::addColumn<QByteArray>("kind");
         for (const char* kind : {"missing", "folder", "link", "pipe"})
             QTest::newRow(kind) << QByteArray(kind);
     }
-    void a_name_that_no_file_bears_any_more_needs_no_settling() {
+    void a_missing_file_needs_no_recovery() {
         QFETCH(QByteArray, kind);
         const QByteArray half = rom + line.first(3);
         write("elsewhere.gb", half);
         if (kind == "folder") folder->makeFolder(QStringLiteral("a.gb"));
         if (kind == "link") softLink("elsewhere.gb", "a.gb");
         if (kind == "pipe") QCOMPARE(mkfifo(folder->native("a.gb").constData(), 0600), 0);
-        QVERIFY(AppendNote::settle(*open, game));
+        QVERIFY(AppendNote::recover(*open, game));
         QCOMPARE(read("elsewhere.gb"), half);
     }
-    void a_file_that_may_not_be_written_can_not_be_settled() {
+    void a_read_only_file_can_not_be_recovered() {
         write("a.gb", rom + line.first(3));
         setMode("a.gb", 0444);
         {
             const OrdinaryUser user;
-            QVERIFY(!AppendNote::settle(*open, game));
+            QVERIFY(!AppendNote::recover(*open, game));
         }
         QCOMPARE(read("a.gb"), rom + line.first(3));
     }

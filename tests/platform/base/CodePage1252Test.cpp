@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The 8-bit text of data files: every byte comes back, and the signs stand where the code page has them.
+// The 8-bit text of data files: every byte round-trips, and characters have their bytes in the code page.
 #include "platform/base/CodePage1252.h"
 #include "support/TestMain.h"
 
@@ -12,7 +12,7 @@ class CodePage1252Test : public QObject {
     Q_OBJECT
 
 private slots:
-    void all_256_bytes_give_different_characters_and_come_back() {
+    void all_256_bytes_give_different_characters_and_round_trip() {
         QSet<QChar> seen;
         for (int i = 0; i < 256; ++i) {
             const QByteArray byte(1, static_cast<char>(i));
@@ -24,7 +24,7 @@ private slots:
         }
         QCOMPARE(seen.size(), 256);
     }
-    void a_byte_stands_for_its_character_data() {
+    void a_byte_is_read_as_its_character_data() {
         QTest::addColumn<int>("byte");
         QTest::addColumn<int>("character");
         const auto row = [](const char* name, int byte, int character) {
@@ -72,7 +72,7 @@ private slots:
         row("o diaeresis", 0xF6, 0x00F6);
         row("last", 0xFF, 0x00FF);
     }
-    void a_byte_stands_for_its_character() {
+    void a_byte_is_read_as_its_character() {
         QFETCH(int, byte);
         QFETCH(int, character);
         const QByteArray bytes(1, static_cast<char>(byte));
@@ -80,7 +80,7 @@ private slots:
         QCOMPARE(CodePage1252::fromBytes(bytes), text);
         QCOMPARE(CodePage1252::toBytes(text), bytes);
     }
-    void a_character_outside_of_the_code_page_becomes_a_question_mark_data() {
+    void a_character_outside_the_code_page_becomes_a_question_mark_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("Greek") << QStringLiteral("aΩb") << QByteArray("a?b");
@@ -88,18 +88,18 @@ private slots:
         QTest::newRow("the character in front of the euro") << QStringLiteral("\u20AB") << QByteArray("?");
         QTest::newRow("the control that the euro's byte would be")
             << QStringLiteral("\u0080") << QByteArray("?");
-        QTest::newRow("behind the last byte") << QStringLiteral("\u0100") << QByteArray("?");
+        QTest::newRow("beyond the last byte") << QStringLiteral("\u0100") << QByteArray("?");
         QTest::newRow("outside the basic plane: one for each half")
             << QStringLiteral("😀") << QByteArray("??");
         QTest::newRow("half a pair") << QString(QChar(0xD800)) << QByteArray("?");
     }
-    void a_character_outside_of_the_code_page_becomes_a_question_mark() {
+    void a_character_outside_the_code_page_becomes_a_question_mark() {
         QFETCH(QString, text);
         QFETCH(QByteArray, bytes);
         QCOMPARE(CodePage1252::toBytes(text), bytes);
         QVERIFY(!CodePage1252::holds(text));
     }
-    void one_character_that_is_not_held_is_enough() {
+    void one_character_outside_the_code_page_is_enough() {
         QVERIFY(CodePage1252::holds(QStringLiteral("¿Señor? – 5 €")));
         QVERIFY(!CodePage1252::holds(QStringLiteral("¿Señor? – 5 ₧")));
         QVERIFY(CodePage1252::holds(QStringLiteral("?")));
@@ -109,7 +109,7 @@ private slots:
         QCOMPARE(CodePage1252::toBytes(QString()), QByteArray());
         QVERIFY(CodePage1252::holds(QString()));
     }
-    void zero_bytes_line_ends_and_utf8_bytes_are_bytes_like_others() {
+    void zero_bytes_line_ends_and_utf8_bytes_are_like_other_bytes() {
         const QByteArray bytes("a\0b\r\n\xC3\xA9\xEF\xBB\xBF", 10);
         const QString text = CodePage1252::fromBytes(bytes);
         QCOMPARE(text.size(), bytes.size());

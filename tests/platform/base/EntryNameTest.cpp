@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names of entries: harmless ones stay as they are, others are made so or left out.
+// Names of archive entries: harmless ones stay as they are, others are sanitized or rejected.
 #include "platform/base/EntryName.h"
 #include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
@@ -49,7 +49,7 @@ private slots:
         QCOMPARE(EntryName::sanitized(name), name);
     }
 
-    void a_harmful_name_is_left_out_data() {
+    void a_harmful_name_is_rejected_data() {
         addRows({"",
                  ".",
                  "..",
@@ -101,12 +101,12 @@ private slots:
                  QByteArray(256, 'a'),
                  QByteArray(4096, 'a')});
     }
-    void a_harmful_name_is_left_out() {
+    void a_harmful_name_is_rejected() {
         QFETCH(QByteArray, name);
         QCOMPARE(EntryName::sanitized(name), QByteArray());
     }
 
-    void what_says_nothing_is_cut_off_data() {
+    void meaningless_ends_are_cut_off_data() {
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<QByteArray>("sanitized");
         const QByteArray longest(255, 'a');
@@ -116,14 +116,14 @@ private slots:
         QTest::newRow("the folder itself again") << QByteArray("././a.gb") << QByteArray("a.gb");
         QTest::newRow("a long tail") << longest + QByteArray(4096, ' ') << longest;
     }
-    void what_says_nothing_is_cut_off() {
+    void meaningless_ends_are_cut_off() {
         QFETCH(QByteArray, name);
         QFETCH(QByteArray, sanitized);
         QCOMPARE(EntryName::sanitized(name), sanitized);
         QCOMPARE(EntryName::sanitized(sanitized), sanitized);
     }
 
-    void the_path_of_any_byte_in_a_name_leads_back_to_it() {
+    void a_name_with_any_byte_round_trips_through_its_path() {
         int kept = 0;
         for (int byte = 0; byte < 256; ++byte) {
             const QByteArray name = EntryName::sanitized(QByteArray("a") + static_cast<char>(byte) + 'z');
@@ -133,7 +133,7 @@ private slots:
             QCOMPARE(NativeText::toNative(text), name);
             QCOMPARE(Paths::real(QStringLiteral("\\nowhere\\") + text), "/nowhere/" + name);
         }
-        // All but the controls, the two separators and the colon, which makes a drive of the letter.
+        // All but the control characters, the two separators and the colon, which makes the letter a drive.
         QCOMPARE(kept, 256 - 33 - 2 - 1);
     }
 };

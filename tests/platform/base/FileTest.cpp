@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One open file: what is read, and what number every refusal has.
+// One open file: what is read, and the error number of every refusal.
 #include "platform/base/File.h"
 #include "support/FileFixture.h"
 #include "support/TestMain.h"
@@ -33,7 +33,7 @@ private slots:
         QCOMPARE(File::contentOf(path), QByteArray());
         QCOMPARE(File(path).readAt(0, 10), QByteArray());
     }
-    void reading_at_a_position_gives_at_most_what_is_there_data() {
+    void reading_at_a_position_stops_at_the_end_of_the_file_data() {
         QTest::addColumn<qint64>("position");
         QTest::addColumn<qint64>("count");
         QTest::addColumn<QByteArray>("bytes");
@@ -41,43 +41,43 @@ private slots:
         QTest::newRow("up to the end") << qint64(7) << qint64(3) << QByteArray("789");
         QTest::newRow("over the end") << qint64(7) << qint64(100) << QByteArray("789");
         QTest::newRow("at the end") << qint64(10) << qint64(1) << QByteArray();
-        QTest::newRow("behind the end") << qint64(1000) << qint64(1) << QByteArray();
+        QTest::newRow("beyond the end") << qint64(1000) << qint64(1) << QByteArray();
         QTest::newRow("nothing") << qint64(3) << qint64(0) << QByteArray();
     }
-    void reading_at_a_position_gives_at_most_what_is_there() {
+    void reading_at_a_position_stops_at_the_end_of_the_file() {
         QFETCH(qint64, position);
         QFETCH(qint64, count);
         QFETCH(QByteArray, bytes);
         const QString path = folder->write(QStringLiteral("digits"), "0123456789");
         QCOMPARE(File(path).readAt(position, count), bytes);
     }
-    void a_position_in_front_of_the_file_fails() {
+    void a_negative_position_fails() {
         const File file(folder->write(QStringLiteral("digits"), "0123456789"));
         QCOMPARE(failureOf([&] { (void)file.readAt(-1, 5); }), number(RuntimeFailure::deviceError));
     }
-    void a_missing_file_is_told_and_not_made() {
+    void a_missing_file_is_reported_and_not_created() {
         QCOMPARE(openFailure(at("gone")), number(RuntimeFailure::fileNotFound));
         QVERIFY(!QFile::exists(at("gone")));
     }
-    void a_file_that_may_not_be_written_is_read() {
+    void a_read_only_file_is_read() {
         const QString path = folder->write(QStringLiteral("a.gb"), "rom");
         setMode("a.gb", 0444);
         const OrdinaryUser user;
         QCOMPARE(File::contentOf(path), QByteArray("rom"));
     }
-    void a_file_that_may_not_be_read_is_refused() {
+    void an_unreadable_file_is_refused() {
         const QString path = folder->write(QStringLiteral("shut"), "secret");
         folder->setMode(QStringLiteral("shut"), 0);
         const OrdinaryUser user;
         QCOMPARE(openFailure(path), number(RuntimeFailure::permissionDenied));
         QCOMPARE(failureOf([&] { (void)File::lengthOf(path); }), number(RuntimeFailure::permissionDenied));
     }
-    void what_is_no_file_is_refused_at_once_data() {
+    void anything_but_a_file_is_refused_at_once_data() {
         QTest::addColumn<QString>("kind");
         for (const char* kind : {"folder", "pipe", "device", "socket"})
             QTest::newRow(kind) << QString::fromLatin1(kind);
     }
-    void what_is_no_file_is_refused_at_once() {
+    void anything_but_a_file_is_refused_at_once() {
         QFETCH(QString, kind);
         folder->makeFolder(QStringLiteral("folder"));
         QCOMPARE(mkfifo(folder->native("pipe").constData(), 0666), 0);
@@ -91,7 +91,7 @@ private slots:
         close(listening);
         QCOMPARE(failure, number(RuntimeFailure::pathAccess));
     }
-    void a_path_that_leads_nowhere_has_the_number_of_its_reason_data() {
+    void a_path_that_leads_nowhere_fails_with_the_matching_number_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<int>("expected");
         QTest::newRow("empty path") << QString() << int(RuntimeFailure::fileNotFound);
@@ -101,7 +101,7 @@ private slots:
         QTest::newRow("links in a circle") << QStringLiteral("circle") << int(RuntimeFailure::pathAccess);
         QTest::newRow("link to nowhere") << QStringLiteral("nowhere") << int(RuntimeFailure::fileNotFound);
     }
-    void a_path_that_leads_nowhere_has_the_number_of_its_reason() {
+    void a_path_that_leads_nowhere_fails_with_the_matching_number() {
         QFETCH(QString, path);
         QFETCH(int, expected);
         folder->write(QStringLiteral("file"), "x");
@@ -109,7 +109,7 @@ private slots:
         QCOMPARE(symlink("missing", folder->native("nowhere").constData()), 0);
         QCOMPARE(openFailure(path.isEmpty() ? path : folder->path(path)), std::optional<int>(expected));
     }
-    void a_huge_file_is_read_in_part_and_refused_whole() {
+    void a_huge_file_is_read_in_part_but_not_as_a_whole() {
         QFile sparse(folder->write(QStringLiteral("huge"), ""));
         const qint64 limit = std::numeric_limits<qint32>::max();
         QVERIFY(sparse.resize(limit + 1));
@@ -129,7 +129,7 @@ private slots:
         folder->write(QStringLiteral("Roms/Game.GB"), "x");
         QCOMPARE(File::lengthOf(folder->path() + QStringLiteral("\\roms\\GAME.gb")), 1);
     }
-    void removing_takes_the_file_away_and_fails_on_what_is_none() {
+    void removing_deletes_a_file_and_fails_on_anything_else() {
         const QString path = folder->write(QStringLiteral("a.gb"), "x");
         File::remove(path);
         QVERIFY(!QFile::exists(path));
@@ -144,7 +144,7 @@ private slots:
         File::remove(at("link"));
         QCOMPARE(folder->entries(), QStringList{QStringLiteral("a.gb")});
     }
-    void existence_is_told_of_files_and_folders_and_never_fails() {
+    void existence_is_known_of_files_and_folders_and_never_fails() {
         folder->write(QStringLiteral("sub/A.gb"), "x");
         QVERIFY(File::exists(at("sub/A.gb")));
         QVERIFY(File::exists(at("sub")));

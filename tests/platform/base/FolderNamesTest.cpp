@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading the names of a folder: what is in the table, and in which order.
+// Reading the names of a folder: which names are in the table, and in which order.
 #include "platform/base/FolderNames.h"
 #include "platform/base/NativeText.h"
 #include "support/Failing.h"
@@ -29,7 +29,7 @@ private slots:
         for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
-    void names_that_are_alike_for_many_letters_are_still_in_order() {
+    void names_with_a_long_common_beginning_are_in_order() {
         const QByteArray a15(15, 'a');
         const QByteArray a16(16, 'A');
         const QByteArrayList ordered = {"aaaaaaa.gb",  "AAAAAAAA.gb", "aaaaaaaa1.gb", "aaaaaaaaA.gb",
@@ -39,7 +39,7 @@ private slots:
         for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
         QCOMPARE(names(), ordered);
     }
-    void letters_outside_of_ascii_are_ordered_without_regard_to_case() {
+    void letters_outside_ascii_are_ordered_without_regard_to_case() {
         const QByteArrayList ordered = {"zeta.gb", "Àa.gb", "àb.gb",    "ÀC.gb",
                                         "Ña.gb",   "ñb.gb", "ñ\xFE.gb", "Ñ\xFF.gb"};
         for (qsizetype i = ordered.size(); i-- > 0;) folder->writeNative(ordered[i], "x");
@@ -93,7 +93,7 @@ private slots:
         QCOMPARE(FolderNames::read(folder->write(QStringLiteral("file"), "x"), all)->count(), 0);
         QCOMPARE(FolderNames::read(QString(), all)->count(), 0);
     }
-    void a_folder_that_may_not_be_read_gives_an_empty_table() {
+    void an_unreadable_folder_gives_an_empty_table() {
         folder->write(QStringLiteral("shut/a.gb"), "x");
         folder->setMode(QStringLiteral("shut"), 0);
         int count = -1;
@@ -119,7 +119,7 @@ private slots:
         QCOMPARE(table->name(0), QStringLiteral("a.gb"));
         QCOMPARE(names(), QByteArrayList{"0.gb"});
     }
-    void ten_thousand_names_are_all_there_in_order() {
+    void ten_thousand_names_are_complete_and_in_order() {
         for (int i = 0; i < 10000; ++i) {
             const int number = i * 7919 % 10000;
             folder->writeNative("Game " + QByteArray::number(number).rightJustified(5, '0') + ".gb", "");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files in INI form: what is found in sound and in broken ones, and what a change leaves of the rest.
+// Files in INI form: which values are found in valid and in broken files, and what a change preserves.
 #include "platform/base/IniFile.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
@@ -36,7 +36,7 @@ private slots:
         row("without a line end", "[S]\nk=v", "v");
         row("blanks around it", "  [ S ]  \n\t k \t= \t v w \t\n", "v w");
         row("empty", "[S]\nk=\n", "");
-        row("empty behind another value", "[S]\nj=other\nk=\nl=more\n", "");
+        row("empty after another value", "[S]\nj=other\nk=\nl=more\n", "");
         row("case of section and key", "[s]\nK=v\n", "v");
         row("doubled key: the last one", "[S]\nk=1\nK=2\n", "2");
         row("doubled section", "[S]\nj=1\n[T]\nk=no\n[s]\nk=v\n", "v");
@@ -54,13 +54,13 @@ private slots:
         row("UTF-8", "[S]\nk=Señor\n", "Señor");
         row("byte order mark", "\xEF\xBB\xBF[S]\nk=v\n", "v");
         row("format signs", "[S]\nk=%s%n%1\n", "%s%n%1");
-        row("zero byte in front", QByteArray("\0[S]\nk=v\n", 9), "v");
+        row("leading zero byte", QByteArray("\0[S]\nk=v\n", 9), "v");
         row("zero byte in the value", QByteArray("[S]\nk=a\0b\n", 10), "a b");
         row("a line without sign", "[S]\njunk\nk=v\nmore junk\n", "v");
         row("a line without sign is no empty value", "[S]\nj=1\nk\n", std::nullopt);
         row("a line without key", "[S]\n=1\nk=v\n", "v");
         row("a section without name", "[]\nk=no\n[S]\nk=v\n", "v");
-        row("an unclosed section behind", "[S]\nk=v\n[T\n", "v");
+        row("an unclosed section after it", "[S]\nk=v\n[T\n", "v");
         row("an unclosed section begins none", "[S]\n[T\nk=v\n", "v");
         row("an unclosed section is not closed by a later line", "[S]\n[T\nk]=no\nk=v\n", "v");
         row("a section's name on a line of its own", "[S]\n[\nT]\nk=v\n", "v");
@@ -87,7 +87,7 @@ private slots:
         const OrdinaryUser user;
         QCOMPARE(IniFile::value(path, "S", "k"), Value());
     }
-    void a_file_beyond_4_mib_has_no_values_and_is_never_changed() {
+    void a_file_larger_than_4_mib_has_no_values_and_is_never_changed() {
         const QByteArray head = "[S]\nk=v\n;";
         const QString path = file(head + QByteArray((4 << 20) - head.size(), 'x'));
         QCOMPARE(IniFile::value(path, "S", "k"), Value("v"));
@@ -97,7 +97,7 @@ private slots:
                  number(RuntimeFailure::outOfMemory));
         QCOMPARE(content().size(), (4 << 20) + 1);
     }
-    void what_the_file_says_now_is_what_is_read() {
+    void a_value_is_read_as_the_file_says_now() {
         const QString path = file("[S]\nk=1\n");
         QCOMPARE(IniFile::value(path, "S", "k"), Value("1"));
         file("[S]\nk=2\n");
@@ -129,38 +129,38 @@ private slots:
         QCOMPARE(IniFile::value(path, "S", "k"), Value(""));
         QCOMPARE(IniFile::value(path, "S", "j"), Value("full"));
     }
-    void storing_the_same_again_changes_no_byte() {
+    void storing_the_same_value_again_changes_no_byte() {
         const QString path = file("; top\n\n\n; more\n[S]\n\n; k\nk=1\n\n[T]\nx=2");
         IniFile::setValue(path, "S", "k", "v");
         const QByteArray first = content();
         IniFile::setValue(path, "S", "k", "v");
         QCOMPARE(content(), first);
     }
-    void a_section_that_does_not_end_takes_no_keys_and_does_not_grow() {
+    void an_unclosed_section_gets_no_keys_and_does_not_grow() {
         const QString path = file("[S]\nj=1\n[T\nl=2\n");
         for (int round = 0; round < 3; ++round) {
             IniFile::setValue(path, "S", "k", "v");
             QCOMPARE(content().simplified(), QByteArray("[S] j = 1 l = 2 k = v"));
         }
     }
-    void a_byte_order_mark_that_comes_to_the_front_takes_no_key_away() {
+    void a_byte_order_mark_that_moves_to_the_front_hides_no_key() {
         const QString path = file("junk\n\xEF\xBB\xBFj=1\n");
         for (int round = 0; round < 3; ++round) {
             QCOMPARE(IniFile::value(path, "", "j"), Value("1"));
             IniFile::setValue(path, "", "k", "v");
         }
     }
-    void only_blanks_and_tabs_are_left_out_around_names() {
+    void only_blanks_and_tabs_are_trimmed_around_names() {
         const QString path = file("[ \v\fS\v\t]\n \vk\f =v\n");
         QCOMPARE(IniFile::value(path, "\v\fS\v", "\vk\f"), Value("v"));
         QCOMPARE(IniFile::value(path, "S", "k"), Value());
     }
-    void a_name_with_a_zero_byte_is_no_shorter_name() {
+    void a_name_with_a_zero_byte_is_not_cut_there() {
         const QString path = file("[S]\nk=v\n");
         QCOMPARE(IniFile::value(path, "S", QByteArray("k\0x", 3)), Value());
         QCOMPARE(IniFile::value(path, QByteArray("S\0x", 3), "k"), Value());
     }
-    void a_broken_file_takes_a_value_and_keeps_the_sound_ones() {
+    void a_broken_file_gets_a_value_and_keeps_the_valid_ones() {
         // The array keeps the zero byte that would end a plain literal.
         static constexpr char junk[] =
             "\xFF\xFE\0junk\n[S]\nj=1\n=nothing\n[[x]]\n\x01\x02\n]\n[T]\nk=2\n[unclosed";
@@ -170,7 +170,7 @@ private slots:
         QCOMPARE(IniFile::value(path, "S", "j"), Value("1"));
         QCOMPARE(IniFile::value(path, "T", "k"), Value("2"));
     }
-    void a_value_that_one_line_holds_comes_back_as_it_is_data() {
+    void a_value_that_fits_one_line_round_trips_data() {
         QTest::addColumn<QByteArray>("value");
         for (const char* value : {"",
                                   "\\data\\lang\\lang_esp.tvl",
@@ -196,7 +196,7 @@ private slots:
         }
         QTest::newRow("long") << QByteArray(100000, 'x');
     }
-    void a_value_that_one_line_holds_comes_back_as_it_is() {
+    void a_value_that_fits_one_line_round_trips() {
         QFETCH(QByteArray, value);
         const QString path = file("[S]\nj=1\nl=2\n[T]\nk=3\n");
         for (int round = 0; round < 2; ++round) {
@@ -217,8 +217,8 @@ private slots:
         QTest::newRow("return in the value") << s << k << QByteArray("a\rb");
         QTest::newRow("zero byte in the value") << s << k << QByteArray("a\0b", 3);
         QTest::newRow("blank in front") << s << k << QByteArray(" a");
-        QTest::newRow("blank behind") << s << k << QByteArray("a ");
-        QTest::newRow("tab behind") << s << k << QByteArray("a\t");
+        QTest::newRow("trailing blank") << s << k << QByteArray("a ");
+        QTest::newRow("trailing tab") << s << k << QByteArray("a\t");
         QTest::newRow("sign in the key") << s << QByteArray("a=b") << QByteArray("v");
         QTest::newRow("line break in the key") << s << QByteArray("a\nb") << QByteArray("v");
         QTest::newRow("key like a comment") << s << QByteArray(";a") << QByteArray("v");
@@ -241,7 +241,7 @@ private slots:
         QCOMPARE(content(), before);
         QCOMPARE(folder->entries(), QStringList{QStringLiteral("a.ini")});
     }
-    void a_file_that_is_there_but_can_not_be_read_is_never_overwritten() {
+    void an_unreadable_file_is_never_overwritten() {
         folder->setMode(QStringLiteral("."), 0777);
         const QString path = file("[S]\nk=1\n");
         folder->setMode(QStringLiteral("a.ini"), 0222);
@@ -258,7 +258,7 @@ private slots:
         QCOMPARE(failureOf([&] { IniFile::setValue(folder->path(), "S", "j", "2"); }),
                  number(RuntimeFailure::pathAccess));
     }
-    void a_full_disk_leaves_the_former_file() {
+    void a_full_disk_leaves_the_old_file() {
         const QByteArray before = "[S]\nk=1\n";
         const QString path = file(before);
         std::optional<int> failure;

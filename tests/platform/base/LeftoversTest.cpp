@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a killed run has left in a folder goes, and nothing else does.
+// Leftovers of a killed run are removed from a folder, and nothing else is.
 #include "platform/base/Leftovers.h"
 #include "platform/base/AppendNote.h"
 #include "support/FileFixture.h"
@@ -19,7 +19,7 @@ const AppendNote::Content game{"a.gb", rom.size(), line};
 class LeftoversTest : public FileFixture {
     Q_OBJECT
 
-    // A note that a killed run has left.
+    // A note as a killed run leaves it.
     QString leaveNote(const AppendNote::Content& content = game) const {
         const QStringList before = folder->entries();
         const Folder open(folder->native("."));
@@ -34,13 +34,13 @@ class LeftoversTest : public FileFixture {
 private slots:
     void init() { renewFolder(); }
 
-    void hidden_files_of_both_kinds_go_data() {
+    void hidden_files_of_both_kinds_are_removed_data() {
         QTest::addColumn<QString>("name");
         for (const char* name : {".torvane-abcdef", ".torvane-zzzzzz", ".torvane-a0b1c9", ".torvane-012345",
                                  ".torvane-append", ".torvane-append-abcdef", ".torvane-append-000000"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
-    void hidden_files_of_both_kinds_go() {
+    void hidden_files_of_both_kinds_are_removed() {
         QFETCH(QString, name);
         folder->write(name, "content");
         write("a.gb", rom);
@@ -84,7 +84,7 @@ private slots:
         sweep();
         QCOMPARE(folder->read(name), QByteArray("content"));
     }
-    void what_is_no_file_stays_whatever_its_name() {
+    void anything_but_a_file_stays_whatever_its_name() {
         for (const char* name : {".torvane-folder", ".torvane-append-folder"}) {
             folder->makeFolder(QString::fromLatin1(name));
             folder->write(QString::fromLatin1(name) + QStringLiteral("/.torvane-inside"), "x");
@@ -97,16 +97,16 @@ private slots:
         sweep();
         expectNames(names);
         expectNames({QStringLiteral(".torvane-inside")}, ".torvane-folder");
-        QVERIFY(S_ISFIFO(infoOf(".torvane-apipe0").st_mode)); // the list of names lacks these two
+        QVERIFY(S_ISFIFO(infoOf(".torvane-apipe0").st_mode)); // the list of names omits these two
         QVERIFY(S_ISLNK(infoOf(".torvane-nowher").st_mode));
         QCOMPARE(read("a.gb"), rom);
     }
-    void folders_below_are_not_looked_through() {
+    void subfolders_are_not_swept() {
         write("sub/.torvane-abcdef", "x");
         sweep();
         QVERIFY(QFile::exists(at("sub/.torvane-abcdef")));
     }
-    void a_folder_that_is_missing_or_can_not_be_read_is_left_alone() {
+    void a_missing_or_unreadable_folder_is_left_alone() {
         Leftovers::sweep(at("gone"));
         Leftovers::sweep(QString());
         Leftovers::sweep(write("file", "x"));
@@ -130,16 +130,16 @@ private slots:
         expectNames({}, "Roms");
     }
 
-    void files_of_a_living_run_stay_and_those_of_a_killed_one_go_data() {
+    void files_of_a_living_run_stay_and_those_of_a_killed_one_are_removed_data() {
         QTest::addColumn<QByteArray>("kind");
         QTest::newRow("replacement") << HiddenFile::replacement;
         QTest::newRow("note") << HiddenFile::appendNote;
     }
-    void files_of_a_living_run_stay_and_those_of_a_killed_one_go() {
+    void files_of_a_living_run_stay_and_those_of_a_killed_one_are_removed() {
         QFETCH(QByteArray, kind);
         OtherProgram run([&] {
             const auto* open = new Folder(folder->native("."));
-            new HiddenFile(*open, kind); // until the process goes
+            new HiddenFile(*open, kind); // until the process ends
         });
         const QStringList names = folder->entries();
         QCOMPARE(names.size(), 1);
@@ -158,7 +158,7 @@ private slots:
         QCOMPARE(read("a.gb"), rom + line.first(4));
         QCOMPARE(folder->entries().size(), 2);
     }
-    void hidden_files_that_are_made_during_sweeps_are_not_taken_away() {
+    void hidden_files_that_are_made_during_sweeps_are_not_removed() {
         const QByteArray path = folder->native(".");
         const pid_t sweeping = fork();
         if (sweeping == 0) {
@@ -186,7 +186,7 @@ private slots:
             expectNames({QStringLiteral("a.gb")});
         }
     }
-    void a_note_that_is_damaged_changes_nothing_and_goes() {
+    void a_damaged_note_changes_nothing_and_is_removed() {
         const QByteArray half = rom + line.first(3);
         write("a.gb", half);
         const QByteArray whole = folder->read(leaveNote());
@@ -202,7 +202,7 @@ private slots:
             expectNames({QStringLiteral("a.gb")});
         }
     }
-    void a_note_on_a_path_or_a_missing_file_changes_nothing_and_goes() {
+    void a_note_on_a_path_or_a_missing_file_changes_nothing_and_is_removed() {
         const QByteArray half = rom + line.first(3);
         write("sub/a.gb", half);
         leaveNote({"sub/a.gb", rom.size(), line});
@@ -213,7 +213,7 @@ private slots:
         QCOMPARE(read("sub/a.gb"), half);
         expectNames({QStringLiteral("sub")});
     }
-    void several_notes_are_settled_each_by_itself() {
+    void several_notes_are_handled_independently() {
         write("a.gb", rom + line.first(3));
         write("b.gb", rom + line);
         leaveNote();
@@ -224,7 +224,7 @@ private slots:
         QCOMPARE(read("b.gb"), rom + line);
         expectNames({QStringLiteral("a.gb"), QStringLiteral("b.gb")});
     }
-    void a_note_that_can_not_be_settled_waits_for_a_later_start() {
+    void a_note_that_can_not_be_used_yet_waits_for_a_later_start() {
         const QByteArray half = rom + line.first(3);
         write("a.gb", half);
         const QString note = leaveNote();

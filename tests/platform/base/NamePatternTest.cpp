@@ -77,11 +77,11 @@ private slots:
         QFETCH(bool, expected);
         QCOMPARE(NamePattern(pattern).matches(name), expected);
     }
-    void a_letter_that_folds_to_ascii_is_no_ascii_letter_of_an_ending() {
-        // The sign of the unit kelvin has "k" as its lower case.
+    void a_letter_that_folds_to_ascii_does_not_match_an_ascii_ending() {
+        // The lower case of the kelvin sign is "k".
         QVERIFY(!NamePattern(QStringLiteral("*.k")).matches("x.\xE2\x84\xAA"));
     }
-    void bytes_that_are_no_text_are_told_apart_whatever_letters_stand_around_them() {
+    void bytes_that_are_not_text_stay_distinct_beside_any_letters() {
         const NamePattern pattern(NativeText::fromNative("\xC3\x89\xFE.g?"));
         QVERIFY(pattern.matches("\xC3\xA9\xFE.gb"));
         QVERIFY(!pattern.matches("\xC3\xA9\xFF.gb"));
@@ -90,7 +90,7 @@ private slots:
         QString pattern;
         for (int i = 0; i < 60; ++i) pattern += QStringLiteral("*a");
         pattern += QStringLiteral("*b");
-        // A walk that tries all ways would take longer than any test may.
+        // An exhaustive search would take longer than any test may.
         QVERIFY(!NamePattern(pattern).matches(QByteArray(255, 'a')));
     }
 };

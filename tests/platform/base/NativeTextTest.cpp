@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// File names between bytes and text: whatever the bytes are, they come back.
+// File names between bytes and text: all bytes round-trip.
 #include "platform/base/NativeText.h"
 #include "support/TestMain.h"
 
@@ -35,7 +35,7 @@ private slots:
         QCOMPARE(NativeText::fromNative(bytes), text);
         QCOMPARE(NativeText::toNative(text), bytes);
     }
-    void bytes_that_are_no_utf8_are_carried_one_by_one_data() {
+    void bytes_that_are_not_utf8_are_escaped_one_by_one_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("8-bit text") << QByteArray("Se\xF1or");
         QTest::newRow("lone continuation") << QByteArray("\x80");
@@ -48,11 +48,11 @@ private slots:
         QTest::newRow("overlong of four") << QByteArray("\xF0\x8F\xBF\xBF");
         QTest::newRow("surrogate as UTF-8") << QByteArray("\xED\xA0\x80");
         QTest::newRow("the escape itself as UTF-8") << QByteArray("\xED\xB2\x80");
-        QTest::newRow("behind the last character") << QByteArray("\xF4\x90\x80\x80");
+        QTest::newRow("beyond the last character") << QByteArray("\xF4\x90\x80\x80");
         QTest::newRow("lead that never occurs") << QByteArray("\xF5\x80\x80\x80");
         QTest::newRow("FE FF") << QByteArray("\xFE\xFF");
     }
-    void bytes_that_are_no_utf8_are_carried_one_by_one() {
+    void bytes_that_are_not_utf8_are_escaped_one_by_one() {
         QFETCH(QByteArray, bytes);
         const QString text = NativeText::fromNative(bytes);
         QCOMPARE(text.size(), bytes.size());
@@ -62,7 +62,7 @@ private slots:
         }
         QCOMPARE(NativeText::toNative(text), bytes);
     }
-    void a_backslash_inside_a_name_is_no_separator_and_comes_back() {
+    void a_backslash_inside_a_name_is_no_separator_and_round_trips() {
         const QString text = NativeText::fromNative("a\\b.gb");
         QVERIFY(!text.contains(QLatin1Char('\\')));
         QCOMPARE(text, QStringLiteral("a") + QChar(0xDC5C) + QStringLiteral("b.gb"));
@@ -88,7 +88,7 @@ private slots:
         QFETCH(QByteArray, bytes);
         QCOMPARE(NativeText::toNative(text), bytes);
     }
-    void folding_leaves_case_out_of_account_and_nothing_else_data() {
+    void folding_ignores_case_and_nothing_else_data() {
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<QByteArray>("folded");
         QTest::newRow("plain") << QByteArray("Game.GB") << QByteArray("game.gb");
@@ -96,15 +96,15 @@ private slots:
         QTest::newRow("other letters") << QByteArray("ÀÑ") << QByteArray("àñ");
         QTest::newRow("a letter of two forms") << QByteArray("Σσς") << QByteArray("σσσ");
         QTest::newRow("four bytes") << QByteArray("\xF0\x90\x90\x80") << QByteArray("\xF0\x90\x90\xA8");
-        QTest::newRow("no text behind letters") << QByteArray("ÀB\xFE") << QByteArray("àb\xFE");
+        QTest::newRow("not text after letters") << QByteArray("ÀB\xFE") << QByteArray("àb\xFE");
         QTest::newRow("no text between letters") << QByteArray("A\xFE\xFF\\B") << QByteArray("a\xFE\xFF\\b");
     }
-    void folding_leaves_case_out_of_account_and_nothing_else() {
+    void folding_ignores_case_and_nothing_else() {
         QFETCH(QByteArray, name);
         QFETCH(QByteArray, folded);
         QCOMPARE(NativeText::toNative(NativeText::folded(NativeText::fromNative(name))), folded);
     }
-    void all_names_of_two_bytes_come_back() {
+    void all_names_of_two_bytes_round_trip() {
         for (int first = 1; first < 256; ++first) {
             for (int second = 1; second < 256; ++second) {
                 const char pair[] = {static_cast<char>(first), static_cast<char>(second)};
@@ -113,9 +113,9 @@ private slots:
             }
         }
     }
-    void any_bytes_come_back() {
+    void any_bytes_round_trip() {
         std::mt19937 random(5);
-        // Bytes around the limits of UTF-8 occur far more often than by chance.
+        // Bytes near the limits of UTF-8 occur far more often than by chance.
         const QByteArray limits(
             "\x7F\x80\x8F\x90\x9F\xA0\xBB\xBF\xC0\xC1\xC2\xDF\xE0\xED\xEF\xF0\xF4\xF5\xFF\\");
         for (int round = 0; round < 20000; ++round) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers in texts: what is one, what is none, and how they are rounded.
+// Numbers in texts: what counts as one, what does not, and how they are rounded.
 #include "platform/base/NumberText.h"
 #include "support/Failing.h"
 #include "support/TestMain.h"
@@ -39,19 +39,19 @@ private slots:
         QFETCH(double, value);
         QCOMPARE(NumberText::toReal(text), value);
     }
-    void other_texts_are_no_numbers_data() {
+    void other_texts_are_not_numbers_data() {
         QTest::addColumn<QByteArray>("text");
         for (const char* text : {"", " ", "abc", "12x", "x12", "1 2", "inf", "-inf", "nan", "0x10", "1e999",
                                  "--1", "1,5", "\xB2", "%d", "True", "false"})
             QTest::newRow(text) << QByteArray(text);
-        QTest::newRow("zero byte behind") << QByteArray("12\0", 3);
+        QTest::newRow("trailing zero byte") << QByteArray("12\0", 3);
         QTest::newRow("zero byte inside") << QByteArray("1\0"
                                                         "2",
                                                         3);
         QTest::newRow("no-break space in UTF-8") << QByteArray("1\xC2\xA0");
         QTest::newRow("ten thousand letters") << QByteArray(10000, 'x');
     }
-    void other_texts_are_no_numbers() {
+    void other_texts_are_not_numbers() {
         QFETCH(QByteArray, text);
         QCOMPARE(failureOf([&] { (void)NumberText::toReal(text); }), number(RuntimeFailure::typeMismatch));
         QCOMPARE(failureOf([&] { (void)NumberText::toInteger(text); }), number(RuntimeFailure::typeMismatch));
@@ -76,7 +76,7 @@ private slots:
         QFETCH(int, value);
         QCOMPARE(NumberText::toInteger(text), value);
     }
-    void a_whole_number_outside_of_32_bits_is_an_overflow() {
+    void a_whole_number_outside_32_bits_is_an_overflow() {
         for (const char* text : {"2147483648", "2147483647.5", "-2147483649", "1e300"})
             QCOMPARE(failureOf([&] { (void)NumberText::toInteger(text); }), number(RuntimeFailure::overflow));
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From spelled paths to real ones: separators, names that differ in case only, names of any bytes.
+// From spelled paths to real ones: separators, names that differ only in case, names of any bytes.
 #include "platform/base/Paths.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
@@ -16,7 +16,7 @@ class PathsTest : public QObject {
     QByteArray at(const char* relative) const { return QFile::encodeName(folder.path()) + relative; }
 
 private slots:
-    void the_application_folder_is_the_one_of_the_executable_without_a_separator_at_its_end() {
+    void the_application_folder_is_that_of_the_executable_without_a_trailing_separator() {
         const QString program = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
         QCOMPARE(Paths::applicationFolder(), program);
         QVERIFY(!Paths::applicationFolder().endsWith(QLatin1Char('/')));
@@ -30,23 +30,23 @@ private slots:
         folder.write(QStringLiteral("Roms/Data/Game One.GB"), "x");
         QCOMPARE(realOf(QStringLiteral("\\ROMS\\data\\game one.gb")), at("/Roms/Data/Game One.GB"));
     }
-    void letters_outside_of_ascii_are_found_without_regard_to_case() {
+    void letters_outside_ascii_are_found_without_regard_to_case() {
         folder.write(QStringLiteral("Señor/ÀÉ.gb"), "x");
         QCOMPARE(realOf(QStringLiteral("\\SEÑOR\\àé.GB")), at("/Señor/ÀÉ.gb"));
     }
-    void what_exists_as_spelled_is_taken_before_what_differs_in_case() {
+    void an_exact_match_is_preferred_to_one_that_differs_in_case() {
         folder.write(QStringLiteral("two/GAME.gb"), "x");
         folder.write(QStringLiteral("two/game.gb"), "x");
         QCOMPARE(realOf(QStringLiteral("\\two\\game.gb")), at("/two/game.gb"));
         QCOMPARE(realOf(QStringLiteral("\\two\\GAME.gb")), at("/two/GAME.gb"));
     }
-    void of_several_names_that_differ_in_case_the_least_is_taken() {
+    void of_several_names_that_differ_in_case_the_smallest_is_taken() {
         for (const char* name : {"three/gAME.gb", "three/Game.gb", "three/game.gb"}) {
             folder.write(QString::fromLatin1(name), "x");
         }
         QCOMPARE(realOf(QStringLiteral("\\three\\GAME.GB")), at("/three/Game.gb"));
     }
-    void bytes_that_are_no_text_are_never_taken_for_each_other() {
+    void bytes_that_are_not_text_are_never_mistaken_for_each_other() {
         folder.makeFolder(QStringLiteral("Bytes"));
         folder.writeNative("Bytes/Game\xFE.gb", "x");
         const QString top = folder.path() + QLatin1Char('\\');
@@ -57,10 +57,10 @@ private slots:
         folder.write(QStringLiteral("Zero"), "x");
         QCOMPARE(realOf(QStringLiteral("\\Zero") + QChar(0) + QStringLiteral("more")), at("/Zero?more"));
     }
-    void what_is_not_found_stays_as_spelled_below_the_folder_that_is() {
+    void missing_pieces_stay_as_spelled_below_an_existing_folder() {
         folder.makeFolder(QStringLiteral("Library"));
         QCOMPARE(realOf(QStringLiteral("\\LIBRARY\\New.GB")), at("/Library/New.GB"));
-        // A folder that is missing ends the search: nothing below it can be there.
+        // A missing folder ends the search: nothing can exist below it.
         QCOMPARE(realOf(QStringLiteral("\\LIBRARY\\Sub\\library")), at("/Library/Sub/library"));
     }
     void a_name_of_any_bytes_is_reached_by_its_spelled_path_data() {
@@ -75,30 +75,30 @@ private slots:
         QFETCH(QByteArray, name);
         const QString spelled = folder.writeNative(name, "x");
         QCOMPARE(Paths::real(spelled), folder.native(name));
-        // The search by case goes through the same conversion.
+        // The search without regard to case uses the same conversion.
         folder.makeFolder(QStringLiteral("Deep"));
         folder.writeNative("Deep/" + name, "x");
         QCOMPARE(Paths::real(folder.path() + QStringLiteral("\\dEEP\\") + Paths::spelled(name)),
                  folder.native("Deep/" + name));
     }
-    void a_separator_at_the_end_and_doubled_ones_lead_to_the_same_place() {
+    void trailing_and_doubled_separators_lead_to_the_same_place() {
         folder.write(QStringLiteral("Ends/a.gb"), "x");
         QCOMPARE(realOf(QStringLiteral("\\ENDS\\")), at("/Ends"));
         QCOMPARE(realOf(QStringLiteral("\\\\ENDS\\\\A.GB")), at("/Ends/a.gb"));
     }
-    void steps_up_are_followed() {
+    void dot_dot_steps_are_followed() {
         folder.write(QStringLiteral("Up/a.gb"), "x");
         QCOMPARE(
             QFileInfo(QFile::decodeName(realOf(QStringLiteral("\\Up\\..\\UP\\A.gb")))).canonicalFilePath(),
             QFileInfo(folder.path(QStringLiteral("Up/a.gb"))).canonicalFilePath());
     }
-    void a_relative_path_is_looked_for_in_the_working_folder() {
+    void a_relative_path_starts_in_the_working_folder() {
         folder.write(QStringLiteral("Here/a.gb"), "x");
-        const QString former = QDir::currentPath();
+        const QString previous = QDir::currentPath();
         QVERIFY(QDir::setCurrent(folder.path()));
         const QByteArray exact = Paths::real(QStringLiteral("Here\\a.gb"));
         const QByteArray like = Paths::real(QStringLiteral("HERE\\A.gb"));
-        QVERIFY(QDir::setCurrent(former));
+        QVERIFY(QDir::setCurrent(previous));
         QCOMPARE(exact, QByteArray("Here/a.gb"));
         QCOMPARE(like, QByteArray("./Here/a.gb"));
     }
@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(Paths::real(QStringLiteral("\\")), QByteArray("/"));
         QCOMPARE(Paths::real(QStringLiteral("\\TMP")), QByteArray("/tmp"));
     }
-    void a_link_that_leads_nowhere_is_there_as_spelled() {
+    void a_dangling_link_counts_as_existing() {
         QCOMPARE(symlink("nowhere", folder.native("Link").constData()), 0);
         folder.write(QStringLiteral("link"), "x");
         QCOMPARE(realOf(QStringLiteral("\\Link")), at("/Link"));
@@ -125,7 +125,7 @@ private slots:
         folder.setMode(QStringLiteral("shut"), 0755);
         QCOMPARE(real, at("/shut/game.gb"));
     }
-    void a_path_that_is_far_too_long_stays_as_spelled() {
+    void a_far_too_long_path_stays_as_spelled() {
         const QString name(5000, QLatin1Char('n'));
         QCOMPARE(realOf(QLatin1Char('\\') + name), at("/") + name.toLatin1());
     }

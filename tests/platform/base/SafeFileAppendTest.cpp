@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Appending: the bytes stand behind the rest or nothing does, and what another program does meanwhile stays.
+// Appending: all bytes or none are appended, and what another program does meanwhile is preserved.
 #include "platform/base/Leftovers.h"
 #include "support/FileWays.h"
 #include "support/OtherProgram.h"
@@ -10,10 +10,10 @@ using namespace torvane;
 class SafeFileAppendTest : public FileWays {
     Q_OBJECT
 
-    // What another program does while our bytes are asked for: behind the look at the length.
+    // Another program's action while our bytes are being made, after the length was read.
     std::optional<int> appendFailure(const char* name, const QByteArray& bytes,
                                      const std::function<void()>& meanwhile) const {
-        // A reader keeps the lease away, which would hold up this process, too.
+        // A reader prevents the lease, which would block this process, too.
         QFile reader(at(name));
         if (!reader.open(QIODevice::ReadOnly)) qFatal("can't read");
         return failureOf([&] {
@@ -23,7 +23,7 @@ class SafeFileAppendTest : public FileWays {
             });
         });
     }
-    // The same behind the last look, in a file that a reader holds open: nobody is held up then.
+    // The same after the last check, in a file that a reader holds open: then nobody is blocked.
     std::optional<int> lateAppendFailure(const char* name, const QByteArray& bytes,
                                          const std::function<void()>& meanwhile) const {
         QFile reader(at(name));
@@ -45,7 +45,7 @@ class SafeFileAppendTest : public FileWays {
 private slots:
     void init() { renewFolder(); }
 
-    void appended_bytes_stand_behind_the_rest_and_second_ones_behind_those() {
+    void appended_bytes_follow_the_rest_and_later_ones_follow_those() {
         const QString path = write("a.gb", "rom");
         QList<qint64> lengths;
         for (const QByteArray& bytes : {QByteArray("one"), QByteArray(), QByteArray("\0\r\n", 3)}) {
@@ -58,15 +58,15 @@ private slots:
         QCOMPARE(lengths, (QList<qint64>{3, 6, 6}));
         expectNames({QStringLiteral("a.gb")});
     }
-    void a_missing_file_is_not_made() {
+    void a_missing_file_is_not_created() {
         QCOMPARE(failureOf([&] { changeBy(Way::append, "gone"); }), number(RuntimeFailure::fileNotFound));
         expectNames({});
     }
-    void a_full_disk_cuts_the_file_back_wherever_the_room_ends_data() {
+    void on_a_full_disk_the_file_is_cut_back_wherever_space_ends_data() {
         QTest::addColumn<int>("room");
         for (int room = 0; room < 8; ++room) QTest::addRow("%d bytes", room) << room;
     }
-    void a_full_disk_cuts_the_file_back_wherever_the_room_ends() {
+    void on_a_full_disk_the_file_is_cut_back_wherever_space_ends() {
         QFETCH(int, room);
         write("a.gb", QByteArray(1000, 'r'));
         std::optional<int> failure;
@@ -78,7 +78,7 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray(1000, 'r'));
         expectNames({QStringLiteral("a.gb")});
     }
-    void an_append_that_just_fits_is_made() {
+    void an_append_that_just_fits_succeeds() {
         write("a.gb", QByteArray(1000, 'r'));
         {
             const FullDisk full(1008);
@@ -86,7 +86,7 @@ private slots:
         }
         QCOMPARE(read("a.gb"), QByteArray(1000, 'r') + "12345678");
     }
-    void without_room_for_the_note_nothing_is_appended() {
+    void without_space_for_the_note_nothing_is_appended() {
         write("a.gb", "rom");
         std::optional<int> failure;
         {
@@ -112,7 +112,7 @@ private slots:
         expectNames({QStringLiteral("a.gb")});
     }
 
-    void what_another_program_appends_meanwhile_stays_and_is_told() {
+    void what_another_program_appends_meanwhile_stays_and_is_reported() {
         write("a.gb", "rom");
         const auto other = [&] { appendAsAnother("a.gb", "other"); };
         QCOMPARE(appendFailure("a.gb", "ours", other), number(RuntimeFailure::permissionDenied));
@@ -121,7 +121,7 @@ private slots:
         QCOMPARE(read("a.gb").first(13), QByteArray("romotherother"));
         expectNames({QStringLiteral("a.gb")});
     }
-    void what_another_program_appends_meanwhile_stays_although_the_disk_is_full() {
+    void what_another_program_appends_meanwhile_stays_even_on_a_full_disk() {
         write("a.gb", QByteArray(1000, 'r'));
         std::optional<int> failure;
         {
@@ -141,7 +141,7 @@ private slots:
         QCOMPARE(read("a.gb").first(5), QByteArray(5, 'r'));
         QVERIFY(read("a.gb").size() <= 9);
     }
-    void a_file_that_another_program_removes_meanwhile_is_told() {
+    void a_file_that_another_program_removes_meanwhile_is_reported() {
         const auto remove = [&] { QFile::remove(at("a.gb")); };
         write("a.gb", "rom");
         QCOMPARE(appendFailure("a.gb", "ours", remove), number(RuntimeFailure::fileNotFound));
@@ -149,7 +149,7 @@ private slots:
         QCOMPARE(lateAppendFailure("a.gb", "ours", remove), number(RuntimeFailure::fileNotFound));
         expectNames({});
     }
-    void a_file_that_another_program_replaces_meanwhile_stays_its_own() {
+    void a_file_that_another_program_replaces_meanwhile_is_left_alone() {
         const auto replace = [&] { SafeFile::replace(at("a.gb"), "another rom"); };
         for (const bool isLate : {false, true}) {
             write("a.gb", "rom");
@@ -160,7 +160,7 @@ private slots:
         }
         expectNames({QStringLiteral("a.gb")});
     }
-    void a_file_that_is_not_wanted_after_a_last_look_stays() {
+    void a_file_that_fails_the_last_check_is_left_alone() {
         const QString path = write("a.gb", "rom");
         const auto bytes = [](qint64) { return QByteArray("new"); };
         QByteArray seen;
@@ -174,7 +174,7 @@ private slots:
         QVERIFY(SafeFile::append(path, bytes, [](const Handle&) { return true; }));
         QCOMPARE(read("a.gb"), QByteArray("romnew"));
     }
-    void nobody_opens_the_file_between_the_last_look_and_the_line() {
+    void nobody_opens_the_file_between_the_last_check_and_the_write() {
         const QString path = write("a.gb", "rom");
         int reason = 0;
         const auto openMeanwhile = [&](const Handle&) {
@@ -216,7 +216,7 @@ private slots:
         const QByteArray rom(50000, 'r');
         write("a.gb", rom);
         const int status = inOtherProgram([&] {
-            // The system kills whoever writes beyond this size.
+            // The system kills a process that writes beyond this size.
             const rlimit limit{static_cast<rlim_t>(rom.size() + written), RLIM_INFINITY};
             setrlimit(RLIMIT_FSIZE, &limit);
             changeBy(Way::append, "a.gb", QByteArray(10000, 'l'));
@@ -228,7 +228,7 @@ private slots:
         QCOMPARE(read("a.gb"), rom);
         expectNames({QStringLiteral("a.gb")});
     }
-    void of_two_runs_that_append_at_once_each_line_is_whole() {
+    void two_runs_that_append_at_once_both_write_whole_lines() {
         write("a.gb", "rom");
         const QByteArray line(3000, 'l');
         const OtherProgram other([&] {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A change from the reading of a file to its replacement, what other programs do to it meanwhile, and where
-// the former file is kept.
+// A change from reading a file to replacing it, what other programs do to it meanwhile, and where the old
+// file is kept.
 #include "platform/base/File.h"
 #include "platform/base/Leftovers.h"
 #include "platform/base/SafeFile.h"
@@ -20,7 +20,7 @@ std::optional<int> commitFailure(const Change& change) {
     return failureOf([&] { change.commit({"ours"}); });
 }
 
-// A folder on another file system than a file; empty where there is none.
+// A folder on another file system than the file; empty if there is none.
 QByteArray elsewhere(const QByteArray& file) {
     QByteArray made = "/dev/shm/torvane-test-XXXXXX";
     struct stat here {};
@@ -34,7 +34,7 @@ QByteArray elsewhere(const QByteArray& file) {
 class SafeFileChangeTest : public FileFixture {
     Q_OBJECT
 
-    // Opens the game for writing as another program does, without waiting; gives the error.
+    // Opens the game for writing as another program does, without waiting; returns the error.
     int openForWriting(const char* name) const {
         const int handle = open(folder->native(name).constData(), O_WRONLY | O_NONBLOCK);
         if (handle < 0) return errno;
@@ -49,7 +49,7 @@ private slots:
         makeOld("a.gb");
     }
 
-    void what_is_read_is_the_file_and_the_pieces_become_its_content() {
+    void a_change_reads_the_file_and_replaces_it_by_the_pieces() {
         const Change change(at("a.gb"));
         QCOMPARE(change.length(), 6);
         QCOMPARE(change.readAt(0, 100), QByteArray("former"));
@@ -59,7 +59,7 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("one\0two", 7));
         expectNames({QStringLiteral("a.gb")});
     }
-    void a_change_that_is_given_up_leaves_everything() {
+    void an_abandoned_change_leaves_everything() {
         const struct stat before = infoOf("a.gb");
         { const Change change(at("a.gb")); }
         QCOMPARE(infoOf("a.gb").st_ino, before.st_ino);
@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("first"));
         expectNames({QStringLiteral("a.gb")});
     }
-    void of_two_changes_at_once_the_first_commit_stands() {
+    void of_two_changes_at_once_the_first_commit_wins() {
         const Change one(at("a.gb"));
         const Change other(at("a.gb"));
         other.commit({"other"});
@@ -109,7 +109,7 @@ private slots:
         QCOMPARE(read("a.gb"), after);
         expectNames(names);
     }
-    void where_no_lease_can_be_had_what_another_program_writes_is_not_overwritten_either_data() {
+    void without_leases_what_another_program_writes_is_not_overwritten_either_data() {
         QTest::addColumn<QString>("deed");
         QTest::addColumn<QByteArray>("after");
         QTest::newRow("appends") << QStringLiteral("printf + >> a.gb") << QByteArray("former+");
@@ -121,7 +121,7 @@ private slots:
         QTest::newRow("writes as many bytes")
             << QStringLiteral("printf other! > a.gb") << QByteArray("other!");
     }
-    void where_no_lease_can_be_had_what_another_program_writes_is_not_overwritten_either() {
+    void without_leases_what_another_program_writes_is_not_overwritten_either() {
         QFETCH(QString, deed);
         QFETCH(QByteArray, after);
         if (geteuid() != 0) QSKIP("only on a file of another user no lease can be had");
@@ -136,25 +136,26 @@ private slots:
         QCOMPARE(read("a.gb"), after);
         expectNames({QStringLiteral("a.gb")});
     }
-    void where_no_lease_can_be_had_a_file_that_stays_is_changed() {
+    void without_leases_an_untouched_file_is_changed() {
         setMode("a.gb", 0666);
         setMode(".", 0777);
         const OrdinaryUser user;
         Change(at("a.gb")).commit({"ours"});
         QCOMPARE(read("a.gb"), QByteArray("ours"));
     }
-    void who_opens_it_for_writing_meanwhile_is_held_up_and_then_writes_into_the_former_file() {
+    void a_program_that_opens_it_for_writing_meanwhile_waits_and_then_writes_to_the_old_file() {
         std::optional<Change> change(at("a.gb"));
         OtherProgram writer(
             [&] {
-                // This one does not wait, but is noticed all the same.
+                // This open does not wait, but is noticed all the same.
                 if (openForWriting("a.gb") != EWOULDBLOCK) _exit(1);
             },
             [&] {
                 const int handle = open(folder->native("a.gb").constData(), O_WRONLY);
                 if (handle < 0 || ::write(handle, "OTHER", 5) != 5) _exit(2);
             });
-        // The signal that tells of it would end a process that does not ask for another one.
+        // The default action of a lease-break signal would kill a process that does not choose another
+        // signal.
         QCOMPARE(commitFailure(*change), number(RuntimeFailure::permissionDenied));
         QCOMPARE(read("a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")});
@@ -179,13 +180,13 @@ private slots:
         Change(at("a.gb")).commit({"ours"});
         QCOMPARE(read("a.gb"), QByteArray("ours"));
     }
-    void another_run_does_not_sweep_the_former_file_away_while_it_has_a_hidden_name() {
+    void another_run_does_not_sweep_the_old_file_while_it_has_a_hidden_name() {
         const Change change(at("a.gb"));
         QVERIFY(QFile::rename(at("a.gb"), at(".torvane-abcdef")));
         QCOMPARE(inOtherProgram([&] { Leftovers::sweep(folder->path()); }), 0);
         QCOMPARE(read(".torvane-abcdef"), QByteArray("former"));
     }
-    void an_emulator_that_holds_it_open_for_reading_is_no_hindrance_and_keeps_what_it_reads() {
+    void an_emulator_that_is_reading_it_is_no_obstacle_and_keeps_its_content() {
         QFile emulator(at("a.gb"));
         QVERIFY(emulator.open(QIODevice::ReadOnly));
         const Change change(at("a.gb"));
@@ -197,14 +198,14 @@ private slots:
         QCOMPARE(second.readAll(), QByteArray("former"));
     }
 
-    void the_former_file_is_kept_as_a_second_link_in_a_folder_that_is_made() {
-        const ino_t former = infoOf("a.gb").st_ino;
+    void the_old_file_is_kept_as_a_second_link_in_a_new_folder() {
+        const ino_t previous = infoOf("a.gb").st_ino;
         const Change change(at("a.gb"));
         change.keepFormer(folder->path() + kept);
-        QCOMPARE(infoOf("data/backup/a.gb").st_ino, former);
+        QCOMPARE(infoOf("data/backup/a.gb").st_ino, previous);
         change.commit({"ours"});
         QCOMPARE(read("a.gb"), QByteArray("ours"));
-        QCOMPARE(infoOf("data/backup/a.gb").st_ino, former);
+        QCOMPARE(infoOf("data/backup/a.gb").st_ino, previous);
         QCOMPARE(read("data/backup/a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb"), QStringLiteral("data")});
         expectNames({QStringLiteral("a.gb")}, "data/backup");
@@ -229,13 +230,13 @@ private slots:
         QCOMPARE(read("data/backup/a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")}, "data/backup");
     }
-    void names_that_differ_in_case_alone_are_kept_apart() {
+    void names_that_differ_only_in_case_are_kept_apart() {
         write("A.gb", "other game");
         for (const char* name : {"a.gb", "A.gb"}) Change(at(name)).keepFormer(folder->path() + kept);
         QCOMPARE(read("data/backup/a.gb"), QByteArray("former"));
         QCOMPARE(read("data/backup/A.gb"), QByteArray("other game"));
     }
-    void on_another_file_system_a_copy_is_kept_with_the_same_rights_and_time() {
+    void on_another_file_system_a_copy_is_kept_with_the_same_permissions_and_time() {
         const QByteArray other = elsewhere(folder->native("a.gb"));
         if (other.isEmpty()) QSKIP("no second file system");
         setMode("a.gb", 0640);
@@ -255,11 +256,11 @@ private slots:
         QCOMPARE(info.st_mtim.tv_sec, longAgo.tv_sec);
         QCOMPARE(names, QStringList{QStringLiteral("a.gb")});
     }
-    void a_folder_that_can_not_be_made_or_written_is_told_and_the_file_stays_data() {
+    void a_folder_that_can_not_be_made_or_written_is_reported_and_the_file_stays_data() {
         QTest::addColumn<QString>("obstacle");
         for (const char* name : {"file", "shut", "taken"}) QTest::newRow(name) << QString::fromLatin1(name);
     }
-    void a_folder_that_can_not_be_made_or_written_is_told_and_the_file_stays() {
+    void a_folder_that_can_not_be_made_or_written_is_reported_and_the_file_stays() {
         QFETCH(QString, obstacle);
         write("file", "x");
         folder->makeFolder(QStringLiteral("shut/in"));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What another program does exactly between two calls of the system, and what a file system refuses that
-// lacks one: hooks stand in front of these calls. An executable's own functions go before those of the
-// library.
+// What another program does exactly between two system calls, and file systems that lack a call: hooks run
+// before these calls. An executable's own functions take precedence over those of the library.
 #include "platform/base/SafeFile.h"
 #include "support/FileFixture.h"
 #include "support/TestMain.h"
@@ -14,7 +13,7 @@ using namespace torvane;
 using SafeFile::Change;
 
 namespace {
-// Each runs in front of its call, and gives 0 to let it through or an error to fail with.
+// Each hook runs before its call, and returns 0 to let it through or an error to fail with.
 std::function<int(unsigned flags)> beforeExchange;
 std::function<int()> beforeLink;
 std::function<int(off_t position)> beforeRead;
@@ -56,7 +55,7 @@ class SafeFileRaceTest : public FileFixture {
     std::optional<int> commitFailure() const {
         return failureOf([&] { Change(at("a.gb")).commit({"ours"}); });
     }
-    // Another program's way to replace a file.
+    // How another program replaces a file.
     void moveOver(const char* from, const char* to) const {
         if (std::rename(folder->native(from).constData(), folder->native(to).constData()) != 0)
             qFatal("can't rename");
@@ -78,7 +77,7 @@ private slots:
         beforeRead = {};
     }
 
-    void a_program_that_is_quicker_than_the_exchange_gets_its_file_back() {
+    void a_program_that_wins_the_race_against_the_exchange_gets_its_file_back() {
         write("other", "other");
         beforeExchange = [&, first = true](unsigned) mutable {
             if (first) moveOver("other", "a.gb");
@@ -96,7 +95,7 @@ private slots:
         QCOMPARE(commitFailure(), number(RuntimeFailure::fileNotFound));
         expectNames({});
     }
-    void its_file_gets_its_place_back_also_when_ours_is_gone_from_there() {
+    void its_file_gets_its_name_back_even_if_ours_was_removed() {
         write("other", "other");
         beforeExchange = [&, calls = 0](unsigned) mutable {
             ++calls;
@@ -107,7 +106,7 @@ private slots:
         QCOMPARE(commitFailure(), number(RuntimeFailure::permissionDenied));
         expectOthersFile();
     }
-    void its_file_is_not_removed_where_it_can_not_get_its_place_back() {
+    void its_file_is_not_removed_if_it_can_not_get_its_name_back() {
         write("other", "other");
         beforeExchange = [&, calls = 0](unsigned) mutable {
             ++calls;
@@ -119,7 +118,7 @@ private slots:
         for (const QString& name : folder->entries()) found << folder->read(name);
         QVERIFY(found.contains("other"));
     }
-    void a_program_that_opens_it_for_writing_right_before_the_exchange_keeps_the_former_file() {
+    void a_program_that_opens_it_for_writing_right_before_the_exchange_keeps_the_old_file() {
         beforeExchange = [&, first = true](unsigned) mutable {
             if (first) open(folder->native("a.gb").constData(), O_WRONLY | O_NONBLOCK);
             first = false;
@@ -130,25 +129,25 @@ private slots:
         QCOMPARE(infoOf("a.gb").st_ino, before);
         expectNames({QStringLiteral("a.gb")});
     }
-    void where_files_can_not_be_exchanged_the_new_one_replaces_the_former_data() {
+    void where_files_can_not_be_exchanged_the_new_one_replaces_the_old_data() {
         QTest::addColumn<int>("error");
         QTest::newRow("the file system does not know how") << EINVAL;
         QTest::newRow("the system does not") << ENOSYS;
     }
-    void where_files_can_not_be_exchanged_the_new_one_replaces_the_former() {
+    void where_files_can_not_be_exchanged_the_new_one_replaces_the_old() {
         QFETCH(int, error);
         beforeExchange = [&](unsigned flags) { return flags != 0 ? error : 0; };
         QCOMPARE(commitFailure(), nothing);
         QCOMPARE(read("a.gb"), QByteArray("ours"));
         expectNames({QStringLiteral("a.gb")});
     }
-    void an_exchange_that_fails_is_told_and_leaves_the_former() {
+    void a_failed_exchange_is_reported_and_leaves_the_old_file() {
         beforeExchange = [](unsigned) { return EIO; };
         QCOMPARE(commitFailure(), number(RuntimeFailure::deviceError));
         QCOMPARE(read("a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")});
     }
-    void a_call_that_a_signal_interrupts_is_made_again() {
+    void a_call_that_a_signal_interrupts_is_repeated() {
         int interruptions = 3;
         const auto interrupt = [&] { return interruptions-- > 0 ? EINTR : 0; };
         beforeExchange = [&](unsigned) { return interrupt(); };
@@ -160,11 +159,11 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("ours"));
     }
 
-    void where_links_are_refused_a_copy_of_the_former_is_kept_data() {
+    void where_links_are_refused_a_copy_of_the_old_file_is_kept_data() {
         QTest::addColumn<int>("error");
         for (const int error : {EPERM, EMLINK, EXDEV, ENOTSUP}) QTest::addRow("%d", error) << error;
     }
-    void where_links_are_refused_a_copy_of_the_former_is_kept() {
+    void where_links_are_refused_a_copy_of_the_old_file_is_kept() {
         QFETCH(int, error);
         setMode("a.gb", 0600);
         beforeLink = [&] { return error; };
@@ -175,10 +174,10 @@ private slots:
             change.commit({bytes});
         }
         QCOMPARE(read("backup/a.gb"), QByteArray("second"));
-        QCOMPARE(modeOf("backup/a.gb"), 0600u); // what was private stays so
+        QCOMPARE(modeOf("backup/a.gb"), 0600u); // a private file stays private
         expectNames({QStringLiteral("a.gb")}, "backup");
     }
-    void a_full_disk_at_the_copy_of_the_former_is_told_and_leaves_what_was_kept() {
+    void a_full_disk_during_the_backup_copy_is_reported_and_leaves_the_last_backup() {
         write("backup/a.gb", "kept before");
         write("a.gb", QByteArray(5000, 'f'));
         beforeLink = [] { return EPERM; };
@@ -191,12 +190,12 @@ private slots:
         QCOMPARE(read("backup/a.gb"), QByteArray("kept before"));
         expectNames({QStringLiteral("a.gb")}, "backup");
     }
-    void a_program_that_is_quicker_than_the_link_does_not_push_out_what_was_kept_data() {
+    void a_program_that_wins_the_race_against_the_link_does_not_replace_the_backup_data() {
         QTest::addColumn<int>("error");
         QTest::newRow("link") << 0;
         QTest::newRow("copy") << EPERM;
     }
-    void a_program_that_is_quicker_than_the_link_does_not_push_out_what_was_kept() {
+    void a_program_that_wins_the_race_against_the_link_does_not_replace_the_backup() {
         QFETCH(int, error);
         write("backup/a.gb", "kept before");
         write("other", "other");
@@ -211,11 +210,11 @@ private slots:
         expectNames({QStringLiteral("a.gb")}, "backup");
     }
 
-    void a_source_that_changes_while_it_is_copied_is_told_and_leaves_the_target_data() {
+    void a_source_that_changes_while_it_is_copied_is_reported_and_leaves_the_target_data() {
         QTest::addColumn<QByteArray>("deed");
         for (const char* deed : {"append", "truncate", "write"}) QTest::newRow(deed) << QByteArray(deed);
     }
-    void a_source_that_changes_while_it_is_copied_is_told_and_leaves_the_target() {
+    void a_source_that_changes_while_it_is_copied_is_reported_and_leaves_the_target() {
         QFETCH(QByteArray, deed);
         const QString source = write("source", QByteArray(3 << 20, 's'));
         makeOld("source");
@@ -232,7 +231,7 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb"), QStringLiteral("source")});
     }
-    void a_source_that_can_not_be_read_to_its_end_is_told_and_leaves_the_target() {
+    void a_source_that_can_not_be_read_to_its_end_is_reported_and_leaves_the_target() {
         const QString source = write("source", QByteArray(3 << 20, 's'));
         beforeRead = [](off_t position) { return position == 0 ? 0 : EIO; };
         QCOMPARE(failureOf([&] { SafeFile::copy(source, at("a.gb")); }), number(RuntimeFailure::deviceError));

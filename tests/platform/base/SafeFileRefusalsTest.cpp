@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is refused, whatever the way in which a file is to be changed, and how it stays then; and what is not.
+// What every way to change a file refuses, leaving the file as it was; and what it accepts.
 #include "support/FileWays.h"
 #include "support/TestMain.h"
 
@@ -18,8 +18,8 @@ private slots:
         write("source", "new");
     }
 
-    void a_read_only_file_is_refused_although_its_folder_could_be_written_data() { wayRows(); }
-    void a_read_only_file_is_refused_although_its_folder_could_be_written() {
+    void a_read_only_file_is_refused_even_in_a_writable_folder_data() { wayRows(); }
+    void a_read_only_file_is_refused_even_in_a_writable_folder() {
         QFETCH(Way, way);
         write("open/a.gb", "former");
         setMode("open/a.gb", 0444);
@@ -31,8 +31,8 @@ private slots:
         QCOMPARE(read("open/a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")}, "open");
     }
-    void a_folder_that_can_not_be_written_is_refused_data() { wayRows(); }
-    void a_folder_that_can_not_be_written_is_refused() {
+    void a_read_only_folder_is_refused_data() { wayRows(); }
+    void a_read_only_folder_is_refused() {
         QFETCH(Way, way);
         write("shut/a.gb", "former");
         setMode("shut/a.gb", 0666);
@@ -45,8 +45,8 @@ private slots:
         QCOMPARE(read("shut/a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")}, "shut");
     }
-    void a_folder_that_may_be_written_but_not_read_is_no_failure_data() { wayRows(); }
-    void a_folder_that_may_be_written_but_not_read_is_no_failure() {
+    void a_writable_but_unreadable_folder_is_no_failure_data() { wayRows(); }
+    void a_writable_but_unreadable_folder_is_no_failure() {
         QFETCH(Way, way);
         write("drop/a.gb", "former");
         setMode("drop/a.gb", 0666);
@@ -59,7 +59,7 @@ private slots:
         QCOMPARE(read("drop/a.gb"), changed(way));
         expectNames({QStringLiteral("a.gb")}, "drop");
     }
-    void what_is_no_file_is_refused_at_once_and_stays_data() {
+    void anything_but_a_file_is_refused_at_once_and_stays_data() {
         QTest::addColumn<Way>("way");
         QTest::addColumn<QByteArray>("name");
         for (const char* name : {"folder", "pipe", "link to folder", "link to pipe", "device", "socket"}) {
@@ -69,7 +69,7 @@ private slots:
             QTest::addRow("append to %s", name) << Way::append << QByteArray(name);
         }
     }
-    void what_is_no_file_is_refused_at_once_and_stays() {
+    void anything_but_a_file_is_refused_at_once_and_stays() {
         QFETCH(Way, way);
         QFETCH(QByteArray, name);
         makeWhatIsNoFile();
@@ -81,30 +81,30 @@ private slots:
         QVERIFY(folder->entries(QStringLiteral("folder")).isEmpty());
         expectNames(names);
     }
-    void what_is_no_file_is_not_copied_data() {
+    void anything_but_a_file_is_not_copied_data() {
         QTest::addColumn<QByteArray>("name");
         for (const char* name : {"folder", "pipe", "link to folder", "device", "socket"})
             QTest::newRow(name) << QByteArray(name);
     }
-    void what_is_no_file_is_not_copied() {
+    void anything_but_a_file_is_not_copied() {
         QFETCH(QByteArray, name);
         makeWhatIsNoFile();
         QCOMPARE(failureOf([&] { SafeFile::copy(at(name.constData()), at("target")); }),
                  number(RuntimeFailure::pathAccess));
         QVERIFY(!QFile::exists(at("target")));
     }
-    void a_missing_folder_or_a_file_in_its_place_is_told_data() { wayRows(); }
-    void a_missing_folder_or_a_file_in_its_place_is_told() {
+    void a_missing_folder_or_a_file_in_its_place_is_reported_data() { wayRows(); }
+    void a_missing_folder_or_a_file_in_its_place_is_reported() {
         QFETCH(Way, way);
         QCOMPARE(failureBy(way, "gone/a.gb"), number(RuntimeFailure::fileNotFound));
         QCOMPARE(failureBy(way, "source/a.gb"), number(RuntimeFailure::pathNotFound));
         expectNames({QStringLiteral("source")});
     }
-    void a_file_that_is_not_there_is_neither_changed_nor_appended_to_data() {
+    void a_missing_file_is_neither_changed_nor_appended_to_data() {
         QTest::addColumn<QByteArray>("name");
         for (const char* name : {"gone.gb", "link to nowhere"}) QTest::newRow(name) << QByteArray(name);
     }
-    void a_file_that_is_not_there_is_neither_changed_nor_appended_to() {
+    void a_missing_file_is_neither_changed_nor_appended_to() {
         QFETCH(QByteArray, name);
         softLink("nowhere", "link to nowhere");
         const QStringList names = folder->entries();
@@ -112,8 +112,8 @@ private slots:
         QCOMPARE(failureBy(Way::append, name.constData()), number(RuntimeFailure::fileNotFound));
         expectNames(names);
     }
-    void links_in_a_circle_are_refused_and_stay_data() { wayRows(); }
-    void links_in_a_circle_are_refused_and_stay() {
+    void circular_links_are_refused_and_stay_data() { wayRows(); }
+    void circular_links_are_refused_and_stay() {
         QFETCH(Way, way);
         softLink("second", "first");
         softLink("first", "second");
@@ -123,8 +123,8 @@ private slots:
     void a_full_disk_leaves_the_old_file_and_no_stray_one_data() { wayRows(); }
     void a_full_disk_leaves_the_old_file_and_no_stray_one() {
         QFETCH(Way, way);
-        const QByteArray former(1000, 'f');
-        write("a.gb", former);
+        const QByteArray previous(1000, 'f');
+        write("a.gb", previous);
         write("source", QByteArray(1001, 'n'));
         std::optional<int> failure;
         {
@@ -132,11 +132,11 @@ private slots:
             failure = failureOf([&] { changeBy(way, "a.gb", QByteArray(1001, 'n')); });
         }
         QCOMPARE(failure, number(RuntimeFailure::diskFull));
-        QCOMPARE(read("a.gb"), former);
+        QCOMPARE(read("a.gb"), previous);
         expectNames({QStringLiteral("a.gb"), QStringLiteral("source")});
     }
-    void a_change_that_just_fits_is_made_data() { wayRows(true); }
-    void a_change_that_just_fits_is_made() {
+    void a_change_that_just_fits_succeeds_data() { wayRows(true); }
+    void a_change_that_just_fits_succeeds() {
         QFETCH(Way, way);
         write("a.gb", "former");
         write("source", QByteArray(1000, 'n'));
@@ -146,7 +146,7 @@ private slots:
         }
         QCOMPARE(read("a.gb"), QByteArray(1000, 'n'));
     }
-    void a_copy_that_finds_no_room_makes_no_new_file() {
+    void a_copy_without_enough_space_makes_no_new_file() {
         write("source", QByteArray(1001, 'n'));
         std::optional<int> failure;
         {
@@ -163,7 +163,7 @@ private:
         if (mkfifo(folder->native("pipe").constData(), 0666) != 0) qFatal("no pipe");
         softLink("folder", "link to folder");
         softLink("pipe", "link to pipe");
-        // A device of its own where it may be made: code that breaks the rule would do its harm for root.
+        // A device node of its own, if possible: as root, broken code would damage the real device.
         if (mknod(folder->native("device").constData(), S_IFCHR | 0666, makedev(1, 3)) != 0) {
             softLink("/dev/null", "device");
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Who may do what with a file after a change, and when it was changed, whatever the way.
+// Permissions and modification time of a file after every way to change it.
 #include "support/FileWays.h"
 #include "support/TestMain.h"
 
@@ -9,7 +9,7 @@
 using namespace torvane;
 
 namespace {
-constexpr uid_t nobody = 65534; // whom OrdinaryUser plays; his group is that of the test
+constexpr uid_t nobody = 65534; // the user that OrdinaryUser becomes, with the test's group
 constexpr uid_t somebody = 1234;
 constexpr gid_t foreignGroup = 4321;
 
@@ -23,7 +23,7 @@ bool operator==(const timespec& one, const timespec& other) {
 class SafeFileRightsTest : public FileWays {
     Q_OBJECT
 
-    // A file in a folder that everybody may write.
+    // A file in a world-writable folder.
     void makeOpenFile(uid_t owner, gid_t group, mode_t mode) const {
         write("open/a.gb", "former");
         setMode("open", 0777);
@@ -56,9 +56,9 @@ private slots:
         QFETCH(Way, way);
         QFETCH(uint, mask);
         QFETCH(uint, mode);
-        const mode_t former = umask(mask);
+        const mode_t previous = umask(mask);
         changeBy(way, "new.gb");
-        const mode_t after = umask(former);
+        const mode_t after = umask(previous);
         QCOMPARE(read("new.gb"), QByteArray("new"));
         QCOMPARE(modeOf("new.gb"), mode);
         QCOMPARE(uint(after), mask);
@@ -80,7 +80,7 @@ private slots:
         if (isRoot()) setOwner("a.gb", somebody, foreignGroup);
         setMode("a.gb", mode);
         const struct stat before = infoOf("a.gb");
-        const mode_t mask = umask(077); // has no say
+        const mode_t mask = umask(077); // must have no effect
         changeBy(way, "a.gb");
         umask(mask);
         const struct stat after = infoOf("a.gb");
@@ -90,7 +90,7 @@ private slots:
         QCOMPARE(after.st_gid, before.st_gid);
         QVERIFY(after.st_ino != before.st_ino);
     }
-    void an_append_changes_neither_file_nor_rights() {
+    void an_append_changes_neither_file_nor_permissions() {
         write("a.gb", "former");
         setMode("a.gb", 02640);
         const struct stat before = infoOf("a.gb");
@@ -98,8 +98,10 @@ private slots:
         QCOMPARE(infoOf("a.gb").st_ino, before.st_ino);
         QCOMPARE(infoOf("a.gb").st_mode, before.st_mode);
     }
-    void a_file_of_another_user_belongs_to_who_saved_it_with_the_same_group_and_mode_data() { wayRows(true); }
-    void a_file_of_another_user_belongs_to_who_saved_it_with_the_same_group_and_mode() {
+    void a_file_of_another_user_belongs_to_the_saving_user_with_the_same_group_and_mode_data() {
+        wayRows(true);
+    }
+    void a_file_of_another_user_belongs_to_the_saving_user_with_the_same_group_and_mode() {
         QFETCH(Way, way);
         if (!isRoot()) QSKIP("only root can make files of others");
         makeOpenFile(somebody, getegid(), 0660);
@@ -113,17 +115,17 @@ private slots:
     void a_group_that_is_one_of_the_user_s_is_kept() {
         QFETCH(Way, way);
         if (!isRoot()) QSKIP("only root can join groups");
-        std::vector<gid_t> formerGroups(static_cast<size_t>(getgroups(0, nullptr)));
-        getgroups(static_cast<int>(formerGroups.size()), formerGroups.data());
+        std::vector<gid_t> previousGroups(static_cast<size_t>(getgroups(0, nullptr)));
+        getgroups(static_cast<int>(previousGroups.size()), previousGroups.data());
         QCOMPARE(setgroups(1, &foreignGroup), 0);
         makeOpenFile(somebody, foreignGroup, 02660);
         changeAsOrdinaryUser(way);
-        QCOMPARE(setgroups(formerGroups.size(), formerGroups.data()), 0);
+        QCOMPARE(setgroups(previousGroups.size(), previousGroups.data()), 0);
         QCOMPARE(read("open/a.gb"), QByteArray("new"));
         QCOMPARE(infoOf("open/a.gb").st_gid, foreignGroup);
         QCOMPARE(modeOf("open/a.gb"), 02660u);
     }
-    void where_the_group_can_not_be_given_its_rights_become_those_of_the_others_data() {
+    void where_the_group_can_not_be_set_it_gets_the_permissions_of_others_data() {
         QTest::addColumn<Way>("way");
         QTest::addColumn<uint>("before");
         QTest::addColumn<uint>("after");
@@ -139,7 +141,7 @@ private slots:
         rows(02770, 0700);
         rows(02775, 0755);
     }
-    void where_the_group_can_not_be_given_its_rights_become_those_of_the_others() {
+    void where_the_group_can_not_be_set_it_gets_the_permissions_of_others() {
         QFETCH(Way, way);
         QFETCH(uint, before);
         QFETCH(uint, after);
@@ -150,8 +152,8 @@ private slots:
         QCOMPARE(infoOf("open/a.gb").st_gid, getegid());
         QCOMPARE(modeOf("open/a.gb"), after);
     }
-    void a_file_that_ran_as_its_owner_does_not_run_as_who_saved_it_data() { wayRows(true); }
-    void a_file_that_ran_as_its_owner_does_not_run_as_who_saved_it() {
+    void a_set_user_id_file_does_not_run_as_the_user_who_saved_it_data() { wayRows(true); }
+    void a_set_user_id_file_does_not_run_as_the_user_who_saved_it() {
         QFETCH(Way, way);
         if (!isRoot()) QSKIP("only root can make files of others");
         makeOpenFile(somebody, getegid(), 04777);
@@ -159,7 +161,7 @@ private slots:
         QCOMPARE(infoOf("open/a.gb").st_uid, nobody);
         QCOMPARE(modeOf("open/a.gb"), 0777u);
     }
-    void a_change_goes_by_the_rights_at_its_end() {
+    void a_change_keeps_the_permissions_that_the_file_has_at_its_end() {
         const QString path = write("a.gb", "former");
         setMode("a.gb", 0644);
         const SafeFile::Change change(path);
@@ -168,8 +170,8 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("new"));
         QCOMPARE(modeOf("a.gb"), 0600u);
     }
-    void what_is_changed_is_changed_now_and_a_copy_takes_over_the_time_of_its_source_data() { wayRows(); }
-    void what_is_changed_is_changed_now_and_a_copy_takes_over_the_time_of_its_source() {
+    void a_changed_file_has_the_present_time_and_a_copy_that_of_its_source_data() { wayRows(); }
+    void a_changed_file_has_the_present_time_and_a_copy_that_of_its_source() {
         QFETCH(Way, way);
         write("a.gb", "former");
         makeOld("a.gb");
@@ -182,13 +184,13 @@ private slots:
         QCOMPARE(infoOf("a.gb").st_mtim == longAgo, way == Way::copy);
         QCOMPARE(read("a.gb"), changed(way));
     }
-    void a_new_copy_takes_over_the_time_of_its_source_too() {
+    void a_new_copy_has_the_time_of_its_source_too() {
         makeOld("source");
         changeBy(Way::copy, "new.gb");
         QVERIFY(infoOf("new.gb").st_mtim == longAgo);
     }
-    void another_hard_link_keeps_the_former_content_but_sees_an_appended_line_data() { wayRows(); }
-    void another_hard_link_keeps_the_former_content_but_sees_an_appended_line() {
+    void another_hard_link_keeps_the_old_content_but_sees_an_appended_line_data() { wayRows(); }
+    void another_hard_link_keeps_the_old_content_but_sees_an_appended_line() {
         QFETCH(Way, way);
         write("a.gb", "former");
         hardLink("a.gb", "b.gb");
@@ -196,7 +198,7 @@ private slots:
         QCOMPARE(read("a.gb"), changed(way));
         QCOMPARE(read("b.gb"), way == Way::append ? changed(way) : QByteArray("former"));
     }
-    void a_symbolic_link_stays_and_the_file_behind_it_is_changed_data() {
+    void a_symbolic_link_stays_and_its_target_is_changed_data() {
         QTest::addColumn<Way>("way");
         QTest::addColumn<QByteArray>("target");
         for (const char* target :
@@ -207,7 +209,7 @@ private slots:
             QTest::addRow("append %s", target) << Way::append << QByteArray(target);
         }
     }
-    void a_symbolic_link_stays_and_the_file_behind_it_is_changed() {
+    void a_symbolic_link_stays_and_its_target_is_changed() {
         QFETCH(Way, way);
         QFETCH(QByteArray, target);
         write("sub/real.gb", "former");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Replacing and copying: at any moment, after any failure, the file is one of its whole states.
+// Replacing and copying: at any moment, after any failure, the file is complete, either old or new.
 #include "platform/base/Leftovers.h"
 #include "support/FileWays.h"
 #include "support/OtherProgram.h"
@@ -23,12 +23,12 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray());
         expectNames({QStringLiteral("a.gb")});
     }
-    void a_link_to_a_file_that_is_still_to_be_made_stays_data() {
+    void a_link_to_a_file_that_does_not_exist_yet_stays_data() {
         QTest::addColumn<Way>("way");
         QTest::newRow("replace") << Way::replace;
         QTest::newRow("copy") << Way::copy;
     }
-    void a_link_to_a_file_that_is_still_to_be_made_stays() {
+    void a_link_to_a_file_that_does_not_exist_yet_stays() {
         QFETCH(Way, way);
         write("source", "new");
         folder->makeFolder(QStringLiteral("sub"));
@@ -87,7 +87,7 @@ private slots:
         QVERIFY(read("source.gb") == bytes);
         expectNames({QStringLiteral("new.gb"), QStringLiteral("old.gb"), QStringLiteral("source.gb")});
     }
-    void a_copy_onto_itself_is_refused_by_whatever_name() {
+    void a_copy_onto_itself_is_refused_under_any_name() {
         const QString source = write("a.gb", "content");
         hardLink("a.gb", "hard.gb");
         softLink("a.gb", "soft.gb");
@@ -98,7 +98,7 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("content"));
         QVERIFY(S_ISLNK(infoOf("soft.gb").st_mode));
     }
-    void a_copy_of_a_missing_or_unreadable_file_is_told_and_leaves_the_target() {
+    void a_copy_of_a_missing_or_unreadable_file_is_reported_and_leaves_the_target() {
         const QString target = write("target.gb", "former");
         QCOMPARE(failureOf([&] { SafeFile::copy(at("gone.gb"), target); }),
                  number(RuntimeFailure::fileNotFound));
@@ -113,7 +113,7 @@ private slots:
         QCOMPARE(read("target.gb"), QByteArray("former"));
     }
 
-    void a_kill_at_any_moment_leaves_one_of_the_whole_states() {
+    void a_kill_at_any_moment_leaves_the_old_or_the_new_file() {
         const QString path = write("game.gb", QByteArray(400000, 'a'));
         std::mt19937 random(17);
         for (int round = 0; round < 40; ++round) {
@@ -135,7 +135,7 @@ private slots:
             const bool isFirst = now.size() == 400000 && letter == 'a';
             QVERIFY(isFirst || now.size() == 400000 + letter);
             QVERIFY(now.count(letter) == now.size());
-            // What a kill leaves behind never bears a name that a list shows.
+            // What a kill leaves never has a name that a list shows.
             for (const QString& name : folder->entries()) {
                 QVERIFY(name == QStringLiteral("game.gb") || name.startsWith(QStringLiteral(".torvane-")));
             }

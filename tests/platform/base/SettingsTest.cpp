@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The settings store: what is kept apart, what comes back, and what a reader makes of a number.
+// The settings store: what is kept apart, what round-trips, and what is read as a number.
 #include "platform/base/Settings.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
@@ -47,7 +47,7 @@ private slots:
         set("Language", QString());
         QCOMPARE(get("Language"), QString());
     }
-    void a_saved_value_is_there_at_once_for_another_store_of_the_same_folder() {
+    void another_store_of_the_same_folder_sees_a_saved_value_at_once() {
         set("Intro", QStringLiteral("0"));
         QCOMPARE(Settings(folder->path(QStringLiteral("config")))
                      .GetSetting(app, config, QStringLiteral("Intro"), absent),
@@ -102,7 +102,7 @@ private slots:
         QVERIFY(QFile::exists(folder->path(QStringLiteral("back\\slash/Torvane/Torvane.conf"))));
         QCOMPARE(strange.GetSetting(app, config, QStringLiteral("k"), absent), QStringLiteral("v"));
     }
-    void any_text_comes_back_data() {
+    void any_text_round_trips_data() {
         QTest::addColumn<QString>("value");
         for (const char* text : {"",
                                  " ",
@@ -142,15 +142,14 @@ private slots:
             QTest::newRow(text) << QString::fromUtf8(text);
         }
         QTest::newRow("zero") << QString(QChar(0));
-        QTest::newRow("half a pair that stands for a byte")
-            << QStringLiteral("/home/no utf8 ") + QChar(0xDCF1);
-        // Half of this character is the unit that stands for a backslash inside of a name.
+        QTest::newRow("half a pair that escapes a byte") << QStringLiteral("/home/no utf8 ") + QChar(0xDCF1);
+        // The second half of this character is the unit that escapes a backslash inside a name.
         QTest::newRow("handbag") << QStringLiteral("/home/\U0001F45C\\\U0001F45C%5C") + QChar(0xDC5C);
         QTest::newRow("backslash inside of a name")
             << QStringLiteral("\\data\\a") + QChar(0xDC5C) + QStringLiteral("b");
         QTest::newRow("long") << QString(100000, QLatin1Char('x'));
     }
-    void any_text_comes_back() {
+    void any_text_round_trips() {
         QFETCH(QString, value);
         set("Intro", QStringLiteral("1"));
         set("Capturas", value);
@@ -159,7 +158,7 @@ private slots:
         QCOMPARE(get("Intro"), QStringLiteral("1"));
         QCOMPARE(get("Tray"), QStringLiteral("0"));
     }
-    void random_texts_come_back() {
+    void random_texts_round_trip() {
         std::mt19937 random(29);
         const QString signs = QStringLiteral("%0aAfF \\/\n\r=;#[]<\"xñ");
         for (int round = 0; round < 200; ++round) {
@@ -170,12 +169,12 @@ private slots:
             QCOMPARE(get("Capturas"), value);
         }
     }
-    void a_path_stands_in_the_file_as_the_program_spells_it() {
+    void a_path_is_stored_as_the_program_spells_it() {
         set("Language", QStringLiteral("/opt/Torvane 100%\\data\\lang\\lang_esp.tvl"));
         QVERIFY(folder->read(QStringLiteral("config/Torvane/Torvane.conf"))
                     .contains("/opt/Torvane 100%\\data\\lang\\lang_esp.tvl\n"));
     }
-    void a_file_written_by_hand_is_read_and_its_comments_stay() {
+    void a_handwritten_file_is_read_and_its_comments_stay() {
         folder->write(QStringLiteral("config/Torvane/Torvane.conf"),
                       "; mine\r\n\r\njunk\r\n[config]\r\n# why\r\nINTRO = 0\r\nStart=1");
         QCOMPARE(get("Intro"), QStringLiteral("0"));
@@ -198,7 +197,7 @@ private slots:
         folder->setMode(QStringLiteral("config/Torvane/Torvane.conf"), 0644);
         QCOMPARE(get("Intro"), QStringLiteral("0"));
     }
-    void a_store_that_can_not_be_kept_is_told() {
+    void a_failure_to_store_is_reported() {
         folder->write(QStringLiteral("config"), "a file in the place of the folder");
         QVERIFY(failureOf([&] { set("Start", QStringLiteral("1")); }).has_value());
         folder->makeFolder(QStringLiteral("shut"));
@@ -250,17 +249,17 @@ private slots:
         QFETCH(int, expected);
         QCOMPARE(Settings::toNumber(text), expected);
     }
-    void a_text_that_is_no_number_is_a_type_mismatch_data() {
+    void a_text_that_is_not_a_number_is_a_type_mismatch_data() {
         QTest::addColumn<QString>("text");
         for (const char* text : {"", " ", "a", "inf", "1,5", "yes", "True", "true", "FALSE", "١"}) {
             QTest::newRow(text) << QString::fromUtf8(text);
         }
     }
-    void a_text_that_is_no_number_is_a_type_mismatch() {
+    void a_text_that_is_not_a_number_is_a_type_mismatch() {
         QFETCH(QString, text);
         QCOMPARE(failureOf([&] { (void)Settings::toNumber(text); }), number(RuntimeFailure::typeMismatch));
     }
-    void a_number_outside_of_32_bits_is_an_overflow() {
+    void a_number_outside_32_bits_is_an_overflow() {
         QCOMPARE(failureOf([&] { (void)Settings::toNumber(QStringLiteral("2147483648")); }),
                  number(RuntimeFailure::overflow));
     }
@@ -285,7 +284,7 @@ private slots:
         QFETCH(bool, expected);
         QCOMPARE(Settings::toFlag(text), expected);
     }
-    void a_text_that_is_no_flag_fails_as_a_number_does() {
+    void a_text_that_is_not_a_flag_fails_as_a_number_does() {
         for (const char* text : {"", "yes", "Truth", "T", " True"}) {
             QCOMPARE(failureOf([&] { (void)Settings::toFlag(QString::fromLatin1(text)); }),
                      number(RuntimeFailure::typeMismatch));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Every archive of tests/archives: in the folder lies what the list beside them says, each file whole and
-// with ordinary rights, around the folder nothing has changed, and the reason for a lack of games is the
-// right one.
+// Every archive of tests/archives: the folder then holds what the list beside them says, each file complete
+// and with ordinary permissions; nothing around the folder has changed, and the reason why no game came out
+// is right.
 #include "support/TestMain.h"
 #include "support/UnZipFixture.h"
 
@@ -13,7 +13,7 @@ class UnZipCorpusTest : public UnZipFixture {
     Q_OBJECT
 
     static QString archives() { return QStringLiteral(TORVANE_TESTS_DIR "/archives/"); }
-    // The lines of the list behind its headings: name, what is wrong, what comes out, why no game does.
+    // The lines of the list after its headings: name, what is wrong, what comes out, why no game does.
     static QList<QStringList> list() {
         QFile file(archives() + QStringLiteral("expected.tsv"));
         if (!file.open(QIODevice::ReadOnly)) return {};
@@ -24,7 +24,7 @@ class UnZipCorpusTest : public UnZipFixture {
         }
         return rows.mid(1);
     }
-    // Each answer that is right, with what lay there before.
+    // Each correct result, together with what was there before.
     static QList<FolderTree> answersIn(const QString& cell, const FolderTree& before) {
         QList<FolderTree> trees;
         for (const QString& answer : cell.split(QLatin1Char('|'))) {
@@ -47,13 +47,13 @@ private slots:
     void initTestCase() { umask(022); }
     void init() { renewTarget(); }
 
-    void what_comes_out_is_right_and_nothing_else_changes_data() {
+    void the_right_files_come_out_and_nothing_else_changes_data() {
         QTest::addColumn<QString>("wrong");
         QTest::addColumn<QString>("expected");
         QTest::addColumn<QString>("reasons");
         for (const QStringList& row : list()) QTest::newRow(qPrintable(row[0])) << row[1] << row[2] << row[3];
     }
-    void what_comes_out_is_right_and_nothing_else_changes() {
+    void the_right_files_come_out_and_nothing_else_changes() {
         QFETCH(QString, wrong);
         QFETCH(QString, expected);
         QFETCH(QString, reasons);
@@ -65,7 +65,7 @@ private slots:
         const QList<FolderTree> answers = answersIn(expected, before);
         if (!answers.contains(tree)) QCOMPARE(tree, answers.first());
         QCOMPARE(nameOf(reason), reasons.split(QLatin1Char('|')).at(answers.indexOf(tree)));
-        // Once more over what lies there now, as after a program that was ended meanwhile.
+        // Once more over the same files, as after a program that was killed meanwhile.
         extract(archive);
         QCOMPARE(wholeTree(), tree);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What can't be read or written: no half file, no wait, no word.
+// Archives that can't be read and folders that can't be written: no partial file, no hang, no message.
 #include "support/TestMain.h"
 #include "support/UnZipFixture.h"
 
@@ -10,7 +10,7 @@ class UnZipFailuresTest : public UnZipFixture {
 
     const QByteArray large = QByteArray(24 << 20, 'a');
 
-    // Unpacks while another program does something to the archive, once the work is well under way.
+    // Unpacks while another program does something to the archive, well after the start.
     void extractWhile(const QString& archive, const std::function<void()>& happens) const {
         UnZip control = unzip(archive);
         bool isFirst = true;
@@ -21,7 +21,7 @@ class UnZipFailuresTest : public UnZipFixture {
         control.extract(QStringLiteral("*.*"));
         QVERIFY(!isFirst);
     }
-    // Two entries, of which the first one takes some time and many reads.
+    // Two entries, of which the first takes some time and many reads.
     QString slowArchive() const {
         return makeArchive("a.zip", {{"a.gb", large, ZIP_CM_STORE}, {"b.gb", "the second", ZIP_CM_STORE}});
     }
@@ -36,7 +36,7 @@ private slots:
     void initTestCase() { umask(022); }
     void init() { renewTarget(); }
 
-    void an_archive_that_is_cut_anywhere_gives_nothing() {
+    void an_archive_that_is_cut_anywhere_yields_nothing() {
         makeArchive("a.zip", {{"a.gb", "a game of a few bytes"}, {"b.gb", "another", ZIP_CM_STORE}});
         const QByteArray bytes = read("a.zip");
         for (qsizetype length = 0; length < bytes.size(); ++length) {
@@ -46,7 +46,7 @@ private slots:
         extract(write("a.zip", bytes));
         QCOMPARE(targetTree().size(), 2);
     }
-    void with_any_byte_changed_nothing_but_whole_files_comes_out() {
+    void with_any_byte_changed_only_whole_files_come_out() {
         const QByteArray game("a game of a few bytes, and of a few more bytes");
         makeArchive("a.zip", {{"a.gb", game}, {"b.gb", "another", ZIP_CM_STORE}});
         const QByteArray bytes = read("a.zip");
@@ -59,7 +59,7 @@ private slots:
                 FolderTree tree = treeWithoutArchive();
                 for (const QByteArray& path : tree.keys()) {
                     if (before.contains(path)) continue;
-                    // A name may be another one, a content may not.
+                    // A name may differ, a content may not.
                     const bool isWhole = tree[path] == fileWith(game) || tree[path] == fileWith("another");
                     QVERIFY2(isWhole && path.startsWith("target/"), path);
                     QVERIFY(unlink(folder->native(path).constData()) == 0);
@@ -69,13 +69,13 @@ private slots:
             }
         }
     }
-    void what_is_no_regular_file_is_left_alone_data() {
+    void anything_but_a_regular_file_is_left_alone_data() {
         QTest::addColumn<QString>("name");
         for (const char* name : {"missing.zip", "other", "pipe.zip", "linktopipe.zip", ""}) {
             QTest::newRow(name) << name;
         }
     }
-    void what_is_no_regular_file_is_left_alone() {
+    void anything_but_a_regular_file_is_left_alone() {
         QFETCH(QString, name);
         QCOMPARE(mkfifo(folder->native("pipe.zip").constData(), 0644), 0);
         softLink("pipe.zip", "linktopipe.zip");
@@ -83,7 +83,7 @@ private slots:
         extract(name.isEmpty() ? name : folder->path(name));
         QCOMPARE(wholeTree(), before);
     }
-    void an_archive_that_may_not_be_read_is_left_alone() {
+    void an_unreadable_archive_is_left_alone() {
         const QString archive = makeArchive("a.zip", {{"a.gb", "a"}});
         setMode("a.zip", 0);
         setMode("target", 0777);
@@ -116,11 +116,11 @@ private slots:
         extractWhile(archive, [&] { std::filesystem::rename(other.toStdString(), archive.toStdString()); });
         QCOMPARE(targetTree(), files({{"a.gb", large}, {"b.gb", "the second"}}));
     }
-    void a_full_disk_lets_out_what_fits_and_leaves_no_half_file_data() {
+    void on_a_full_disk_what_fits_comes_out_and_no_half_file_is_left_data() {
         QTest::addColumn<int>("room");
         for (const int room : {0, 1, 99, 100, 999, 1000}) QTest::addRow("%d bytes", room) << room;
     }
-    void a_full_disk_lets_out_what_fits_and_leaves_no_half_file() {
+    void on_a_full_disk_what_fits_comes_out_and_no_half_file_is_left() {
         QFETCH(int, room);
         const QByteArray game(1000, 'g');
         const QByteArray other(100, 'o');
@@ -134,7 +134,7 @@ private slots:
         if (room >= 1000) expected["a.gb"] = fileWith(game);
         QCOMPARE(targetTree(), expected);
     }
-    void a_disk_that_is_full_in_the_midst_of_a_large_entry_leaves_no_half_file() {
+    void a_disk_that_fills_up_during_a_large_entry_leaves_no_half_file() {
         const QString archive = slowArchive();
         {
             const FullDisk full(10 << 20);
@@ -144,12 +144,12 @@ private slots:
     }
     void without_handles_nothing_is_unpacked() {
         const QString archive = makeArchive("a.zip", {{"a.gb", "a"}});
-        rlimit former{};
-        getrlimit(RLIMIT_NOFILE, &former);
-        const rlimit none{0, former.rlim_max};
+        rlimit previous{};
+        getrlimit(RLIMIT_NOFILE, &previous);
+        const rlimit none{0, previous.rlim_max};
         setrlimit(RLIMIT_NOFILE, &none);
         extract(archive);
-        setrlimit(RLIMIT_NOFILE, &former);
+        setrlimit(RLIMIT_NOFILE, &previous);
         QCOMPARE(targetTree(), FolderTree());
     }
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Unpacking into a folder that holds things already: files of the names are replaced, links and what is no
-// file are left alone, and so is everything else.
+// Unpacking into a folder that is not empty: files of the same names are replaced; links, anything else that
+// is not a file, and all other content are left alone.
 #include "support/OtherProgram.h"
 #include "support/TestMain.h"
 #include "support/UnZipFixture.h"
@@ -16,7 +16,7 @@ private slots:
     void initTestCase() { umask(022); }
     void init() { renewTarget(); }
 
-    void foreign_files_stay_and_files_of_the_names_are_replaced() {
+    void other_files_stay_and_files_of_the_same_names_are_replaced() {
         write("target/foreign.gb", "foreign");
         write("target/.hidden", "foreign");
         write("target/sub/a.gb", "foreign");
@@ -31,7 +31,7 @@ private slots:
         expected["sub"] = "folder 755";
         QCOMPARE(targetTree(), expected);
     }
-    void what_an_entry_would_replace_stays_if_the_entry_is_damaged() {
+    void a_damaged_entry_replaces_nothing() {
         write("target/a.gb", "former");
         makeArchive("a.zip", {{"a.gb", "newer!", ZIP_CM_STORE}});
         QByteArray bytes = read("a.zip");
@@ -46,7 +46,7 @@ private slots:
         QCOMPARE(read("kept.gb"), QByteArray("former"));
         QCOMPARE(read("target/a.gb"), QByteArray("new"));
     }
-    void what_is_no_file_stays_and_is_not_followed() {
+    void anything_but_a_file_stays_and_is_not_followed() {
         softLink("../out.gb", "target/link.gb");
         softLink("../made.gb", "target/dangling.gb");
         softLink("../other", "target/folderlink.gb");
@@ -73,7 +73,7 @@ private slots:
         expected["target/in.gb"] = expected["target/new.gb"] = fileWith("new");
         QCOMPARE(wholeTree(), expected);
     }
-    void a_folder_that_is_renamed_meanwhile_is_still_the_one() {
+    void a_folder_that_is_renamed_meanwhile_is_still_filled() {
         UnZip control = unzip(makeArchive("a.zip", {{"a.gb", QByteArray(48 << 20, 'a')}, {"b.gb", "b"}}));
         bool isFirst = true;
         control.goesOn = [&] {
@@ -100,12 +100,12 @@ private slots:
         QVERIFY(!isFirst);
         QVERIFY(!QFile::exists(at("target")));
     }
-    void without_a_folder_nothing_is_made_data() {
+    void without_a_folder_nothing_is_created_data() {
         QTest::addColumn<QString>("name");
         for (const char* name : {"missing\\", "out.gb\\", "missing\\sub\\"}) QTest::newRow(name) << name;
         QTest::newRow("none") << QString();
     }
-    void without_a_folder_nothing_is_made() {
+    void without_a_folder_nothing_is_created() {
         QFETCH(QString, name);
         UnZip control = unzip(makeArchive("a.zip", {{"a.gb", "new"}}));
         control.setFolder(name.isEmpty() ? name : folder->path(name));
@@ -113,14 +113,14 @@ private slots:
         control.extract(QStringLiteral("*.*"));
         QCOMPARE(wholeTree(), before);
     }
-    void a_folder_that_cannot_be_written_stays_as_it_is() {
+    void a_read_only_folder_stays_as_it_is() {
         const QString archive = makeArchive("a.zip", {{"a.gb", "new"}});
         setMode("target", 0555);
         const OrdinaryUser user;
         extract(archive);
         QCOMPARE(targetTree(), FolderTree());
     }
-    void what_a_killed_run_has_left_goes_and_what_one_at_work_has_stays() {
+    void leftovers_of_a_killed_run_are_removed_and_files_of_a_living_one_stay() {
         write("target/.torvane-aaaaaa", "left");
         write("target/.torvane-bbbbbb", "at work");
         const OtherProgram other(
@@ -135,7 +135,7 @@ private slots:
         const QString archive = makeArchive("a.zip", entries);
         for (const useconds_t milliseconds : {2, 5, 10, 20, 40}) {
             inOtherProgram([&] {
-                ualarm(milliseconds * 1000, 0); // nobody hears it, so that it kills
+                ualarm(milliseconds * 1000, 0); // not handled, so it kills
                 extract(archive);
             });
             const FolderTree tree = targetTree();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Unpacking sound archives: every file comes out whole, under its name, with ordinary rights.
+// Unpacking intact archives: every file comes out complete, under its name, with ordinary permissions.
 #include "support/TestMain.h"
 #include "support/UnZipFixture.h"
 
@@ -8,7 +8,7 @@ using namespace torvane;
 class UnZipTest : public UnZipFixture {
     Q_OBJECT
 
-    // What this process has worked: a busy machine may hold it up for much longer.
+    // Processor time of this process: on a busy machine real time may be much longer.
     static double milliseconds() {
         timespec time{};
         clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
@@ -31,7 +31,7 @@ private slots:
             targetTree(),
             files({{"stored.gb", large}, {"deflated.gb", large}, {"bzip2.gb", large}, {"empty.gb", ""}}));
     }
-    void a_pattern_chooses_by_name_without_regard_to_case_data() {
+    void a_pattern_selects_by_name_without_regard_to_case_data() {
         QTest::addColumn<QString>("pattern");
         QTest::addColumn<QList<QByteArray>>("names");
         QTest::newRow("all") << "*.*" << QList<QByteArray>{"a.GB", "b.gba", "readme"};
@@ -40,19 +40,19 @@ private slots:
         QTest::newRow("two endings") << "*.gb;*.gba" << QList<QByteArray>{"a.GB", "b.gba"};
         QTest::newRow("no match") << "*.txt" << QList<QByteArray>{};
     }
-    void a_pattern_chooses_by_name_without_regard_to_case() {
+    void a_pattern_selects_by_name_without_regard_to_case() {
         QFETCH(QString, pattern);
         QFETCH(QList<QByteArray>, names);
         unzip(makeArchive("a.zip", {{"a.GB", "x"}, {"b.gba", "x"}, {"readme", "x"}})).extract(pattern);
         QCOMPARE(targetTree().keys(), names);
     }
-    void the_rights_are_those_of_any_new_file() {
+    void the_permissions_are_those_of_any_new_file() {
         umask(027);
         extract(makeArchive("a.zip", {{"a.gb", "x"}}));
         umask(022);
         QCOMPARE(modeOf("target/a.gb"), 0640U);
     }
-    void one_control_unpacks_one_archive_after_the_other() {
+    void one_control_unpacks_several_archives_in_turn() {
         UnZip control = unzip(makeArchive("a.zip", {{"a.gb", "one"}}));
         control.extract(QStringLiteral("*.*"));
         folder->makeFolder(QStringLiteral("second"));
@@ -71,7 +71,7 @@ private slots:
         control.extract(QStringLiteral("*.*"));
         QCOMPARE(targetTree(), files({{"a.gb", "one"}}));
     }
-    void names_that_are_no_text_come_out_of_an_archive_whose_own_name_is_none() {
+    void names_that_are_not_text_come_out_even_if_the_archive_s_name_is_not() {
         makeArchive("a.zip", {{"a.gb", "one"}});
         const QString archive = folder->writeNative("\xFF\\.zip", read("a.zip"));
         const QString bare = QStringLiteral("t") + QChar(0xDCFF);
@@ -83,13 +83,13 @@ private slots:
         QCOMPARE(bytesOfFile(folder->native("t\xFF/a.gb").toStdString()), QByteArray("one"));
     }
 
-    void the_question_comes_every_few_milliseconds_within_one_entry_data() {
+    void the_question_is_asked_every_few_milliseconds_within_one_entry_data() {
         QTest::addColumn<int>("method");
         QTest::newRow("stored") << ZIP_CM_STORE;
         QTest::newRow("deflated") << ZIP_CM_DEFLATE;
         QTest::newRow("bzip2, of which a few bytes are the whole entry") << ZIP_CM_BZIP2;
     }
-    void the_question_comes_every_few_milliseconds_within_one_entry() {
+    void the_question_is_asked_every_few_milliseconds_within_one_entry() {
         QFETCH(int, method);
         const QString archive = makeArchive("a.zip", {{"a.gb", QByteArray(48 << 20, 'a'), method}});
         UnZip control = unzip(archive);
@@ -107,11 +107,11 @@ private slots:
         QVERIFY2(longest < 100, qPrintable(QString::number(longest)));
         QCOMPARE(infoOf("target/a.gb").st_size, 48 << 20);
     }
-    void after_a_no_nothing_is_left_of_the_entry_and_nothing_is_asked_again_data() {
+    void after_a_no_the_entry_is_removed_and_nothing_is_asked_again_data() {
         QTest::addColumn<int>("no");
         for (const int no : {1, 2, 3}) QTest::addRow("at question %d", no) << no;
     }
-    void after_a_no_nothing_is_left_of_the_entry_and_nothing_is_asked_again() {
+    void after_a_no_the_entry_is_removed_and_nothing_is_asked_again() {
         QFETCH(int, no);
         UnZip control = unzip(makeArchive("a.zip", {{"a.gb", QByteArray(60 << 20, 'a')}, {"b.gb", "b"}}));
         int questions = 0;
@@ -141,7 +141,7 @@ private slots:
         if (!atTheNo.isEmpty() && atTheNo.firstKey().startsWith('.')) atTheNo.erase(atTheNo.begin());
         QCOMPARE(targetTree(), atTheNo);
     }
-    void the_first_question_comes_while_a_long_directory_is_read() {
+    void the_first_question_is_asked_while_a_long_directory_is_read() {
         QList<ArchiveEntry> entries;
         for (int i = 0; i < 60'000; ++i)
             entries.append(ArchiveEntry{"g" + QByteArray::number(i), "", ZIP_CM_STORE});
@@ -152,7 +152,7 @@ private slots:
         QVERIFY2(milliseconds() - start < 100, qPrintable(QString::number(milliseconds() - start)));
         QCOMPARE(targetTree(), FolderTree());
     }
-    void the_control_may_go_while_the_question_is_answered() {
+    void the_control_may_be_destroyed_while_the_question_is_answered() {
         auto control =
             std::make_unique<UnZip>(unzip(makeArchive("a.zip", {{"a.gb", QByteArray(60 << 20, 'a')}})));
         control->goesOn = [&control] {
@@ -163,7 +163,7 @@ private slots:
         QVERIFY(!control);
         QCOMPARE(targetTree(), FolderTree());
     }
-    void work_within_the_question_disturbs_nothing() {
+    void unpacking_again_within_the_question_disturbs_nothing() {
         UnZip control = unzip(makeArchive("a.zip", {{"a.gb", QByteArray(40 << 20, 'a')}}));
         const QString other = makeArchive("b.zip", {{"b.gb", "b"}});
         bool isFirst = true;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which entries count as lying at the top of an archive, and the reason that is given if no game comes out.
-// Hostile names in folders, and one archive for each rule, are among those of UnZipCorpusTest.
+// Which entries of an archive count as top-level, and the reason given if no game comes out. UnZipCorpusTest
+// covers hostile names in folders and has one archive for each rule.
 #include "support/TestMain.h"
 #include "support/UnZipFixture.h"
 
@@ -18,7 +18,7 @@ private slots:
     void init() { renewTarget(); }
 
     // The one folder
-    void games_of_the_one_folder_come_out_beside_the_other_files_of_the_top() {
+    void games_of_the_one_folder_come_out_beside_the_other_top_level_files() {
         extract(makeArchive("a.zip", {{"Games/", ""},
                                       {"Games/a.gb", "a"},
                                       {"Games/b.gba", "b"},
@@ -26,30 +26,30 @@ private slots:
                                       {"readme", "r"}}));
         QCOMPARE(targetTree(), files({{"a.gb", "a"}, {"b.gba", "b"}, {"readme", "r"}}));
     }
-    void a_game_at_the_top_keeps_the_folder_out_wherever_it_stands_data() {
+    void a_game_at_the_top_excludes_the_folder_wherever_it_is_listed_data() {
         QTest::addColumn<bool>("isLast");
         QTest::newRow("first entry") << false;
         QTest::newRow("last entry") << true;
     }
-    void a_game_at_the_top_keeps_the_folder_out_wherever_it_stands() {
+    void a_game_at_the_top_excludes_the_folder_wherever_it_is_listed() {
         QFETCH(bool, isLast);
         QList<ArchiveEntry> entries{{"Games/a.gb", "a"}};
         entries.insert(isLast ? 1 : 0, ArchiveEntry{"b.gb", "b"});
         extract(makeArchive("a.zip", entries));
         QCOMPARE(targetTree(), files({{"b.gb", "b"}}));
     }
-    void a_pattern_holds_in_the_folder_too() {
+    void a_pattern_applies_in_the_folder_too() {
         unzip(makeArchive("a.zip", {{"Games/a.gb", "a"}, {"Games/b.gba", "b"}}))
             .extract(QStringLiteral("*.gba"));
         QCOMPARE(targetTree(), files({{"b.gba", "b"}}));
     }
-    void without_a_wish_every_file_is_wanted() {
+    void by_default_every_file_is_wanted() {
         UnZip control = unzip(makeArchive("a.zip", {{"docs/readme", "r"}, {"docs/a.txt", "a"}}));
         control.isWanted = nullptr;
         QCOMPARE(control.extract(QStringLiteral("*.*")), Reason::none);
         QCOMPARE(targetTree(), files({{"readme", "r"}, {"a.txt", "a"}}));
     }
-    void limits_hold_in_the_folder_too() {
+    void limits_apply_in_the_folder_too() {
         const UnZip::Limits limits{.bytesPerEntry = 4, .bytesInAll = 9};
         extract(makeArchive("a.zip", {{"Games/large.gb", "12345"},
                                       {"Games/a.gb", "1234"},
@@ -96,19 +96,19 @@ private slots:
         QFETCH(QString, name);
         QCOMPARE(extract(folder->path(name)), Reason::damaged);
     }
-    void an_entry_beyond_a_limit_has_no_room_data() {
+    void an_entry_beyond_a_limit_gives_no_room_data() {
         QTest::addColumn<qint64>("perEntry");
         QTest::addColumn<qint64>("inAll");
         QTest::newRow("too large") << qint64{3} << qint64{100};
         QTest::newRow("too much in all") << qint64{100} << qint64{3};
     }
-    void an_entry_beyond_a_limit_has_no_room() {
+    void an_entry_beyond_a_limit_gives_no_room() {
         QFETCH(qint64, perEntry);
         QFETCH(qint64, inAll);
         const QString archive = makeArchive("a.zip", {{"a.gb", "game"}});
         QCOMPARE(extract(archive, {.bytesPerEntry = perEntry, .bytesInAll = inAll}), Reason::noRoom);
     }
-    void a_full_disk_has_no_room() {
+    void a_full_disk_gives_no_room() {
         const QString archive = makeArchive("a.zip", {{"a.gb", QByteArray(1000, 'g')}});
         auto reason = Reason::none;
         {
@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(reason, Reason::noRoom);
         QCOMPARE(extract(archive, {.bytesLeftFree = qint64{1} << 60}), Reason::noRoom);
     }
-    void a_folder_that_does_not_take_the_game_has_no_room() {
+    void a_folder_that_can_not_be_written_gives_no_room() {
         UnZip control = unzip(makeArchive("a.zip", {{"a.gb", "game"}}));
         folder->makeFolder(QStringLiteral("target/a.gb"));
         QCOMPARE(control.extract(QStringLiteral("*.*")), Reason::noRoom);
@@ -131,7 +131,7 @@ private slots:
                                     Reason::damaged};
         QVERIFY(std::is_sorted(inOrder.begin(), inOrder.end()));
     }
-    void an_encrypted_text_beside_games_in_folders_is_the_reason() {
+    void an_encrypted_text_beside_games_in_folders_gives_encrypted() {
         // Listed, the text would have ended the wait.
         makeArchive("a.zip", {{"one/a.gb", "a"}, {"two/b.gb", "b"}, {"readme", "secret", ZIP_CM_STORE}});
         QByteArray bytes = read("a.zip");
