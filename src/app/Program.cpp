@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Puts the modules and the windows together.
 #include "Program.h"
+#include "core/FailureTexts.h"
 
 namespace torvane {
 
@@ -9,9 +10,13 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
       funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, shelf),
       shell(runtime.processes), id3(globals, language, runtime.messages),
       desk(*this), services{runtime, desk, shelf, globals, language, hosts, funciones, emulators, shell, id3},
-      windows(services, [this](Window window) { desk.unloaded(window); }) {}
+      windows(services, [this](Window window) { desk.unloaded(window); }) {
+    runtime.failureText = [this](const RuntimeFailure& failure) {
+        return FailureTexts(language).of(failure);
+    };
+}
 
-Program::~Program() = default;
+Program::~Program() { runtime.failureText = {}; }
 
 void Program::start() {
     runtime.guarded([this] {

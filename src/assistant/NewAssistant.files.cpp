@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the assistant does to files: copies one or those of a folder, deletes the originals.
 #include "NewAssistant.h"
+#include "core/FailureTexts.h"
 #include "platform/base/Paths.h"
 
 #include <algorithm>
@@ -136,19 +137,18 @@ void NewAssistant::showKept(const std::vector<KeptSource>& kept) {
     constexpr size_t mostLines = 15;
     QStringList lines{text("kept", QStringLiteral("These originals are still there:"))};
     for (size_t i = 0; i < std::min(kept.size(), mostLines); ++i) {
-        lines.append(Paths::bareName(kept[i].path) + QStringLiteral(": ") + reasonOf(kept[i]));
+        lines.append(lineOf(kept[i]));
     }
     if (kept.size() > mostLines) lines.append(QStringLiteral("... +%1").arg(kept.size() - mostLines));
     m.runtime.messages.MsgBox(lines.join(QStringLiteral("\r\n")), MsgBoxFlags::exclamation);
 }
 
-QString NewAssistant::reasonOf(const KeptSource& kept) const {
-    switch (kept.reason) {
-    case KeptSource::isInLibrary: return text("keptsame", QStringLiteral("it is the library's own file"));
-    case KeptSource::hasChanged: return text("keptchanged", QStringLiteral("it has changed since the copy"));
-    case KeptSource::failed: break;
-    }
-    return RuntimeFailure(kept.failure).text();
+QString NewAssistant::lineOf(const KeptSource& kept) const {
+    if (kept.failure) return FailureTexts(m.language).of(*kept.failure);
+    const QString reason = kept.reason == KeptSource::isInLibrary
+                               ? text("keptsame", QStringLiteral("it is the library's own file"))
+                               : text("keptchanged", QStringLiteral("it has changed since the copy"));
+    return Paths::bareName(kept.path) + QStringLiteral(": ") + reason;
 }
 
 void NewAssistant::ChameleonButton6_Click() {

@@ -61,7 +61,7 @@ private:
     void copyFolder(const QString& folder);
     void finishPages();
     void showKept(const std::vector<KeptSource>& kept);
-    QString reasonOf(const KeptSource& kept) const;
+    QString lineOf(const KeptSource& kept) const;
     QString pageText(const char* first, const char* second, const char* third) const;
 
     const Services& m;

@@ -58,7 +58,7 @@ Deletion AddNewROM::deleteSources() {
             File::remove(path);
             ++deletion.gone;
         } catch (const RuntimeFailure& failure) {
-            deletion.kept.push_back({path, KeptSource::failed, failure.number()});
+            deletion.kept.push_back({path, KeptSource::failed, failure});
         }
     }
     return deletion;

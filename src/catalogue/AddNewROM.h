@@ -8,6 +8,7 @@
 #include "platform/base/RuntimeFailure.h"
 
 #include <QStringList>
+#include <optional>
 
 namespace torvane {
 
@@ -28,7 +29,7 @@ struct KeptSource {
 
     QString path; ///< as Paths::spelled gives it
     Reason reason = failed;
-    RuntimeFailure::Number failure = RuntimeFailure::none; ///< why the deletion was refused
+    std::optional<RuntimeFailure> failure = {}; ///< of a refused deletion; names the file
 };
 
 /// What became of the originals.

@@ -279,7 +279,7 @@ private slots:
             QCOMPARE(deletion.kept.size(), size_t{1});
             QCOMPARE(deletion.kept[0].path, original);
             QCOMPARE(deletion.kept[0].reason, KeptSource::failed);
-            QCOMPARE(deletion.kept[0].failure, RuntimeFailure::permissionDenied);
+            QCOMPARE(deletion.kept[0].failure.value().number(), RuntimeFailure::permissionDenied);
             QCOMPARE(failureOf([&] { adding->deleteSource(original); }), 70);
         }
         folder->setMode(u"from"_s, 0755);

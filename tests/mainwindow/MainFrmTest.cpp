@@ -14,11 +14,10 @@ class MainFrmTest : public QObject {
     std::unique_ptr<OpenedProgram> opened;
     MainFrm& window() const { return opened->main(); }
     FakeMessages& messages() const { return opened->world.messages; }
-    void expectToldAndGoingOn(const char* number) {
+    void expectReportedAndGoingOn(const char* number) {
         QCOMPARE(messages().boxes.size(), 1);
-        QVERIFY2(
-            messages().last().startsWith(QStringLiteral("Run-time error '%1'").arg(QLatin1String(number))),
-            qPrintable(messages().last()));
+        QVERIFY2(messages().last().endsWith(QStringLiteral(" (%1)").arg(QLatin1String(number))),
+                 qPrintable(messages().last()));
         QCOMPARE(messages().boxes.last().flags, 16);
         QCOMPARE(opened->world.ends, 0);
         QVERIFY(window().isVisible());
@@ -192,7 +191,7 @@ private slots:
         opened->open();
         QVERIFY(QFile::remove(path));
         opened->chooseRow(1);
-        expectToldAndGoingOn("53");
+        expectReportedAndGoingOn("53");
         opened->chooseRow(0);
         QVERIFY(isSeen(window().ID3_Menu));
         QCOMPARE(messages().boxes.size(), 1);
@@ -204,7 +203,7 @@ private slots:
         opened->open();
         const OrdinaryUser user;
         opened->chooseRow(1);
-        expectToldAndGoingOn("70");
+        expectReportedAndGoingOn("70");
     }
     void a_vanished_or_unreadable_game_appears_untagged() {
         opened->game(QStringLiteral("a.gb"));

@@ -91,9 +91,9 @@ void copy(const QString& sourcePath, const QString& targetPath) {
     });
 }
 
-bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesBehind,
+bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesAt,
             const std::function<bool(const Handle&)>& isWanted) {
-    return aboutFile(path, [&] { return appendTo(Paths::real(path), bytesBehind, isWanted); });
+    return aboutFile(path, [&] { return appendTo(Paths::real(path), bytesAt, isWanted); });
 }
 
 } // namespace torvane::SafeFile
