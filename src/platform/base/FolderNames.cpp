@@ -7,11 +7,11 @@
 
 #include <QtEndian>
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace torvane {
 
@@ -19,22 +19,15 @@ namespace {
 constexpr off_t mostRoom = 16 << 20;
 constexpr size_t usualEntrySize = 32;
 
-// The first bytes of a key as numbers with the same order, so that most comparisons need not read the key.
-using Front = std::array<quint64, 2>;
-
-Front frontOf(QByteArrayView key) {
-    // No name contains a zero byte, so padding with zeros sorts a shorter key first.
-    char bytes[sizeof(Front)] = {};
-    std::memcpy(bytes, key.data(), std::min(sizeof bytes, static_cast<size_t>(key.size())));
-    return {qFromBigEndian<quint64>(bytes), qFromBigEndian<quint64>(bytes + sizeof(quint64))};
-}
+// The first bytes of a key as numbers of the same order: most comparisons end with them.
+using Front = std::pair<quint64, quint64>;
 
 struct Entry {
-    Front front;
-    quint32 start;    // of the name in Reading::bytes
-    quint32 keyStart; // of the key, which is the case-folded name
-    quint32 matches;  // one bit for each pattern that the name matches
-    quint16 length;   // of the name in bytes; the kernel's limit is 255
+    Front front;   // of the key
+    quint32 start; // of the name in the bytes read
+    quint32 keyStart;
+    quint32 matches; // a bit for each pattern that the name matches
+    quint16 length;  // of the name in bytes; the kernel's limit is 255
     quint16 keyLength;
 
     bool matchesPattern(size_t number) const { return (matches >> number & 1) != 0; }
@@ -50,27 +43,31 @@ bool isFile(int folder, const dirent& entry) {
 bool isAscii(char c) { return static_cast<uchar>(c) < 0x80; }
 char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// Appends the name in lower case. Most names are ASCII and need no conversion to text.
-void appendFolded(std::string& bytes, QByteArrayView name) {
-    if (std::all_of(name.begin(), name.end(), isAscii)) {
-        std::transform(name.begin(), name.end(), std::back_inserter(bytes), lowered);
-    } else {
-        bytes += NativeText::toNative(NativeText::folded(NativeText::fromNative(name))).toStdString();
-    }
+Front frontOf(QByteArrayView key) {
+    // No name holds a zero byte: a shorter key comes first.
+    char bytes[sizeof(Front)] = {};
+    const qsizetype length = std::min<qsizetype>(sizeof bytes, key.size());
+    std::transform(key.begin(), key.begin() + length, bytes, lowered);
+    return {qFromBigEndian<quint64>(bytes), qFromBigEndian<quint64>(bytes + sizeof(quint64))};
 }
 
 struct Reading {
     std::string bytes;
     std::vector<Entry> entries;
 
+    // The key, which decides the place, is the name without regard to case. That of an ASCII name is the name
+    // itself, since comparing disregards the case of A to Z; others have a key of their own.
     void add(QByteArrayView name, quint32 matches) {
-        const auto start = static_cast<quint32>(bytes.size());
+        Entry entry{{}, static_cast<quint32>(bytes.size()), 0, matches, static_cast<quint16>(name.size()), 0};
         bytes.append(name.data(), static_cast<size_t>(name.size()));
-        const auto keyStart = static_cast<quint32>(bytes.size());
-        appendFolded(bytes, name);
-        const QByteArrayView folded = QByteArrayView(bytes).sliced(keyStart);
-        entries.push_back({frontOf(folded), start, keyStart, matches, static_cast<quint16>(name.size()),
-                           static_cast<quint16>(folded.size())});
+        entry.keyStart = entry.start;
+        if (!std::all_of(name.begin(), name.end(), isAscii)) {
+            entry.keyStart = static_cast<quint32>(bytes.size());
+            bytes += NativeText::toNative(NativeText::folded(NativeText::fromNative(name))).toStdString();
+        }
+        entry.keyLength = static_cast<quint16>(bytes.size() - entry.keyStart);
+        entry.front = frontOf(key(entry));
+        entries.push_back(entry);
     }
 
     // On most file systems the size of a folder predicts how much there is to read. Unused space costs
@@ -79,17 +76,21 @@ struct Reading {
         struct stat info {};
         if (fstat(folder, &info) != 0) return;
         const auto size = static_cast<size_t>(std::clamp<off_t>(info.st_size, 0, mostRoom));
-        bytes.reserve(2 * size);
+        bytes.reserve(size);
         entries.reserve(size / usualEntrySize);
     }
 
     QByteArrayView name(const Entry& e) const { return {bytes.data() + e.start, e.length}; }
     QByteArrayView key(const Entry& e) const { return {bytes.data() + e.keyStart, e.keyLength}; }
+    // What the front leaves of a key.
+    QByteArrayView keyEnd(const Entry& e) const {
+        return key(e).sliced(std::min<qsizetype>(sizeof(Front), e.keyLength));
+    }
 
     void sort() {
         std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
             if (a.front != b.front) return a.front < b.front;
-            const int order = key(a).compare(key(b));
+            const int order = keyEnd(a).compare(keyEnd(b), Qt::CaseInsensitive);
             return order != 0 ? order < 0 : name(a).compare(name(b)) < 0;
         });
     }
@@ -134,7 +135,7 @@ std::vector<std::shared_ptr<const FolderNames>> FolderNames::read(const QString&
             continue;
         }
         auto table = std::make_shared<FolderNames>();
-        table->m_text.reserve(reading.bytes.size() / 2); // the keys take the other half
+        table->m_text.reserve(reading.bytes.size());
         for (const Entry& entry : reading.entries) {
             if (entry.matchesPattern(own)) table->append(reading.name(entry));
         }
