@@ -4,7 +4,7 @@
 set(TORVANE_FOLDER ${CMAKE_BINARY_DIR}/torvane)
 add_custom_target(torvane_folder ALL
   COMMAND ${CMAKE_SOURCE_DIR}/packaging/lay-out ${TORVANE_FOLDER}
-          ${CMAKE_SOURCE_DIR}/tree ${CMAKE_BINARY_DIR}/art/tree ${CMAKE_BINARY_DIR}/demo/tree
+          ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${CMAKE_BINARY_DIR}/demo/tree
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:torvane> ${TORVANE_FOLDER}/torvane
   DEPENDS torvane torvane_art_files torvane_demo
   COMMENT "Laying out the program's folder"

@@ -34,17 +34,20 @@ stop_display() {
     return 0
 }
 
-# wait_until SECONDS COMMAND...: tries ten times a second. The words are read by the shell again, so that
+# wait_until SECONDS COMMAND...: tries twenty times a second. The words are read by the shell again, so that
 # pipes can be given in quotes.
 wait_until() {
-    local rounds=$(($1 * 10))
+    local end=$((${EPOCHREALTIME//[!0-9]/} + $1 * 1000000))
     shift
     while ! eval "$*" >/dev/null 2>&1; do
-        rounds=$((rounds - 1))
-        [ "$rounds" -le 0 ] && return 1
-        sleep 0.1
+        [ "${EPOCHREALTIME//[!0-9]/}" -lt "$end" ] || return 1
+        sleep 0.05
     done
 }
+
+# linger SECONDS: time for a person to watch, if there is one (see is_watched).
+is_watched=
+linger() { [ -z "$is_watched" ] || sleep "$1"; }
 
 # start_program FOLDER CONFIG_FOLDER: the program of a laid-out folder with settings of its own.
 start_program() {
@@ -54,25 +57,89 @@ start_program() {
 
 program_runs() { kill -0 "$program_pid" 2>/dev/null; }
 
+# is_asleep PROCESS: all its threads wait for something to happen.
+is_asleep() {
+    local file words
+    for file in "/proc/$1"/task/*/stat; do
+        read -r words 2>/dev/null <"$file" || continue
+        words=${words##*) }
+        [ "${words%% *}" = S ] || return 1
+    done
+}
+
+# Waits until the program has done all that there was to do: neither it nor the display have anything left, in
+# three looks. Timers that tick on do no harm; 5 seconds at most.
+settle() {
+    local calm=0 end=$((${EPOCHREALTIME//[!0-9]/} + 5000000))
+    while [ $calm -lt 3 ] && [ "${EPOCHREALTIME//[!0-9]/}" -lt "$end" ]; do
+        if is_asleep "$desk_xvfb" && is_asleep "$program_pid"; then calm=$((calm + 1)); else calm=0; fi
+        sleep 0.01
+    done
+}
+
 # The size of a window of the catalogue, as "width height" in dots.
 size_of() { awk -F'\t' -v w="$1" -v s="$desk_scale" '$1 == w { print $3 * s, $4 * s }' "$catalogue/windows.tsv"; }
 
-# The number of the program's visible window of that name; the windows all differ in size.
+# The program's visible window of that name as "id left top width height"; the windows all differ in size.
+window_place() {
+    xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
+        awk -F= -v size="$(size_of "$1")" '
+            { value[$1] = $2 }
+            $1 == "HEIGHT" && value["WIDTH"] " " $2 == size {
+                print value["WINDOW"], value["X"], value["Y"], size
+                found = 1
+                exit
+            }
+            END { exit !found }'
+}
 window_id() {
-    local wanted id
-    wanted=$(size_of "$1")
-    for id in $(xdotool search --onlyvisible --class torvane 2>/dev/null); do
-        eval "$(xdotool getwindowgeometry --shell "$id" 2>/dev/null)"
-        [ "${WIDTH:-0} ${HEIGHT:-0}" = "$wanted" ] && { echo "$id"; return 0; }
-    done
-    return 1
+    local place
+    place=$(window_place "$1") && echo "${place%% *}"
 }
 
 # The number of a window by its title.
 titled_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 | grep .; }
 
-wait_window() { wait_until "${2:-10}" "window_id $1"; }
+# wait_window NAME [SECONDS]: until it is there and stays where it is.
+wait_window() {
+    known_place=
+    wait_until "${2:-10}" stays_there "$1" && settle
+}
+stays_there() {
+    local place
+    place=$(window_place "$1") || return 1
+    [ "$place" = "$known_place" ] && return 0
+    known_place=$place
+    return 1
+}
 wait_no_window() { wait_until "${2:-10}" "! window_id $1"; }
+# Keys go to the active window.
+wait_active() { wait_until 10 "[ \"\$(xdotool getactivewindow)\" = \"\$(window_id $1)\" ]" && settle; }
+
+# A message box or a file dialog: the active window is the program's and none of the catalogue.
+has_box() {
+    local WINDOW X Y WIDTH HEIGHT SCREEN
+    eval "$(xdotool getactivewindow getwindowgeometry --shell)"
+    [ "$(xdotool getwindowpid "$WINDOW")" = "$program_pid" ] &&
+        ! awk -F'\t' -v s="$desk_scale" '{ print $3 * s, $4 * s }' "$catalogue/windows.tsv" | grep -qx "$WIDTH $HEIGHT"
+}
+wait_box() { wait_until 10 has_box && settle; }
+wait_no_box() { wait_until 10 '! has_box' && settle; }
+# answer_box KEY...: presses keys in the box that is there, or is about to come.
+answer_box() { wait_box && xdotool key "$@" && wait_no_box; }
+
+# read_on WINDOW: where somebody watches, until its texts are typed: nothing in it changes for half a second.
+read_on() {
+    [ -n "$is_watched" ] || return 0
+    local id last='' now calm=0 end=$((${EPOCHREALTIME//[!0-9]/} + 20000000))
+    while [ $calm -lt 5 ] && [ "${EPOCHREALTIME//[!0-9]/}" -lt "$end" ] && id=$(window_id "$1"); do
+        now=$(maim -u -f bmp -i "$id" 2>/dev/null | cksum)
+        if [ "$now" = "$last" ]; then calm=$((calm + 1)); else calm=0; fi
+        last=$now
+        sleep 0.1
+    done
+    return 0
+}
 
 # The panel that a control of the main window lies in; nothing for those on the window itself.
 panel_of() {
@@ -99,17 +166,22 @@ rect_of() {
 
 # point WINDOW CONTROL [DX DY]: moves the pointer to the middle of a control, or to a place from its corner.
 point() {
-    local id left top width height
-    id=$(window_id "$1") || { echo "no window $1" >&2; return 1; }
+    local id x y left top width height
+    read -r id x y _ < <(window_place "$1") || { echo "no window $1" >&2; return 1; }
     read -r left top width height < <(rect_of "$1" "$2")
-    eval "$(xdotool getwindowgeometry --shell "$id")"
-    xdotool mousemove $((X + (left + ${3:-$((width / 2))}) * desk_scale)) \
-        $((Y + (top + ${4:-$((height / 2))}) * desk_scale))
-    sleep 0.15
+    pointed_at="$((x + (left + ${3:-$((width / 2))}) * desk_scale)) $((y + (top + ${4:-$((height / 2))}) * desk_scale))"
+    xdotool mousemove $pointed_at && settle
 }
 
-click() { point "$@" && xdotool click 1 && sleep 0.25; }
-double_click() { point "$@" && xdotool click --repeat 2 --delay 60 1; }
+# Two clicks on one place are two clicks only if time passes between them.
+no_double_click() {
+    while [ "$pointed_at" = "${clicked_at:-}" ] && [ "${EPOCHREALTIME//[!0-9]/}" -lt "$clicked_until" ]; do sleep 0.05; done
+    clicked_at=$pointed_at
+    clicked_until=$((${EPOCHREALTIME//[!0-9]/} + 500000))
+}
+
+click() { point "$@" && no_double_click && xdotool click 1 && settle; }
+double_click() { point "$@" && no_double_click && xdotool click --repeat 2 --delay 60 1 && settle; }
 # A row of the game list, counted from 0, that is in sight.
 click_row() { click MainFrm Picture2 100 $((2 + $1 * 33 + 16)); }
 double_click_row() { double_click MainFrm Picture2 100 $((2 + $1 * 33 + 16)); }
@@ -119,18 +191,39 @@ fill_in() {
     click MainFrm "$1"
     xdotool key ctrl+a
     xdotool type --delay 15 -- "$2"
-    sleep 0.2
+    settle
+}
+
+# In the file dialog that is there, or is about to come.
+choose_file() { # PATH
+    wait_box || return 1
+    xdotool key ctrl+a
+    xdotool type --delay 15 -- "$1"
+    xdotool key Return
+    wait_no_box
 }
 
 # "Iconic", "Normal" or nothing.
 state_of() { xprop -id "$1" WM_STATE 2>/dev/null | sed -n 's/.*window state: //p'; }
 
-shot() { maim -u "$1" 2>/dev/null; }
 
-# shot_of WINDOW FILE [MARGIN]: a window of the catalogue as it stands on the desk, with a margin in dots.
+# The emulator shows something: a picture with nothing on it would be packed to a few bytes.
+game_is_shown() { [ "$(maim -u -i "$(titled_window mGBA)" 2>/dev/null | wc -c)" -gt 2000 ]; }
+# The emulator runs, and the window that started it has made room.
+wait_game() { # WINDOW_ID
+    wait_until 15 'pgrep -P '"$program_pid"' && game_is_shown && [ "$(state_of '"$1"')" = Iconic ]'
+}
+end_game() { xdotool windowactivate --sync "$(titled_window mGBA)" key alt+F4; }
+
+shot() {
+    settle
+    maim -u "$1" 2>/dev/null
+}
+
+# shot_of WINDOW FILE [MARGIN]: a window of the catalogue as it is on the desk, with a margin in dots.
 shot_of() {
-    local id margin=${3:-0}
-    id=$(window_id "$1") || { echo "no window $1" >&2; return 1; }
-    eval "$(xdotool getwindowgeometry --shell "$id")"
-    maim -u -g "$((WIDTH + 2 * margin))x$((HEIGHT + 2 * margin))+$((X - margin))+$((Y - margin))" "$2" 2>/dev/null
+    local id x y width height margin=${3:-0}
+    settle
+    read -r id x y width height < <(window_place "$1") || { echo "no window $1" >&2; return 1; }
+    maim -u -g "$((width + 2 * margin))x$((height + 2 * margin))+$((x - margin))+$((y - margin))" "$2" 2>/dev/null
 }

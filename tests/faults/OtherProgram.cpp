@@ -48,6 +48,7 @@ OtherProgram::OtherProgram(std::string file, std::string away, std::vector<QByte
 
 OtherProgram::~OtherProgram() {
     m_desk->isOver = true;
+    m_desk->work.ring();
     while (waitpid(m_process, nullptr, 0) < 0) {
     }
 }
@@ -62,7 +63,7 @@ bool OtherProgram::waitFor(int count, int milliseconds) const {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     while (m_desk->done < count) {
         if (std::chrono::steady_clock::now() > end) return false;
-        sched_yield();
+        m_desk->progress.waitUntil(end);
     }
     return true;
 }
@@ -73,8 +74,10 @@ void OtherProgram::work() {
         if (next < m_desk->wanted) {
             doErrand(m_desk->errands.at(static_cast<size_t>(next)));
             m_desk->done = next + 1;
+            m_desk->progress.ring();
+        } else {
+            m_desk->work.wait();
         }
-        sched_yield();
     }
 }
 

@@ -3,6 +3,7 @@
 // works out what the file must become.
 #pragma once
 
+#include "Bell.h"
 #include "Shared.h"
 #include "Workshop.h"
 
@@ -45,7 +46,10 @@ public:
     /// Sets the errands.
     void prepare(const std::array<Errand, mostErrands>& errands);
     /// Lets it do the first `count` errands, at once.
-    void let(int count) { m_desk->wanted = count; }
+    void let(int count) {
+        m_desk->wanted = count;
+        m_desk->work.ring();
+    }
     /// Waits until the first `count` errands are done; false if they are not after that many milliseconds.
     bool waitFor(int count, int milliseconds) const;
 
@@ -55,6 +59,8 @@ private:
         std::atomic<int> wanted{0};
         std::atomic<int> done{0};
         std::atomic<bool> isOver{false};
+        Bell work;     ///< rung for the process when there is something new for it
+        Bell progress; ///< rung by it when an errand is done
     };
 
     void work();
