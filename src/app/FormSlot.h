@@ -2,6 +2,7 @@
 // The one instance of a window: created at first use, gone when it unloads itself.
 #pragma once
 
+#include "core/LanguageTables.h"
 #include "core/Services.h"
 #include "core/Window.h"
 #include "platform/forms/Form.h"
@@ -29,6 +30,9 @@ public:
         if (m_window) return m_window.get();
         m_window = std::make_unique<W>(m_context.services);
         QObject::connect(m_window.get(), &Form::unloaded, m_window.get(), [this] { letGo(); });
+        m_window->wordings().follow([this](const QString& section, const QString& key) {
+            return m_context.services.language.LangText(section, key);
+        });
         if constexpr (requires { m_window->Load(); }) m_window->Load();
         return m_window.get();
     }

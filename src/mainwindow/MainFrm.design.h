@@ -33,19 +33,31 @@ struct MainFrmDesign : Form {
     static constexpr std::initializer_list<const char*> consoles = {"console-advance-32.png", "console-gameboy-32.png",
                                                                     "console-color-32.png", "console-archive-32.png"};
 
+    static constexpr Wording compactTip   = tip("compact", "Cambiar a Torvette");
+    static constexpr Wording minimiseTip  = tip("minimise", "Minimizar");
+    static constexpr Wording zipTip       = tip("zip", "Navegador .ZIP");
+    static constexpr Wording refreshTip   = tip("refresh", "Refresh");
+    static constexpr Wording searchTip    = tip("search", "Búsqueda Avanzada");
+    static constexpr Wording databaseTip  = tip("database", "OnLine DataBase");
+    static constexpr Wording galleryTip   = tip("gallery", "Galería de Imágenes");
+    static constexpr Wording aboutTip     = tip("about", "Acerca de...");
+    static constexpr Wording websearchTip = tip("websearch", "Buscar ROMs");
+    static constexpr Wording weblistTip   = tip("weblist", "WebList");
+    static constexpr Wording settingsTip  = tip("settings", "Configuración");
+
     FileList        Games                {*this, "Games", {484,6,94,158}, games};
     Label           Lbl_SS               {*this, "Lbl_SS", {543,1059,178,13}, {"No hay Captura", V8b, black, centred}};
     Label           Label15              {*this, "Label15", {484,308,32,37}, {"", M8, black, flushLeft, false, buttonFace}};
     Label           Label16              {*this, "Label16", {10,480,112,13}, {"ROMs Totals", V8b, white}};
     Label           TotalRom             {*this, "TotalRom", {206,480,37,13}, {"0000", V8, white, flushRight}};
     FileList        File1                {*this, "File1", {480,168,93,32}, allGames};
-    chameleonButton ChameleonButton12    {*this, "ChameleonButton12", {0,0,21,21}, onBand("compact-16.png", "Cambiar a Torvette")};
-    chameleonButton chameleonButton1     {*this, "chameleonButton1", {456,0,22,21}, onBand("close-16.png", "!")};
-    chameleonButton chameleonButton2     {*this, "chameleonButton2", {436,0,21,21}, onBand("minimise-16.png", "Minimizar")};
+    chameleonButton ChameleonButton12    {*this, "ChameleonButton12", {0,0,21,21}, onBand("compact-16.png", compactTip)};
+    chameleonButton chameleonButton1     {*this, "chameleonButton1", {456,0,22,21}, onBand("close-16.png", always("!"))};
+    chameleonButton chameleonButton2     {*this, "chameleonButton2", {436,0,21,21}, onBand("minimise-16.png", minimiseTip)};
     Label           Label1               {*this, "Label1", {26,2,407,17}, {"Torvane 1.1 » Menú Principal", V9b, white}};
-    chameleonButton Zipper               {*this, "Zipper", {52,94,23,23}, tool("archive-16.png", "Navegador .ZIP", false)};
-    chameleonButton Refresh              {*this, "Refresh", {6,94,23,23}, tool("refresh-16.png", "Refresh")};
-    chameleonButton Searcher             {*this, "Searcher", {29,94,23,23}, tool("search-16.png", "Búsqueda Avanzada")};
+    chameleonButton Zipper               {*this, "Zipper", {52,94,23,23}, tool("archive-16.png", zipTip, false)};
+    chameleonButton Refresh              {*this, "Refresh", {6,94,23,23}, tool("refresh-16.png", refreshTip)};
+    chameleonButton Searcher             {*this, "Searcher", {29,94,23,23}, tool("search-16.png", searchTip)};
     chameleonButton ID3_Menu             {*this, "ID3_Menu", {252,94,40,23}, tab("TAG")};
     chameleonButton Edit_Menu            {*this, "Edit_Menu", {292,94,40,23}, tab("EDIT")};
     Label           Label13              {*this, "Label13", {82,98,162,13}, {"» Llista de Jocs", V8b, white}};
@@ -62,12 +74,12 @@ struct MainFrmDesign : Form {
     Label           Lbl_ID3Info          {Picture1_0, "Lbl_ID3Info", {0,128,196,13}, {"Información", V8b, white}};
     Label           GameInfo             {Picture1_0, "GameInfo", {12,142,194.7,120}, {"N/A", V8, white}};
     MoviePlayer     ShockwaveFlash1      {*this, "ShockwaveFlash1", {5,24,468,60}};
-    chameleonButton chameleonButton3     {*this, "chameleonButton3", {252,462,35,36}, door("database-24.png", "OnLine DataBase")};
-    chameleonButton chameleonButton4     {*this, "chameleonButton4", {324,462,37,36}, door("gallery-24.png", "Galería de Imágenes")};
-    chameleonButton chameleonButton5     {*this, "chameleonButton5", {435,462,37,36}, door("about-24.png", "Acerca de...")};
-    chameleonButton chameleonButton6     {*this, "chameleonButton6", {287,462,37,36}, door("web-search-24.png", "Buscar ROMs")};
-    chameleonButton chameleonButton7     {*this, "chameleonButton7", {361,462,37,36}, door("weblist-24.png", "WebList")};
-    chameleonButton chameleonButton8     {*this, "chameleonButton8", {398,462,37,36}, door("settings-24.png", "Configuración")};
+    chameleonButton chameleonButton3     {*this, "chameleonButton3", {252,462,35,36}, door("database-24.png", databaseTip)};
+    chameleonButton chameleonButton4     {*this, "chameleonButton4", {324,462,37,36}, door("gallery-24.png", galleryTip)};
+    chameleonButton chameleonButton5     {*this, "chameleonButton5", {435,462,37,36}, door("about-24.png", aboutTip)};
+    chameleonButton chameleonButton6     {*this, "chameleonButton6", {287,462,37,36}, door("web-search-24.png", websearchTip)};
+    chameleonButton chameleonButton7     {*this, "chameleonButton7", {361,462,37,36}, door("weblist-24.png", weblistTip)};
+    chameleonButton chameleonButton8     {*this, "chameleonButton8", {398,462,37,36}, door("settings-24.png", settingsTip)};
     Label           Label18              {Picture1_0, "Label18", {14,144,194,120}, GameInfo};
     Label           Label28              {Picture1_0, "Label28", {2,130,196,13}, Lbl_ID3Info};
     Label           Label29              {Picture1_0, "Label29", {14,112,194,13}, GameFormat};

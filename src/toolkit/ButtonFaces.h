@@ -29,7 +29,7 @@ constexpr ButtonLook wideOff(const char* caption) {
             .enabled = false};
 }
 /// A button of the title band.
-constexpr ButtonLook onBand(const char* picture, const char* toolTip = "") {
+constexpr ButtonLook onBand(const char* picture, const Wording& toolTip = {}) {
     return {.type = 6,
             .fx = 2,
             .back = band,
@@ -39,7 +39,7 @@ constexpr ButtonLook onBand(const char* picture, const char* toolTip = "") {
             .toolTip = toolTip};
 }
 /// A small tool above or below a list.
-constexpr ButtonLook tool(const char* picture, const char* toolTip = "", bool enabled = true) {
+constexpr ButtonLook tool(const char* picture, const Wording& toolTip = {}, bool enabled = true) {
     return {.type = 6,
             .fx = 3,
             .back = slate,
@@ -50,7 +50,7 @@ constexpr ButtonLook tool(const char* picture, const char* toolTip = "", bool en
             .enabled = enabled};
 }
 /// A button that opens another window; its picture changes under the mouse.
-constexpr ButtonLook door(const char* picture, const char* toolTip) {
+constexpr ButtonLook door(const char* picture, const Wording& toolTip) {
     return {.type = 6,
             .fx = 2,
             .back = indigo,

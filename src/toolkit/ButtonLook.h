@@ -4,6 +4,7 @@
 
 #include "platform/forms/Colours.h"
 #include "platform/forms/Fonts.h"
+#include "platform/forms/Wordings.h"
 
 #include <optional>
 
@@ -21,7 +22,7 @@ struct ButtonLook {
     const char* caption = "";
     const char* picture = ""; ///< a name in the resources (see Pictures), or empty
     bool lightsUp = false;    ///< under the mouse the picture's twin is shown, "NAME-over.png"
-    const char* toolTip = "";
+    Wording toolTip = {};
     FontSpec font = Fonts::M8b;
     bool enabled = true;
     bool showFocusRect = false;

@@ -5,6 +5,7 @@
 
 #include "platform/forms/Colours.h"
 #include "platform/forms/Fonts.h"
+#include "platform/forms/Wordings.h"
 
 namespace torvane {
 
@@ -28,5 +29,10 @@ constexpr OleColour band = 0x1A1A1A;   // title band and its buttons
 constexpr Qt::Alignment flushLeft = Qt::AlignLeft;
 constexpr Qt::Alignment flushRight = Qt::AlignRight;
 constexpr Qt::Alignment centred = Qt::AlignHCenter;
+
+/// A tool tip: Spanish, with its key in the language files.
+constexpr Wording tip(const char* key, const char* text) { return {"ToolTips", key, text}; }
+/// A text that is the same in every language.
+constexpr Wording always(const char* text) { return {"", "", text}; }
 
 } // namespace torvane

@@ -3,6 +3,7 @@
 #include "chameleonButton.h"
 #include "AccessKey.h"
 #include "InputWords.h"
+#include "platform/forms/Form.h"
 #include "platform/forms/Pictures.h"
 
 #include <QKeySequence>
@@ -38,7 +39,7 @@ chameleonButton::chameleonButton(QWidget& parent, const char* name, const Design
     m_p.softBevel = look.softBevel;
     m_p.useGreyscale = look.useGreyscale;
     m_p.specialEffect = look.fx;
-    setToolTip(QString::fromUtf8(look.toolTip));
+    form().wordings().addToolTip(*this, look.toolTip);
     construct();
 }
 

@@ -38,9 +38,9 @@ const QHash<QString, QStringList> sameByRight = {
     {"esp=cat",
      {"config/color5", "config/no", "config/yes", "globals/nodisp", "mainmenu/maintitle",
       "ol-db+info/termauthor", "ol-db+info/termplatform", "oldb/col5", "oldb/filterauthor",
-      "weblist/nodisp"}},
-    {"cat=eng", {"config/no", "gallery/imgformat", "gallery/imgsize"}},
-    {"eng=esp", {"config/no"}},
+      "tooltips/database", "weblist/nodisp"}},
+    {"cat=eng", {"config/no", "gallery/imgformat", "gallery/imgsize", "tooltips/database"}},
+    {"eng=esp", {"config/no", "tooltips/database"}},
 };
 
 QByteArray idOf(const QByteArray& section, const QByteArray& key) {

@@ -6,6 +6,7 @@
 #include "Colours.h"
 #include "Pictures.h"
 #include "Runtime.h"
+#include "Wordings.h"
 
 #include <QPixmap>
 #include <QPointer>
@@ -90,6 +91,9 @@ public:
     /// The next place in the tab order; for controls under construction.
     int takeTabPlace() { return m_tabPlaces++; }
 
+    /// Its tool tips and spoken names.
+    Wordings& wordings() { return m_wordings; }
+
 signals:
     /// The window has been unloaded: it must not be used any more.
     void unloaded();
@@ -147,6 +151,7 @@ private:
     Runtime& m_runtime;
     FormDesign m_design;
     Pictures::Deferred m_picture;
+    Wordings m_wordings;
     int m_tabPlaces = 0;
     bool m_placed = false;
     bool m_unloaded = false;
