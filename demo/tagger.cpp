@@ -21,7 +21,7 @@ public:
 
 void tag(char** arguments) {
     const Globals globals;
-    const LanguageTables noTexts(globals, [](const auto&, const auto&, const auto&) { return QString(); });
+    const LanguageTables noTexts(globals);
     BuildLog log;
     ID3 id3(globals, noTexts, log);
     id3.NewCompany = QString::fromUtf8(arguments[1]);
