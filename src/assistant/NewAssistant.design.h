@@ -21,7 +21,18 @@ struct NewAssistantDesign : Form {
 
     explicit NewAssistantDesign(Runtime& runtime)
         : Form(runtime, {.name="NewAssistant", .title="Form1", .clientSize={480,346}, .picture="NewAssistant-One.jpg",
-                         .backColour=0x0000FF, .unit=FormDesign::twips}) {}
+                         .backColour=0x0000FF, .unit=FormDesign::twips}) {
+        // What assistive tools call the things that show no words of their own.
+        wordings().addName(*this, {"MainMenu", "romassist", "Asistente de ROM"});
+        FilePath.isCalled(spoken("chosenfile", "Archivo elegido"));
+        AddFile.isCalled({"Assistant", "f3", "Un solo juego"});
+        AddDir.isCalled({"Assistant", "f4", "Toda una carpeta"});
+        ChameleonButton5.isCalled({"Assistant", "f6", "Sí, eliminar"});
+        ChameleonButton6.isCalled({"Assistant", "f7", "No, conservar"});
+        Pista.isCalled(spoken("progress", "Progreso de la copia"));
+        Label2.conceal();
+        File1.conceal();
+    }
 
     static constexpr const char* games = "*.gba;*.gbc;*.gb;*.agb;*.cgb;*.zip;*.bin";
 

@@ -25,7 +25,24 @@ struct MainFrmDesign : Form {
 
     explicit MainFrmDesign(Runtime& runtime)
         : Form(runtime, {.name="MainFrm", .title="Torvane 1.1", .clientSize={478,504}, .picture="MainFrm.jpg", .backColour=0x0000FF,
-                         .inTaskBar=true}) {}
+                         .inTaskBar=true}) {
+        // What assistive tools call the things that show no words of their own.
+        Label1.names(*this);
+        Label45.names(EditID3Title);
+        Label43.names(EditID3Company);
+        Label57.names(EditID3Info);
+        Label46.names(Picture1_1);
+        Picture1_0.isCalled(always("ROM.TAG Info"));
+        Picture1_2.isCalled(always("ZIP Info"));
+        Picture2.isCalled({"MainMenu", "gamelist", "Lista de juegos"});
+        ListView1.isCalled({"MainMenu", "gamelist", "Lista de juegos"});
+        ChameleonButton16.names(Label15);
+        chameleonButton1.isCalled(spoken("close", "Cerrar la ventana"));
+        chameleonButton14.isCalled(spoken("pageup", "Página anterior"));
+        chameleonButton15.isCalled(spoken("pagedown", "Página siguiente"));
+        ShockwaveFlash1.isCalled(spoken("banner", "Anuncio"));
+        URL_Linker.conceal();
+    }
 
     static constexpr FileList::Look games = {.pattern="*.gb;*.gbc;*.gba;*.zip", .font=V8b, .fore=black, .back=0x0000FF,
                                              .visible=false};

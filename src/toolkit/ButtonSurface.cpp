@@ -31,11 +31,28 @@ void ButtonSurface::Repaint(State state, Force force) {
     if (m_p.checkBoxBehaviour && m_p.value) state = pressed;
     if (force == unlessSame && m_p.caption == m_lastCaption && state == m_lastState) return;
     if (height() == 0 || !m_paintingAllowed) return;
+    const bool isOther = state != m_lastState;
     m_lastState = state;
     m_lastCaption = m_p.caption;
     m_asked = true;
     m_askedOver = m_over;
     update();
+    if (isOther) reportPressed();
+}
+
+void ButtonSurface::reportPressed() {
+    QAccessible::State changed;
+    changed.pressed = true;
+    changed.checked = m_p.checkBoxBehaviour;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
+void ButtonSurface::addAccessibleState(QAccessible::State& state) const {
+    state.pressed = m_lastState == pressed;
+    state.checkable = m_p.checkBoxBehaviour;
+    state.checked = m_p.checkBoxBehaviour && m_p.value;
+    state.defaultButton = m_isDefault;
 }
 
 void ButtonSurface::repaintAtOnce(State state) {

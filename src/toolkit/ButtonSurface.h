@@ -12,6 +12,9 @@ namespace torvane {
 class ButtonSurface : public Control {
     Q_OBJECT
 
+public:
+    void addAccessibleState(QAccessible::State& state) const override;
+
 protected:
     enum State { normal = 0, pressed = 2 };
     enum Force { unlessSame, always };
@@ -51,6 +54,7 @@ protected:
     ButtonProperties m_p; // but for `enabled` and `font`, which the widget holds
 
 private:
+    void reportPressed();
     bool surfaceIsStale() const;
     void renderSurface();
     ButtonFace faceToPaint() const;

@@ -30,9 +30,10 @@ constexpr Qt::Alignment flushLeft = Qt::AlignLeft;
 constexpr Qt::Alignment flushRight = Qt::AlignRight;
 constexpr Qt::Alignment centred = Qt::AlignHCenter;
 
-/// A tool tip: Spanish, with its key in the language files.
+/// A tool tip, and the name of what shows no words: Spanish, with its key in the language files.
 constexpr Wording tip(const char* key, const char* text) { return {"ToolTips", key, text}; }
-/// A text that is the same in every language.
+constexpr Wording spoken(const char* key, const char* text) { return {"Access", key, text}; }
+/// A name that is the same in every language.
 constexpr Wording always(const char* text) { return {"", "", text}; }
 
 } // namespace torvane

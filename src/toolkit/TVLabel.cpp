@@ -3,6 +3,7 @@
 #include "TVLabel.h"
 #include "InputWords.h"
 
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -25,9 +26,16 @@ TVLabel::TVLabel(QWidget& parent, const char* name, const DesignRect& rect, cons
     setMouseTracking(true);
 }
 
+bool TVLabel::isPressable() const { return isSignalConnected(QMetaMethod::fromSignal(&TVLabel::Click)); }
+
+QAccessible::Role TVLabel::accessibleRole() const {
+    return isPressable() ? QAccessible::Button : QAccessible::StaticText;
+}
+
 void TVLabel::setCaption(const QString& caption) {
     m_caption = caption;
     update();
+    wordsChanged();
 }
 
 void TVLabel::setBackColor(OleColour colour) {

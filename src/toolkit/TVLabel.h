@@ -21,8 +21,10 @@ public:
     TVLabel(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
 
     QString kind() const override { return QStringLiteral("skin label"); }
-    QAccessible::Role accessibleRole() const override { return QAccessible::StaticText; }
+    QAccessible::Role accessibleRole() const override;
     QString accessibleText() const override { return m_caption; }
+    /// As soon as something is connected to its click.
+    bool isPressable() const override;
 
     // Kept and saved, without any effect on the screen.
     bool Enabled() const { return m_enabled; }

@@ -85,11 +85,7 @@ void chameleonButton::WriteProperties(PropertyBag& bag) const {
     now.write(bag);
 }
 
-QString chameleonButton::accessibleText() const {
-    QString spoken = withoutAccessMarks(m_p.caption).trimmed();
-    if (!spoken.isEmpty()) return spoken;
-    return toolTip().isEmpty() ? objectName() : toolTip();
-}
+QString chameleonButton::accessibleText() const { return withoutAccessMarks(m_p.caption); }
 
 void chameleonButton::applyPointer() {
     if (m_p.mousePointer == 0) return unsetCursor();
@@ -134,8 +130,7 @@ void chameleonButton::setCaption(const QString& caption) {
     applyAccessKey();
     LayoutCaption();
     repaintLastState();
-    QAccessibleEvent changed(this, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&changed);
+    wordsChanged();
 }
 
 void chameleonButton::setFontBold(bool bold) {

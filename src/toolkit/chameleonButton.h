@@ -23,8 +23,9 @@ public:
 
     QString kind() const override { return QStringLiteral("button"); }
     QAccessible::Role accessibleRole() const override { return QAccessible::Button; }
-    /// The caption without its access mark, or else the tool tip, or else the name.
+    /// The caption without its access mark.
     QString accessibleText() const override;
+    bool isPressable() const override { return true; }
 
     // The properties. A change of one that the look depends on paints the button anew.
     OleColour BackColor() const { return m_p.backColor; }

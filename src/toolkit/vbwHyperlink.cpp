@@ -38,6 +38,12 @@ void vbwHyperlink::UserClick() {
     emit AfterJump(!opened);
 }
 
+void vbwHyperlink::performClick() {
+    // As under the mouse, so that there is a look to go back to.
+    if (!m_tracking) lightUp();
+    UserClick();
+}
+
 void vbwHyperlink::lightUp() {
     m_savedForeColor = m_foreColor;
     m_savedUnderline = fontSpec().underline;
@@ -68,6 +74,7 @@ void vbwHyperlink::setUnderline(bool underline) {
 void vbwHyperlink::setCaption(const QString& caption) {
     m_caption = caption;
     fitToCaption();
+    wordsChanged();
 }
 
 void vbwHyperlink::setBackColor(OleColour colour) {

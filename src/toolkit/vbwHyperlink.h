@@ -23,6 +23,8 @@ public:
     QString kind() const override { return QStringLiteral("link"); }
     QAccessible::Role accessibleRole() const override { return QAccessible::Link; }
     QString accessibleText() const override { return m_caption; }
+    bool isPressable() const override { return true; }
+    void performClick() override;
 
     void Refresh() { repaint(); }
     /// Follows the link as a click does. Nothing is checked or shown; see the events for the outcome.

@@ -19,7 +19,17 @@ struct ZIP_ViewerDesign : Form {
 
     explicit ZIP_ViewerDesign(Runtime& runtime)
         : Form(runtime, {.name="ZIP_Viewer", .title="Torvane 1.1", .clientSize={552,426}, .picture="ZIP_Viewer.jpg", .backColour=0x0000FF,
-                         .inTaskBar=true}) {}
+                         .inTaskBar=true}) {
+        // What assistive tools call the things that show no words of their own, and what the list covers.
+        Label1.names(*this);
+        ListView1.isCalled({"MainMenu", "gamelist", "Lista de juegos"});
+        Label2.names(Mensaje);
+        chameleonButton1.isCalled(spoken("close", "Cerrar la ventana"));
+        chameleonButton2.isCalled(tip("minimise", "Minimizar"));
+        for (Label* covered : {&GameAutor, &GameTitle, &Lbl_ID3Title, &Lbl_ID3Date, &Lbl_ID3Author, &GameDate, &Lbl_ID3Info}) {
+            covered->conceal();
+        }
+    }
 
     static constexpr OleColour pale = 0xFFDFBF;
     static constexpr const char* waiting = "ZIP_Viewer-Mensaje.jpg";

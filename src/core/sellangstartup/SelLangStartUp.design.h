@@ -16,7 +16,11 @@ struct SelLangStartUpDesign : Form {
 
     explicit SelLangStartUpDesign(Runtime& runtime)
         : Form(runtime, {.name="SelLangStartUp", .title="Form1", .clientSize={480,320}, .picture="SelLangStartUp.jpg",
-                         .backColour=0x0000FF, .unit=FormDesign::twips}) {}
+                         .backColour=0x0000FF, .unit=FormDesign::twips}) {
+        // What assistive tools call the things that show no words of their own, or odd ones.
+        wordings().addName(*this, always("Idioma · Llengua · Language"));
+        ok.isCalled(always("OK"));
+    }
 
     Label           Label4 {*this, "Label4", {276,90,71,25}, {"Español", trebuchet(14.25), white}};
     Label           Label5 {*this, "Label5", {276,114,71,25}, {"Català", trebuchet(14.25), white}};

@@ -15,7 +15,12 @@ struct SplashDesign : Form {
     using Design = SplashDesign;
 
     explicit SplashDesign(Runtime& runtime)
-        : Form(runtime, {.name="Splash", .title="", .clientSize={460,265}, .picture="Splash.bmp"}) {}
+        : Form(runtime, {.name="Splash", .title="", .clientSize={460,265}, .picture="Splash.bmp"}) {
+        // What assistive tools call the things that show no words of their own.
+        wordings().addName(*this, spoken("intro", "Introducción"));
+        Picture1.isCalled(spoken("intro", "Introducción"));
+        Flash.isCalled(spoken("intro", "Introducción"));
+    }
 
     Panel           Picture1 {*this, "Picture1", {134,66,191,121}, {0x8080FF}};
     MoviePlayer     Flash    {Picture1, "Flash", {0,0,192,122}};

@@ -1,43 +1,17 @@
 // SPDX-License-Identifier: MIT
-// The common part of all controls, and their interface for assistive tools.
+// The common part of all controls.
 #include "Control.h"
+#include "AccessibleParts.h"
 #include "Form.h"
 
-#include <QAccessibleWidget>
+#include <QCoreApplication>
+#include <QMouseEvent>
 
 namespace torvane {
 
-namespace {
-// The role and the text of a control that paints itself.
-class ControlAccessible : public QAccessibleWidget {
-public:
-    explicit ControlAccessible(Control* control)
-        : QAccessibleWidget(control, control->accessibleRole()), m_control(control) {}
-    QString text(QAccessible::Text which) const override {
-        return which == QAccessible::Name ? m_control->accessibleText() : QAccessibleWidget::text(which);
-    }
-
-private:
-    Control* m_control;
-};
-
-QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
-    auto* control = qobject_cast<Control*>(object);
-    return control ? new ControlAccessible(control) : nullptr;
-}
-
-void installAccessibleFactory() {
-    static const bool installed = [] {
-        QAccessible::installFactory(makeAccessible);
-        return true;
-    }();
-    Q_UNUSED(installed);
-}
-} // namespace
-
 Control::Control(QWidget& parent, const char* name, const DesignRect& rect, bool takesTabPlace)
     : QWidget(&parent), m_designRect(rect) {
-    installAccessibleFactory();
+    installAccessibility();
     setObjectName(QString::fromUtf8(name));
     setGeometry(rect.rounded());
     if (takesTabPlace) m_tabIndex = form().takeTabPlace();
@@ -46,6 +20,36 @@ Control::Control(QWidget& parent, const char* name, const DesignRect& rect, bool
 void Control::setFontSpec(const FontSpec& named) {
     m_fontSpec = named;
     setFont(Fonts::of(named));
+}
+
+void Control::isCalled(const Wording& name) { form().wordings().addName(*this, name); }
+
+void Control::names(QWidget& other) {
+    m_named.append(&other);
+    setSpokenName(other, accessibleText());
+}
+
+void Control::wordsChanged() {
+    for (const QPointer<QWidget>& other : m_named) {
+        if (other != nullptr) setSpokenName(*other, accessibleText());
+    }
+    QAccessibleEvent changed(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+bool Control::liesInContainer() const { return parentWidget()->rect().intersects(geometry()); }
+
+bool Control::isExposed() const { return !m_concealed && (isPressable() || liesInContainer()); }
+
+void Control::performClick() {
+    const QPointF place = rect().center();
+    const QPointF onScreen = mapToGlobal(place);
+    const QPointer<Control> stillThere(this);
+    QMouseEvent down(QEvent::MouseButtonPress, place, onScreen, Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(this, &down);
+    if (stillThere == nullptr) return;
+    QMouseEvent up(QEvent::MouseButtonRelease, place, onScreen, Qt::LeftButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(this, &up);
 }
 
 Form& Control::form() const { return *static_cast<Form*>(window()); }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What all controls of the fixed designs share: a name, a place in the design and in the tab order, and
-// a face for assistive tools. The form owns its controls by value; this class owns nothing.
+// What all controls of the fixed designs share: a name, a place in the design and in the tab order, and what
+// assistive tools are told of them. The form owns its controls by value; this class owns nothing.
 #pragma once
 
 #include "Fonts.h"
+#include "Wordings.h"
 
 #include <QAccessible>
+#include <QPointer>
 #include <QWidget>
 
 namespace torvane {
@@ -37,13 +39,34 @@ public:
     /// The font that the design names, and the one to draw with from now on.
     const FontSpec& fontSpec() const { return m_fontSpec; }
     void setFontSpec(const FontSpec& named);
-    /// What an assistive tool says of the control.
+
+    // What assistive tools are told of the control; see AccessibleControl.
     virtual QAccessible::Role accessibleRole() const { return QAccessible::Client; }
-    virtual QString accessibleText() const { return objectName(); }
+    /// The words that it shows, such as its caption. They are its name, too, unless it is given another one.
+    virtual QString accessibleText() const { return {}; }
+    /// Adds what only this kind of control knows of its state.
+    virtual void addAccessibleState(QAccessible::State&) const {}
+    /// Whether it is there at all for these tools: by default if it lies in sight of its container or can be
+    /// clicked.
+    virtual bool isExposed() const;
+    /// Whether a click on it does something, if it is enabled.
+    virtual bool isPressable() const { return false; }
+    /// Does what a click in its middle does.
+    virtual void performClick();
+    /// Gives it a name, for want of words of its own.
+    void isCalled(const Wording& name);
+    /// Its words are the name of another widget from now on, as a label's are that of the field beside it.
+    void names(QWidget& other);
+    /// Keeps from assistive tools what only looks nice, or is a store that no user sees.
+    void conceal() { m_concealed = true; }
+    /// Whether any part of it lies inside of the form or panel that holds it.
+    bool liesInContainer() const;
 
 protected:
     /// The parent is a form or a panel of one. A control with `takesTabPlace` gets the next place.
     Control(QWidget& parent, const char* name, const DesignRect& rect, bool takesTabPlace = true);
+    /// To be called when accessibleText() is another one.
+    void wordsChanged();
     /// The form that the control lies on, directly or in a panel.
     Form& form() const;
 
@@ -51,6 +74,8 @@ private:
     DesignRect m_designRect;
     FontSpec m_fontSpec;
     int m_tabIndex = -1;
+    QList<QPointer<QWidget>> m_named; // what this control's words are the name of
+    bool m_concealed = false;
 };
 
 /// A part of a form without a face: a timer, a dialog, an icon in the tray.

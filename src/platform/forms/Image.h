@@ -19,6 +19,8 @@ public:
 
     QString kind() const override { return QStringLiteral("image"); }
     QAccessible::Role accessibleRole() const override { return QAccessible::Graphic; }
+    /// Never: images are ornaments here, or stores.
+    bool isExposed() const override { return false; }
     const QPixmap& Picture() const { return m_picture.picture(devicePixelRatioF()); }
     void setPicture(const QPixmap& picture);
 

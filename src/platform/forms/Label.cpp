@@ -2,6 +2,7 @@
 // Painting and mouse of labels.
 #include "Label.h"
 
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -25,10 +26,21 @@ Label::Label(QWidget& parent, const char* name, const DesignRect& rect, Label& s
     source.setTwin(*this);
 }
 
+bool Label::isPressable() const { return isSignalConnected(QMetaMethod::fromSignal(&Label::Click)); }
+
+bool Label::isExposed() const {
+    return !m_isShadow && (isPressable() || !m_caption.isEmpty()) && Control::isExposed();
+}
+
+QAccessible::Role Label::accessibleRole() const {
+    return isPressable() ? QAccessible::Button : QAccessible::StaticText;
+}
+
 void Label::setCaption(const QString& caption) {
     if (caption == m_caption) return;
     m_caption = caption;
     update();
+    wordsChanged();
     emit Change();
 }
 

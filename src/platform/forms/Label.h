@@ -26,8 +26,12 @@ public:
     Label(QWidget& parent, const char* name, const DesignRect& rect, Label& source);
 
     QString kind() const override { return QStringLiteral("label"); }
-    QAccessible::Role accessibleRole() const override { return QAccessible::StaticText; }
+    QAccessible::Role accessibleRole() const override;
     QString accessibleText() const override { return m_caption; }
+    /// Neither a shadow nor a label that says nothing and does nothing.
+    bool isExposed() const override;
+    /// As soon as something is connected to its click.
+    bool isPressable() const override;
 
     const QString& Caption() const { return m_caption; }
     void setCaption(const QString& caption);

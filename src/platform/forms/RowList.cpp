@@ -33,7 +33,6 @@ void RowList::showEvent(QShowEvent* event) {
 
 void RowList::makeView() {
     m_view = new RowView(*this, m_rowHeight);
-    m_view->setAccessibleName(objectName());
     m_view->setItemDelegate(&m_delegate);
     m_view->setModel(&m_model);
     QPalette palette = m_view->viewport()->palette();
@@ -41,6 +40,7 @@ void RowList::makeView() {
     m_view->viewport()->setPalette(palette);
     m_view->setGeometry(rect());
     setFocusProxy(m_view);
+    setSpokenName(*this, accessibleName());
     setTabOrder(this, m_view);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RowList::takeSelection);
     dressView(*m_view);

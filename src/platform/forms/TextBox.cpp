@@ -71,10 +71,10 @@ void TextBox::makeArea() {
 
 void TextBox::dress(QWidget& field) {
     field.setGeometry(rect());
-    field.setAccessibleName(objectName());
     // What is dropped is the window's affair: a file must not end as its path in a field.
     field.setAcceptDrops(false);
     setFocusProxy(&field);
+    setSpokenName(*this, accessibleName());
     setTabOrder(this, &field);
     QPalette palette = field.palette();
     palette.setColor(QPalette::Base, Colours::toQColor(m_look.back));

@@ -33,7 +33,8 @@ public:
     ~TextBox() override;
 
     QString kind() const override { return QStringLiteral("text box"); }
-    QAccessible::Role accessibleRole() const override { return QAccessible::EditableText; }
+    /// None but that of a frame: the editor within has the text.
+    QAccessible::Role accessibleRole() const override { return QAccessible::Client; }
     const QString& Text() const { return m_text; }
     void setText(const QString& text);
     OleColour foreColour() const { return m_look.fore; }

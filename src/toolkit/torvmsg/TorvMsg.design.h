@@ -17,7 +17,9 @@ struct TorvMsgDesign : Form {
 
     explicit TorvMsgDesign(Runtime& runtime)
         : Form(runtime, {.name="TorvMsg", .title="", .clientSize={302,68}, .picture="TorvMsg.jpg", .backColour=0x00FFFF,
-                         .unit=FormDesign::twips}) {}
+                         .unit=FormDesign::twips}) {
+        Label2.names(*this); // for assistive tools: the question is all that the window says
+    }
 
     Label           Label1           {*this, "Label1", {128,320,13,1}, {"", M8, black, flushLeft, false, 0x00FFFF}};
     Label           Label3           {*this, "Label3", {140,314,1,7}, {"Label3", M8, black, flushLeft, false, 0x00FFFF}};

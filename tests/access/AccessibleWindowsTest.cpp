@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+// Every window of the program, walked as an assistive tool does, in every language.
+#include "support/AccessibleTree.h"
+#include "support/OpenedProgram.h"
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+namespace {
+QString pathOf(const QAccessibleInterface* part) {
+    QStringList path;
+    for (const QObject* object = part->object(); object != nullptr; object = object->parent()) {
+        path.prepend(object->objectName());
+    }
+    return path.join(u'/');
+}
+
+QString faultOf(QAccessibleInterface* part, const QSet<QString>& catalogue) {
+    const QString name = part->text(QAccessible::Name).trimmed();
+    if (name.isEmpty()) return u"has no name"_s;
+    if (catalogue.contains(name)) return u"is named like the catalogue: "_s + name;
+    if (part->role() == QAccessible::NoRole) return u"has no role"_s;
+    const QAccessibleInterface* parent = part->parent();
+    if (parent == nullptr || parent->child(parent->indexOfChild(part)) != part) return u"is no child"_s;
+    const auto* control = qobject_cast<Control*>(part->object());
+    const auto* label = qobject_cast<Label*>(part->object());
+    if (label != nullptr && label->isShadow()) return u"is a shadow"_s;
+    const bool isOffered =
+        part->actionInterface() != nullptr &&
+        part->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction());
+    if (control != nullptr && control->isPressable() && control->isEnabled() && !isOffered) {
+        return u"can't be pressed"_s;
+    }
+    return {};
+}
+} // namespace
+
+class AccessibleWindowsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<OpenedProgram> opened;
+
+    // Every window of the program that is there in the language, shown.
+    QList<Form*> windows() const {
+        QList<Form*> found;
+        Windows::forEach([&]<typename W>() {
+            Form* window = opened->program->load<W>();
+            if (window == nullptr || W::id == Window::Menuing) return; // the latter is never shown
+            window->Show();
+            found.append(window);
+        });
+        return found;
+    }
+    // The English window again, with the words of another language.
+    void reopenIn(const char* language) {
+        opened = std::make_unique<OpenedProgram>();
+        opened->world.useLanguage(language);
+        opened->game(u"a.gb"_s);
+        opened->open();
+    }
+    void addLanguages() {
+        QTest::addColumn<QByteArray>("language");
+        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
+    }
+
+private slots:
+    void init() { reopenIn("eng"); }
+    void cleanup() { opened.reset(); }
+
+    void every_part_of_every_window_has_a_name_and_a_role_data() { addLanguages(); }
+    void every_part_of_every_window_has_a_name_and_a_role() {
+        QFETCH(QByteArray, language);
+        reopenIn(language.constData());
+        QStringList faults;
+        qsizetype parts = 0;
+        for (Form* window : windows()) {
+            const QSet<QString> catalogue = catalogueNames(window->objectName());
+            for (QAccessibleInterface* part : accessiblesFrom(accessible(*window))) {
+                const QString fault = faultOf(part, catalogue);
+                if (!fault.isEmpty()) faults.append(pathOf(part) + u' ' + fault);
+                ++parts;
+            }
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+        QVERIFY2(parts > 70, qPrintable(u"only %1 parts were found"_s.arg(parts)));
+    }
+    void every_part_of_the_first_start_has_a_name_and_a_role() {
+        opened = std::make_unique<OpenedProgram>();
+        opened->world.setSetting("Language", QString());
+        opened->start();
+        SelLangStartUp& window = *opened->program->loaded<SelLangStartUp>();
+        QCOMPARE(nameOf(window), u"Idioma · Llengua · Language"_s);
+        for (QAccessibleInterface* part : accessiblesFrom(accessible(window))) {
+            QCOMPARE(faultOf(part, catalogueNames(window.objectName())), QString());
+        }
+        for (Label* answer : {&window.Label4, &window.Label5, &window.Label6, &window.ok, &window.no}) {
+            QCOMPARE(accessible(*answer).role(), QAccessible::Button);
+        }
+    }
+    void every_button_in_sight_is_there_data() { addLanguages(); }
+    void every_button_in_sight_is_there() {
+        for (Form* window : windows()) {
+            QObjectList there;
+            for (QAccessibleInterface* part : accessiblesFrom(accessible(*window))) there += part->object();
+            for (chameleonButton* button : window->findChildren<chameleonButton*>()) {
+                QVERIFY2(there.contains(button), qPrintable(button->objectName()));
+            }
+        }
+    }
+
+    void windows_are_called_by_their_title_lines_in_the_language() {
+        QCOMPARE(nameOf(opened->main()), u"Torvane 1.1 » Main menu"_s);
+        QCOMPARE(nameOf(*opened->program->load<ZIP_Viewer>()), u"Torvane 1.1 » ZIP contents"_s);
+        QCOMPARE(nameOf(*opened->program->load<NewAssistant>()), u"ROM assistant"_s);
+        QCOMPARE(nameOf(*opened->program->load<Splash>()), u"Intro"_s);
+        click(opened->main().chameleonButton1);
+        QCOMPARE(nameOf(*opened->program->loaded<TorvMsg>()), u"Are you sure you want to exit?"_s);
+        reopenIn("cat");
+        QCOMPARE(nameOf(opened->main()), u"Torvane 1.1 » Menú principal"_s);
+    }
+    void what_shows_no_words_is_called_in_the_language() {
+        MainFrm& window = opened->main();
+        QCOMPARE(nameOf(window.chameleonButton1), u"Close window"_s);
+        QCOMPARE(nameOf(window.chameleonButton2), u"Minimise"_s);
+        QCOMPARE(nameOf(window.chameleonButton14), u"Page up"_s);
+        QCOMPARE(nameOf(window.chameleonButton15), u"Page down"_s);
+        QCOMPARE(nameOf(window.ListView1), u"Game list"_s);
+        QCOMPARE(nameOf(window.Label15), u"Load this ROM"_s);
+        QCOMPARE(nameOf(window.EditID3Title), u"Game title"_s);
+        QCOMPARE(nameOf(window.EditID3Company), u"Company"_s);
+        QCOMPARE(nameOf(window.EditID3Info), u"Information"_s);
+        NewAssistant& assistant = *opened->program->load<NewAssistant>();
+        QCOMPARE(nameOf(assistant.AddFile), u"A single game"_s);
+        QCOMPARE(nameOf(assistant.AddDir), u"A whole folder"_s);
+        QCOMPARE(nameOf(assistant.ChameleonButton5), u"Yes, go ahead"_s);
+        QCOMPARE(nameOf(assistant.ChameleonButton6), u"No, leave as is"_s);
+        QCOMPARE(nameOf(assistant.FilePath), u"Chosen file"_s);
+        reopenIn("esp");
+        QCOMPARE(nameOf(opened->main().chameleonButton1), u"Cerrar la ventana"_s);
+        QCOMPARE(nameOf(opened->main().EditID3Title), u"Título del juego"_s);
+    }
+    void the_editor_of_a_field_is_called_like_the_field() {
+        MainFrm& window = opened->main();
+        click(window.Edit_Menu);
+        QVERIFY(isSeen(window.EditID3Title));
+        QCOMPARE(nameOf(*window.EditID3Title.focusProxy()), u"Game title"_s);
+        QCOMPARE(nameOf(*window.EditID3Info.focusProxy()), u"Information"_s);
+    }
+
+    void a_language_file_without_these_keys_leaves_the_words_of_the_design() {
+        opened = std::make_unique<OpenedProgram>();
+        opened->game(u"a.gb"_s);
+        opened->world.folder.write(u"data/lang/lang_eng.tvl"_s, "[MainMenu]\r\ngametitle=Title\r\n");
+        opened->open();
+        QCOMPARE(nameOf(opened->main().chameleonButton1), u"Cerrar la ventana"_s);
+        QCOMPARE(nameOf(opened->main().ListView1), u"Lista de juegos"_s);
+        QCOMPARE(nameOf(opened->main().EditID3Title), u"Title"_s);
+    }
+    void what_no_user_sees_is_not_there() {
+        MainFrm& window = opened->main();
+        QObjectList there;
+        for (QAccessibleInterface* part : accessiblesFrom(accessible(window))) there += part->object();
+        for (QObject* unseen : std::initializer_list<QObject*>{
+                 &window.Games, &window.File1, &window.Lbl_SS, &window.URL_Linker, &window.Label36,
+                 &window.Image6, &window.DB, &window.Configuration_red}) {
+            QVERIFY2(!there.contains(unseen), qPrintable(unseen->objectName()));
+        }
+    }
+};
+
+TORVANE_TEST(AccessibleWindowsTest)
+#include "AccessibleWindowsTest.moc"

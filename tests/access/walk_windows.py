@@ -1,0 +1,252 @@
+#!/usr/bin/python3 -W ignore::DeprecationWarning
+# SPDX-License-Identifier: MIT
+"""Walks all windows of the built program as an assistive tool does: everything has a name that a person would
+say, everything that can be pressed is pressed, and each press does what a click does.
+Usage: walk_windows.py PROGRAM_FOLDER WORK_FOLDER, on a display and a session bus of their own (see walk)."""
+import os
+import subprocess
+import sys
+import zipfile
+
+from assistive import (Listener, do_action, field, fill_in, find, is_there, rows, states, text_of, top_of,
+                       wait_for)
+from walk import Walk, answer_box, answer_dialog, check_equal, content
+
+MAIN = "Torvane 1.1 » Main menu"
+ARCHIVE = "Torvane 1.1 » ZIP contents"
+ASSISTANT = "ROM assistant"
+QUESTION = "Are you sure you want to exit?"
+LANGUAGES = "Idioma · Llengua · Language"
+
+
+def is_minimised(window_name):
+    words = subprocess.run(["xdotool", "search", "--name", window_name], capture_output=True, text=True, check=False)
+    for number in words.stdout.split():
+        state = subprocess.run(["xprop", "-id", number, "WM_STATE"], capture_output=True, text=True, check=False)
+        if "Iconic" in state.stdout:
+            return number
+    return None
+
+
+def first_start(walk):
+    with walk.start(language=None) as program:
+        window = program.window(LANGUAGES)
+        walk.look(window, "SelLangStartUp")
+        for language in ("Español", "Català", "English"):
+            walk.press(window, "SelLangStartUp", language)
+            find(window, "OK")
+            walk.look(window, "SelLangStartUp")
+            walk.press(window, "SelLangStartUp", "no!")
+            wait_for("the languages again", lambda: not is_there(window, "OK"))
+        walk.press(window, "SelLangStartUp", "English")
+        walk.press(window, "SelLangStartUp", "OK")
+        wait_for("the chosen language", lambda: "lang_eng.tvl" in program.settings())
+
+
+def intro(walk):
+    with walk.start(Intro=1) as program:
+        walk.look(program.window("Intro"), "Splash")
+        subprocess.run(["xdotool", "key", "space"], check=True)
+        program.window(MAIN)
+
+
+def lists_games(walk, _, window):
+    games = sorted(name[:-3] for name in os.listdir(walk.roms) if name.endswith(".gb"))
+    check_equal([row.get_name() for row in rows(window)], games)
+
+
+def chooses_row(_, __, window):
+    """A row is chosen by its action; the panel shows the game, and arrow keys go on from there."""
+    games = rows(window)
+    with Listener("object:state-changed:focused") as focus:
+        do_action(games[5], "Toggle")
+        find(window, "#6/40")
+        check_equal([row.get_name() for row in games if "selected" in states(row)], [games[5].get_name()])
+        subprocess.run(["xdotool", "key", "Down"], check=True)
+        focus.wait(games[6].get_name())
+        find(window, "#7/40")
+    do_action(games[0], "Toggle")
+    find(window, "#1/40")
+
+
+def reports_names(_, __, window):
+    with Listener("object:property-change:accessible-name") as names:
+        do_action(rows(window)[1], "Toggle")
+        names.wait("#2/40")
+    do_action(rows(window)[0], "Toggle")
+
+
+def edits_tag(walk, program, window):
+    walk.press(window, "MainFrm", "EDIT")
+    walk.look(window, "MainFrm")
+    fill_in(window, "Game title", "El ñandú")
+    fill_in(window, "Company", "Casa")
+    fill_in(window, "Information", "uno dos")
+    check_equal(text_of(field(window, "Game title")), "El ñandú")
+    walk.press(window, "MainFrm", "Apply ROM.TAG")
+    answer_box(program, "Torvane", "OK")
+    assert_tag = "ID3TAG§Casa§El ñandú§".encode("cp1252")
+    wait_for("the tag in the file", lambda: assert_tag in content(walk.rom("a.gb")))
+    walk.press(window, "MainFrm", "TAG")
+    find(window, "El ñandú", ("label",))
+
+
+def deletes_tag(walk, program, window):
+    walk.press(window, "MainFrm", "EDIT")
+    walk.press(window, "MainFrm", "Delete ROM.TAG")
+    wait_for("a file without tag", lambda: b"ID3TAG" not in content(walk.rom("a.gb")))
+
+
+def copies_game(walk, program, window):
+    target = os.path.join(walk.outside, "copied.gb")
+    walk.press(window, "MainFrm", "Copy the ROM…")
+    answer_dialog(program, "Copy the ROM…a.gb", target, "Save")
+    wait_for("the copy", lambda: os.path.exists(target) and content(target) == content(walk.rom("a.gb")))
+
+
+def deletes_game(walk, program, window):
+    walk.press(window, "MainFrm", "Delete the ROM")
+    answer_box(program, "Torvane...", "Yes")
+    wait_for("one game less", lambda: not os.path.exists(walk.rom("a.gb")))
+
+
+def launches(walk, program, window):
+    find(window, "Load this ROM")
+    walk.press(window, "MainFrm", "Load this ROM")
+    walk.wait_played(walk.rom("a.gb"))
+    program.window(MAIN)
+
+
+def refreshes(walk, program, window):
+    os.remove(walk.rom("z.gb"))
+    walk.press(window, "MainFrm", "Refresh the list")
+    find(window, "0039")
+
+
+def pages(walk, program, window):
+    """A page down moves the rows up by the height of the list; a page up brings them back."""
+    first = rows(window)[0]
+    top = top_of(first)
+    walk.press(window, "MainFrm", "Page down")
+    wait_for("another page", lambda: top_of(first) < top - 300)
+    walk.press(window, "MainFrm", "Page up")
+    wait_for("the first page", lambda: top_of(first) == top)
+
+
+def minimises(walk, program, window, name, title):
+    walk.press(window, name, "Minimise")
+    number = wait_for("a minimised window", lambda: is_minimised(title))
+    subprocess.run(["wmctrl", "-i", "-a", number], check=True)
+    wait_for("the window again", lambda: not is_minimised(title))
+
+
+def asks_before_the_end(walk, program, window):
+    walk.press(window, "MainFrm", "Close window")
+    question = program.window(QUESTION)
+    walk.look(question, "TorvMsg")
+    walk.press(question, "TorvMsg", "No")
+    program.wait_gone(QUESTION)
+    walk.press(window, "MainFrm", "Close window")
+    walk.press(program.window(QUESTION), "TorvMsg", "Yes")
+    wait_for("the end of the program", program.has_ended)
+
+
+def main_window(walk):
+    walk.fill_library(["a.gb", "z.gb"] + [f"g{number:02}.gb" for number in range(38)])
+    with walk.start(Intro=0) as program:
+        window = program.window(MAIN)
+        walk.look(window, "MainFrm")
+        for text, step in {"the list gives its rows": lists_games, "a row is chosen": chooses_row,
+                           "a new text is reported": reports_names, "a game is played": launches, "a tag is saved": edits_tag, "a tag is deleted": deletes_tag,
+                           "a game is copied": copies_game, "pages are turned": pages,
+                           "the list is read again": refreshes}.items():
+            walk.check(text, step, walk, program, window)
+        walk.check("the window is minimised", minimises, walk, program, window, "MainFrm", "Torvane 1.1")
+        walk.check("a game is deleted", deletes_game, walk, program, window)
+        walk.check("the program asks and ends", asks_before_the_end, walk, program, program.window(MAIN))
+
+
+def make_archive(path):
+    with zipfile.ZipFile(path, "w") as archive:
+        archive.writestr("member.gb", bytes(3000))
+
+
+def opens_archive(walk, program):
+    for words in ("ZIP browser", "Open the ZIP"):
+        window = program.window(MAIN)
+        walk.press(window, "MainFrm", words)
+        viewer = program.window(ARCHIVE)
+        wait_for("the member", lambda: os.path.exists(os.path.join(walk.copy, "ziptemp", "pack", "member.gb")))
+        walk.look(viewer, "ZIP_Viewer")
+        do_action(find(viewer, "member.gb", ("table cell",)), "Toggle")
+        subprocess.run(["xdotool", "key", "Return"], check=True)
+        walk.wait_played(os.path.join(walk.copy, "ziptemp", "pack", "member.gb"))
+        minimises(walk, program, viewer, "ZIP_Viewer", "Torvane 1.1")
+        walk.press(viewer, "ZIP_Viewer", "Close window")
+        program.wait_gone(ARCHIVE)
+        program.window(MAIN)
+
+
+def archive(walk):
+    walk.fill_library([])
+    make_archive(walk.rom("pack.zip"))
+    with walk.start(Intro=0) as program:
+        window = program.window(MAIN)
+        find(window, "Open the ZIP")
+        walk.look(window, "MainFrm")
+        walk.check("an archive is opened and closed", opens_archive, walk, program)
+        target = os.path.join(walk.outside, "copied.zip")
+        walk.press(window, "MainFrm", "Copy the ZIP…")
+        answer_dialog(program, "Copy the ROM…pack.zip", target, "Save")
+        wait_for("the copy", lambda: os.path.exists(target))
+        walk.press(window, "MainFrm", "Delete the ZIP")
+        answer_box(program, "Torvane...", "Yes")
+        wait_for("the end of the archive", lambda: not os.path.exists(walk.rom("pack.zip")))
+
+
+def assistant(walk):
+    walk.fill_library([])
+    one, folder = walk.original("one.gb"), walk.outside
+    with walk.start(Intro=0) as program:
+        window = program.window(ASSISTANT)
+
+        def press(words):
+            walk.look(window, "NewAssistant")
+            walk.press(window, "NewAssistant", words)
+
+        press("Next >")
+        press("< Start")
+        press("A single game")
+        press("Browse…")
+        answer_dialog(program, "Choose the game you want to add", one, "Open")
+        check_equal(text_of(field(window, "Chosen file")), one)
+        press("Next >")
+        press("Yes, go ahead")
+        wait_for("the game without its original", lambda: os.path.exists(walk.rom("one.gb")) and not os.path.exists(one))
+        press("Finish")
+        program.wait_gone(ASSISTANT)
+    walk.fill_library([])
+    two = walk.original("two.gb")
+    with walk.start(Intro=0) as program:
+        window = program.window(ASSISTANT)
+        press("Next >")
+        press("A whole folder")
+        answer_dialog(program, "Find the game or folder you want to add", folder, "Choose")
+        press("No, leave as is")
+        wait_for("the games with their originals", lambda: os.path.exists(walk.rom("two.gb")) and os.path.exists(two))
+        press("Exit")
+        program.wait_gone(ASSISTANT)
+
+
+def main():
+    walk = Walk(*sys.argv[1:3])
+    walk.check("the first start asks for the language", first_start, walk)
+    walk.check("the intro can be left", intro, walk)
+    walk.check("the main window", main_window, walk)
+    walk.check("the archive window", archive, walk)
+    walk.check("the assistant", assistant, walk)
+    return 0 if walk.report() else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
