@@ -138,7 +138,9 @@ void vbwHyperlink::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Colours::toQColor(m_backColor));
     painter.setPen(Colours::toQColor(Enabled() ? m_foreColor : disabledText));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, m_caption);
+    // A caption that has given the size its own would break at the last fraction of a pixel.
+    const int wrap = m_autoSize ? 0 : static_cast<int>(Qt::TextWordWrap);
+    painter.drawText(rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignTop) | wrap, m_caption);
 }
 
 void vbwHyperlink::resizeEvent(QResizeEvent*) { fitToCaption(); }

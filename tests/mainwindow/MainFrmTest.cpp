@@ -299,44 +299,6 @@ private slots:
         QVERIFY(main.design().inTaskBar);
     }
 
-    // The tray
-    void the_tray_icon_is_shown_unless_the_user_does_not_want_it_data() {
-        QTest::addColumn<QString>("tray");
-        QTest::addColumn<bool>("shown");
-        QTest::newRow("absent") << QString() << true;
-        QTest::newRow("True") << QStringLiteral("True") << true;
-        QTest::newRow("1") << QStringLiteral("1") << true;
-        QTest::newRow("False") << QStringLiteral("False") << false;
-        QTest::newRow("0") << QStringLiteral("0") << false;
-    }
-    void the_tray_icon_is_shown_unless_the_user_does_not_want_it() {
-        QFETCH(QString, tray);
-        QFETCH(bool, shown);
-        if (!tray.isEmpty()) opened->world.setSetting("Tray", tray);
-        QCOMPARE(opened->open().TrayIcon1.isShown(), shown);
-        QCOMPARE(opened->world.ends, 0);
-    }
-    void the_icon_setting_selects_the_picture_of_the_tray_icon() {
-        QImage blue(16, 16, QImage::Format_RGB32);
-        blue.fill(Qt::blue);
-        QVERIFY(blue.save(opened->world.folder.path(QStringLiteral("data/tray/3.dat")), "PNG"));
-        opened->world.setSetting("Icon", QStringLiteral("3"));
-        const QPixmap picture = opened->open().TrayIcon1.picture();
-        QCOMPARE(picture.toImage().pixelColor(5, 5), QColor(Qt::blue));
-    }
-    void a_missing_icon_does_no_harm_data() {
-        QTest::addColumn<QString>("icon");
-        QTest::newRow("no such number") << QStringLiteral("99");
-        QTest::newRow("a path out of the folder") << QStringLiteral("..\\..\\roms\\a");
-        QTest::newRow("nothing") << QStringLiteral(" ");
-    }
-    void a_missing_icon_does_no_harm() {
-        QFETCH(QString, icon);
-        opened->world.setSetting("Icon", icon);
-        QVERIFY(opened->open().TrayIcon1.picture().isNull());
-        QVERIFY(window().isVisible());
-        QCOMPARE(messages().boxes.size(), 0);
-    }
     void the_emulator_setting_has_no_effect() {
         opened->world.setSetting("Emulador", QStringLiteral("Other") + QString(600, QLatin1Char(' ')) +
                                                  QStringLiteral("1"));

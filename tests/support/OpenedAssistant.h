@@ -62,15 +62,18 @@ struct OpenedAssistant : OpenedProgram {
     }
 };
 
-/// Drops a list of URIs on a window, as a file manager does. False if the window refuses it.
+/// Drops a list of URIs on a window, as a file manager does whose user holds Shift, which asks for a move.
+/// False if the window refuses it or would have the files moved.
 inline bool dropOn(QWidget& window, const QByteArray& addresses) {
     QMimeData data;
     data.setData(QStringLiteral("text/uri-list"), addresses);
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                          Qt::ShiftModifier);
     enter.setAccepted(false);
     QCoreApplication::sendEvent(&window, &enter);
     if (!enter.isAccepted()) return false;
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
+    if (drop.dropAction() != Qt::MoveAction) qFatal("Shift asks for no move");
     QCoreApplication::sendEvent(&window, &drop);
     return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
 }

@@ -23,6 +23,17 @@ struct LinkForm : PanelForm {
         QCoreApplication::sendEvent(&link, &event);
     }
 };
+
+// The rows of an image in which a line of that colour runs from one side to the other.
+int linesOf(const QImage& image, const QColor& colour) {
+    int lines = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        int hits = 0;
+        for (int x = 0; x < image.width(); ++x) hits += image.pixelColor(x, y) == colour ? 1 : 0;
+        if (hits >= image.width() - 2) ++lines;
+    }
+    return lines;
+}
 } // namespace
 
 class vbwHyperlinkTest : public QObject {
@@ -88,6 +99,26 @@ private slots:
         form.leave();
         QCOMPARE(form.link.ForeColor(), Colours::system(7));
         QVERIFY(form.link.Font().underline);
+    }
+
+    void a_link_is_painted_in_its_colours_and_underlined() {
+        LinkForm form;
+        form.link.setCaption(QStringLiteral("un enlace"));
+        form.link.setForeColor(0x804020);
+        form.link.setBackColor(0x00FFFF);
+        const QColor fore(0x20, 0x40, 0x80);
+        QCOMPARE(linesOf(imageOf(form.link), fore), 1);
+        QCOMPARE(imageOf(form.link).pixelColor(0, 0), QColor(0xFF, 0xFF, 0));
+        form.send(QEvent::MouseMove, {3, 3});
+        QCOMPARE(linesOf(imageOf(form.link), Qt::red), 1);
+        form.leave();
+        form.link.setHoverUnderline(false);
+        form.send(QEvent::MouseMove, {3, 3});
+        QCOMPARE(linesOf(imageOf(form.link), Qt::red), 0);
+        QVERIFY(hasColour(imageOf(form.link), Qt::red));
+        QVERIFY(!hasColour(imageOf(form.link), fore));
+        form.leave();
+        QCOMPARE(linesOf(imageOf(form.link), fore), 1);
     }
 
     void dragging_out_with_a_held_button_ends_the_hover() {

@@ -99,6 +99,8 @@ void MoviePlayer::showNext() {
     playOrRest();
 }
 
+bool MoviePlayer::isPlaying() const { return m_clock.isActive() || (m_frames && m_frames->isStill()); }
+
 // What lies behind another program's window counts as seen: the desktop does not report that.
 bool MoviePlayer::isSeen() const {
     const QWindow* native = window()->windowHandle();

@@ -30,8 +30,8 @@ public:
     void setMovie(const QString& location);
     const QString& Movie() const { return m_location; }
     void Play();
-    /// Whether it is moving: not while nobody can see it, and never with a movie of one frame.
-    bool isPlaying() const { return m_clock.isActive(); }
+    /// Whether a movie is being shown. One that moves rests, and is not, while nobody can see it.
+    bool isPlaying() const;
 
 signals:
     /// The player has begun to play or has found nothing to play.

@@ -152,8 +152,9 @@ private slots:
     }
     void a_still_gif_is_shown() {
         QVERIFY(play(gifHead() + gifFrame(1) + ';'));
-        QTest::qWait(200);
+        QTest::qWait(200); // longer than its one frame takes
         QCOMPARE(seen(), blue);
+        QVERIFY(player->isPlaying());
     }
     void a_movie_is_told_by_its_content_and_not_by_its_name() {
         QVERIFY(play(twoColours(), u"movie.png"_s));
