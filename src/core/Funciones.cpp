@@ -14,7 +14,7 @@ namespace {
 const QString unfinishedKey = QStringLiteral("Unfinished");
 
 // The folder of a file; of a symbolic link, the folder of its target.
-QString folderOf(const QString& path) { return Paths::spelled(placeOf(Paths::real(path)).folder); }
+QString folderOf(const QByteArray& path) { return Paths::spelled(placeOf(path).folder); }
 } // namespace
 
 void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
@@ -24,7 +24,7 @@ void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
         m_parts.dialogs.showSave({title, gameFileFilter, gameFilterIndex(fileName), fileName});
     if (target.isEmpty() || target == QStringLiteral(" ")) return;
     // A user's folder is searched at the next start only if a copy into it was cut off.
-    rememberUnfinished(folderOf(target));
+    rememberUnfinished(folderOf(Paths::realToCreate(target)));
     SafeFile::copy(sourcePath, target);
     rememberUnfinished({});
 }
@@ -40,7 +40,7 @@ void Funciones::sweepLeftovers() {
         m_parts.settings.GetSetting(Config::application, Config::section, unfinishedKey, {});
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
-    ignoring([&] { Leftovers::sweep(folderOf(m_parts.settings.fileOf(Config::application))); });
+    ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });
     if (unfinished.isEmpty()) return;
     Leftovers::sweep(unfinished);
     rememberUnfinished({});

@@ -119,6 +119,13 @@ private slots:
         QCOMPARE(read("target.gb"), QByteArray("former"));
         QCOMPARE(folder->entries(), (QStringList{QStringLiteral("big.gb"), QStringLiteral("target.gb")}));
     }
+    void a_file_whose_name_differs_in_case_is_not_replaced() {
+        folder->write(QStringLiteral("Out/PLAIN.GB"), "other");
+        dialogs.answer = folder->path(QStringLiteral("out")) + QStringLiteral("\\plain.gb");
+        funciones->CopyRom(game("plain.gb"), QStringLiteral("plain.gb"));
+        QCOMPARE(read("Out/PLAIN.GB"), QByteArray("other"));
+        QCOMPARE(read("Out/plain.gb"), QByteArray("rom"));
+    }
     void a_copy_onto_the_game_itself_is_refused_and_the_game_stays() {
         dialogs.answer = game();
         QCOMPARE(failureOf([&] { funciones->CopyRom(game(), QStringLiteral("game.gb")); }),

@@ -65,6 +65,13 @@ QByteArray real(const QString& path) {
     return found;
 }
 
+QByteArray realToCreate(const QString& path) {
+    QString name = bareName(path);
+    QByteArray folder = real(path.chopped(name.size()));
+    if (!folder.isEmpty() && !folder.endsWith('/')) folder += '/';
+    return folder + NativeText::toNative(name.replace(QChar(0), QLatin1Char('?')));
+}
+
 QString bareName(const QString& spelled) {
     const auto isSeparator = [](QChar c) { return c == QLatin1Char('\\') || c == QLatin1Char('/'); };
     qsizetype start = spelled.size();

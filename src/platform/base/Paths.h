@@ -17,6 +17,10 @@ QString applicationFolder();
 /// found stay as spelled, so that the path can be used to create them. A zero character becomes "?".
 QByteArray real(const QString& spelled);
 
+/// The real path of a file that is to be made or replaced under just this name: its folder is looked up as
+/// `real` does, the name stays as spelled.
+QByteArray realToCreate(const QString& spelled);
+
 /// The last piece of a spelled path, after any separator.
 QString bareName(const QString& spelled);
 

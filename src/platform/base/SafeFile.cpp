@@ -85,7 +85,7 @@ void replace(const QString& path, const QByteArray& bytes) {
 void copy(const QString& sourcePath, const QString& targetPath) {
     aboutFile(targetPath, [&] {
         struct stat source {};
-        const auto copy = Arrival::ofCopy(Paths::real(sourcePath), Paths::real(targetPath), source);
+        const auto copy = Arrival::ofCopy(Paths::real(sourcePath), Paths::realToCreate(targetPath), source);
         if (!copy) throw RuntimeFailure(RuntimeFailure::permissionDenied, RuntimeFailure::Reason::sameFile);
         copy->commit();
     });

@@ -23,8 +23,9 @@ namespace torvane::SafeFile {
 /// Replaces the whole content of the file, or creates it. Fails with the number of the system's error.
 void replace(const QString& path, const QByteArray& bytes);
 
-/// Copies a file, replacing the target. Fails with permissionDenied if both are the same file, since that
-/// would only put its content at risk, and if the source changes meanwhile.
+/// Copies a file, replacing a file of just the target's name: one that differs in case is another file. Fails
+/// with permissionDenied if both are the same file, since that would only put its content at risk, and if the
+/// source changes meanwhile.
 void copy(const QString& source, const QString& target);
 
 /// Appends bytes to an existing file. `bytesAt` makes them from the old length, in bytes. On a failure the

@@ -2,11 +2,11 @@
 // Message boxes, file dialogs and the opener of addresses, on Qt's own.
 #include "DesktopDialogs.h"
 #include "../base/Paths.h"
+#include "FileNameDialog.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -23,23 +23,6 @@ QMessageBox::Icon iconOf(int flags) {
     case MsgBoxFlags::information: return QMessageBox::Information;
     default: return QMessageBox::NoIcon;
     }
-}
-
-QFileDialog& prepare(QFileDialog& dialog, const FileQuestion& question) {
-    const QStringList filters = DesktopFileDialogs::nameFilters(question.filter);
-    dialog.setNameFilters(filters);
-    if (question.filterIndex >= 1 && question.filterIndex <= filters.size()) {
-        dialog.selectNameFilter(filters[question.filterIndex - 1]);
-    }
-    if (!question.fileName.isEmpty()) {
-        dialog.selectFile(QFile::decodeName(Paths::real(question.fileName)));
-    }
-    return dialog;
-}
-
-QString answerOf(QFileDialog& dialog) {
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    return Paths::spelled(QFile::encodeName(dialog.selectedFiles().first()));
 }
 } // namespace
 
@@ -71,23 +54,20 @@ QStringList DesktopFileDialogs::nameFilters(const QString& filter) {
 }
 
 QString DesktopFileDialogs::showOpen(const FileQuestion& question) {
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    return answerOf(prepare(dialog, question));
+    return FileNameDialog(QApplication::activeWindow(), question, QFileDialog::AcceptOpen).ask();
 }
 
 QString DesktopFileDialogs::showSave(const FileQuestion& question) {
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    return answerOf(prepare(dialog, question));
+    return FileNameDialog(QApplication::activeWindow(), question, QFileDialog::AcceptSave).ask();
 }
 
 QString DesktopFileDialogs::showFolder(const FileQuestion& question) {
     QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // see FileNameDialog
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    return answerOf(dialog);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return Paths::spelled(QFile::encodeName(dialog.selectedFiles().first()));
 }
 
 bool DesktopBrowser::open(const QString& url) {

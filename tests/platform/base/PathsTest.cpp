@@ -125,6 +125,20 @@ private slots:
         folder.setMode(QStringLiteral("shut"), 0755);
         QCOMPARE(real, at("/shut/game.gb"));
     }
+    void a_file_to_create_has_its_name_as_spelled_in_the_folder_that_is_there() {
+        const auto created = [this](const QString& relative) {
+            return Paths::realToCreate(folder.path() + relative);
+        };
+        folder.write(QStringLiteral("Made/PLAIN.GB"), "x");
+        QCOMPARE(created(QStringLiteral("\\made\\plain.gb")), at("/Made/plain.gb"));
+        QCOMPARE(created(QStringLiteral("\\made\\PLAIN.GB")), at("/Made/PLAIN.GB"));
+        QCOMPARE(created(QStringLiteral("\\MADE/new.gb")), at("/Made/new.gb"));
+        QCOMPARE(created(QStringLiteral("\\none\\new.gb")), at("/none/new.gb"));
+        QCOMPARE(created(Paths::spelled("/made/\xFF\\.gb")), at("/Made/\xFF\\.gb"));
+        QCOMPARE(Paths::realToCreate(QStringLiteral("plain.gb")), QByteArray("plain.gb"));
+        QCOMPARE(Paths::realToCreate(QStringLiteral("\\plain.gb")), QByteArray("/plain.gb"));
+        QCOMPARE(Paths::realToCreate(QString()), QByteArray());
+    }
     void a_far_too_long_path_stays_as_spelled() {
         const QString name(5000, QLatin1Char('n'));
         QCOMPARE(realOf(QLatin1Char('\\') + name), at("/") + name.toLatin1());
