@@ -3,8 +3,9 @@
 
 # For building the program and its folder.
 packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libzip-dev webp sdcc binutils-arm-none-eabi)
-# For running it: picture formats, substitutes for the fonts of the designs, an emulator.
-packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-image-formats-plugins
+# For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
+# an emulator.
+packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-image-formats-plugins qt6-translations-l10n
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
 # For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)

@@ -24,9 +24,14 @@ QMessageBox::Icon iconOf(int flags) {
     default: return QMessageBox::NoIcon;
     }
 }
+
+void follow(DesktopLanguage* language) {
+    if (language != nullptr) language->follow();
+}
 } // namespace
 
 int DesktopMessageBoxes::MsgBox(const QString& text, int flags, const QString& title) {
+    follow(m_language);
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
@@ -54,14 +59,17 @@ QStringList DesktopFileDialogs::nameFilters(const QString& filter) {
 }
 
 QString DesktopFileDialogs::showOpen(const FileQuestion& question) {
+    follow(m_language);
     return FileNameDialog(QApplication::activeWindow(), question, QFileDialog::AcceptOpen).ask();
 }
 
 QString DesktopFileDialogs::showSave(const FileQuestion& question) {
+    follow(m_language);
     return FileNameDialog(QApplication::activeWindow(), question, QFileDialog::AcceptSave).ask();
 }
 
 QString DesktopFileDialogs::showFolder(const FileQuestion& question) {
+    follow(m_language);
     QFileDialog dialog(QApplication::activeWindow(), question.title);
     dialog.setOption(QFileDialog::DontUseNativeDialog); // see FileNameDialog
     dialog.setFileMode(QFileDialog::Directory);

@@ -3,16 +3,26 @@
 #pragma once
 
 #include "../base/Seams.h"
+#include "DesktopLanguage.h"
 
 namespace torvane {
 
 class DesktopMessageBoxes : public MessageBoxes {
 public:
+    /// With a language the buttons follow it; it must outlive this object.
+    explicit DesktopMessageBoxes(DesktopLanguage* language = nullptr) : m_language(language) {}
+
     int MsgBox(const QString& text, int flags = MsgBoxFlags::okOnly, const QString& title = {}) override;
+
+private:
+    DesktopLanguage* m_language;
 };
 
 class DesktopFileDialogs : public FileDialogs {
 public:
+    /// As for message boxes.
+    explicit DesktopFileDialogs(DesktopLanguage* language = nullptr) : m_language(language) {}
+
     QString showOpen(const FileQuestion& question) override;
     QString showSave(const FileQuestion& question) override;
     QString showFolder(const FileQuestion& question) override;
@@ -20,6 +30,9 @@ public:
     /// The name filters of Qt for a filter of pairs "text|patterns": pairs without a pattern are
     /// left out.
     static QStringList nameFilters(const QString& filter);
+
+private:
+    DesktopLanguage* m_language;
 };
 
 class DesktopBrowser : public Browser {
