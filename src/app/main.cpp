@@ -2,6 +2,7 @@
 // Entry point: sets up Qt and the real services, then starts the program.
 #include "Program.h"
 #include "art/ArtResources.h"
+#include "core/DialogLanguage.h"
 #include "platform/base/NativeProcess.h"
 #include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
@@ -64,13 +65,17 @@ int main(int argc, char** argv) {
     torvane::applyDesktopLook(nightLook);
     torvane::initArtResources();
 
-    torvane::DesktopMessageBoxes messages;
-    torvane::DesktopFileDialogs dialogs;
+    torvane::DesktopLanguage qtLanguage;
+    torvane::DesktopMessageBoxes messages(&qtLanguage);
+    torvane::DesktopFileDialogs dialogs(&qtLanguage);
     torvane::DesktopBrowser browser;
     torvane::NativeProcess processes;
     torvane::Settings settings(configurationFolder());
     torvane::Runtime runtime{messages, dialogs, browser, processes, settings, endProcess};
     torvane::Program program(runtime, torvane::Paths::applicationFolder());
+    const torvane::DialogLanguage dialogLanguage(program.globals, program.language);
+    qtLanguage.setSource(
+        {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
     program.start();
     QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
     QTimer::singleShot(sweepDelay, &application, [&] { program.funciones.sweepLeftovers(); });
