@@ -120,8 +120,10 @@ void NewAssistant::chameleonButton3_Click() {
     chameleonButton1.setCaption(text("next"));
 }
 
-// While games are being copied the window disappears at once, and unloads after the current file.
+// While games are being copied the window disappears at once, and unloads after the current file. A drop that
+// is still waiting comes first.
 void NewAssistant::ChameleonButton2_Click() {
+    if (!m_copying.isOn() && !m_waiting.isEmpty()) return takeWaiting();
     m_copying.askToClose();
     if (m_copying.isOn()) {
         Hide();

@@ -82,9 +82,10 @@ void NewAssistant::AddDir_Click() {
 void NewAssistant::addFolder(const QString& folder) {
     try {
         m_copying.run([&] { copyFolder(folder); });
-    } catch (const RuntimeFailure&) {
+    } catch (const RuntimeFailure& failure) {
+        runtime().reporting([&] { throw failure; });
         workEnded([this] { takeWaiting(); });
-        throw;
+        return;
     }
     workEnded([this] {
         Page = 2;
@@ -124,6 +125,7 @@ void NewAssistant::ChameleonButton5_Click() {
         if (!isUnloaded() && !deletion.kept.empty()) showKept(deletion.kept);
         said = deletion.kept.empty() ? "f10" : deletion.gone > 0 ? "f15" : "f11";
     } else if (!m_adding.deleteSource(FilePath.Text())) {
+        showKept({m_adding.kept(FilePath.Text())});
         said = "f11";
     }
     if (isUnloaded()) return;

@@ -71,4 +71,14 @@ bool AddNewROM::deleteSource(const QString& path) {
     return true;
 }
 
+KeptSource AddNewROM::kept(const QString& path) const {
+    struct stat file {};
+    struct stat copy {};
+    const bool hasCopy = m_copies && !m_copies->records().empty();
+    const bool isCopy = hasCopy && stat(Paths::real(path).constData(), &file) == 0 &&
+                        stat(m_copies->records().front().target.constData(), &copy) == 0 &&
+                        file.st_dev == copy.st_dev && file.st_ino == copy.st_ino;
+    return {path, isCopy ? KeptSource::isInLibrary : KeptSource::hasChanged, {}};
+}
+
 } // namespace torvane

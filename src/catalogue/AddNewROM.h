@@ -58,6 +58,8 @@ public:
     /// named. Returns false, and deletes nothing, if there is no complete copy, if the path is that of the
     /// copy, or if the source has changed since. Fails if the file can't be deleted.
     bool deleteSource(const QString& path);
+    /// Why deleteSource has kept a file.
+    KeptSource kept(const QString& path) const;
 
 private:
     const Globals& m_globals;

@@ -35,7 +35,7 @@ void Funciones::rememberUnfinished(const QString& folder) {
 }
 
 void Funciones::sweepLeftovers() {
-    const QString library = m_parts.globals.AppPath + QStringLiteral("\\roms");
+    const QString library = m_parts.globals.libraryFolder();
     const QString unfinished =
         m_parts.settings.GetSetting(Config::application, Config::section, unfinishedKey, {});
     Leftovers::sweep(library);

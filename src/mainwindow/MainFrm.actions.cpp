@@ -41,6 +41,11 @@ void MainFrm::emptyIfMissing(TextBox& field) {
     }
 }
 
+void MainFrm::EditID3Title_Change() {
+    emptyIfMissing(EditID3Title);
+    ignoring([this] { warnIfTooLong(); });
+}
+
 void MainFrm::EditID3Info_Change() {
     emptyIfMissing(EditID3Info);
     Label2.setCaption(QString::number(TagInput::longestInfo - EditID3Info.Text().size()));
@@ -57,16 +62,19 @@ void MainFrm::saveTag() {
             MsgBoxFlags::information, QStringLiteral("Error"));
         return;
     }
+    const QString path = Games.filePath();
     warnIfTooLong();
     m.id3.NewDate = TagInput::todayAsText();
     m.id3.NewCompany = company;
     m.id3.NewTitle = title;
     m.id3.NewInfo = info;
-    m.id3.SaveRomTag(Games.filePath(), pumpEvents);
+    m.id3.SaveRomTag(path, pumpEvents);
     m.runtime.messages.MsgBox(QStringLiteral("TAG Completado"));
-    // The other face must not keep showing the old tag. The fields keep what was saved
-    // also where the reader does not find it: in small files, and at the end of long lines.
+    // The other face must not keep showing the old tag. The fields keep what was saved also where the reader
+    // does not find it: in small files, and if the line is too long. The save served events: by now another
+    // game may be selected, whose fields are its own.
     Games_Click();
+    if (Games.filePath() != path) return;
     EditID3Title.setText(title);
     EditID3Company.setText(company);
     EditID3Info.setText(info);
@@ -76,7 +84,7 @@ void MainFrm::warnIfTooLong() {
     const QString& title = EditID3Title.Text();
     const QString& company = EditID3Company.Text();
     const QString& info = EditID3Info.Text();
-    // Tags that were read are never so long: a selection asks no file.
+    // Tags are rarely so long: a selection asks no file.
     constexpr qsizetype alwaysFits = 900;
     if (Games.FileName().isEmpty() || title.size() + company.size() + info.size() < alwaysFits) return;
     if (TagInput::isTooLongToRead(title, company, info, File::lengthOf(Games.filePath()))) {

@@ -65,6 +65,7 @@ private:
     void Edit_Menu_Click();
     void ID3_Menu_Click();
     void emptyIfMissing(TextBox& field);
+    void EditID3Title_Change();
     void EditID3Info_Change();
     void saveTag();
     void warnIfTooLong();

@@ -16,7 +16,8 @@ void MainFrm::wireControls() {
     takeDrops();
     wire(*this, &Form::pathDropped, &MainFrm::addGames, Failure::reported);
     wire(m_dragStrip, &DragStrip::dropped, [this] { putInsideScreen(*this); });
-    wire(EditID3Title, &TextBox::Change, [this] { emptyIfMissing(EditID3Title); });
+    wire(EditID3Title, &TextBox::Change, &MainFrm::EditID3Title_Change);
+    wire(EditID3Company, &TextBox::Change, [this] { ignoring([this] { warnIfTooLong(); }); });
     wire(EditID3Info, &TextBox::Change, &MainFrm::EditID3Info_Change);
     for (TextBox* field : {&EditID3Title, &EditID3Company, &EditID3Info}) {
         field->setInputFilter(TagInput::storable);

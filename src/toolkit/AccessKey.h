@@ -6,8 +6,8 @@
 
 namespace torvane {
 
-/// The access key of a caption, in lower case; a null character if it has none. A doubled ampersand stands
-/// for itself and leads to one second search, but to no third.
+/// The access key of a caption, in lower case; a null character if it has none. A doubled ampersand is
+/// a plain one: the search goes on after it once, but not a second time.
 QChar accessKeyOf(const QString& caption);
 
 /// The caption as it is read aloud: marks left out, doubled ampersands single.

@@ -99,6 +99,8 @@ private slots:
     }
     void every_button_in_sight_is_there_data() { addLanguages(); }
     void every_button_in_sight_is_there() {
+        QFETCH(QByteArray, language);
+        reopenIn(language.constData());
         for (Form* window : windows()) {
             QObjectList there;
             for (QAccessibleInterface* part : accessiblesFrom(accessible(*window))) there += part->object();

@@ -4,6 +4,7 @@
 #include "core/Desk.h"
 #include "core/Globals.h"
 #include "core/LanguageChoice.h"
+#include "core/SettingValues.h"
 #include "platform/forms/Pictures.h"
 
 namespace torvane {
@@ -11,7 +12,6 @@ namespace torvane {
 namespace {
 constexpr OleColour red = 0x0000FF;
 constexpr OleColour plainWhite = 0xFFFFFF;
-const QString languageKey = QStringLiteral("Language");
 } // namespace
 
 SelLangStartUp::SelLangStartUp(const Services& services)
@@ -83,9 +83,9 @@ void SelLangStartUp::no_Click() {
 }
 
 void SelLangStartUp::ok_Click() {
-    runtime().settings.SaveSetting(Config::application, Config::section, languageKey,
-                                   m.globals.AppPath + QStringLiteral("\\data\\lang\\lang_") +
-                                       ChosenLanguage + QStringLiteral(".tvl"));
+    TextSetting(m.runtime.settings, "Language", QString())
+        .set(m.globals.AppPath + QStringLiteral("\\data\\lang\\lang_") + ChosenLanguage +
+             QStringLiteral(".tvl"));
     setAnswersVisible(false);
     for (Label* label : {&Label4, &Label5, &Label6}) label->setVisible(false);
     // The image is a hidden store; what the user sees is the window's own picture.

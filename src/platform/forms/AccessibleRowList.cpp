@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rows of a list, by way of the view inside.
+// The rows of a list, through the view inside.
 #include "AccessibleRowList.h"
 
 namespace torvane {

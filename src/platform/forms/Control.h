@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What all controls of the fixed designs share: a name, a place in the design and in the tab order, and what
-// assistive tools are told of them. The form owns its controls by value; this class owns nothing.
+// their face for assistive tools. The form owns its controls by value; this class owns nothing.
 #pragma once
 
 #include "Fonts.h"
@@ -40,7 +40,7 @@ public:
     const FontSpec& fontSpec() const { return m_fontSpec; }
     void setFontSpec(const FontSpec& named);
 
-    // What assistive tools are told of the control; see AccessibleControl.
+    // What assistive tools see of the control; see AccessibleControl.
     virtual QAccessible::Role accessibleRole() const { return QAccessible::Client; }
     /// The words that it shows, such as its caption. They are its name, too, unless it is given another one.
     virtual QString accessibleText() const { return {}; }

@@ -21,7 +21,7 @@ public:
     QString text() const;
     /// The text with one character a place in the document: a line ends with a paragraph separator.
     QString rawText() const { return document()->toRawText(); }
-    /// Puts another raw text and cursor in the place of what the last step of the user's editing made. It is
+    /// Replaces with another raw text and cursor what the last step of the user's editing made. It is
     /// undone as that step.
     void correctLastStep(const QString& rawText, qsizetype cursorPlace);
 

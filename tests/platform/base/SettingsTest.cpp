@@ -198,7 +198,7 @@ private slots:
         QCOMPARE(get("Intro"), QStringLiteral("0"));
     }
     void a_failure_to_store_is_reported() {
-        folder->write(QStringLiteral("config"), "a file in the place of the folder");
+        folder->write(QStringLiteral("config"), "a file instead of the folder");
         QVERIFY(failureOf([&] { set("Start", QStringLiteral("1")); }).has_value());
         folder->makeFolder(QStringLiteral("shut"));
         folder->setMode(QStringLiteral("shut"), 0555);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What boxes, fields and scroll bars of the toolkit look like once the application has its look.
+// What boxes, fields and scroll bars of Qt look like once the application has its look.
 #include "platform/forms/DesktopLook.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
