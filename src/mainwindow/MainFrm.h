@@ -47,6 +47,7 @@ private:
     // MainFrm.wiring.cpp
     void wireControls();
     void wireTools();
+    void wireActions();
     void opens(chameleonButton& button, Window window);
     void hints(chameleonButton& button, const char* key);
 

@@ -39,6 +39,10 @@ void MainFrm::wireTools() {
         button->setEnabled(true);
         wire(*button, &chameleonButton::Click, &MainFrm::Zipper_Click);
     }
+    wireActions();
+}
+
+void MainFrm::wireActions() {
     hints(Refresh, "listupdate");
     hints(Searcher, "search");
     hints(Zipper, "zipnav");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What all controls of the fixed designs share: a name, a place in the design and in the tab order, and what
+// What all controls of the fixed designs share: a name, a place in the design and in the tab order, and
 // their face for assistive tools. The form owns its controls by value; this class owns nothing.
 #pragma once
 

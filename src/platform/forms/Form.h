@@ -3,7 +3,7 @@
 // Who owns the forms and which one follows another is not known here.
 #pragma once
 
-#include "Colours.h"
+#include "FormDesign.h"
 #include "Pictures.h"
 #include "Runtime.h"
 #include "Wordings.h"
@@ -14,26 +14,6 @@
 #include <concepts>
 
 namespace torvane {
-
-/// Twips in a pixel: the forms' unit of measure.
-constexpr int twipsPerPixel = 15;
-
-/// The row of a window in the window catalogue.
-struct FormDesign {
-    enum Border { none, fixedDialog, sizable };
-    enum StartPosition { centreOfScreen, systemDefault };
-    enum Unit { pixels, twips };
-
-    const char* name;
-    const char* title;
-    QSize clientSize; ///< pixels
-    Border border = none;
-    StartPosition start = centreOfScreen;
-    const char* picture = ""; ///< name in the resources (see Pictures), or empty
-    OleColour backColour = Colours::buttonFace;
-    Unit unit = pixels;
-    bool inTaskBar = false;
-};
 
 class Form : public QWidget {
     Q_OBJECT

@@ -398,26 +398,6 @@ private slots:
         clickInPanel(panelHeight - 2);
         QCOMPARE(list->currentRow(), 999'999);
     }
-    void the_current_row_looks_different_and_icons_are_drawn() {
-        fill(5);
-        const QImage plain = imageOf(*panel);
-        list->setCurrentRow(1);
-        const QImage chosen = imageOf(*panel);
-        QCOMPARE(chosen.copy(0, 1, 233, rowHeight), plain.copy(0, 1, 233, rowHeight));
-        QVERIFY(chosen.copy(0, 1 + rowHeight, 233, rowHeight) !=
-                plain.copy(0, 1 + rowHeight, 233, rowHeight));
-        // Row 0 has no picture, row 1 the first one.
-        const QColor back(0x33, 0x39, 0x4A);
-        QVERIFY(inkOf(plain.copy(0, 1, 38, rowHeight - 1), back).isNull());
-        QVERIFY(!inkOf(plain.copy(0, 1 + rowHeight, 38, rowHeight - 1), back).isNull());
-    }
-    void pictures_are_numbered_from_one_and_others_are_none() {
-        QCOMPARE(icons->picture(1).deviceIndependentSize(), QSizeF(32, 32));
-        QCOMPARE(icons->picture(4).deviceIndependentSize(), QSizeF(32, 32));
-        QVERIFY(icons->picture(0).isNull());
-        QVERIFY(icons->picture(5).isNull());
-        QVERIFY(icons->picture(-1).isNull());
-    }
 };
 
 TORVANE_TEST(ListViewTest)

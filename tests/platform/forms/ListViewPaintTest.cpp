@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// What rows with pictures look like, and the numbers of the pictures.
+#include "art/ArtResources.h"
+#include "platform/forms/ListView.h"
+#include "platform/forms/Panel.h"
+#include "support/FakeWorld.h"
+#include "support/NotedRows.h"
+#include "support/TestForm.h"
+#include "support/TestMain.h"
+
+using namespace torvane;
+
+class ListViewPaintTest : public QObject {
+    Q_OBJECT
+
+    static constexpr int rowHeight = 33;
+
+    std::unique_ptr<FakeWorld> world;
+    std::unique_ptr<TestForm> form;
+    std::unique_ptr<Panel> panel;
+    std::unique_ptr<ImageList> icons;
+    std::unique_ptr<ListView> list;
+
+    void fill(int rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
+
+private slots:
+    void initTestCase() { initArtResources(); }
+    void init() {
+        world = std::make_unique<FakeWorld>();
+        form = std::make_unique<TestForm>(world->runtime);
+        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, 180},
+                                        Panel::Look{.back = 0x4A3933});
+        icons = std::make_unique<ImageList>(
+            *form, "icons",
+            std::initializer_list<const char*>{"console-advance-32.png", "console-gameboy-32.png",
+                                               "console-color-32.png", "console-archive-32.png"});
+        list = std::make_unique<ListView>(*panel, "list", DesignRect{0, 1, 233, 177}, *icons);
+        QVERIFY(form->appear());
+    }
+    void cleanup() {
+        list.reset();
+        icons.reset();
+        panel.reset();
+        form.reset();
+        world.reset();
+    }
+
+    void the_current_row_looks_different_and_icons_are_drawn() {
+        fill(5);
+        const QImage plain = imageOf(*panel);
+        list->setCurrentRow(1);
+        const QImage chosen = imageOf(*panel);
+        QCOMPARE(chosen.copy(0, 1, 233, rowHeight), plain.copy(0, 1, 233, rowHeight));
+        QVERIFY(chosen.copy(0, 1 + rowHeight, 233, rowHeight) !=
+                plain.copy(0, 1 + rowHeight, 233, rowHeight));
+        // Row 0 has no picture, row 1 the first one.
+        const QColor back(0x33, 0x39, 0x4A);
+        QVERIFY(inkOf(plain.copy(0, 1, 38, rowHeight - 1), back).isNull());
+        QVERIFY(!inkOf(plain.copy(0, 1 + rowHeight, 38, rowHeight - 1), back).isNull());
+    }
+    void pictures_are_numbered_from_one_and_others_are_none() {
+        QCOMPARE(icons->picture(1).deviceIndependentSize(), QSizeF(32, 32));
+        QCOMPARE(icons->picture(4).deviceIndependentSize(), QSizeF(32, 32));
+        QVERIFY(icons->picture(0).isNull());
+        QVERIFY(icons->picture(5).isNull());
+        QVERIFY(icons->picture(-1).isNull());
+    }
+};
+
+TORVANE_TEST(ListViewPaintTest)
+#include "ListViewPaintTest.moc"
