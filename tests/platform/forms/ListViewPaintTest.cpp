@@ -45,6 +45,22 @@ private slots:
         world.reset();
     }
 
+    void of_a_million_rows_only_the_visible_ones_are_asked_for() {
+        const qsizetype mostInSight = panel->height() / rowHeight + 2;
+        const auto rows = std::make_shared<NotedRows>(1'000'000);
+        list->setItems(rows);
+        imageOf(*panel);
+        QVERIFY(!rows->asked.isEmpty());
+        QVERIFY2(rows->asked.size() <= mostInSight, qPrintable(QString::number(rows->asked.size())));
+        rows->asked.clear();
+        pressKey(*list, Qt::Key_End);
+        QCOMPARE(list->currentRow(), 999'999);
+        imageOf(*panel);
+        QVERIFY(rows->asked.contains(999'999));
+        QVERIFY(rows->asked.size() <= mostInSight);
+        clickAt(*panel, {100, panel->height() - 2});
+        QCOMPARE(list->currentRow(), 999'999);
+    }
     void the_current_row_looks_different_and_icons_are_drawn() {
         fill(5);
         const QImage plain = imageOf(*panel);

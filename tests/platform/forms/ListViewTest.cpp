@@ -381,23 +381,6 @@ private slots:
     }
 
     // Painting
-    void of_a_million_rows_only_the_visible_ones_are_asked_for() {
-        const auto rows = std::make_shared<NotedRows>(1'000'000);
-        list->setItems(rows);
-        imageOf(*panel);
-        QVERIFY(!rows->asked.isEmpty());
-        QVERIFY2(rows->asked.size() <= panelHeight / rowHeight + 2,
-                 qPrintable(QString::number(rows->asked.size())));
-        rows->asked.clear();
-        key(Qt::Key_End);
-        QCOMPARE(list->currentRow(), 999'999);
-        QVERIFY(isInSight(999'999));
-        imageOf(*panel);
-        QVERIFY(rows->asked.contains(999'999));
-        QVERIFY(rows->asked.size() <= panelHeight / rowHeight + 2);
-        clickInPanel(panelHeight - 2);
-        QCOMPARE(list->currentRow(), 999'999);
-    }
 };
 
 TORVANE_TEST(ListViewTest)
