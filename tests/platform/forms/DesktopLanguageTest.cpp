@@ -5,6 +5,7 @@
 #include "support/TestFolder.h"
 #include "support/TestMain.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QHeaderView>
