@@ -15,7 +15,6 @@ TorvMsg::TorvMsg(const Services& services) : TorvMsgDesign(services.runtime), m(
 
 void TorvMsg::Load() {
     const Texts text(m.language, "Config");
-    Label2.setCaption(QString());
     chameleonButton2.setCaption(text("yes"));
     chameleonButton3.setCaption(text("no"));
 }

@@ -8,6 +8,8 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
