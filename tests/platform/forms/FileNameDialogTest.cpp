@@ -7,8 +7,8 @@
 #include "support/TestMain.h"
 
 #include <QAbstractItemView>
-#include <QCompleter>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
