@@ -28,6 +28,8 @@ TVLabel::TVLabel(QWidget& parent, const char* name, const DesignRect& rect, cons
 
 bool TVLabel::isPressable() const { return isSignalConnected(QMetaMethod::fromSignal(&TVLabel::Click)); }
 
+bool TVLabel::isExposed() const { return (isPressable() || !m_caption.isEmpty()) && Control::isExposed(); }
+
 QAccessible::Role TVLabel::accessibleRole() const {
     return isPressable() ? QAccessible::Button : QAccessible::StaticText;
 }

@@ -25,6 +25,8 @@ public:
     QString accessibleText() const override { return m_caption; }
     /// As soon as something is connected to its click.
     bool isPressable() const override;
+    /// Not as long as it says nothing and does nothing.
+    bool isExposed() const override;
 
     // Kept and saved, without any effect on the screen.
     bool Enabled() const { return m_enabled; }

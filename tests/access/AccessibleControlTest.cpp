@@ -214,9 +214,12 @@ private slots:
     }
     void a_label_is_there_as_soon_as_it_says_something() {
         Label label(*form, "label", place, {});
+        TVLabel skin(*form, "skin", below, {""});
         QCOMPARE(parts(), QList<QObject*>{});
         label.setCaption(u"x"_s);
         QCOMPARE(parts(), QList<QObject*>{&label});
+        skin.setCaption(u"y"_s);
+        QCOMPARE(parts(), (QList<QObject*>{&label, &skin}));
     }
     void a_control_that_comes_into_sight_is_there() {
         const Label label(*form, "label", {310, 10, 30, 30}, {"x"});
