@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <numeric>
 #include <random>
 
 namespace torvane::faults {
@@ -167,12 +168,24 @@ private:
     Tree m_before;
     int m_duration = 500; // microseconds
 };
-// The two deeds before all pairs of calls that are at most `furthest` calls apart.
-void meetInPairs(Rounds& meeting, const Deeds& deeds, int furthest) {
+// How many calls may lie between two deeds, in ascending order.
+std::vector<int> distances(bool isOneRewrite, bool brief) {
+    if (brief && isOneRewrite) return {1, 2, 3, 5, 8, 12, 18, 24};
+    if (brief) return {1};
+    std::vector<int> all(isOneRewrite ? 24 : 8);
+    std::iota(all.begin(), all.end(), 1);
+    return all;
+}
+
+// The two deeds before all pairs of calls that are so far apart.
+void meetInPairs(Rounds& meeting, const Deeds& deeds, const std::vector<int>& distances) {
     bool isMet = true;
     for (int call = 1; isMet && call < mostCalls; ++call) {
         isMet = false;
-        for (int later = 1; later <= furthest && meeting.meetAt(deeds, call, later); ++later) isMet = true;
+        for (const int later : distances) {
+            if (!meeting.meetAt(deeds, call, later)) break;
+            isMet = true;
+        }
     }
 }
 } // namespace
@@ -188,7 +201,7 @@ void meetOtherProgram(Workshop& workshop, Tally& tally, int rounds, bool brief) 
         for (const Deeds& deeds : allDeeds(true)) {
             // All of our own work may happen between the halves of a rewrite.
             const bool isOneRewrite = deeds.errands[1].deed == Deed::endRewriting;
-            meetInPairs(meeting, deeds, isOneRewrite ? 24 : brief ? 2 : 8);
+            meetInPairs(meeting, deeds, distances(isOneRewrite, brief));
             for (int i = 0; i < rounds; ++i) meeting.meetAtRandom(deeds, random);
         }
     }

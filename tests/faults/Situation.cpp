@@ -9,7 +9,6 @@
 namespace torvane::faults {
 
 namespace {
-enum class Standing { none, shorter, equal, longer };
 constexpr std::array<const char*, 4> standingNames = {"nothing there", "shorter", "equal", "longer"};
 
 const std::string sourceFile = "incoming/new.gb";
@@ -204,16 +203,12 @@ private:
     qsizetype m_size;
     Standing m_standing;
 };
-
-std::vector<Standing> standings(bool brief) {
-    if (brief) return {Standing::none, Standing::longer};
-    return {Standing::none, Standing::shorter, Standing::equal, Standing::longer};
-}
 } // namespace
 
-std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief) {
+std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
+                                  const Standings& standings) {
     std::vector<Situation> all;
-    for (const Standing standing : standings(brief)) {
+    for (const Standing standing : standings) {
         Maker make(workshop, parts, imageSize, standing);
         all.push_back(make.strip());
         all.push_back(make.replace());
@@ -226,10 +221,10 @@ std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsize
     return all;
 }
 
-std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief,
-                               bool isLarge) {
+std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
+                               const Standings& standings, bool isLarge) {
     std::vector<Situation> all;
-    for (const Standing standing : standings(brief)) {
+    for (const Standing standing : standings) {
         Maker make(workshop, parts, imageSize, standing);
         all.push_back(make.import("games into the library", isLarge ? 9 : 3, false));
         all.push_back(make.import("games, originals deleted", isLarge ? 9 : 3, true));

@@ -45,14 +45,21 @@ inline const std::string gameFile = "program/roms/game.gb";
 inline const std::string backupFile = "program/roms/data/backup/game.gb";
 inline const std::string settingsFile = "config/Torvane/Torvane.conf";
 
-/// All operations on images of a size in bytes, each with nothing, something shorter, something of the same
-/// length and something longer where it writes. They use the workshop and the parts, which must outlive them.
-/// With `brief` only the first and the last of these four.
-std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief);
+/// What is where an operation writes.
+enum class Standing { none, shorter, equal, longer };
+using Standings = std::vector<Standing>;
+inline const Standings everyStanding = {Standing::none, Standing::shorter, Standing::equal, Standing::longer};
+inline const Standings extremes = {Standing::none, Standing::longer};
+inline const Standings onlyLonger = {Standing::longer};
+
+/// All operations on images of a size in bytes, each in all these situations. They use the workshop and the
+/// parts, which must outlive them.
+std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
+                                  const Standings& standings);
 
 /// The assistant's copies of several games of that size at once, with and without deleting the originals.
 /// `isLarge` uses so many games that they share one sync of the whole file system.
-std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize, bool brief,
-                               bool isLarge);
+std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
+                               const Standings& standings, bool isLarge);
 
 } // namespace torvane::faults

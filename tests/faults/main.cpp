@@ -39,32 +39,34 @@ public:
 private:
     void calls() {
         Runner runner(m_workshop, m_tally);
-        strikeAll(runner, 32 * kibibyte, false);
-        for (const bool isLarge : {false, true}) strikeImports(runner, 4 * kibibyte, isLarge);
-        if (m_isLong) strikeImports(runner, 8 * mebibyte, false);
+        strikeAll(runner, 32 * kibibyte, m_isLong ? everyStanding : extremes);
+        strikeImports(runner, 4 * kibibyte, m_isLong ? everyStanding : extremes, false);
+        strikeImports(runner, 4 * kibibyte, m_isLong ? extremes : onlyLonger, true);
         strikeTwo(runner);
-        strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, !m_isLong);
-        if (m_isLong) strikeAll(runner, 32 * mebibyte, false);
+        strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, m_isLong ? everyStanding : onlyLonger);
+        if (!m_isLong) return;
+        strikeImports(runner, 8 * mebibyte, extremes, false);
+        strikeAll(runner, 32 * mebibyte, everyStanding);
     }
 
     void strikeTwo(Runner& runner) {
         const std::set<std::string> operations = {"StripRomTag", "AppendRomTag", "SaveRomTag"};
-        for (const Situation& situation : situations(m_workshop, m_parts, 4 * kibibyte, true)) {
+        const Standings& standings = m_isLong ? extremes : onlyLonger;
+        for (const Situation& situation : situations(m_workshop, m_parts, 4 * kibibyte, standings)) {
             if (operations.count(situation.operation) == 0) continue;
             strikeEveryTwoCalls(runner, situation, !m_isLong);
         }
     }
 
-    void strikeImports(Runner& runner, qsizetype size, bool isLarge) {
-        const bool brief = !m_isLong || isLarge || size >= mebibyte;
-        for (const Situation& situation : imports(m_workshop, m_parts, size, brief, isLarge)) {
+    void strikeImports(Runner& runner, qsizetype size, const Standings& standings, bool isLarge) {
+        for (const Situation& situation : imports(m_workshop, m_parts, size, standings, isLarge)) {
             runner.run(situation, {});
             strikeEveryCall(runner, situation, !m_isLong);
         }
     }
 
-    void strikeAll(Runner& runner, qsizetype size, bool brief) {
-        for (const Situation& situation : situations(m_workshop, m_parts, size, brief)) {
+    void strikeAll(Runner& runner, qsizetype size, const Standings& standings) {
+        for (const Situation& situation : situations(m_workshop, m_parts, size, standings)) {
             // A settings file beside a large game is no larger than beside a small one.
             if (situation.operation == "SaveSetting" && size >= mebibyte) continue;
             runner.run(situation, {});
@@ -74,28 +76,29 @@ private:
 
     void power() {
         const qsizetype uneven = 4 * kibibyte + 300; // so that an appended line crosses more disk blocks
-        for (const qsizetype size : {4 * kibibyte, uneven, 32 * kibibyte}) {
-            for (const Situation& situation : situations(m_workshop, m_parts, size, false)) {
-                failPower(m_workshop, m_tally, situation);
-                if (m_isLong && size == uneven) failPowerAfterFaults(m_workshop, m_tally, situation);
-            }
-        }
-        failPowerInImports();
+        failPowerIn(situations(m_workshop, m_parts, uneven, everyStanding), m_isLong);
+        failPowerIn(situations(m_workshop, m_parts, 32 * kibibyte, m_isLong ? everyStanding : onlyLonger),
+                    false);
+        failPowerIn(imports(m_workshop, m_parts, kibibyte, m_isLong ? everyStanding : extremes, false),
+                    false);
+        if (!m_isLong) return;
+        failPowerIn(situations(m_workshop, m_parts, 4 * kibibyte, everyStanding), false);
+        failPowerIn(imports(m_workshop, m_parts, kibibyte, extremes, true), false);
     }
 
-    void failPowerInImports() {
-        for (const Situation& situation : imports(m_workshop, m_parts, kibibyte, !m_isLong, false))
+    void failPowerIn(const std::vector<Situation>& all, bool alsoAfterFaults) {
+        for (const Situation& situation : all) {
             failPower(m_workshop, m_tally, situation);
-        if (!m_isLong) return;
-        for (const Situation& situation : imports(m_workshop, m_parts, kibibyte, true, true))
-            failPower(m_workshop, m_tally, situation);
+            if (alsoAfterFaults) failPowerAfterFaults(m_workshop, m_tally, situation);
+        }
     }
 
     void kills() {
-        auto all = situations(m_workshop, m_parts, 32 * kibibyte, true);
-        for (const Situation& one : situations(m_workshop, m_parts, 8 * mebibyte, true)) all.push_back(one);
+        auto all = situations(m_workshop, m_parts, 32 * kibibyte, extremes);
+        for (const Situation& one : situations(m_workshop, m_parts, 8 * mebibyte, extremes))
+            all.push_back(one);
         for (const bool isLarge : {false, true}) {
-            const auto games = imports(m_workshop, m_parts, 32 * kibibyte, true, isLarge);
+            const auto games = imports(m_workshop, m_parts, 32 * kibibyte, extremes, isLarge);
             all.insert(all.end(), games.begin(), games.end());
         }
         killAtRandom(m_workshop, m_tally, all, 10'000);
