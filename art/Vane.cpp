@@ -8,6 +8,7 @@
 #include <QLinearGradient>
 #include <QPainterPath>
 #include <QPolygonF>
+#include <QTransform>
 
 #include <cmath>
 
@@ -90,6 +91,24 @@ void vane(QPainter& painter, QPointF foot, qreal height, qreal angle) {
     painter.drawEllipse(QPointF(0, -height * 0.2), thick * 1.5, thick * 1.5);
     painter.drawEllipse(QPointF(0, 0), thick * 1.2, thick * 1.2);
     painter.restore();
+}
+
+QPainterPath emblem(QPointF foot, qreal height) {
+    constexpr qreal slabsHigh = 4;
+    const qreal unit = height / 9;
+    const qreal mast = height - slabsHigh * unit;
+    QPainterPath shape;
+    for (const Slab& part : slabs) {
+        shape |= rounded(
+            {(part.middle - part.width / 2) * unit, -part.top * unit, part.width * unit, part.height * unit},
+            part.height * unit * 0.3);
+    }
+    const qreal thick = mast * 0.07;
+    shape |= rounded({-thick / 2, -height, thick, mast + unit / 2}, thick / 2);
+    const qreal reach = mast * 0.62;
+    shape |=
+        QTransform::fromScale(reach, reach * 0.8).map(arrow()).translated(0, -slabsHigh * unit - mast * 0.8);
+    return shape.translated(foot);
 }
 
 } // namespace torvane::night
