@@ -7,6 +7,8 @@
 #include "Palette.h"
 #include "Panel.h"
 
+#include <cmath>
+
 namespace torvane {
 
 using namespace palette;
@@ -16,11 +18,14 @@ namespace {
 // The free margin between the parts of a window and its edge.
 constexpr qreal margin = 3;
 
-// Short grooves in a free part of the panel, one every five pixels: the same ornament as in the assistant.
-void grille(Panel& panel, const QRectF& area) {
+// Short grooves in the free part of the panel left of the buttons, the same ornament as in the assistant.
+void grille(Panel& panel, const QRectF& buttons) {
+    constexpr int grooves = 4;
     constexpr qreal step = 5;
-    for (qreal y = area.top(); y + 2 <= area.bottom(); y += step)
-        panel.groove({area.left(), y, area.width(), 2});
+    constexpr qreal indent = 12;
+    const qreal top = std::floor(buttons.center().y() - (grooves - 1) * step / 2 - 1);
+    for (int number = 0; number < grooves; ++number)
+        panel.groove({indent, top + number * step, buttons.left() - 2 * indent, 2});
 }
 
 // The list, and below it the strip where the window shows that it is loading.
@@ -35,15 +40,16 @@ void entryDeck(Panel& panel, const Catalogue& catalogue, const QString& window) 
 void filterDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QRectF heading = catalogue.rect(window, "Label14");
     const QRectF rule = catalogue.rect(window, "Label30");
-    panel.slot(between(rule.left(), heading.top() + 1, rule.right(), heading.bottom() + 1));
+    panel.groove(between(rule.left(), heading.bottom(), rule.right(), heading.bottom() + 2));
     const QRectF kinds = catalogue.united(window, {"Entradas(0)", "Entradas(1)", "Entradas(2)"});
-    panel.slot(between(kinds.left() - 4, kinds.top() - 1, rule.right(), kinds.bottom() + 1));
+    panel.tray(between(rule.left(), kinds.top() - 2, rule.right(), kinds.bottom() + 2), buttonBack);
     const QStringList fields = {"File_Author", "File_Game", "File_Date", "File_Company"};
     for (const QString& field : fields) panel.well(catalogue.rect(window, field), paleField);
     // The vane on its tor fills the free part between the filters for words and those for consoles.
     const qreal top = catalogue.united(window, fields).bottom();
     const QPointF foot(rule.center().x(), rule.top() - 13);
     panel.engraving(night::emblem(foot, (rule.top() - top) * 0.76));
+    panel.groove({rule.left() + 16, foot.y() + 1, rule.width() - 32, 2});
     const QRectF consoles = catalogue.united(window, {"GB_CL", "GB_CO", "GB_AD"});
     panel.tray(between(rule.left(), rule.bottom() + 2, rule.right(), consoles.bottom() + 2), buttonBack);
 }
@@ -56,12 +62,12 @@ QImage paintEditDB(const Workshop& shop) {
     const QRectF list = shop.catalogue.rect(window, "ListView1");
     Panel panel(size, shop.scale);
     panel.titleBand();
-    panel.frame();
-    panel.plate(between(list.right() + 5, list.top() - 2, size.width() - margin, size.height() - margin));
+    panel.plate(between(list.right() + 5, list.top() - 2, size.width() - 2, size.height() - margin));
     entryDeck(panel, shop.catalogue, window);
     filterDeck(panel, shop.catalogue, window);
     for (const char* button : {"ChameleonButton2", "ChameleonButton3", "ChameleonButton17"})
         panel.seat(shop.catalogue.places(window, {button}));
+    panel.frame();
     return panel.finished();
 }
 
@@ -77,7 +83,11 @@ void valueTable(Panel& panel, const Catalogue& catalogue, const QString& window)
         between(names.left(), names.top(), panel.width() - names.left(), values.bottom() + 1);
     panel.well(table);
     QPainter& painter = panel.painter();
-    painter.fillRect(between(table.left(), table.top(), names.right(), table.bottom()), darkPanel);
+    // From the back of the headings the floor darkens slowly, because the values begin right at their edge.
+    QLinearGradient floor(QPointF(names.right(), 0), table.topRight());
+    floor.setColorAt(0, darkPanel);
+    floor.setColorAt(1, darkPanel.darker(150));
+    painter.fillRect(table, floor);
     for (const QString& heading : headings.mid(1)) {
         const qreal line = catalogue.rect(window, heading).top();
         panel.groove(between(table.left(), line - 2, table.right(), line));
@@ -98,14 +108,13 @@ void textSheet(Panel& panel, const Catalogue& catalogue, const QString& window) 
 QImage paintDBInfo(const Workshop& shop) {
     const QString window = "DB_Info";
     const QSize size = shop.catalogue.windowSize(window);
-    const QRectF close = shop.catalogue.rect(window, "Command1");
     Panel panel(size, shop.scale);
     panel.titleBand();
     panel.frame();
     valueTable(panel, shop.catalogue, window);
     textSheet(panel, shop.catalogue, window);
     panel.seat(shop.catalogue.places(window, {"Command1"}));
-    grille(panel, between(12, close.top() + 3, close.left() - 12, close.bottom() - 3));
+    grille(panel, shop.catalogue.rect(window, "Command1"));
     return panel.finished();
 }
 
@@ -115,14 +124,13 @@ QImage paintForm2(const Workshop& shop) {
     const QRectF words = shop.catalogue.rect(window, "Label2");
     const QRectF list = shop.catalogue.rect(window, "File1");
     const QStringList answers = {"Command2", "Command1"};
-    const QRectF row = shop.catalogue.united(window, answers);
     Panel panel(size, shop.scale);
     panel.titleBand();
     panel.frame();
-    panel.painter().fillRect(between(2, words.top() - 2, size.width() - 2, list.top() - 2), veil(edge, 70));
+    panel.slot(between(2, words.top() - 1, size.width() - 2, list.top() - 3));
     panel.well(list, paleField);
     panel.seat(shop.catalogue.places(window, answers));
-    grille(panel, between(12, row.top() + 3, row.left() - 12, row.bottom() - 3));
+    grille(panel, shop.catalogue.united(window, answers));
     return panel.finished();
 }
 

@@ -95,19 +95,20 @@ void vane(QPainter& painter, QPointF foot, qreal height, qreal angle) {
 
 QPainterPath emblem(QPointF foot, qreal height) {
     constexpr qreal slabsHigh = 4;
+    constexpr qreal gap = 0.1; // between slabs, so that each can be seen
     const qreal unit = height / 9;
     const qreal mast = height - slabsHigh * unit;
     QPainterPath shape;
     for (const Slab& part : slabs) {
-        shape |= rounded(
-            {(part.middle - part.width / 2) * unit, -part.top * unit, part.width * unit, part.height * unit},
-            part.height * unit * 0.3);
+        const QRectF stone(part.middle - part.width / 2 + gap, gap - std::round(part.top),
+                           part.width - 2 * gap, 1 - 2 * gap);
+        shape.addPath(rounded({stone.topLeft() * unit, stone.size() * unit}, unit * 0.3));
     }
     const qreal thick = mast * 0.07;
-    shape |= rounded({-thick / 2, -height, thick, mast + unit / 2}, thick / 2);
     const qreal reach = mast * 0.62;
-    shape |=
-        QTransform::fromScale(reach, reach * 0.8).map(arrow()).translated(0, -slabsHigh * unit - mast * 0.8);
+    const QPainterPath turned = QTransform::fromScale(reach, reach * 0.8).map(arrow());
+    shape.addPath(rounded({-thick / 2, -height, thick, mast}, thick / 2) |
+                  turned.translated(0, -slabsHigh * unit - mast * 0.8));
     return shape.translated(foot);
 }
 
