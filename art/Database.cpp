@@ -15,8 +15,7 @@ using namespace palette;
 
 namespace {
 
-// The free margin between the parts of a window and its edge.
-constexpr qreal margin = 3;
+constexpr qreal frameWidth = 2;
 
 // Short grooves in the free part of the panel left of the buttons, the same ornament as in the assistant.
 void grille(Panel& panel, const QRectF& buttons) {
@@ -62,7 +61,8 @@ QImage paintEditDB(const Workshop& shop) {
     const QRectF list = shop.catalogue.rect(window, "ListView1");
     Panel panel(size, shop.scale);
     panel.titleBand();
-    panel.plate(between(list.right() + 5, list.top() - 2, size.width() - 2, size.height() - margin));
+    panel.plate(
+        between(list.right() + 5, list.top() - 2, size.width() - frameWidth, size.height() - frameWidth - 1));
     entryDeck(panel, shop.catalogue, window);
     filterDeck(panel, shop.catalogue, window);
     for (const char* button : {"ChameleonButton2", "ChameleonButton3", "ChameleonButton17"})
@@ -127,7 +127,7 @@ QImage paintForm2(const Workshop& shop) {
     Panel panel(size, shop.scale);
     panel.titleBand();
     panel.frame();
-    panel.slot(between(2, words.top() - 1, size.width() - 2, list.top() - 3));
+    panel.slot(between(frameWidth, words.top() - 1, size.width() - frameWidth, list.top() - 3));
     panel.well(list, paleField);
     panel.seat(shop.catalogue.places(window, answers));
     grille(panel, shop.catalogue.united(window, answers));
