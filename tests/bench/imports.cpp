@@ -66,7 +66,7 @@ int runImports(const fs::path& program, const char* configurationFolder, int rou
     std::vector<std::int64_t> unsynced;
     for (int round = 0; round <= rounds; ++round) {
         makeEmpty(library);
-        importing.push_back(timeOf([&] { assistant->take(Paths::spelled(source.c_str())); }));
+        importing.push_back(timeOf([&] { assistant->take({Paths::spelled(source.c_str())}); }));
         mustHold(countIn(library) == games);
         makeEmpty(copied);
         unsynced.push_back(timeOf([&] { copyPlainly(source, copied); }));
