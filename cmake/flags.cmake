@@ -1,10 +1,17 @@
 # SPDX-License-Identifier: MIT
-# Compiler flags in one place: link torvane_flags to get them.
+# Compiler flags in one place: link torvane_flags to get them, or torvane_warnings for the warnings alone.
 option(TORVANE_FUZZ "Build the fuzzers, with Clang" OFF)
 option(TORVANE_COVERAGE "Count which lines are run, with Clang" OFF)
 
+# The warnings, all of them errors. Whether a number has a sign is left alone: Clang's -Wconversion asks for it,
+# GCC's does not, and every index of a standard container would need a cast.
+add_library(torvane_warnings INTERFACE)
+target_compile_options(torvane_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wconversion -Wno-sign-conversion -Wold-style-cast
+  -Woverloaded-virtual -Wsuggest-override -Wmissing-declarations -Werror)
+
 add_library(torvane_flags INTERFACE)
-target_compile_options(torvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+target_link_libraries(torvane_flags INTERFACE torvane_warnings)
 if(TORVANE_SANITIZE)
   # What tests is not what is tested: targets with the property TORVANE_TEST_CODE are compiled with one sanitizer
   # and without optimisation, in a quarter of the time.

@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/types.h>
 #include <sys/uio.h>

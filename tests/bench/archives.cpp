@@ -97,7 +97,6 @@ void keepInodes(const fs::path& folder, const fs::path& kept) {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder))
         fs::create_hard_link(entry.path(), kept / entry.path().filename());
 }
-} // namespace
 
 int runArchives(const std::string& program, const char* configurationFolder, int rounds) {
     writeArchive(program + "/roms/" + largeName, 1, gameImage(largeSize));
@@ -125,6 +124,7 @@ int runArchives(const std::string& program, const char* configurationFolder, int
     std::fflush(nullptr);
     std::_Exit(0);
 }
+} // namespace
 
 } // namespace torvane::bench
 

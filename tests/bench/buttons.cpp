@@ -21,7 +21,6 @@ double costOfPainting(chameleonButton& button) {
     for (int i = 0; i < paints; ++i) button.Refresh();
     return static_cast<double>(processorClock() - start) / paints;
 }
-} // namespace
 
 int runButtons(const char* programFolder, const char* configurationFolder) {
     ProgramUnderBench bench(programFolder, configurationFolder);
@@ -45,6 +44,7 @@ int runButtons(const char* programFolder, const char* configurationFolder) {
     std::fflush(nullptr);
     _exit(0);
 }
+} // namespace
 
 } // namespace torvane::bench
 

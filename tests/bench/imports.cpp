@@ -49,7 +49,6 @@ void makeEmpty(const fs::path& folder) {
 std::ptrdiff_t countIn(const fs::path& folder) {
     return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
-} // namespace
 
 int runImports(const fs::path& program, const char* configurationFolder, int rounds) {
     const fs::path source = program / "incoming";
@@ -66,7 +65,7 @@ int runImports(const fs::path& program, const char* configurationFolder, int rou
     std::vector<std::int64_t> unsynced;
     for (int round = 0; round <= rounds; ++round) {
         makeEmpty(library);
-        importing.push_back(timeOf([&] { assistant->take(Paths::spelled(source.c_str())); }));
+        importing.push_back(timeOf([&] { assistant->take({Paths::spelled(source.c_str())}); }));
         mustHold(countIn(library) == games);
         makeEmpty(copied);
         unsynced.push_back(timeOf([&] { copyPlainly(source, copied); }));
@@ -79,6 +78,7 @@ int runImports(const fs::path& program, const char* configurationFolder, int rou
     std::fflush(nullptr);
     std::_Exit(0);
 }
+} // namespace
 
 } // namespace torvane::bench
 

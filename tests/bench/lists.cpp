@@ -139,7 +139,6 @@ private:
     Repaints m_repaints{m_form};
     std::map<const char*, std::vector<std::int64_t>> m_samples;
 };
-} // namespace
 
 int runLists(const char* configurationFolder, int rounds) {
     ProgramUnderBench bench(configurationFolder, configurationFolder);
@@ -149,6 +148,7 @@ int runLists(const char* configurationFolder, int rounds) {
     std::fflush(nullptr);
     _exit(0);
 }
+} // namespace
 
 } // namespace torvane::bench
 

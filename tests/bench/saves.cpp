@@ -37,7 +37,6 @@ void copyPlainly(const QByteArray& from, const QByteArray& to) {
     close(source);
     close(target);
 }
-} // namespace
 
 int runSaves(const QByteArray& folder, int rounds) {
     const QByteArray game = folder + "/saved.gba";
@@ -69,6 +68,7 @@ int runSaves(const QByteArray& folder, int rounds) {
     std::printf("save %" PRId64 "\ncopy %" PRId64 "\n", median(saves), median(copies));
     return 0;
 }
+} // namespace
 
 } // namespace torvane::bench
 

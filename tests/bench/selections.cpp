@@ -57,7 +57,6 @@ Cost costOfSelecting(MainFrm& window, const std::vector<int>& places) {
     cost.opens = takeCountedOpens();
     return cost;
 }
-} // namespace
 
 int runSelections(const char* programFolder, const char* configurationFolder) {
     ProgramUnderBench bench(programFolder, configurationFolder);
@@ -74,6 +73,7 @@ int runSelections(const char* programFolder, const char* configurationFolder) {
     // A count of 0 would mean that the reads bypassed the counters.
     _exit(cost.sum > 0 ? 0 : 3);
 }
+} // namespace
 
 } // namespace torvane::bench
 

@@ -236,7 +236,6 @@ private:
     Library m_large;
     Report m_report;
 };
-} // namespace
 
 int runBenchmarks() {
     try {
@@ -249,6 +248,7 @@ int runBenchmarks() {
         return 3;
     }
 }
+} // namespace
 
 } // namespace torvane::bench
 

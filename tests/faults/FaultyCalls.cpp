@@ -41,6 +41,13 @@ bool canBefall(const Strike& strike, Call call) {
     }
 }
 
+// Whether a call is struck. A second strike is counted from the call after the first.
+bool isDue(Strike& strike, Call call, bool counts) {
+    if (!counts || !canBefall(strike, call)) return false;
+    ++strike.seen;
+    return strike.seen == strike.at || (strike.isStruck() && strike.fault == Fault::fromNowOn);
+}
+
 void remember(Call call, const Target& target) {
     armed->struckAt = armed->made;
     armed->struckCall = call;
@@ -86,13 +93,6 @@ void pathOf(const Target& target, char* path, size_t size) {
     }
     const bool isBelow = target.handle >= 0 && target.name != nullptr;
     std::snprintf(path, size, "%s%s%s", folder, isBelow ? "/" : "", target.name ? target.name : "");
-}
-
-// Whether a call is struck. A second strike is counted from the call after the first.
-bool isDue(Strike& strike, Call call, bool counts) {
-    if (!counts || !canBefall(strike, call)) return false;
-    ++strike.seen;
-    return strike.seen == strike.at || (strike.isStruck() && strike.fault == Fault::fromNowOn);
 }
 
 Verdict verdictOn(Call call, const Target& target) {

@@ -17,7 +17,7 @@ bool isEscape(char16_t unit) { return (unit >= 0xDC80 && unit <= 0xDCFF) || unit
 // The length of the well-formed UTF-8 sequence at the front (Unicode 15, table 3-7), or 0.
 qsizetype sequenceLength(QByteArrayView bytes) {
     const auto at = [&](qsizetype i) { return i < bytes.size() ? static_cast<uchar>(bytes[i]) : 0; };
-    const uchar lead = at(0);
+    const int lead = at(0);
     const qsizetype length = lead < 0x80                    ? 1
                              : lead >= 0xC2 && lead <= 0xDF ? 2
                              : (lead & 0xF0) == 0xE0        ? 3
@@ -26,7 +26,7 @@ qsizetype sequenceLength(QByteArrayView bytes) {
     for (qsizetype i = 1; i < length; ++i) {
         if ((at(i) & 0xC0) != 0x80) return 0;
     }
-    const uchar second = at(1);
+    const int second = at(1);
     const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
     const bool outside = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
     return overlong || outside ? 0 : length;

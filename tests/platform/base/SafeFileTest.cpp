@@ -129,7 +129,7 @@ private slots:
                 }
             }
             QVERIFY(child > 0);
-            usleep(1000 + random() % 12000);
+            usleep(static_cast<useconds_t>(1000 + random() % 12000));
             QCOMPARE(kill(child, SIGKILL), 0);
             int status = 0;
             QCOMPARE(waitpid(child, &status, 0), child);

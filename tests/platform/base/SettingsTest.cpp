@@ -220,7 +220,7 @@ private slots:
                 for (int i = 0;; ++i) set("Capturas", QString::number(i).repeated(1000));
             }
             QVERIFY(child > 0);
-            usleep(500 + random() % 8000);
+            usleep(static_cast<useconds_t>(500 + random() % 8000));
             QCOMPARE(kill(child, SIGKILL), 0);
             QCOMPARE(waitpid(child, nullptr, 0), child);
             QCOMPARE(get("Language"), QStringLiteral("kept"));
