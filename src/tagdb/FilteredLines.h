@@ -21,7 +21,7 @@ namespace torvane {
 /// - title, company and author equal the filter's texts, if these aren't empty, in upper case (see
 ///   CodePage1252::upper); a text that the code page can't hold or that contains "§" or a line break equals
 ///   nothing;
-/// - its date means the day that was so many days ago (see AgeTest);
+/// - its date means the day that was so many days ago (see EntryAge);
 /// - its kind in upper case is the one that is wanted.
 /// `file` has at most 4 GiB. `shortDateFormat` is the user's form of dates, as QDate takes it.
 std::shared_ptr<OnlineDbRows> filterLines(QByteArray file, const OnlineDbFilter& filter, const QDate& today,

@@ -17,16 +17,17 @@ public:
     explicit OnlineDbRows(QByteArray file = {}) : m_file(std::move(file)) {}
 
     int count() const override { return static_cast<int>(m_lines.size() + m_added.size()); }
-    /// Columns: 0 title, 1 company, 2 date, 3 kind, 4 author, 5 info.
+    /// Columns: 0 title, 1 company, 2 date, 3 kind, 4 author, 5 info. At most the first 1000 characters of a
+    /// field; `entry` has all.
     QString text(int row, int column) const override;
     /// The system of the entry: 1 for "byn", 2 for "color", 3 for "advance", 0 for any other word.
     int icon(int row) const override;
     OnlineDbEntry entry(int row) const;
 
-    /// Adds an entry of its own after all others.
+    /// Adds an entry that is not in the file, after all others.
     void append(const OnlineDbEntry& entry) { m_added.push_back(entry); }
-    /// Adds a line of the file: where its values start, and how many of them are its own. The others are from
-    /// lines before it. Lines come in file order, and before any entry of its own.
+    /// Adds a line of the file: where its values start, and how many of them are its own; the others are from
+    /// lines before it. Lines are added in file order, and before any other entry.
     void appendLine(const FieldStarts& starts, int ownFields);
 
 private:
@@ -37,8 +38,8 @@ private:
         FieldStarts starts;
     };
 
-    QByteArrayView field(int row, int index) const;
-    QByteArrayView inheritedField(int row, int index) const;
+    QByteArrayView field(int row, OnlineDbField wanted) const;
+    QByteArrayView inheritedField(int row, OnlineDbField wanted) const;
 
     QByteArray m_file;
     std::vector<quint32> m_lines;
