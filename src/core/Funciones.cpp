@@ -38,6 +38,7 @@ void Funciones::sweepLeftovers() {
     const QString library = m_parts.globals.libraryFolder();
     const QString unfinished =
         m_parts.settings.GetSetting(Config::application, Config::section, unfinishedKey, {});
+    Leftovers::sweep(m_parts.globals.AppPath);
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
     ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });
