@@ -39,6 +39,7 @@ void Funciones::rememberUnfinished(const QString& folder) {
 void Funciones::sweepLeftovers() {
     const QString library = m_parts.globals.libraryFolder();
     const QString cutOff = unfinished(m_parts.settings).value();
+    Leftovers::sweep(m_parts.globals.AppPath);
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
     ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });

@@ -78,6 +78,7 @@ public:
         reportArchives();
         reportNames();
         reportLists();
+        reportDatabase();
         return m_report.allKept();
     }
 
@@ -228,6 +229,24 @@ private:
                      milliseconds("page-large") / milliseconds("plain"), 2.5, "painted without any list");
         m_report.row("The page in 1,000,000 rows against 1,000",
                      milliseconds("page-large") / milliseconds("page-small"), 1.3, "");
+    }
+
+    void reportDatabase() {
+        const Values values =
+            run({program("bench_database"), m_empty.folder, m_empty.configuration, std::to_string(rounds)},
+                m_empty.configuration);
+        const auto milliseconds = [&](const char* name) { return values.at(name) / 1e6; };
+        const double count = milliseconds("count-lines");
+        const char* pattern = "%.1f ms to the painted list against %.1f ms of wc -l";
+        m_report.row("Filtering 1,000,000 entries, one in 1,000 passes", milliseconds("rare") / count, 8,
+                     format(pattern, milliseconds("rare"), count));
+        m_report.row("Filtering 1,000,000 entries, all pass", milliseconds("all") / count, 8,
+                     format(pattern, milliseconds("all"), count));
+        m_report.row("Memory for these against the file", values.at("memory-kB") / values.at("file-kB"), 2.5,
+                     format("%.1f MB for a file of %.1f MB", values.at("memory-kB") / 1024,
+                            values.at("file-kB") / 1024));
+        m_report.row("Milliseconds of a page of all entries", milliseconds("page"), 8,
+                     "scrolled and painted");
     }
 
     fs::path m_programs;

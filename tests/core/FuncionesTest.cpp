@@ -204,9 +204,9 @@ private slots:
         QVERIFY(QFile::exists(folder->path(QStringLiteral(".torvane-abcdef"))));
         QCOMPARE(unfinished(), QString());
     }
-    void leftovers_are_removed_from_the_library_its_backups_and_the_settings_folder() {
+    void leftovers_are_removed_beside_the_program_and_from_library_backups_and_settings() {
         QStringList paths;
-        for (const char* place : {"program/roms", "program/roms/data/backup"})
+        for (const char* place : {"program", "program/roms", "program/roms/data/backup"})
             paths << folder->write(QString::fromLatin1(place) + QStringLiteral("/.torvane-abcdef"), "x");
         paths << configuration->write(QStringLiteral("Torvane/.torvane-abcdef"), "x");
         funciones->sweepLeftovers();
