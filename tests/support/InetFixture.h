@@ -2,7 +2,7 @@
 // A window with a download control, and what a download of it gives.
 #pragma once
 
-#include "FakeWorld.h"
+#include "FakeDesktop.h"
 #include "TestForm.h"
 #include "WebServer.h"
 #include "platform/forms/Inet.h"

@@ -117,6 +117,9 @@ HttpAnswer::Part HttpAnswer::afterHeader() {
     }
     if (!m_fields.contains("content-length")) return Part::bodyToTheEnd;
     const Part part = bodyOf(m_fields["content-length"], Part::bodyOfLength, 10);
+    // A buffer that grows is copied, so that the body would be in memory twice. If the length is a lie, this
+    // costs addresses and no memory.
+    if (part == Part::bodyOfLength) m_body.reserve(m_left);
     return part == Part::bodyOfLength && m_left == 0 ? Part::whole : part;
 }
 

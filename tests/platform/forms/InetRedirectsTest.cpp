@@ -28,7 +28,7 @@ void countDown(QTcpSocket& client, const QByteArray& path) {
 class InetRedirectsTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<FakeWorld> world;
+    FakeDesktop world;
     std::unique_ptr<InetForm> form;
     TestFolder keys;
     const QSslConfiguration usualTrust = QSslConfiguration::defaultConfiguration();
@@ -56,13 +56,11 @@ class InetRedirectsTest : public QObject {
 
 private slots:
     void init() {
-        world = std::make_unique<FakeWorld>();
-        form = std::make_unique<InetForm>(world->runtime);
+        form = std::make_unique<InetForm>(world.runtime);
         form->down.setLimits({.silenceMilliseconds = 2000});
     }
     void cleanup() {
         form.reset();
-        world.reset();
         QSslConfiguration::setDefaultConfiguration(usualTrust);
     }
 

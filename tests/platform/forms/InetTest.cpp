@@ -40,7 +40,7 @@ void pour(QTcpSocket& client, const QByteArray& block) {
 class InetTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<FakeWorld> world;
+    FakeDesktop world;
     std::unique_ptr<InetForm> form;
 
     Fetched from(const WebServer& server) { return fetched(form->down, server.address()); }
@@ -49,17 +49,13 @@ class InetTest : public QObject {
 
 private slots:
     void init() {
-        world = std::make_unique<FakeWorld>();
-        form = std::make_unique<InetForm>(world->runtime);
+        form = std::make_unique<InetForm>(world.runtime);
         form->down.setLimits(smallLimits);
     }
-    void cleanup() {
-        form.reset();
-        world.reset();
-    }
+    void cleanup() { form.reset(); }
 
     void a_download_ends_after_20_seconds_of_silence_256_MiB_and_5_redirects_by_default() {
-        const Inet::Limits limits = InetForm(world->runtime).down.limits();
+        const Inet::Limits limits = InetForm(world.runtime).down.limits();
         QCOMPARE(limits.silenceMilliseconds, 20000);
         QCOMPARE(limits.bytes, 268435456);
         QCOMPARE(limits.redirects, 5);

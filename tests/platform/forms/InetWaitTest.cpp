@@ -43,7 +43,7 @@ protected:
 class InetWaitTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<FakeWorld> world;
+    FakeDesktop world;
     std::unique_ptr<WaitingForm> form;
 
     // A download during which something happens, after which the server answers.
@@ -59,14 +59,10 @@ class InetWaitTest : public QObject {
 
 private slots:
     void init() {
-        world = std::make_unique<FakeWorld>();
-        form = std::make_unique<WaitingForm>(world->runtime);
+        form = std::make_unique<WaitingForm>(world.runtime);
         QVERIFY(form->appear());
     }
-    void cleanup() {
-        form.reset();
-        world.reset();
-    }
+    void cleanup() { form.reset(); }
 
     void it_is_executing_while_it_waits_and_not_afterwards() {
         QVERIFY(!form->down.StillExecuting());
@@ -124,7 +120,7 @@ private slots:
         form->takeDrops();
         const QSignalSpy drops(form.get(), &Form::pathDropped);
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(world->folder.write(u"a.gb"_s, "x"))});
+        data.setUrls({QUrl::fromLocalFile(world.folder.write(u"a.gb"_s, "x"))});
         bool isAccepted = true;
         during([&] {
             QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
@@ -177,7 +173,7 @@ private slots:
         QVERIFY(form->isUnloaded());
     }
     void so_does_a_request_to_close_another_window() {
-        WaitingForm other(world->runtime);
+        WaitingForm other(world.runtime);
         QVERIFY(other.appear());
         QVERIFY(during([&] { other.close(); }).reason == cancelled);
         QVERIFY(!other.isUnloaded());
@@ -226,12 +222,12 @@ private slots:
             form->down.OpenURL(server.address());
             hasGoneOn = true;
         };
-        world->runtime.guarded(handler);
-        world->runtime.reporting(handler);
+        world.runtime.guarded(handler);
+        world.runtime.reporting(handler);
         QCOMPARE(server.requests.size(), 2);
         QVERIFY(!hasGoneOn);
-        QCOMPARE(world->messages.boxes.size(), 0);
-        QCOMPARE(world->ends, 0);
+        QCOMPARE(world.messages.boxes.size(), 0);
+        QCOMPARE(world.ends, 0);
     }
 };
 
