@@ -4,7 +4,10 @@
 #include "support/InetFixture.h"
 #include "support/TestMain.h"
 
+#include <atomic>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <thread>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -108,6 +111,21 @@ private slots:
         link("loop", "loop");
         const OrdinaryUser user;
         QCOMPARE(from(name).failure, failure);
+    }
+    void a_file_that_is_written_while_it_is_read_is_a_failure() {
+        const QByteArray path = world.folder.write(u"busy.txt"_s, QByteArray(1 << 20, 'x')).toUtf8();
+        std::atomic<bool> isDone = false;
+        std::thread writer([&] {
+            for (long tick = 0; !isDone; tick = (tick + 1) % 1000000000) {
+                const timespec times[] = {{1, tick}, {1, tick}};
+                utimensat(AT_FDCWD, path.constData(), times, 0);
+            }
+        });
+        const auto isNoticed = [&] { return from("busy.txt").failure == RuntimeFailure::permissionDenied; };
+        [&] { QTRY_VERIFY(isNoticed()); }();
+        isDone = true;
+        writer.join();
+        QCOMPARE(from("busy.txt").failure, 0);
     }
     void a_link_to_a_file_is_followed() {
         world.folder.write(u"target"_s, "body");
