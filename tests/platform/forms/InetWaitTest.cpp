@@ -192,12 +192,15 @@ private slots:
     }
     void a_window_that_unloads_ends_the_download_and_stays_in_memory_until_then() {
         QPointer<WaitingForm> going = form.release();
+        bool wasThere = false;
         const WebServer server([&](QTcpSocket&, const QByteArray&) {
             going->Unload();
             going->goWhenUnused();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            wasThere = !going.isNull();
         });
         QVERIFY(fetched(going->down, server.address()).reason == cancelled);
+        QVERIFY(wasThere);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(going.isNull());
     }
