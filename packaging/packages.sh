@@ -9,8 +9,8 @@ packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-im
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
 # For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
-# For checking the form of the sources, making archives for tests, and measuring.
-packages_check=(clang-format clang-tidy python3)
+# For checking the form of the sources, making archives and certificates for tests, and measuring.
+packages_check=(clang-format clang-tidy python3 openssl)
 # To look at it as assistive tools do: their bus, and the client's side of it for Python.
 packages_access=(at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi)
 packages_bench=(unzip)
