@@ -36,10 +36,11 @@ public:
     /// What a number alone leaves open. All failures to understand the tag of a file share one reason.
     enum class Reason {
         none,
-        tag,      ///< the file has none that can be understood
-        inUse,    ///< another program has the file open for writing
-        changed,  ///< another program has changed the file meanwhile
-        sameFile, ///< source and target of a copy are one file
+        tag,       ///< the file has none that can be understood
+        inUse,     ///< another program has the file open for writing
+        changed,   ///< another program has changed the file meanwhile
+        sameFile,  ///< source and target of a copy are one file
+        cancelled, ///< the user or the end of the program has ended the operation: nothing to report
     };
 
     explicit RuntimeFailure(Number number, Reason reason = Reason::none);

@@ -10,8 +10,8 @@
 namespace torvane::Download {
 
 /// Fetches an http or https address and hands over the body, at most `limit` bytes; an empty body means
-/// any failure, such as a longer answer or a time-out of 30 seconds. Redirects are followed
-/// unless they lead from https to http. Nothing is called any more once `receiver` is gone.
+/// any failure: a longer answer, an error status, silence of the server, whatever HttpFetch refuses. Nothing
+/// is called any more once `receiver` is gone.
 void start(QObject& receiver, const QString& address, qint64 limit,
            const std::function<void(const QByteArray&)>& done);
 

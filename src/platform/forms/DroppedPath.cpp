@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Reading of dropped addresses, as bytes: Qt would read them as UTF-8, which names need not be.
+// Reading of dropped addresses.
 #include "DroppedPath.h"
 #include "../base/Paths.h"
+#include "FileAddress.h"
 
 #include <QMimeData>
-#include <QSysInfo>
 #include <sys/stat.h>
 
 namespace torvane {
@@ -18,29 +18,10 @@ QByteArray firstAddress(const QByteArray& list) {
     }
     return {};
 }
-
-// The path in a file's address (RFC 8089); empty for any other address and for files of another machine.
-QByteArray pathOf(const QByteArray& address) {
-    const QByteArray scheme = "file:";
-    if (address.first(std::min(scheme.size(), address.size())).toLower() != scheme) return {};
-    QByteArray rest = address.sliced(scheme.size());
-    if (rest.startsWith("//")) {
-        const qsizetype slash = rest.indexOf('/', 2);
-        if (slash < 0) return {};
-        const QByteArray host = rest.sliced(2, slash - 2).toLower();
-        if (!host.isEmpty() && host != "localhost" &&
-            host != QSysInfo::machineHostName().toLower().toUtf8()) {
-            return {};
-        }
-        rest = rest.sliced(slash);
-    }
-    const QByteArray path = QByteArray::fromPercentEncoding(rest);
-    return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
-}
 } // namespace
 
 std::optional<QString> droppedPath(const QMimeData& data) {
-    QByteArray path = pathOf(firstAddress(data.data(QStringLiteral("text/uri-list"))));
+    QByteArray path = FileAddress::pathOf(firstAddress(data.data(QStringLiteral("text/uri-list"))));
     while (path.size() > 1 && path.endsWith('/')) path.chop(1);
     struct stat info {};
     if (path.isEmpty() || stat(path.constData(), &info) != 0) return std::nullopt;

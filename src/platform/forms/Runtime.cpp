@@ -10,6 +10,7 @@ void Runtime::guarded(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeFailure& failure) {
+        if (failure.reason() == RuntimeFailure::Reason::cancelled) return;
         showFailure(failure.boxText());
         end();
     }
@@ -19,6 +20,7 @@ void Runtime::reporting(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeFailure& failure) {
+        if (failure.reason() == RuntimeFailure::Reason::cancelled) return;
         showFailure(failureText ? failureText(failure) : failure.boxText());
     }
 }

@@ -23,7 +23,8 @@ struct Runtime {
     std::function<QString(const RuntimeFailure&)> failureText = {};
 
     /// Runs a handler; a failure that it lets through takes the default path: the error box with number
-    /// and text, then the end of the process. No exception ever reaches Qt's own frames.
+    /// and text, then the end of the process. No exception ever reaches Qt's own frames. A failure whose
+    /// reason is `cancelled` ends the handler and nothing else, here and in `reporting`.
     void guarded(const std::function<void()>& handler);
     /// Runs a handler whose failures are reported in such a box with `failureText`, after which the program
     /// goes on.

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// Sees all events of the application before their receivers do.
+#include "HeldInput.h"
+#include "Form.h"
+
+#include <QApplication>
+
+namespace torvane {
+
+namespace {
+enum class Input {
+    none,    ///< not of the user
+    kept,    ///< delivered later
+    dropped, ///< meaningless later
+    close    ///< a request to close a window
+};
+
+Input kindOf(QEvent::Type type) {
+    switch (type) {
+    case QEvent::Close: return Input::close;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::InputMethod:
+    case QEvent::ContextMenu: return Input::kept;
+    case QEvent::MouseMove:
+    case QEvent::ShortcutOverride:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::NativeGesture:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop: return Input::dropped;
+    default: return Input::none;
+    }
+}
+} // namespace
+
+HeldInput::HeldInput() : m_modal(QApplication::activeModalWidget()) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+HeldInput::~HeldInput() {
+    for (Held& held : m_held) {
+        if (held.receiver != nullptr) QCoreApplication::postEvent(held.receiver, held.event.release());
+    }
+}
+
+bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
+    const Input kind = kindOf(event->type());
+    if (kind == Input::none || isExempt()) return false;
+    // Only forms are closed by the user; Qt closes windows of its own, such as tool tips, in the same way.
+    if (kind == Input::close && qobject_cast<Form*>(receiver) == nullptr) return false;
+    event->ignore();
+    if (kind == Input::close) takeCloseRequest(receiver, *event);
+    if (kind == Input::kept) keep(receiver, *event);
+    return true;
+}
+
+bool HeldInput::isExempt() const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr && modal != m_modal;
+}
+
+void HeldInput::keep(QObject* receiver, const QEvent& event) {
+    m_held.push_back({receiver, std::unique_ptr<QEvent>(event.clone())});
+}
+
+void HeldInput::takeCloseRequest(QObject* form, const QEvent& event) {
+    if (std::exchange(m_isCloseRequested, true)) return;
+    keep(form, event);
+    emit closeRequested();
+}
+
+} // namespace torvane

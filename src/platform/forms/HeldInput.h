@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// Holds back what the user does while a handler waits in an event loop of its own. Owned by that handler.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+namespace torvane {
+
+/// While it lives, no window takes input: neither of mouse and keys, nor presses by assistive tools, nor
+/// drops, whatever loop delivers them. Boxes that wait for an answer and appear meanwhile are exempt: without
+/// it they would wait for ever. Qt can leave input out of a loop by itself, but with it the requests to close
+/// a window, and only out of that one loop.
+class HeldInput : public QObject {
+    Q_OBJECT
+
+public:
+    HeldInput();
+    /// Posts the clicks, keys and the request to close a window that have come meanwhile, in their order.
+    ~HeldInput() override;
+
+signals:
+    /// The user wants a form closed. Emitted for the first request, which is held back like all input.
+    void closeRequested();
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    struct Held {
+        QPointer<QObject> receiver;
+        std::unique_ptr<QEvent> event;
+    };
+
+    bool isExempt() const;
+    void keep(QObject* receiver, const QEvent& event);
+    void takeCloseRequest(QObject* form, const QEvent& event);
+
+    QPointer<QWidget> m_modal; // the box that was open before
+    std::vector<Held> m_held;
+    bool m_isCloseRequested = false;
+};
+
+} // namespace torvane
