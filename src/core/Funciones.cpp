@@ -2,6 +2,7 @@
 // Shared procedures.
 #include "Funciones.h"
 #include "GameFilter.h"
+#include "Pages.h"
 #include "platform/base/File.h"
 #include "platform/base/Leftovers.h"
 #include "platform/base/Paths.h"
@@ -58,7 +59,7 @@ void Funciones::ShowFatalError() {
         QStringLiteral("Torvane ha encontrado un error y será cerrado. Ahora se abrirá el "
                        "navegador y cargará el FAQ de la página web de Torvane."),
         MsgBoxFlags::critical, QStringLiteral("KESTRA Halyard Kernel"));
-    OpenURL(m_parts.hosts.address(Hosts::Host::web, QStringLiteral("/modules.php?name=FAQ")));
+    OpenURL(m_parts.hosts.address(Pages::questions));
 }
 
 } // namespace torvane
