@@ -45,4 +45,10 @@ bool holds(QStringView text) {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return byteOf(c.unicode()) >= 0; });
 }
 
+QByteArray upper(QByteArrayView bytes) {
+    QByteArray result = bytes.toByteArray();
+    for (char& byte : result) byte = upper(byte);
+    return result;
+}
+
 } // namespace torvane::CodePage1252

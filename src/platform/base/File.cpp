@@ -24,6 +24,14 @@ QByteArray File::readAt(qint64 position, qint64 count) const { return bytesOf(m_
 
 QByteArray File::readAll() const { return allBytesOf(m_handle); }
 
+QByteArray File::contentOf(const QString& path, qint64 most) {
+    return aboutFile(path, [&] {
+        const File file(path);
+        if (file.length() > most) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+        return file.readAll();
+    });
+}
+
 void File::remove(const QString& path) {
     aboutFile(path, [&] {
         if (unlink(Paths::real(path).constData()) != 0) failWithErrno();

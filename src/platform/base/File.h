@@ -28,6 +28,8 @@ public:
     static qint64 lengthOf(const QString& path) { return File(path).length(); }
     /// All bytes of the file at a spelled path; fails with outOfMemory at 2 GiB or more.
     static QByteArray contentOf(const QString& path) { return File(path).readAll(); }
+    /// The same, but fails with outOfMemory if there are more than `most`.
+    static QByteArray contentOf(const QString& path, qint64 most);
     /// Deletes the file at a spelled path.
     static void remove(const QString& path);
     /// Whether a file or folder exists at a spelled path; never fails.

@@ -2,9 +2,23 @@
 // Complete reads and writes, where the system may do only a part.
 #include "SystemCalls.h"
 
+#include <cstdint>
 #include <limits>
+#include <sys/mman.h>
 
 namespace torvane {
+
+namespace {
+// The system hands out memory for a large file in half the time if it may do so by huge pages. Only a hint:
+// where there are none, nothing changes.
+void preferHugePages(char* bytes, qint64 count) {
+    constexpr std::uintptr_t page = 2 << 20;
+    const auto start = reinterpret_cast<std::uintptr_t>(bytes);
+    const std::uintptr_t first = (start + page - 1) / page * page;
+    const std::uintptr_t end = (start + static_cast<std::uintptr_t>(count)) / page * page;
+    if (first < end) madvise(bytes + (first - start), end - first, MADV_HUGEPAGE);
+}
+} // namespace
 
 qint64 readInto(const Handle& file, qint64 position, char* bytes, qint64 count) {
     qint64 done = 0;
@@ -21,6 +35,7 @@ qint64 readInto(const Handle& file, qint64 position, char* bytes, qint64 count) 
 
 QByteArray bytesOf(const Handle& file, qint64 position, qint64 count) {
     QByteArray bytes(static_cast<qsizetype>(count), Qt::Uninitialized);
+    preferHugePages(bytes.data(), count);
     bytes.truncate(readInto(file, position, bytes.data(), count));
     return bytes;
 }

@@ -116,6 +116,22 @@ private slots:
         QCOMPARE(text.right(3), QStringLiteral("ï»¿"));
         QCOMPARE(CodePage1252::toBytes(text), bytes);
     }
+    void letters_become_their_capitals_in_the_code_page_and_all_else_stays() {
+        for (int i = 0; i < 256; ++i) {
+            const QByteArray byte(1, static_cast<char>(i));
+            const QString letter = CodePage1252::fromBytes(byte);
+            const QString capital = letter.toUpper();
+            const bool hasCapital = capital.size() == 1 && CodePage1252::holds(capital);
+            QCOMPARE(CodePage1252::fromBytes(CodePage1252::upper(byte)), hasCapital ? capital : letter);
+        }
+    }
+    void sharp_s_micro_and_the_hooked_f_stay_in_upper_case() {
+        QCOMPARE(CodePage1252::upper(QByteArrayView("\xDF\xB5\x83\xF7\xAA")),
+                 QByteArray("\xDF\xB5\x83\xF7\xAA"));
+        QCOMPARE(CodePage1252::upper(QByteArrayView("az\xE0\xF6\xF8\xFE\xFF\x9A\x9C\x9E")),
+                 QByteArray("AZ\xC0\xD6\xD8\xDE\x9F\x8A\x8C\x8E"));
+        QCOMPARE(CodePage1252::upper(QByteArrayView()), QByteArray());
+    }
 };
 
 TORVANE_APPLESS_TEST(CodePage1252Test)

@@ -119,6 +119,18 @@ private slots:
         QCOMPARE(failureOf([&] { (void)file.readAll(); }), number(RuntimeFailure::outOfMemory));
         QCOMPARE(failureOf([&] { (void)File::contentOf(at("huge")); }), number(RuntimeFailure::outOfMemory));
     }
+    void a_file_with_more_bytes_than_the_caller_allows_is_not_read() {
+        const QString path = folder->write(QStringLiteral("digits"), "0123456789");
+        QCOMPARE(File::contentOf(path, 10), QByteArray("0123456789"));
+        QCOMPARE(failureOf([&] { (void)File::contentOf(path, 9); }), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(failureOf([&] { (void)File::contentOf(at("gone"), 9); }),
+                 number(RuntimeFailure::fileNotFound));
+    }
+    void a_file_of_several_megabytes_is_read_as_it_is() {
+        QByteArray bytes(9 << 20, Qt::Uninitialized);
+        for (qsizetype i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 2654435761 >> 13);
+        QCOMPARE(File::contentOf(folder->write(QStringLiteral("large"), bytes)), bytes);
+    }
     void names_of_any_bytes_are_opened() {
         for (const char* name :
              {"no utf8 \xF1.gb", "back\\slash", "%s \"quoted\"", "line\nbreak", " blanks "}) {
