@@ -30,8 +30,13 @@ public:
 
 protected:
     void dressView(RowView& view) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Moves what is seen to the right, or to the left if negative, as far as the columns reach.
+    void scrollColumns(int pixels);
+
     std::vector<int> m_widths;
 };
 

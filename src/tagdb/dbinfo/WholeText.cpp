@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Measuring the text, and the field.
+#include "WholeText.h"
+
+#include <QFontMetrics>
+
+namespace torvane {
+
+namespace {
+// Pixels: the rows of the window are this far apart. In small type two lines fit into one.
+constexpr int rowPitch = 22;
+constexpr FontSpec smallType{FontSpec::Verdana, 6.75};
+// Characters that no label has room for: such texts need no measuring.
+constexpr qsizetype neverFits = 2000;
+
+QRect placeOf(const QRect& label) {
+    const int missing = std::max(0, rowPitch - label.height());
+    return label.adjusted(0, -(missing + 1) / 2, 0, missing / 2);
+}
+} // namespace
+
+WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
+    : QObject(&label), m_label(label), m_shadow(shadow), m_field(*new QPlainTextEdit(label.parentWidget())) {
+    const bool isOneLine = label.height() < rowPitch;
+    m_field.setReadOnly(true);
+    m_field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_field.setTabChangesFocus(true);
+    m_field.setFrameShape(QFrame::NoFrame);
+    m_field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    m_field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_field.document()->setDocumentMargin(0);
+    m_field.setFont(Fonts::of(isOneLine ? smallType : label.fontSpec()));
+    m_field.setGeometry(placeOf(label.geometry()));
+    QPalette palette = m_field.palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, Colours::toQColor(label.ForeColor()));
+    m_field.setPalette(palette);
+    m_field.hide();
+    heading.names(m_field);
+    connect(&label, &Label::Change, this, &WholeText::follow);
+}
+
+bool WholeText::isTooLong() const {
+    const QString& text = m_label.Caption();
+    if (text.size() > neverFits) return true;
+    const QRect room = m_label.rect();
+    const QRect taken = QFontMetrics(m_label.font()).boundingRect(room, Qt::TextWordWrap, text.trimmed());
+    return !room.contains(taken);
+}
+
+void WholeText::follow() {
+    const bool isLong = isTooLong();
+    m_field.setPlainText(isLong ? m_label.Caption() : QString());
+    m_field.setVisible(isLong);
+    m_label.setVisible(!isLong);
+    m_shadow.setVisible(!isLong);
+}
+
+} // namespace torvane
