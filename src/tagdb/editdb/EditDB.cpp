@@ -5,7 +5,7 @@
 #include "catalogue/TagInput.h"
 #include "core/Desk.h"
 #include "core/Funciones.h"
-#include "core/Hosts.h"
+#include "core/Pages.h"
 #include "platform/base/CodePage1252.h"
 
 #include <QLocale>
@@ -131,10 +131,7 @@ void EditDB::ListView1_DblClick(int row) {
     m.desk.go(id, Window::DB_Info, values);
 }
 
-void EditDB::ChameleonButton3_Click() {
-    m.funciones.OpenURL(
-        m.hosts.address(Hosts::Host::update, QStringLiteral("/modules.php?name=online_db&file=input_db")));
-}
+void EditDB::ChameleonButton3_Click() { m.funciones.OpenURL(m.hosts.address(Pages::publish)); }
 
 // Neither the entry's own date nor its author and kind are for the tag.
 void EditDB::ChameleonButton17_Click() {
