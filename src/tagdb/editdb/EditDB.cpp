@@ -17,6 +17,7 @@ EditDB::EditDB(const Services& services) : EditDBDesign(services.runtime), m(ser
 
 void EditDB::wireControls() {
     wire(ListView1, &RowList::rowDoubleClicked, &EditDB::ListView1_DblClick);
+    down.isClosedBy(chameleonButton1);
     wire(chameleonButton1, &chameleonButton::Click, &EditDB::chameleonButton1_Click);
     wire(ChameleonButton17, &chameleonButton::Click, &EditDB::ChameleonButton17_Click, Failure::reported);
     wire(ChameleonButton3, &chameleonButton::Click, &EditDB::ChameleonButton3_Click, Failure::reported);
