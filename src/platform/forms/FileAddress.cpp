@@ -2,6 +2,7 @@
 // Reading the addresses of files.
 #include "FileAddress.h"
 
+#include <QString>
 #include <QSysInfo>
 
 namespace torvane::FileAddress {

@@ -1,136 +1,134 @@
 // SPDX-License-Identifier: MIT
-// Requests on Qt's network classes. Redirects are followed here and not by Qt, so that every rule about them
-// is in one place.
+// Requests over Qt's sockets.
 #include "HttpFetch.h"
 
-#include <QNetworkReply>
-#include <algorithm>
-#include <array>
+#include <QCoreApplication>
+#include <QSslSocket>
 
 namespace torvane {
 
 namespace {
 constexpr qint64 readBuffer = 1 << 20; // bytes; beyond these a fast server has to wait
+constexpr int httpPort = 80;
+constexpr int httpsPort = 443;
 
-QNetworkRequest requestFor(const QUrl& address) {
-    QNetworkRequest request(address);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    // One file needs nothing of HTTP/2, and the ends of an HTTP/1 body are the tested ones.
-    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    // A compressed body could unpack to any size. With this header Qt unpacks nothing by itself.
-    request.setRawHeader("Accept-Encoding", "identity");
-    return request;
+bool isSecure(const QUrl& address) { return address.scheme() == QStringLiteral("https"); }
+
+quint16 portOf(const QUrl& address) {
+    return static_cast<quint16>(address.port(isSecure(address) ? httpsPort : httpPort));
 }
 
-int statusOf(const QNetworkReply& reply) {
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+QByteArray pathOf(const QUrl& address) {
+    const QByteArray path =
+        address.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment);
+    return path.startsWith('/') ? path : '/' + path;
 }
 
-bool isRedirect(int status) {
-    constexpr std::array redirects = {301, 302, 303, 307, 308};
-    return std::find(redirects.begin(), redirects.end(), status) != redirects.end();
-}
-
-bool isEncoded(const QNetworkReply& reply) {
-    const QByteArray encoding = reply.rawHeader("Content-Encoding").trimmed().toLower();
-    return !encoding.isEmpty() && encoding != "identity";
-}
-
-// Whether the announced length is a number within the limit, or there is none.
-bool isLengthFine(const QNetworkReply& reply, qint64 limit) {
-    const QByteArray length = reply.rawHeader("Content-Length").trimmed();
-    if (length.isEmpty()) return true;
-    bool isNumber = false;
-    const qint64 bytes = length.toLongLong(&isNumber);
-    return isNumber && bytes >= 0 && bytes <= limit;
-}
-
-// Whether an answer came to its end. Qt reports statuses such as 404 among the errors.
-bool isComplete(const QNetworkReply& reply) {
-    const QNetworkReply::NetworkError error = reply.error();
-    const bool isStatus =
-        (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError) ||
-        (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
-    return statusOf(reply) != 0 && (error == QNetworkReply::NoError || isStatus);
+QByteArray requestFor(const QUrl& address) {
+    const QString host = address.adjusted(QUrl::RemoveUserInfo).authority(QUrl::FullyEncoded);
+    const QString program =
+        QCoreApplication::applicationName() + QLatin1Char('/') + QCoreApplication::applicationVersion();
+    // A compressed body could unpack to any size, so none is asked for.
+    return "GET " + pathOf(address) + " HTTP/1.1\r\nHost: " + host.toLatin1() +
+           "\r\nUser-Agent: " + QUrl::toPercentEncoding(program, "/ ") +
+           "\r\nAccept: */*\r\nAccept-Encoding: identity\r\nCache-Control: no-cache\r\n"
+           "Connection: close\r\n\r\n";
 }
 } // namespace
 
-HttpFetch::HttpFetch(const TransferLimits& limits, QObject* parent) : QObject(parent), m_limits(limits) {
+HttpFetch::HttpFetch(const TransferLimits& limits, QObject* parent)
+    : QObject(parent), m_limits(limits), m_answer(limits.bytes) {
     m_silence.setSingleShot(true);
     m_silence.setInterval(m_limits.silenceMilliseconds);
     connect(&m_silence, &QTimer::timeout, this, &HttpFetch::abort);
 }
 
-HttpFetch::~HttpFetch() { dropReply(); }
+HttpFetch::~HttpFetch() { dropConnection(); }
 
 bool HttpFetch::isWeb(const QUrl& address) {
-    const QString scheme = address.scheme();
-    return (scheme == QStringLiteral("http") || scheme == QStringLiteral("https")) &&
-           !address.host().isEmpty();
+    return (address.scheme() == QStringLiteral("http") || isSecure(address)) && !address.host().isEmpty();
 }
 
 void HttpFetch::start(const QUrl& address) {
-    if (isWeb(address)) return request(address);
-    QMetaObject::invokeMethod(this, &HttpFetch::abort, Qt::QueuedConnection);
+    // What follows may fail before it returns, such as a connection to a port that nobody listens at.
+    QMetaObject::invokeMethod(
+        this, [this, address] { isWeb(address) ? request(address) : abort(); }, Qt::QueuedConnection);
 }
 
 void HttpFetch::request(const QUrl& address) {
+    if (m_isEnded) return;
     m_silence.start();
-    m_reply = m_manager.get(requestFor(address));
-    m_reply->setReadBufferSize(readBuffer);
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, &HttpFetch::takeHeader);
-    connect(m_reply, &QNetworkReply::readyRead, this, &HttpFetch::takeBytes);
-    connect(m_reply, &QNetworkReply::finished, this, &HttpFetch::takeEnd);
+    m_address = address;
+    m_answer = HttpAnswer(m_limits.bytes);
+    auto* secure = isSecure(address) ? new QSslSocket(this) : nullptr;
+    m_connection = secure != nullptr ? secure : new QTcpSocket(this);
+    m_connection->setReadBufferSize(readBuffer);
+    connect(m_connection, &QTcpSocket::readyRead, this, &HttpFetch::takeBytes);
+    connect(m_connection, &QTcpSocket::errorOccurred, this, &HttpFetch::takeError);
+    connect(m_connection, &QTcpSocket::disconnected, this, &HttpFetch::takeEnd);
+    const QString host = address.host(QUrl::FullyEncoded);
+    if (secure != nullptr) {
+        // The certificate is checked against the host, and any fault of it ends the connection.
+        connect(secure, &QSslSocket::encrypted, this, &HttpFetch::send);
+        secure->connectToHostEncrypted(host, portOf(address));
+    } else {
+        connect(m_connection, &QTcpSocket::connected, this, &HttpFetch::send);
+        m_connection->connectToHost(host, portOf(address));
+    }
 }
 
-void HttpFetch::takeHeader() {
+void HttpFetch::send() {
     m_silence.start();
-    const QByteArray location = m_reply->rawHeader("Location");
-    if (isRedirect(statusOf(*m_reply)) && !location.isEmpty()) {
-        return follow(m_reply->url().resolved(QUrl::fromEncoded(location)));
-    }
-    if (isEncoded(*m_reply) || !isLengthFine(*m_reply, m_limits.bytes)) end(false);
+    m_connection->write(requestFor(m_address));
+}
+
+void HttpFetch::takeBytes() {
+    m_silence.start();
+    m_answer.take(m_connection->readAll());
+    judge();
+}
+
+void HttpFetch::takeError(QAbstractSocket::SocketError error) {
+    // A server that closes the connection may just have come to the end of its answer.
+    if (error != QAbstractSocket::RemoteHostClosedError) abort();
+}
+
+void HttpFetch::takeEnd() {
+    m_answer.take(m_connection->readAll());
+    m_answer.takeEnd();
+    judge();
+}
+
+void HttpFetch::judge() {
+    if (m_answer.isBroken()) return abort();
+    if (!m_answer.isWhole()) return;
+    const QByteArray target = m_answer.redirect();
+    target.isEmpty() ? end(true) : follow(m_address.resolved(QUrl::fromEncoded(target)));
 }
 
 // A server may send us to another server, but not to files of this machine, and not to an open line after a
 // secure one.
 void HttpFetch::follow(const QUrl& target) {
-    const bool wasSecure = m_reply->url().scheme() == QStringLiteral("https");
-    const bool isSecure = target.scheme() == QStringLiteral("https");
-    if (!isWeb(target) || (wasSecure && !isSecure) || ++m_redirects > m_limits.redirects) return end(false);
-    dropReply();
+    const bool isLessSafe = isSecure(m_address) && !isSecure(target);
+    if (!isWeb(target) || isLessSafe || ++m_redirects > m_limits.redirects) return abort();
+    dropConnection();
     request(target);
 }
 
-void HttpFetch::takeBytes() {
-    m_silence.start();
-    m_body += m_reply->readAll();
-    if (m_body.size() > m_limits.bytes) end(false);
-}
-
-void HttpFetch::takeEnd() {
-    takeBytes();
-    if (m_isEnded) return;
-    m_status = statusOf(*m_reply);
-    end(isComplete(*m_reply));
-}
-
-void HttpFetch::dropReply() {
-    if (m_reply == nullptr) return;
-    m_reply->disconnect(this);
-    m_reply->abort();
-    m_reply->deleteLater();
-    m_reply = nullptr;
+void HttpFetch::dropConnection() {
+    if (m_connection == nullptr) return;
+    m_connection->disconnect(this);
+    m_connection->abort();
+    m_connection->deleteLater();
+    m_connection = nullptr;
 }
 
 void HttpFetch::end(bool isWhole) {
     if (m_isEnded) return;
     m_isEnded = true;
     m_isWhole = isWhole;
-    if (!isWhole) m_body.clear();
     m_silence.stop();
-    dropReply();
+    dropConnection();
     emit ended();
 }
 

@@ -3,12 +3,12 @@
 // Owned by whoever wants the body, who serves events meanwhile.
 #pragma once
 
-#include <QNetworkAccessManager>
+#include "../base/HttpAnswer.h"
+
 #include <QPointer>
+#include <QTcpSocket>
 #include <QTimer>
 #include <QUrl>
-
-class QNetworkReply;
 
 namespace torvane {
 
@@ -19,6 +19,8 @@ struct TransferLimits {
     int redirects = 5;                        ///< how many are followed
 };
 
+/// Over sockets, and not over Qt's network access manager: that one (6.4) reports a body in chunks as whole
+/// if the connection breaks, and so it does with half an error page.
 class HttpFetch : public QObject {
     Q_OBJECT
 
@@ -35,13 +37,12 @@ public:
     void abort() { end(false); }
 
     bool isEnded() const { return m_isEnded; }
-    /// Whether the answer has ended with its body whole: as long as its header says, within the limits and
-    /// not encoded. Without a length in the header, a body lasts until the server closes the connection.
+    /// Whether an answer has arrived whole (see HttpAnswer), within the limits.
     bool isWhole() const { return m_isWhole; }
-    /// The HTTP status of a whole answer, such as 404; 0 without one.
-    int status() const { return m_status; }
-    /// Hands over the bytes that have arrived.
-    QByteArray takeBody() { return std::exchange(m_body, {}); }
+    /// The HTTP status of the last answer, such as 404; 0 without one.
+    int status() const { return m_answer.status(); }
+    /// Hands over the body of a whole answer; empty without one.
+    QByteArray takeBody() { return m_isWhole ? m_answer.takeBody() : QByteArray(); }
 
 signals:
     /// The request has ended, with or without a body. Emitted once, and never by `start` itself.
@@ -49,20 +50,21 @@ signals:
 
 private:
     void request(const QUrl& address);
-    void takeHeader();
-    void follow(const QUrl& target);
+    void send();
     void takeBytes();
+    void takeError(QAbstractSocket::SocketError error);
     void takeEnd();
-    void dropReply();
+    void judge();
+    void follow(const QUrl& target);
+    void dropConnection();
     void end(bool isWhole);
 
     const TransferLimits m_limits;
-    QNetworkAccessManager m_manager;
-    QPointer<QNetworkReply> m_reply;
+    QUrl m_address;
+    QPointer<QTcpSocket> m_connection;
+    HttpAnswer m_answer;
     QTimer m_silence;
-    QByteArray m_body;
     int m_redirects = 0;
-    int m_status = 0;
     bool m_isEnded = false;
     bool m_isWhole = false;
 };
