@@ -28,14 +28,15 @@ EntryAge::EntryAge(const QString& age, const QDate& today, const QString& shortD
 
 void EntryAge::setDay(const QDate& day, const QString& shortDateFormat) {
     for (const QString& form : {shortDateFormat, QStringLiteral("d/M/yyyy"), QStringLiteral("yyyy-MM-dd")}) {
-        // A form with other characters writes dates that no file can hold.
+        // A form with other characters writes dates that the file can't hold.
         if (!form.isEmpty() && CodePage1252::holds(form)) m_forms.emplace_back(form, day);
     }
-    m_text = CodePage1252::toBytes(day.toString(shortDateFormat));
+    const QString text = day.toString(shortDateFormat);
+    if (CodePage1252::holds(text)) m_text = CodePage1252::toBytes(text);
 }
 
 bool EntryAge::passes(QByteArrayView date) const {
-    if (passesAll() || date == m_text) return true;
+    if (passesAll() || (m_text && date == *m_text)) return true;
     return std::any_of(m_forms.begin(), m_forms.end(),
                        [&](const DatePattern& form) { return form.matches(date); });
 }

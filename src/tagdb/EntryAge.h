@@ -4,6 +4,8 @@
 
 #include "DatePattern.h"
 
+#include <optional>
+
 namespace torvane {
 
 /// Whether a date, a free text in bytes of code page 1252, is the day that was a number of days before today.
@@ -23,7 +25,7 @@ public:
 private:
     void setDay(const QDate& day, const QString& shortDateFormat);
 
-    QByteArray m_text;
+    std::optional<QByteArray> m_text; // none if the code page can't hold it
     std::vector<DatePattern> m_forms;
 };
 

@@ -33,7 +33,7 @@ class OnlineDbTest : public FileFixture {
         std::thread other([&] {
             while (!isDone) work();
         });
-        for (int i = 0; i < 200; ++i) check(*rows());
+        for (int i = 0; i < 60; ++i) check(*rows());
         isDone = true;
         other.join();
     }
@@ -105,7 +105,7 @@ private slots:
         QVERIFY(QDir(at("online_db.dat")).removeRecursively());
         QCOMPARE(mkfifo(folder->native("online_db.dat").constData(), 0666), 0);
         QCOMPARE(writeFailure("new"), number(RuntimeFailure::pathAccess));
-        expectNames({u"online_db.dat"_s}, ".");
+        QVERIFY(S_ISFIFO(infoOf("online_db.dat").st_mode));
     }
 
     // Reading
