@@ -3,6 +3,8 @@
 #include "Funciones.h"
 #include "GameFilter.h"
 #include "Pages.h"
+#include "SettingValues.h"
+#include "Texts.h"
 #include "platform/base/File.h"
 #include "platform/base/Leftovers.h"
 #include "platform/base/Paths.h"
@@ -12,15 +14,15 @@
 namespace torvane {
 
 namespace {
-const QString unfinishedKey = QStringLiteral("Unfinished");
+// The folder of a copy that is not complete; empty if there is none.
+TextSetting unfinished(Settings& settings) { return {settings, "Unfinished", {}}; }
 
 // The folder of a file; of a symbolic link, the folder of its target.
 QString folderOf(const QByteArray& path) { return Paths::spelled(placeOf(path).folder); }
 } // namespace
 
 void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
-    const QString title =
-        m_parts.language.LangText(QStringLiteral("MainMenu"), QStringLiteral("copyrom")) + fileName;
+    const QString title = Texts(m_parts.language, "MainMenu")("copyrom") + fileName;
     const QString target =
         m_parts.dialogs.showSave({title, gameFileFilter, gameFilterIndex(fileName), fileName});
     if (target.isEmpty() || target == QStringLiteral(" ")) return;
@@ -31,19 +33,17 @@ void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
 }
 
 void Funciones::rememberUnfinished(const QString& folder) {
-    ignoring(
-        [&] { m_parts.settings.SaveSetting(Config::application, Config::section, unfinishedKey, folder); });
+    ignoring([&] { unfinished(m_parts.settings).set(folder); });
 }
 
 void Funciones::sweepLeftovers() {
     const QString library = m_parts.globals.libraryFolder();
-    const QString unfinished =
-        m_parts.settings.GetSetting(Config::application, Config::section, unfinishedKey, {});
+    const QString cutOff = unfinished(m_parts.settings).value();
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
     ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });
-    if (unfinished.isEmpty()) return;
-    Leftovers::sweep(unfinished);
+    if (cutOff.isEmpty()) return;
+    Leftovers::sweep(cutOff);
     rememberUnfinished({});
 }
 
