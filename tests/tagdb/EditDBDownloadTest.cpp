@@ -108,12 +108,6 @@ private slots:
         openWhile([&] { click(window().ChameleonButton3); }, tetris);
         QTRY_COMPARE(opened->world.browser.urls.size(), 1);
     }
-    void keys_that_were_typed_meanwhile_move_through_the_list() {
-        openWhile([&] { QTest::keyClick(window().windowHandle(), Qt::Key_M); }, tetris + metroid);
-        // They arrive before the entries do.
-        QTest::keyClick(window().windowHandle(), Qt::Key_M);
-        QCOMPARE(window().ListView1.currentRow(), 1);
-    }
 
     // Failures
     void a_failed_download_is_reported_in_its_own_words_and_leaves_an_empty_list() {

@@ -144,11 +144,11 @@ private slots:
         openDatabase(tetris);
         chooseRow(0);
         window().LoadGameInDB(u"advance"_s, u"Título"_s, u"Company"_s, u"Date"_s, u"Info"_s, u"Author"_s,
-                              u"Kind"_s);
+                              u"user"_s);
         QCOMPARE(titles(), QStringList({u"TETRIS"_s, u"Título"_s}));
         QStringList fields;
         for (int number = 1; number < 6; ++number) fields += column(number).last();
-        QCOMPARE(fields, QStringList({u"Company"_s, u"Date"_s, u"Kind"_s, u"Author"_s, u"Info"_s}));
+        QCOMPARE(fields, QStringList({u"Company"_s, u"Date"_s, u"USER"_s, u"Author"_s, u"Info"_s}));
         QCOMPARE(window().ListView1.currentRow(), 0);
     }
 
