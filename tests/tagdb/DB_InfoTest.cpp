@@ -6,6 +6,7 @@
 
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextLayout>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -162,7 +163,7 @@ private slots:
     void a_word_longer_than_a_line_is_broken_and_not_cut() {
         showEntry(QByteArray(60, 'W'), "I");
         QCOMPARE(fields().size(), 1);
-        QCOMPARE(fields().first()->horizontalScrollBar()->maximum(), 0);
+        QVERIFY(fields().first()->document()->firstBlock().layout()->lineCount() > 1);
     }
     void a_long_text_cannot_be_changed_but_copied_and_the_tab_key_leaves_it() {
         showEntry("T", QByteArray("Many words. ").repeated(200));

@@ -3,25 +3,28 @@
 #include "WholeText.h"
 
 #include <QFontMetrics>
+#include <algorithm>
 
 namespace torvane {
 
 namespace {
-// Pixels: the rows of the window are this far apart. In small type two lines fit into one.
-constexpr int rowPitch = 22;
+// For labels of one line. Two lines of it have room between the neighbours of such a label.
 constexpr FontSpec smallType{FontSpec::Verdana, 6.75};
 // Characters that no label has room for: such texts need no measuring.
 constexpr qsizetype neverFits = 2000;
 
-QRect placeOf(const QRect& label) {
-    const int missing = std::max(0, rowPitch - label.height());
-    return label.adjusted(0, -(missing + 1) / 2, 0, missing / 2);
+bool isOneLine(const Label& label) { return label.height() < 2 * QFontMetrics(label.font()).height(); }
+
+QFont fontFor(const Label& label) { return isOneLine(label) ? Fonts::of(smallType) : label.font(); }
+
+QRect placeFor(const Label& label) {
+    const int missing = std::max(0, 2 * QFontMetrics(fontFor(label)).lineSpacing() - label.height());
+    return label.geometry().adjusted(0, -missing / 2, 0, missing - missing / 2);
 }
 } // namespace
 
 WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
     : QObject(&label), m_label(label), m_shadow(shadow), m_field(*new QPlainTextEdit(label.parentWidget())) {
-    const bool isOneLine = label.height() < rowPitch;
     m_field.setReadOnly(true);
     m_field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_field.setTabChangesFocus(true);
@@ -29,8 +32,8 @@ WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
     m_field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     m_field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_field.document()->setDocumentMargin(0);
-    m_field.setFont(Fonts::of(isOneLine ? smallType : label.fontSpec()));
-    m_field.setGeometry(placeOf(label.geometry()));
+    m_field.setFont(fontFor(label));
+    m_field.setGeometry(placeFor(label));
     QPalette palette = m_field.palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, Colours::toQColor(label.ForeColor()));
