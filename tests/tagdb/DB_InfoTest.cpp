@@ -6,6 +6,7 @@
 
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextLayout>
 
 using namespace torvane;
