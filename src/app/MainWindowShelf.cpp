@@ -25,6 +25,10 @@ void MainWindowShelf::refresh() {
     window->Refresh_Click();
 }
 
+void MainWindowShelf::tagChanged(const QString& path) {
+    if (MainFrm* window = m_windows.slot<MainFrm>().ifLoaded()) window->tagChanged(path);
+}
+
 void MainWindowShelf::launch() { window().Label15_Click(); }
 
 int MainWindowShelf::listTop() { return window().ListView1.Top(); }

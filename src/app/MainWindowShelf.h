@@ -16,6 +16,7 @@ public:
     SelectedGame selected() override;
     void select(int index) override;
     void refresh() override;
+    void tagChanged(const QString& path) override;
     void launch() override;
     int listTop() override;
     void setListTop(int pixels) override;

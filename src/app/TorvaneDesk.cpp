@@ -14,6 +14,7 @@ namespace {
 enum class Opening {
     replacesMain, ///< the main window is hidden
     aboveOpener,  ///< the opener stays on screen and owns the opened window
+    heldByOpener, ///< the same, and the opened window goes when its opener goes
     anew,         ///< the window unloads if it is there, and loads again
 };
 
@@ -47,7 +48,13 @@ constexpr std::array ways = {
     Way{Window::MainFrm, Window::AdvSearch, Opening::aboveOpener, Return::nobody},
     Way{Window::MainFrm, Window::ZIP_Viewer, Opening::replacesMain, Return::mainUnlessCompact},
     Way{Window::MainFrm, Window::MainFrm, Opening::anew, Return::nobody},
+    Way{Window::EditDB, Window::DB_Info, Opening::heldByOpener, Return::nobody},
+    Way{Window::EditDB, Window::Form2, Opening::heldByOpener, Return::nobody},
 };
+
+constexpr bool isAboveOpener(const Way& way) {
+    return way.opening == Opening::aboveOpener || way.opening == Opening::heldByOpener;
+}
 
 // The start opens these by itself.
 constexpr std::array startWindows = {Window::Menuing, Window::SelLangStartUp, Window::Splash,
@@ -86,7 +93,7 @@ bool TorvaneDesk::open(const Way& way) {
     m_cameBy[placeOf(way.to)] = &way;
     Form* opened = windows.load(way.to);
     if (opened == nullptr) return false;
-    opened->Show(way.opening == Opening::aboveOpener ? windows.ifLoaded(way.from) : nullptr);
+    opened->Show(isAboveOpener(way) ? windows.ifLoaded(way.from) : nullptr);
     if (way.opening == Opening::anew) raiseOwned(way.to);
     return true;
 }
@@ -96,13 +103,21 @@ void TorvaneDesk::raiseOwned(Window owner) {
     for (const Way& way : ways) {
         if (way.from != owner || m_cameBy[placeOf(way.to)] != &way) continue;
         Form* owned = windows.ifLoaded(way.to);
-        if (way.opening == Opening::aboveOpener && owned != nullptr && owned->isVisible()) {
+        if (isAboveOpener(way) && owned != nullptr && owned->isVisible()) {
             owned->Show(windows.ifLoaded(owner));
         }
     }
 }
 
+void TorvaneDesk::unloadHeld(Window opener) {
+    for (const Way& way : ways) {
+        const bool isHeld = way.opening == Opening::heldByOpener && way.from == opener;
+        if (isHeld && m_cameBy[placeOf(way.to)] == &way) m_program.windows.unload(way.to);
+    }
+}
+
 void TorvaneDesk::unloaded(Window window) {
+    unloadHeld(window);
     const Way* way = std::exchange(m_cameBy[placeOf(window)], nullptr);
     if (way == nullptr || way->comesBack == Return::nobody) return;
     const Form* compact = m_program.windows.ifLoaded(Window::Torvette);

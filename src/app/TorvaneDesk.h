@@ -30,6 +30,8 @@ private:
     bool open(const Way& way);
     /// Puts the windows that a window owns above it again, after it was opened anew.
     void raiseOwned(Window owner);
+    /// Closes the windows that go when their opener goes.
+    void unloadHeld(Window opener);
     /// Selects the first game, whatever is wrong with it.
     void selectFirstGame();
     /// The window that the user's setting wants first.

@@ -7,13 +7,17 @@
 #include "assistant/NewAssistant.h"
 #include "core/sellangstartup/SelLangStartUp.h"
 #include "core/splash/Splash.h"
+#include "mainwindow/Form2.h"
 #include "mainwindow/MainFrm.h"
 #include "mainwindow/Menuing.h"
+#include "tagdb/dbinfo/DB_Info.h"
+#include "tagdb/editdb/EditDB.h"
 #include "toolkit/torvmsg/TorvMsg.h"
 #include "zipviewer/ZIP_Viewer.h"
 
 namespace torvane {
 
-using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer>;
+using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
+                          DB_Info, Form2>;
 
 } // namespace torvane

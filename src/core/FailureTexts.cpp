@@ -34,8 +34,11 @@ constexpr std::array table = {
     Words{RuntimeFailure::pathNotFound, Reason::none, "76", "its folder doesn’t exist"},
 };
 
-// A file's name as Qt can show it, whatever bytes it has.
-QString shown(const QString& name) { return QString::fromUtf8(NativeText::toNative(name)); }
+// The name of a file or folder as Qt can show it, whatever bytes it has.
+QString shownName(QString path) {
+    while (path.endsWith(QLatin1Char('\\'))) path.chop(1);
+    return QString::fromUtf8(NativeText::toNative(Paths::bareName(path)));
+}
 
 bool isOf(const Words& words, const RuntimeFailure& failure) {
     return words.reason == Reason::none ? failure.reason() == Reason::none && words.number == failure.number()
@@ -52,7 +55,7 @@ QString FailureTexts::reason(const RuntimeFailure& failure) const {
 QString FailureTexts::of(const RuntimeFailure& failure) const {
     if (failure.file().isEmpty()) return failure.boxText();
     return QStringLiteral("%1: %2 (%3)")
-        .arg(shown(Paths::bareName(failure.file())), reason(failure), QString::number(failure.number()));
+        .arg(shownName(failure.file()), reason(failure), QString::number(failure.number()));
 }
 
 } // namespace torvane

@@ -14,7 +14,7 @@ struct SelectedGame {
     int count = 0;  ///< games in the list
 };
 
-/// All operations but `refresh` and `setTakesInput` load the main window if it is not there.
+/// All operations but `refresh`, `tagChanged` and `setTakesInput` load the main window if it is not there.
 class GameShelf {
 public:
     virtual ~GameShelf() = default;
@@ -25,6 +25,9 @@ public:
     virtual void select(int index) = 0;
     /// Lists the library anew and selects its first game. Does nothing while there is no main window.
     virtual void refresh() = 0;
+    /// A game has got another tag. If it is the selected one its panel shows the new tag; what the user has
+    /// typed into the fields and not saved stays. Does nothing while there is no main window.
+    virtual void tagChanged(const QString& path) = 0;
     /// The launch action: plays the selected game.
     virtual void launch() = 0;
     /// The top edge of the game list within its panel, in pixels.

@@ -8,6 +8,7 @@
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
 #include "platform/base/File.h"
+#include "platform/base/Paths.h"
 
 #include <algorithm>
 
@@ -75,9 +76,27 @@ void MainFrm::saveTag() {
     // game may be selected, whose fields are its own.
     Games_Click();
     if (Games.filePath() != path) return;
-    EditID3Title.setText(title);
-    EditID3Company.setText(company);
-    EditID3Info.setText(info);
+    setTypedTag({title, company, info});
+}
+
+// What the fields of the editing face hold: title, company, information.
+QStringList MainFrm::typedTag() const {
+    return {EditID3Title.Text(), EditID3Company.Text(), EditID3Info.Text()};
+}
+
+void MainFrm::setTypedTag(const QStringList& tag) {
+    EditID3Title.setText(tag[0]);
+    EditID3Company.setText(tag[1]);
+    EditID3Info.setText(tag[2]);
+}
+
+void MainFrm::tagChanged(const QString& path) {
+    if (Games.FileName().isEmpty() || Paths::real(Games.filePath()) != Paths::real(path)) return;
+    const RomTagRecord& shown = m.id3.RomTag;
+    const QStringList typed = typedTag();
+    const bool isEdited = typed != QStringList{shown.Title, shown.Company, shown.Info};
+    Games_Click();
+    if (isEdited) setTypedTag(typed);
 }
 
 void MainFrm::warnIfTooLong() {

@@ -34,6 +34,8 @@ public:
     /// Selects a game by its place in the list and shows it; all failures are ignored, a missing game among
     /// them.
     void selectGame(int index);
+    /// A game has got another tag (see GameShelf); its spelled path.
+    void tagChanged(const QString& path);
 
 protected:
     void queryUnload() override;
@@ -66,6 +68,8 @@ private:
     void Edit_Menu_Click();
     void ID3_Menu_Click();
     void emptyIfMissing(TextBox& field);
+    QStringList typedTag() const;
+    void setTypedTag(const QStringList& tag);
     void EditID3Title_Change();
     void EditID3Info_Change();
     void saveTag();

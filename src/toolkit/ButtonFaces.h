@@ -28,6 +28,15 @@ constexpr ButtonLook wideOff(const char* caption) {
             .font = V8b,
             .enabled = false};
 }
+/// A button at the foot of a dialog.
+constexpr ButtonLook foot(const char* caption) {
+    return {.type = 7, .fx = 2, .back = slate, .fore = white, .mask = black, .caption = caption};
+}
+/// The same face, switched off at first.
+constexpr ButtonLook off(ButtonLook face) {
+    face.enabled = false;
+    return face;
+}
 /// A button of the title band.
 constexpr ButtonLook onBand(const char* picture, const Wording& toolTip = {}) {
     return {.type = 6,

@@ -24,6 +24,7 @@ using Colours::buttonFace;
 using Colours::white;
 constexpr OleColour slate = 0x4A3933;  // dark panel, back of edit fields and lists
 constexpr OleColour indigo = 0x644D4E; // back of buttons and of the right panel
+constexpr OleColour haze = 0xB09A93;   // back of lists and fields of the tag database
 constexpr OleColour band = 0x1A1A1A;   // title band and its buttons
 
 constexpr Qt::Alignment flushLeft = Qt::AlignLeft;

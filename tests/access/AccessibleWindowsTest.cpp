@@ -115,6 +115,9 @@ private slots:
         QCOMPARE(nameOf(*opened->program->load<ZIP_Viewer>()), u"Torvane 1.1 » ZIP contents"_s);
         QCOMPARE(nameOf(*opened->program->load<NewAssistant>()), u"ROM assistant"_s);
         QCOMPARE(nameOf(*opened->program->load<Splash>()), u"Intro"_s);
+        QCOMPARE(nameOf(*opened->program->load<EditDB>()), u"Torvane 1.1 » OnLine DataBase"_s);
+        QCOMPARE(nameOf(*opened->program->load<DB_Info>()), u"OnLine DataBase ··· Entry"_s);
+        QCOMPARE(nameOf(*opened->program->load<Form2>()), u"Torvane 1.1 » Use ROM.TAG"_s);
         click(opened->main().chameleonButton1);
         QCOMPARE(nameOf(*opened->program->loaded<TorvMsg>()), u"Are you sure you want to exit?"_s);
         reopenIn("cat");
@@ -137,6 +140,13 @@ private slots:
         QCOMPARE(nameOf(assistant.ChameleonButton5), u"Yes, go ahead"_s);
         QCOMPARE(nameOf(assistant.ChameleonButton6), u"No, leave as is"_s);
         QCOMPARE(nameOf(assistant.FilePath), u"Chosen file"_s);
+        EditDB& database = *opened->program->load<EditDB>();
+        QCOMPARE(nameOf(database.ListView1), u"Database entries"_s);
+        QCOMPARE(nameOf(database.File_Author), u"Author"_s);
+        QCOMPARE(nameOf(database.File_Game), u"Game"_s);
+        QCOMPARE(nameOf(database.File_Date), u"Age (in days)"_s);
+        QCOMPARE(nameOf(database.File_Company), u"Company"_s);
+        QCOMPARE(nameOf(opened->program->load<Form2>()->File1), u"Game list"_s);
         reopenIn("esp");
         QCOMPARE(nameOf(opened->main().chameleonButton1), u"Cerrar la ventana"_s);
         QCOMPARE(nameOf(opened->main().EditID3Title), u"Título del juego"_s);

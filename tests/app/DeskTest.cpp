@@ -83,6 +83,19 @@ private slots:
         QVERIFY(program().loaded<NewAssistant>() == nullptr);
     }
 
+    void a_held_window_goes_when_its_opener_goes_and_an_owned_one_stays() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::EditDB);
+        program().desk.go(Window::EditDB, Window::DB_Info, {QStringLiteral("SYSTEM")});
+        program().desk.go(Window::EditDB, Window::Form2);
+        program().loaded<DB_Info>()->Unload();
+        QVERIFY(program().loaded<EditDB>() != nullptr);
+        program().loaded<EditDB>()->Unload();
+        QVERIFY(program().loaded<Form2>() == nullptr);
+        QVERIFY(opened->main().isVisible());
+    }
+
     void the_shelf_gives_the_selected_game() {
         opened->games(3);
         opened->open();
@@ -123,6 +136,7 @@ private slots:
         Program fresh(opened->world.runtime, opened->world.appPath());
         QVERIFY(fresh.loaded<MainFrm>() == nullptr);
         fresh.shelf.refresh();
+        fresh.shelf.tagChanged(QStringLiteral("g001.gb"));
         fresh.shelf.setTakesInput(false);
         QVERIFY(fresh.loaded<MainFrm>() == nullptr);
         QCOMPARE(fresh.shelf.selected().count, 2);

@@ -49,6 +49,11 @@ private slots:
         use("cat");
         QCOMPARE(toldOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: el disc és ple (61)"));
     }
+    void a_folder_that_is_spelled_with_its_separator_is_named_too() {
+        const RuntimeFailure failure(RuntimeFailure::pathNotFound);
+        QCOMPARE(texts.of(failure.about(QStringLiteral("/home\\roms\\"))),
+                 QStringLiteral("roms: its folder doesn’t exist (76)"));
+    }
     void every_reason_has_a_text_in_every_language_data() {
         QTest::addColumn<int>("number");
         QTest::addColumn<int>("reason");

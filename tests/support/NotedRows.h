@@ -54,16 +54,18 @@ inline void clickRow(const RowList& list, int row) { clickAt(list, list.rowRect(
 inline void doubleClickAt(const QWidget& list, QPoint place) {
     QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, {}, list.mapTo(list.window(), place));
 }
-/// Turns the wheel over the list by eighths of a degree, up if positive. The event is marked as spontaneous:
-/// Qt passes only such a one from widget to widget until one accepts it.
-inline void wheelOn(RowList& list, int eighths) {
+/// Turns the wheel over the list by eighths of a degree, to the right and up if positive. The event is marked
+/// as spontaneous: Qt passes only such a one from widget to widget until one accepts it.
+inline void wheelOn(RowList& list, QPoint eighths) {
     const QPoint place(20, 20);
     QWidget* under = list.childAt(place);
-    QWheelEvent event(under->mapFrom(&list, place), list.mapToGlobal(place), {}, {0, eighths}, Qt::NoButton,
+    QWheelEvent event(under->mapFrom(&list, place), list.mapToGlobal(place), {}, eighths, Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(under, &event);
 }
+inline void wheelOn(RowList& list, int eighthsUp) { wheelOn(list, QPoint(0, eighthsUp)); }
+inline void wheelSidewaysOn(RowList& list, int eighths) { wheelOn(list, QPoint(eighths, 0)); }
 /// Sends a key to the focus widget of the list's window.
 inline void pressKey(const QWidget& list, Qt::Key key, Qt::KeyboardModifiers keys = {}) {
     QTest::keyClick(list.window()->windowHandle(), key, keys);

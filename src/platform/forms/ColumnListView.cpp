@@ -4,6 +4,8 @@
 #include "RowView.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
 
 namespace torvane {
 
@@ -11,6 +13,8 @@ namespace {
 constexpr int smallRowHeight = 18;
 constexpr int headerHeight = 20;
 constexpr OleColour headerBack = 0x644D4E;
+constexpr int columnStep = 40; // pixels a key or a step of the wheel scrolls sideways
+constexpr int wheelStep = 120; // eighths of a degree, see QWheelEvent
 
 RowLook rowLookOf(const ColumnListView::Look& look) {
     return {.height = smallRowHeight,
@@ -40,12 +44,34 @@ void ColumnListView::dressView(RowView& view) {
     header.setFont(Fonts::of(Fonts::V8b));
     header.setFixedHeight(headerHeight);
     header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header.setTextElideMode(Qt::ElideRight);
     header.setSectionsClickable(false);
     header.setHighlightSections(false);
     for (int column = 0; column < static_cast<int>(m_widths.size()); ++column) {
         header.resizeSection(column, m_widths[static_cast<size_t>(column)]);
     }
     header.show();
+    view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+void ColumnListView::scrollColumns(int pixels) {
+    if (view() == nullptr) return;
+    QScrollBar& bar = *view()->horizontalScrollBar();
+    bar.setValue(bar.value() + pixels);
+}
+
+void ColumnListView::wheelEvent(QWheelEvent* event) {
+    const int sideways = event->angleDelta().x();
+    if (sideways != 0) scrollColumns(-sideways * columnStep / wheelStep);
+    RowList::wheelEvent(event);
+}
+
+void ColumnListView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left: return scrollColumns(-columnStep);
+    case Qt::Key_Right: return scrollColumns(columnStep);
+    default: return RowList::keyPressEvent(event);
+    }
 }
 
 } // namespace torvane

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The list with columns and headers: small pictures in the first column, one current row, as many rows as
-// memory holds texts.
+// memory holds texts. The user can drag the columns wider, and scrolls sideways by wheel and arrow keys then.
 #pragma once
 
 #include "ImageList.h"
@@ -15,7 +15,8 @@ class ColumnListView : public RowList {
 
 public:
     struct Look {
-        std::initializer_list<int> widths; ///< of the columns in pixels; the last one reaches to the edge
+        std::initializer_list<int>
+            widths; ///< of the columns in pixels at first; the last one reaches to the edge
         FontSpec font = Fonts::V8;
         OleColour fore = Colours::black;
         OleColour back = 0xB09A93;
@@ -30,8 +31,13 @@ public:
 
 protected:
     void dressView(RowView& view) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Moves what is seen to the right, or to the left if negative, as far as the columns reach.
+    void scrollColumns(int pixels);
+
     std::vector<int> m_widths;
 };
 

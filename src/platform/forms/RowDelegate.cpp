@@ -26,7 +26,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         textPlace.setLeft(option.rect.left() + m_look.iconSize + iconRoom);
     }
     painter->setFont(option.font);
-    const QString text = index.data().toString();
+    // A text may have millions of characters, and all that are not cut off here get measured.
+    const QString text = index.data().toString().left(std::max(textPlace.width(), 1));
     paintText(*painter, textPlace, option.fontMetrics.elidedText(text, Qt::ElideRight, textPlace.width()),
               isSelected);
 }

@@ -20,9 +20,7 @@ constexpr qint64 typeAheadMilliseconds = 1000;
 RowList::RowList(QWidget& parent, const char* name, const DesignRect& rect, const RowLook& look,
                  ImageList* icons, int columns)
     : Control(parent, name, rect), m_rowHeight(look.height), m_back(look.back), m_model(columns, icons),
-      m_delegate(look) {
-    setFocusPolicy(Qt::StrongFocus);
-}
+      m_delegate(look) {}
 
 void RowList::showEvent(QShowEvent* event) {
     // Designs keep some lists outside of the window's edges, as mere stores.
@@ -31,7 +29,9 @@ void RowList::showEvent(QShowEvent* event) {
     Control::showEvent(event);
 }
 
+// A list that is a mere store takes no focus either.
 void RowList::makeView() {
+    setFocusPolicy(Qt::StrongFocus);
     m_view = new RowView(*this, m_rowHeight);
     m_view->setItemDelegate(&m_delegate);
     m_view->setModel(&m_model);

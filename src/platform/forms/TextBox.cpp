@@ -37,7 +37,8 @@ TextBox::~TextBox() {
 }
 
 void TextBox::showEvent(QShowEvent* event) {
-    makeField();
+    // One outside of the window's edges is a mere store: without an editor it takes no focus.
+    if (liesInContainer()) makeField();
     Control::showEvent(event);
 }
 
@@ -57,6 +58,7 @@ void TextBox::makeLine() {
         return filterLine(text, cursor) ? QValidator::Acceptable : QValidator::Invalid;
     }));
     connect(m_line, &QLineEdit::textChanged, this, &TextBox::takeLine);
+    connect(m_line, &QLineEdit::returnPressed, this, &TextBox::entered);
 }
 
 void TextBox::makeArea() {

@@ -44,6 +44,8 @@ public:
 signals:
     /// The text is another one, by the program or by the user.
     void Change();
+    /// The user has pressed Return in a field of one line.
+    void entered();
     /// The filter left out a part of what the user entered.
     void inputRefused();
 

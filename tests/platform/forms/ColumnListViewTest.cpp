@@ -7,6 +7,7 @@
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -88,6 +89,30 @@ private slots:
         QCOMPARE(header.sectionSize(0), 170);
         QCOMPARE(list->currentRow(), -1);
     }
+    void columns_wider_than_the_list_can_be_scrolled_sideways_by_keys_wheel_and_bar() {
+        fill(3);
+        QScrollBar& bar = *view().horizontalScrollBar();
+        QVERIFY(!bar.isVisible());
+        key(Qt::Key_Right);
+        QCOMPARE(bar.value(), 0);
+        view().horizontalHeader()->resizeSection(0, 400);
+        QTRY_VERIFY(bar.isVisible());
+        key(Qt::Key_Right);
+        QCOMPARE(bar.value(), 40);
+        key(Qt::Key_Left);
+        QCOMPARE(bar.value(), 0);
+        wheelSidewaysOn(*list, -120);
+        QCOMPARE(bar.value(), 40);
+        wheelSidewaysOn(*list, 240);
+        QCOMPARE(bar.value(), 0);
+        QCOMPARE(list->currentRow(), -1);
+        bar.setValue(bar.maximum());
+        QCOMPARE(view().visualRect(list->model().index(0, 5)).right(), view().viewport()->width() - 1);
+    }
+    void the_last_column_stays_in_sight_when_others_get_narrower() {
+        view().horizontalHeader()->resizeSection(0, 40);
+        QCOMPARE(view().horizontalHeader()->length(), view().viewport()->width());
+    }
     void a_click_on_a_header_chooses_nothing() {
         fill(3);
         clickAt(*list, {50, 5});
@@ -158,6 +183,20 @@ private slots:
         const QRect ink = inkOf(cell(0, 1), Colours::toQColor(back));
         QVERIFY(ink.left() >= 1);
         QVERIFY(ink.right() <= 98);
+    }
+    void a_text_of_millions_of_characters_is_cut_off_as_fast_as_any_other() {
+        const auto paintTime = [this](const QString& text) {
+            rows = std::make_shared<NotedRows>(QStringList(20, text));
+            list->setItems(rows);
+            imageOf(*list);
+            QElapsedTimer timer;
+            timer.start();
+            imageOf(*list);
+            return timer.nsecsElapsed();
+        };
+        const qint64 usual = paintTime(QString(200, u'W'));
+        const qint64 endless = paintTime(QString(5'000'000, u'W'));
+        QVERIFY2(endless < 10 * usual, qPrintable(u"%1 and %2"_s.arg(endless).arg(usual)));
     }
     void the_ground_below_the_rows_has_the_colour_of_the_design() {
         fill(3);

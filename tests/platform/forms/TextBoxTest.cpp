@@ -50,6 +50,20 @@ private slots:
         form.reset();
     }
 
+    void return_is_reported_by_a_field_of_one_line() {
+        const QSignalSpy returns(line.get(), &TextBox::entered);
+        QTest::keyClick(line->focusProxy(), Qt::Key_Return);
+        QTest::keyClick(line->focusProxy(), Qt::Key_Enter);
+        QCOMPARE(returns.size(), 2);
+        QCOMPARE(line->Text(), QString());
+    }
+    void a_field_outside_of_the_window_is_a_store_without_an_editor() {
+        TextBox store(*form, "store", DesignRect{5, 700, 205, 15}, TextBox::Look{"kept"});
+        store.show();
+        QCOMPARE(store.Text(), u"kept"_s);
+        QVERIFY(store.focusProxy() == nullptr);
+        QCOMPARE(store.focusPolicy(), Qt::NoFocus);
+    }
     void what_the_program_sets_stays_character_by_character_data() {
         QTest::addColumn<QString>("text");
         QTest::newRow("plain") << u"Tetris"_s;

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// Measuring the text, and the field.
+#include "WholeText.h"
+
+#include <QFontMetrics>
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+// For labels of one line. Two lines of it have room between the neighbours of such a label.
+constexpr FontSpec smallType{FontSpec::Verdana, 6.75};
+// Characters that no label has room for: such texts need no measuring.
+constexpr qsizetype neverFits = 2000;
+
+bool isOneLine(const Label& label) { return label.height() < 2 * QFontMetrics(label.font()).height(); }
+
+QFont fontFor(const Label& label) { return isOneLine(label) ? Fonts::of(smallType) : label.font(); }
+
+QRect placeFor(const Label& label) {
+    const int missing = std::max(0, 2 * QFontMetrics(fontFor(label)).lineSpacing() - label.height());
+    return label.geometry().adjusted(0, -missing / 2, 0, missing - missing / 2);
+}
+} // namespace
+
+WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
+    : QObject(&label), m_label(label), m_shadow(shadow), m_field(*new QPlainTextEdit(label.parentWidget())) {
+    m_field.setReadOnly(true);
+    m_field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_field.setTabChangesFocus(true);
+    m_field.setFrameShape(QFrame::NoFrame);
+    m_field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    m_field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_field.document()->setDocumentMargin(0);
+    m_field.setFont(fontFor(label));
+    m_field.setGeometry(placeFor(label));
+    QPalette palette = m_field.palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, Colours::toQColor(label.ForeColor()));
+    m_field.setPalette(palette);
+    m_field.hide();
+    heading.names(m_field);
+    connect(&label, &Label::Change, this, &WholeText::follow);
+}
+
+bool WholeText::isTooLong() const {
+    const QString& text = m_label.Caption();
+    if (text.size() > neverFits) return true;
+    const QRect room = m_label.rect();
+    const QRect taken = QFontMetrics(m_label.font()).boundingRect(room, Qt::TextWordWrap, text.trimmed());
+    return !room.contains(taken);
+}
+
+void WholeText::follow() {
+    const bool isLong = isTooLong();
+    m_field.setPlainText(isLong ? m_label.Caption() : QString());
+    m_field.setVisible(isLong);
+    m_label.setVisible(!isLong);
+    m_shadow.setVisible(!isLong);
+}
+
+} // namespace torvane
