@@ -4,6 +4,7 @@
 #include "Form.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 
 namespace torvane {
 
@@ -45,7 +46,7 @@ Input kindOf(QEvent::Type type) {
 }
 } // namespace
 
-HeldInput::HeldInput() : m_modal(QApplication::activeModalWidget()) {
+HeldInput::HeldInput(const QWidget* closer) : m_closer(closer), m_modal(QApplication::activeModalWidget()) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -63,7 +64,20 @@ bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
     event->ignore();
     if (kind == Input::close) takeCloseRequest(receiver, *event);
     if (kind == Input::kept) keep(receiver, *event);
+    if (kind == Input::kept && isForCloser(*event)) emit closeRequested();
     return true;
+}
+
+// Events of the user arrive at the window and not at the control that they are meant for.
+bool HeldInput::isForCloser(const QEvent& event) const {
+    if (m_closer == nullptr || !m_closer->isVisible()) return false;
+    if (event.type() == QEvent::MouseButtonRelease) {
+        const QPointF place = static_cast<const QMouseEvent&>(event).globalPosition();
+        return m_closer->rect().contains(m_closer->mapFromGlobal(place).toPoint());
+    }
+    if (event.type() != QEvent::KeyPress || !m_closer->hasFocus()) return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 bool HeldInput::isExempt() const {

@@ -18,12 +18,15 @@ class HeldInput : public QObject {
     Q_OBJECT
 
 public:
-    HeldInput();
+    /// A click on the closer, or Space or Return while it has the focus, counts as a request to close its
+    /// window; null for none.
+    explicit HeldInput(const QWidget* closer = nullptr);
     /// Posts the clicks, keys and the request to close a window that have come meanwhile, in their order.
     ~HeldInput() override;
 
 signals:
-    /// The user wants a form closed. Emitted for the first request, which is held back like all input.
+    /// The user wants a form closed: the first request of the window manager, and every use of the closer. It
+    /// is held back like all input.
     void closeRequested();
 
 protected:
@@ -36,9 +39,11 @@ private:
     };
 
     bool isExempt() const;
+    bool isForCloser(const QEvent& event) const;
     void keep(QObject* receiver, const QEvent& event);
     void takeCloseRequest(QObject* form, const QEvent& event);
 
+    QPointer<const QWidget> m_closer;
     QPointer<QWidget> m_modal; // the box that was open before
     std::vector<Held> m_held;
     bool m_isCloseRequested = false;

@@ -55,7 +55,7 @@ QByteArray Inet::download(const QUrl& address) {
     m_fetch = &fetch;
     m_isCancelled = false;
     {
-        const HeldInput input;
+        const HeldInput input(m_closer);
         connect(&input, &HeldInput::closeRequested, this, &Inet::Cancel);
         fetch.start(address);
         loop.exec();

@@ -30,6 +30,10 @@ public:
     /// Ends a waiting OpenURL with a failure (see there); does nothing without one.
     void Cancel();
 
+    /// From now on this button of the form counts as a request to close it, too. Windows without a border
+    /// have no other one for the mouse.
+    void isClosedBy(const QWidget& button) { m_closer = &button; }
+
     const Limits& limits() const { return m_limits; }
     /// Other limits for the next OpenURL.
     void setLimits(const Limits& limits) { m_limits = limits; }
@@ -39,6 +43,7 @@ private:
     QByteArray download(const QUrl& address);
 
     Form& m_form;
+    const QWidget* m_closer = nullptr;
     Limits m_limits;
     HttpFetch* m_fetch = nullptr; // while an OpenURL is waiting
     bool m_isCancelled = false;
