@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The panel backgrounds of the main window, the ZIP window and the yes-or-no box. The start and intro windows
-// are in Portraits.cpp, the assistant in Assistant.cpp.
+// are in Portraits.cpp, the assistant in Assistant.cpp, the windows of the database in Database.cpp.
 #include "Backgrounds.h"
 
 #include "Palette.h"
@@ -12,20 +12,6 @@ namespace torvane {
 
 namespace {
 
-QRectF between(qreal left, qreal top, qreal right, qreal bottom) {
-    return {QPointF(left, top), QPointF(right, bottom)};
-}
-
-// The rectangles of some buttons in whole pixels, as the window rounds them.
-QList<QRectF> places(const Catalogue& catalogue, const QString& window, const QStringList& buttons) {
-    QList<QRectF> rects;
-    for (const QString& button : buttons) {
-        const QRectF rect = catalogue.rect(window, button);
-        rects << QRectF(qRound(rect.left()), qRound(rect.top()), qRound(rect.width()), qRound(rect.height()));
-    }
-    return rects;
-}
-
 // The left half of the main window: tools, name strip, list of games, page strip, counters.
 void listDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QStringList toolButtons = {"Refresh", "Searcher", "Zipper"};
@@ -35,7 +21,7 @@ void listDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QRectF list = catalogue.rect(window, "Picture2");
     const QRectF totals = catalogue.united(window, {"Label16", "TotalRom"});
     panel.plate(between(tools.left() - 2, tools.top() - 3, next.right() + 2, totals.bottom() + 7));
-    panel.seat(places(catalogue, window, toolButtons));
+    panel.seat(catalogue.places(window, toolButtons));
     const QRectF heading = between(tools.right() + 3, tools.top() + 1, next.right() - 1, tools.bottom() - 1);
     panel.slot(heading);
     panel.well(list);
@@ -54,10 +40,10 @@ void gameDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QRectF game = catalogue.rect(window, "Picture1(0)");
     const QRectF bar = catalogue.united(window, barButtons);
     panel.plate(between(tabs.left() - 1, tabs.top() - 3, bar.right() + 2, bar.bottom() + 2));
-    panel.seat(places(catalogue, window, tabButtons));
+    panel.seat(catalogue.places(window, tabButtons));
     panel.slot(between(tabs.right() + 3, tabs.top() + 1, bar.right() - 2, tabs.bottom() - 1));
     panel.well(game);
-    panel.seat(places(catalogue, window, barButtons));
+    panel.seat(catalogue.places(window, barButtons));
 }
 
 // A small round warm lamp; `light` runs from 0 (dark) to 1.
@@ -134,7 +120,7 @@ QImage paintTorvMsg(const Workshop& shop) {
     // The message is an opaque label, smaller than the field: the floor of the field continues its colour.
     panel.painter().fillRect(field.adjusted(2, 2, 0, 0), palette::darkPanel);
     panel.frame();
-    panel.seat(places(shop.catalogue, window, answerButtons));
+    panel.seat(shop.catalogue.places(window, answerButtons));
     return panel.finished();
 }
 

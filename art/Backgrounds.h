@@ -26,6 +26,12 @@ QImage paintZipViewer(const Workshop& shop);
 QImage paintZipWait(const Workshop& shop);
 /// The yes-or-no box.
 QImage paintTorvMsg(const Workshop& shop);
+/// The window of the tag database.
+QImage paintEditDB(const Workshop& shop);
+/// The window that shows one entry of the database in full.
+QImage paintDBInfo(const Workshop& shop);
+/// The window in which a game is chosen for an entry of the database.
+QImage paintForm2(const Workshop& shop);
 /// The start window: the helper figure in the night, asking (`glad` false) or giving thanks (`glad` true).
 QImage paintSelLangStartUp(const Workshop& shop, bool glad);
 

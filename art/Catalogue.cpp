@@ -61,6 +61,16 @@ QRectF Catalogue::united(const QString& window, const QStringList& names) const 
     return all;
 }
 
+QList<QRectF> Catalogue::places(const QString& window, const QStringList& names) const {
+    QList<QRectF> rects;
+    for (const QString& name : names) {
+        const QRectF exact = rect(window, name);
+        rects << QRectF(qRound(exact.left()), qRound(exact.top()), qRound(exact.width()),
+                        qRound(exact.height()));
+    }
+    return rects;
+}
+
 QColor Catalogue::mask(const QString& window, const QString& name) const {
     static const QRegularExpression pattern("mask 0x([0-9A-F]{2})([0-9A-F]{2})([0-9A-F]{2})");
     const auto match = pattern.match(control(window, name).notes);

@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QHash>
+#include <QList>
 #include <QRectF>
 #include <QSize>
 #include <QString>
@@ -27,6 +28,9 @@ public:
 
     /// The smallest rectangle that contains all the named controls.
     QRectF united(const QString& window, const QStringList& controls) const;
+
+    /// The rectangles of the named controls in whole pixels, as the window rounds them.
+    QList<QRectF> places(const QString& window, const QStringList& controls) const;
 
     /// The mask colour in a button's notes; throws std::runtime_error if its notes contain none.
     QColor mask(const QString& window, const QString& control) const;

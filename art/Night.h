@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPointF>
 #include <QRectF>
 
@@ -39,5 +40,9 @@ void tor(QPainter& painter, QPointF foot, qreal unit);
 
 /// The weather vane: a mast of `height` above `foot` with an arrow that has turned by `angle` radians.
 void vane(QPainter& painter, QPointF foot, qreal height, qreal angle);
+
+/// The outline of the tor with its vane, for engraving: `foot` is the middle of its lowest edge, `height`
+/// reaches up to the tip of the mast.
+QPainterPath emblem(QPointF foot, qreal height);
 
 } // namespace torvane::night

@@ -144,11 +144,13 @@ void Panel::plate(const QRectF& rect) {
     brushwork.fillPath(ring(rect, cornerRadius), diagonal(rect, veil(rim, 170), veil(edge, 170)));
 }
 
-void Panel::well(const QRectF& rect) {
+void Panel::well(const QRectF& rect) { well(rect, darkPanel.darker(125)); }
+
+void Panel::well(const QRectF& rect, const QColor& floor) {
     const QRectF lip = rect.adjusted(-2, -2, 2, 2);
     brushwork.fillPath(rounded(lip), cut);
     brushwork.fillPath(ring(lip, cornerRadius), diagonal(lip, edge, veil(rim, 200)));
-    brushwork.fillRect(rect, darkPanel.darker(125));
+    brushwork.fillRect(rect, floor);
     for (int depth = 0; depth < 6; ++depth) {
         const QColor shade = veil(edge, 120 - depth * 19);
         brushwork.fillRect(QRectF(rect.left() + depth, rect.top() + depth, rect.width() - depth, 1), shade);
@@ -162,6 +164,17 @@ void Panel::slot(const QPainterPath& shape) {
     brushwork.fillPath(shape, vertical(shape.boundingRect(), veil(edge, 150), veil(edge, 105)));
     brushwork.fillPath(shape - shape.translated(1, 1), veil(edge, 190));
     brushwork.fillPath(shape - shape.translated(-1, -1), veil(rim, 95));
+}
+
+void Panel::tray(const QRectF& rect, const QColor& floor) {
+    slot(rect);
+    brushwork.fillPath(rounded(rect.adjusted(1, 1, -1, -1), cornerRadius - 1), floor);
+}
+
+void Panel::engraving(const QPainterPath& shape) {
+    brushwork.fillPath(shape, veil(edge, 60));
+    brushwork.fillPath(shape - shape.translated(1, 1), veil(edge, 120));
+    brushwork.fillPath(shape.translated(1, 1) - shape, veil(rim, 95));
 }
 
 void Panel::seat(const QList<QRectF>& buttons) {

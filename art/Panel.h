@@ -34,9 +34,15 @@ public:
     void plate(const QRectF& rect);
     /// The bed of a list, panel or text field: `rect` is the control's own rectangle, with the rim around it.
     void well(const QRectF& rect);
+    /// The same with a floor of another colour, for a control that is not dark.
+    void well(const QRectF& rect, const QColor& floor);
     /// A shallow dark strip under a label, a calm ground for its text.
     void slot(const QRectF& rect);
     void slot(const QPainterPath& shape);
+    /// A shallow bed whose floor has exactly one colour, for controls with an opaque back of that colour.
+    void tray(const QRectF& rect, const QColor& floor);
+    /// A mark cut into the panel for ornament, fainter than a slot.
+    void engraving(const QPainterPath& shape);
     /// The narrow cut around a row of buttons, one pixel outside of them. On its floor is a blank cover plate
     /// for each button, visible while that button is hidden.
     void seat(const QList<QRectF>& buttons);
@@ -53,6 +59,7 @@ public:
 
     /// For painting that is special to one background; coordinates are logical pixels.
     QPainter& painter() { return brushwork; }
+    qreal width() const { return size.width(); }
     /// Ends painting and returns the picture.
     QImage finished();
 
@@ -70,6 +77,11 @@ private:
 
 /// A rectangle with the corner radius, as a path.
 QPainterPath rounded(const QRectF& rect, qreal radius = cornerRadius);
+
+/// The rectangle between two of its corners.
+inline QRectF between(qreal left, qreal top, qreal right, qreal bottom) {
+    return {QPointF(left, top), QPointF(right, bottom)};
+}
 
 /// A value from 0 to 1 that looks random but is the same in every build.
 qreal noise(quint32 x, quint32 y);

@@ -8,6 +8,7 @@
 #include <QLinearGradient>
 #include <QPainterPath>
 #include <QPolygonF>
+#include <QTransform>
 
 #include <cmath>
 
@@ -90,6 +91,25 @@ void vane(QPainter& painter, QPointF foot, qreal height, qreal angle) {
     painter.drawEllipse(QPointF(0, -height * 0.2), thick * 1.5, thick * 1.5);
     painter.drawEllipse(QPointF(0, 0), thick * 1.2, thick * 1.2);
     painter.restore();
+}
+
+QPainterPath emblem(QPointF foot, qreal height) {
+    constexpr qreal slabsHigh = 4;
+    constexpr qreal gap = 0.1; // between slabs, so that each can be seen
+    const qreal unit = height / 9;
+    const qreal mast = height - slabsHigh * unit;
+    QPainterPath shape;
+    for (const Slab& part : slabs) {
+        const QRectF stone(part.middle - part.width / 2 + gap, gap - std::round(part.top),
+                           part.width - 2 * gap, 1 - 2 * gap);
+        shape.addPath(rounded({stone.topLeft() * unit, stone.size() * unit}, unit * 0.3));
+    }
+    const qreal thick = mast * 0.07;
+    const qreal reach = mast * 0.62;
+    const QPainterPath turned = QTransform::fromScale(reach, reach * 0.8).map(arrow());
+    shape.addPath(rounded({-thick / 2, -height, thick, mast}, thick / 2) |
+                  turned.translated(0, -slabsHigh * unit - mast * 0.8));
+    return shape.translated(foot);
 }
 
 } // namespace torvane::night

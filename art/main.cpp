@@ -32,20 +32,26 @@ constexpr std::pair<const char*, AssistantPage> assistantPages[] = {
     {"NewAssistant-Three.jpg", AssistantPage::Sources},
     {"NewAssistant-Four.jpg", AssistantPage::Trouble}};
 
+constexpr std::pair<const char*, QImage (*)(const Workshop&)> plainWindows[] = {
+    {"TorvMsg.jpg", paintTorvMsg},
+    {"ZIP_Viewer.jpg", paintZipViewer},
+    {"ZIP_Viewer-Mensaje.jpg", paintZipWait},
+    {"EditDB.jpg", paintEditDB},
+    {"DB_Info.jpg", paintDBInfo},
+    {"Form2.jpg", paintForm2},
+    {"Splash.bmp", paintSplash}};
+
 void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output& output) {
     for (int scale : {1, 2}) {
         const Workshop shop{catalogue, QDir(sources + "/svg"), scale};
         const QImage mainFrm = paintMainFrm(shop);
         output.picture(scaledName("MainFrm.jpg", scale), mainFrm);
         output.picture(scaledName("TitleBand.jpg", scale), cutTitleBand(mainFrm, scale));
-        output.picture(scaledName("TorvMsg.jpg", scale), paintTorvMsg(shop));
         output.picture(scaledName("SelLangStartUp.jpg", scale), paintSelLangStartUp(shop, false));
         output.picture(scaledName("SelLangStartUp-second.jpg", scale), paintSelLangStartUp(shop, true));
-        output.picture(scaledName("ZIP_Viewer.jpg", scale), paintZipViewer(shop));
-        output.picture(scaledName("ZIP_Viewer-Mensaje.jpg", scale), paintZipWait(shop));
+        for (const auto& [name, paint] : plainWindows) output.picture(scaledName(name, scale), paint(shop));
         for (const auto& [name, page] : assistantPages)
             output.picture(scaledName(name, scale), paintAssistant(shop, page));
-        output.picture(scaledName("Splash.bmp", scale), paintSplash(shop));
     }
 }
 

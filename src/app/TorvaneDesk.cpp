@@ -4,6 +4,7 @@
 #include "Program.h"
 #include "core/LanguageChoice.h"
 #include "core/SettingValues.h"
+#include "core/Texts.h"
 
 #include <algorithm>
 
@@ -119,8 +120,7 @@ void TorvaneDesk::startApplication() {
     if (globals.LanguageFile.isEmpty()) globals.LanguageFile = choice.stored();
     if (choice.isFirst()) globals.LanguageFile = choice.folder() + QStringLiteral("lang_esp.tvl");
     pumpEvents();
-    globals.LanguageName =
-        m_program.language.LangText(QStringLiteral("FileInfo"), QStringLiteral("langname"));
+    globals.LanguageName = Texts(m_program.language, "FileInfo")("langname");
     if (NumberSetting(m_program.runtime.settings, "Intro", 1).value() != 0) {
         if (Form* intro = m_program.windows.load(Window::Splash)) intro->Show();
         return;

@@ -5,6 +5,7 @@
 #include "TagInFile.h"
 #include "TagLine.h"
 #include "core/Pieces.h"
+#include "core/Texts.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
 #include "platform/base/NumberText.h"
@@ -92,7 +93,7 @@ void ID3::readUntagged(const QString& path, qint64 length, GamePanel& panel) {
     RomTag.SizeKB = static_cast<qint32>(std::min<qint64>(length / 1000, std::numeric_limits<qint32>::max()));
     RomTag.Extension = secondPiece(path);
     setFormat(RomTag, formatOfSize(RomTag.SizeKB), formatOfExtension(RomTag.Extension));
-    panel.showNoTag(m_language.LangText(QStringLiteral("globals"), QStringLiteral("nodisp")));
+    panel.showNoTag(Texts(m_language, "globals")("nodisp"));
 }
 
 void ID3::fillBlanks() {
@@ -149,7 +150,7 @@ void ID3::replaceInWindow(const SafeFile::Change& change, TagLine::Fields fields
     fields.size = TagLine::storedSizeText(TagLine::tagPart(window));
     fillBlanks();
     // The rewrite keeps only the image bytes of the window, so keep the whole old file as a backup.
-    change.keepFormer(m_globals.AppPath + backupFolder);
+    change.keepBackup(m_globals.AppPath + backupFolder);
     change.commit({remnant, TagLine::lineEnd, TagLine::build(fields)});
 }
 

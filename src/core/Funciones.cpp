@@ -2,6 +2,9 @@
 // Shared procedures.
 #include "Funciones.h"
 #include "GameFilter.h"
+#include "Pages.h"
+#include "SettingValues.h"
+#include "Texts.h"
 #include "platform/base/File.h"
 #include "platform/base/Leftovers.h"
 #include "platform/base/Paths.h"
@@ -11,15 +14,15 @@
 namespace torvane {
 
 namespace {
-const QString unfinishedKey = QStringLiteral("Unfinished");
+// The folder of a copy that is not complete; empty if there is none.
+TextSetting unfinished(Settings& settings) { return {settings, "Unfinished", {}}; }
 
 // The folder of a file; of a symbolic link, the folder of its target.
 QString folderOf(const QByteArray& path) { return Paths::spelled(placeOf(path).folder); }
 } // namespace
 
 void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
-    const QString title =
-        m_parts.language.LangText(QStringLiteral("MainMenu"), QStringLiteral("copyrom")) + fileName;
+    const QString title = Texts(m_parts.language, "MainMenu")("copyrom") + fileName;
     const QString target =
         m_parts.dialogs.showSave({title, gameFileFilter, gameFilterIndex(fileName), fileName});
     if (target.isEmpty() || target == QStringLiteral(" ")) return;
@@ -30,20 +33,18 @@ void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
 }
 
 void Funciones::rememberUnfinished(const QString& folder) {
-    ignoring(
-        [&] { m_parts.settings.SaveSetting(Config::application, Config::section, unfinishedKey, folder); });
+    ignoring([&] { unfinished(m_parts.settings).set(folder); });
 }
 
 void Funciones::sweepLeftovers() {
     const QString library = m_parts.globals.libraryFolder();
-    const QString unfinished =
-        m_parts.settings.GetSetting(Config::application, Config::section, unfinishedKey, {});
+    const QString cutOff = unfinished(m_parts.settings).value();
     Leftovers::sweep(m_parts.globals.AppPath);
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
     ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });
-    if (unfinished.isEmpty()) return;
-    Leftovers::sweep(unfinished);
+    if (cutOff.isEmpty()) return;
+    Leftovers::sweep(cutOff);
     rememberUnfinished({});
 }
 
@@ -59,7 +60,7 @@ void Funciones::ShowFatalError() {
         QStringLiteral("Torvane ha encontrado un error y será cerrado. Ahora se abrirá el "
                        "navegador y cargará el FAQ de la página web de Torvane."),
         MsgBoxFlags::critical, QStringLiteral("KESTRA Halyard Kernel"));
-    OpenURL(m_parts.hosts.address(Hosts::Host::web, QStringLiteral("/modules.php?name=FAQ")));
+    OpenURL(m_parts.hosts.address(Pages::questions));
 }
 
 } // namespace torvane

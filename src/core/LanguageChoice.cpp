@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Looking for the chosen language file.
 #include "LanguageChoice.h"
+#include "SettingValues.h"
 #include "platform/base/File.h"
 #include "platform/base/Paths.h"
 #include "platform/base/RuntimeFailure.h"
@@ -13,9 +14,7 @@ bool canBeRead(const QString& path) {
 }
 } // namespace
 
-QString LanguageChoice::stored() const {
-    return m_settings.GetSetting(Config::application, Config::section, QStringLiteral("Language"), QString());
-}
+QString LanguageChoice::stored() const { return TextSetting(m_settings, "Language", {}).value(); }
 
 QString LanguageChoice::file() const {
     const QString chosen = stored();

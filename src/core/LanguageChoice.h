@@ -10,8 +10,7 @@ namespace torvane {
 
 class LanguageChoice {
 public:
-    LanguageChoice(const Settings& settings, const Globals& globals)
-        : m_settings(settings), m_globals(globals) {}
+    LanguageChoice(Settings& settings, const Globals& globals) : m_settings(settings), m_globals(globals) {}
 
     /// Whether the user has never chosen a language.
     bool isFirst() const { return stored().isEmpty(); }
@@ -24,7 +23,7 @@ public:
     QString stored() const;
 
 private:
-    const Settings& m_settings;
+    Settings& m_settings;
     const Globals& m_globals;
 };
 

@@ -96,10 +96,14 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     row("Splash.bmp", "BMP", {460, 265});
     row("ZIP_Viewer.jpg", "JPEG", {552, 426});
     row("ZIP_Viewer-Mensaje.jpg", "JPEG", {243, 51});
+    row("EditDB.jpg", "JPEG", {729, 519});
+    row("DB_Info.jpg", "JPEG", {382, 314});
+    row("Form2.jpg", "JPEG", {430, 264});
     for (const char* page : {"One", "Two", "Three", "Four"})
         row(QString("NewAssistant-%1.jpg").arg(page), "JPEG", {480, 320});
     for (const char* icon : {"compact-16", "close-16", "minimise-16", "archive-16", "refresh-16", "search-16",
-                             "up-16", "down-16", "delete-16", "copy-16", "tag-delete-16"}) {
+                             "up-16", "down-16", "delete-16", "copy-16", "tag-delete-16",
+                             "console-gameboy-16", "console-color-16", "console-advance-16"}) {
         row(QString(icon) + ".png", "PNG", {16, 16});
     }
     for (const char* icon :
@@ -230,7 +234,8 @@ void ArtworkTest::a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours() {
 void ArtworkTest::a_list_icon_has_hard_edges_and_a_clear_corner_data() {
     QTest::addColumn<QString>("name");
     for (const char* icon : {"console-advance-32", "console-gameboy-32", "console-color-32",
-                             "console-archive-32", "console-unknown-32", "yes-24", "no-24"}) {
+                             "console-archive-32", "console-unknown-32", "console-gameboy-16",
+                             "console-color-16", "console-advance-16", "yes-24", "no-24"}) {
         QTest::newRow(icon) << icon;
     }
 }
@@ -266,6 +271,12 @@ void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate_data() {
     QTest::newRow("chameleonButton5") << "MainFrm" << QRect(435, 462, 37, 36);
     QTest::newRow("chameleonButton15") << "MainFrm" << QRect(225, 452, 23, 23);
     QTest::newRow("yes") << "TorvMsg" << QRect(0, 41, 151, 27);
+    QTest::newRow("apply") << "EditDB" << QRect(538, 426, 184, 26);
+    QTest::newRow("publish") << "EditDB" << QRect(538, 456, 184, 26);
+    QTest::newRow("use") << "EditDB" << QRect(538, 486, 184, 26);
+    QTest::newRow("close") << "DB_Info" << QRect(278, 284, 100, 26);
+    QTest::newRow("accept") << "Form2" << QRect(316, 234, 110, 26);
+    QTest::newRow("cancel") << "Form2" << QRect(204, 234, 110, 26);
     for (const char* page : {"NewAssistant-One", "NewAssistant-Three"})
         QTest::addRow("FilePath of %s", page) << page << QRect(4, 272, 364, 19);
     for (const char* page :

@@ -157,6 +157,17 @@ private slots:
         QCOMPARE(opened->world.messages.boxes.last().flags, 48);
         QCOMPARE(opened->typed(), opened->said("f15"));
     }
+    void a_single_original_that_has_changed_is_named_and_not_reported_as_deleted() {
+        const QString path = opened->original(u"a.gb"_s);
+        opened->openAssistant();
+        opened->copyFile(path);
+        opened->original(u"a.gb"_s, "changed meanwhile");
+        click(window().ChameleonButton5);
+        QCOMPARE(opened->world.folder.entries(u"from"_s), QStringList{u"a.gb"_s});
+        QCOMPARE(opened->world.messages.last(),
+                 opened->said("kept") + u"\r\na.gb: "_s + opened->said("keptchanged"));
+        QCOMPARE(opened->typed(), opened->said("f11"));
+    }
     void originals_that_the_system_keeps_are_named_with_its_reason_and_none_is_reported_as_deleted() {
         originals(20);
         opened->openAssistant();

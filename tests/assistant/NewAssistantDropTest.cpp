@@ -73,6 +73,18 @@ private slots:
         QCOMPARE(opened->world.folder.entries(u"many"_s), QStringList());
         QCOMPARE(window().FilePath.Text(), dropped);
     }
+    void exit_takes_a_waiting_drop_before_it_closes() {
+        const QString dropped = opened->original(u"late.gb"_s, "late");
+        opened->world.folder.write(u"many/a.gb"_s, "game");
+        opened->openAssistant();
+        connect(&window().File1, &FileList::Click, this, [&] { emit window().pathDropped(dropped); });
+        opened->copyFolder(opened->world.folder.path(u"many"_s));
+        click(window().ChameleonButton2);
+        QVERIFY(opened->isThere() && window().isVisible());
+        QCOMPARE(window().FilePath.Text(), dropped);
+        click(window().ChameleonButton2);
+        QVERIFY(!opened->isThere());
+    }
     void the_first_of_several_dropped_items_is_used() {
         const QString first = opened->original(u"a.gb"_s);
         const QString second = opened->original(u"b.gb"_s);

@@ -46,12 +46,78 @@ private slots:
         writeHosts("[HOSTS]\nUpdate=http://u.example\n");
         QCOMPARE(address(), QStringLiteral("http://u.example/url.dat"));
     }
-    void the_page_is_used_unchanged() {
+    void a_host_on_the_network_gets_the_path_unchanged() {
         writeHosts("[Hosts]\nweb=http://w.example\n");
         QCOMPARE(address(Hosts::Host::web, "/modules.php?name=FAQ&x=%20 y#z"),
                  QStringLiteral("http://w.example/modules.php?name=FAQ&x=%20 y#z"));
-        QCOMPARE(address(Hosts::Host::update, "/modules.php?name=FAQ"), site("/modules.php?name=FAQ"));
         QCOMPARE(address(Hosts::Host::web, ""), QStringLiteral("http://w.example"));
+    }
+    void in_a_folder_a_path_without_a_query_is_the_name_of_a_file_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("file");
+        const auto row = [](const char* path, const char* file) {
+            QTest::newRow(path) << QString::fromUtf8(path) << QString::fromUtf8(file);
+        };
+        row("/url.dat", "/url.dat");
+        row("/tv_version.txt", "/tv_version.txt");
+        row("/online_db.txt", "/online_db.txt");
+        row("/banner.swf", "/banner.swf");
+        row("/sub/file.txt", "/sub/file.txt");
+        row("", "");
+        row("/", "");
+        row("/../../etc/passwd", "/etc/passwd");
+        row("/./.././x", "/x");
+        row("//x", "/x");
+        row("/%2e%2e/x", "/%252e%252e/x");
+        row("/a b#c\"'", "/a%20b%23c%22%27");
+        row("/§", "/%C2%A7");
+        row("/..\\..\\x", "/..%5C..%5Cx");
+    }
+    void in_a_folder_a_path_without_a_query_is_the_name_of_a_file() {
+        QFETCH(QString, path);
+        QFETCH(QString, file);
+        QCOMPARE(Hosts(globals).address(Hosts::Host::web, path), site("") + file);
+    }
+    void in_a_folder_a_path_with_a_query_is_an_html_file_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("file");
+        const auto row = [](const char* path, const char* file) {
+            QTest::newRow(path) << QString::fromUtf8(path) << QString::fromLatin1(file);
+        };
+        row("/modules.php?name=FAQ", "modules-name-FAQ");
+        row("/modules.php?name=online_db&file=input_db", "modules-name-online_db-file-input_db");
+        row("/index.php?section=tv_langfiles", "index-section-tv_langfiles");
+        row("/index.php?", "index");
+        row("/sub/index.php?a", "sub-index-a");
+        row("/../../etc/passwd?a=b", "a-b");
+        row("/x.php?a=../../b&c=%2e%2e/d", "x-a-b-c-2e-2e-d");
+        row("/x.php?a=\"b\"&c='d'#e;f", "x-a-b-c-d-e-f");
+        row("/x.php?a=§é&&b", "x-a-b");
+        row("/x.php?a=C:\\con", "x-a-C-con");
+        row("/x.php?query=typed&more", "x-query");
+        row("/x.php?subquery=kept", "x-subquery-kept");
+        row("?", "");
+    }
+    void in_a_folder_a_path_with_a_query_is_an_html_file() {
+        QFETCH(QString, path);
+        QFETCH(QString, file);
+        QCOMPARE(Hosts(globals).address(Hosts::Host::web, path), site("/") + file + QStringLiteral(".html"));
+    }
+    void control_characters_never_become_part_of_a_name() {
+        const QString path = QStringLiteral("/a\u0000b\n\u007F\u0085.txt");
+        QCOMPARE(path.size(), 11);
+        QCOMPARE(Hosts(globals).address(Hosts::Host::web, path), site("/ab.txt"));
+        QCOMPARE(Hosts(globals).address(Hosts::Host::web, QStringLiteral("/x.php?a\u0000b\nc")),
+                 site("/x-a-b-c.html"));
+    }
+    void the_name_of_an_html_file_has_at_most_100_characters() {
+        const QString path = QStringLiteral("/x.php?") + QString(1000000, QLatin1Char('a'));
+        QCOMPARE(Hosts(globals).address(Hosts::Host::web, path),
+                 site("/x-") + QString(98, QLatin1Char('a')) + QStringLiteral(".html"));
+        const QString cutAtHyphen =
+            QStringLiteral("/x.php?") + QString(97, QLatin1Char('a')) + QStringLiteral("&b");
+        QCOMPARE(Hosts(globals).address(Hosts::Host::web, cutAtHyphen),
+                 site("/x-") + QString(97, QLatin1Char('a')) + QStringLiteral(".html"));
     }
     void without_a_usable_host_the_site_of_the_tree_is_used_data() {
         QTest::addColumn<QByteArray>("bytes");

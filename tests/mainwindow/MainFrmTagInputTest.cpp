@@ -151,6 +151,14 @@ private slots:
         click(window().chameleonButton19);
         QVERIFY(opened->bytesOf(QStringLiteral("a.gb")).contains(QByteArray(300, 'i')));
     }
+    void each_field_announces_that_the_line_gets_too_long_to_show_data() { fieldRows(); }
+    void each_field_announces_that_the_line_gets_too_long_to_show() {
+        QFETCH(QString, name);
+        paste(field(name), QString(900, QLatin1Char('x')));
+        expectNoHint();
+        paste(field(name), QString(200, QLatin1Char('x')));
+        QCOMPARE(window().Label13.Caption(), QStringLiteral("» ") + opened->text("MainMenu", "toolong"));
+    }
     void tab_moves_from_field_to_field() {
         click(window().EditID3Title);
         QVERIFY(QTest::qWaitForWindowActive(&window()));

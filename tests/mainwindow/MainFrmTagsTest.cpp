@@ -161,6 +161,22 @@ private slots:
         QCOMPARE(window().EditID3Info.Text(), info);
         QCOMPARE(window().GameTitle.Caption() == QStringLiteral("t"), !isTooLong);
     }
+    void a_game_selected_during_a_save_keeps_its_own_fields() {
+        opened->game(QStringLiteral("b.gb"), image() + tagLine("c2\xA7t2\xA7"
+                                                               "1\xA7i2\xA7"
+                                                               "3000"));
+        openOn(image() + tagLine("c\xA7t\xA7"
+                                 "1\xA7i\xA7"
+                                 "3000"));
+        enterAll("T", "C", "I");
+        QTimer::singleShot(0, this, [this] { window().selectGame(1); });
+        emit window().chameleonButton19.Click();
+        QCOMPARE(opened->bytesOf(gameName), image() + "\r\n" + savedLine("C", "T", "I", 3002));
+        QCOMPARE(window().Games.FileName(), QStringLiteral("b.gb"));
+        QCOMPARE(window().EditID3Title.Text(), QStringLiteral("t2"));
+        QCOMPARE(window().EditID3Company.Text(), QStringLiteral("c2"));
+        QCOMPARE(window().EditID3Info.Text(), QStringLiteral("i2"));
+    }
     void a_save_appends_a_line_of_the_fields_and_todays_date() {
         openOn(image());
         enterAll("The title", "Señor & Co.", "What it is");

@@ -52,7 +52,7 @@ public:
     const Handle& file() const { return m_file; }
     /// Keeps the present file under its name in a folder, which is made if necessary; replaces what is kept
     /// there. It is a second link, or a copy with the same permissions where links are impossible.
-    void keepFormer(const QString& folder) const;
+    void keepBackup(const QString& folder) const;
     /// Replaces the content of the file by the concatenated pieces.
     void commit(std::initializer_list<QByteArrayView> pieces) const { commit(0, pieces); }
     /// The same, but keeps the first `kept` bytes of the file, which may be any number of gigabytes, before

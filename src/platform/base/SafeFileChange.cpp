@@ -50,7 +50,7 @@ bool Change::isUntouched(const Folder& folder, const QByteArray& name) const {
     return folder.stat(name, now) && isSameState(now, m_before);
 }
 
-void Change::keepFormer(const QString& folderPath) const {
+void Change::keepBackup(const QString& folderPath) const {
     const QByteArray path = Paths::real(folderPath);
     Folder::make(path);
     const Folder keeping(path);

@@ -18,12 +18,13 @@ constexpr int rowGap = 6;
 constexpr int rightColumn = 366;
 constexpr int widestSmallButton = 40;
 constexpr int backgroundsTop = 770;
+const QColor paleList(0x93, 0x9A, 0xB0);
 const QColor lightPanel(0xEC, 0xEC, 0xE8);
 const QColor darkPanel(0x20, 0x20, 0x24);
 
 constexpr FormDesign sheetDesign{.name = "PictureSheet",
                                  .title = "Pictures",
-                                 .clientSize = {1552, 1430},
+                                 .clientSize = {1552, 2030},
                                  .border = FormDesign::fixedDialog,
                                  .start = FormDesign::systemDefault,
                                  .backColour = slate,
@@ -51,6 +52,7 @@ PictureSheet::PictureSheet(Runtime& runtime)
     addTraySigns();
     addWindowIcons();
     addCursors();
+    addSmallConsoles();
     addBackgrounds();
 }
 
@@ -147,7 +149,19 @@ void PictureSheet::addCursors() {
     }
 }
 
-// The pages of the assistant, and the ZIP window with its wait panel over it.
+// The consoles of the database list, on its ground and on that of a dark list.
+void PictureSheet::addSmallConsoles() {
+    constexpr int cell = 24;
+    QPoint place(rightColumn + 860, 500);
+    for (const QString& name : resources(QStringLiteral("console-*-16.png"))) {
+        m_grounds.emplace_back(QRect(place, QSize(cell, cell)), paleList);
+        for (const int down : {4, 4 + cell})
+            m_pictures.push_back({place + QPoint(4, down), Pictures::load(name, devicePixelRatioF())});
+        place.rx() += cell;
+    }
+}
+
+// The pages of the assistant, the ZIP window with its wait panel over it, and the windows of the database.
 void PictureSheet::addBackgrounds() {
     const auto add = [this](int left, int down, const char* name) {
         const QPixmap picture = Pictures::load(QLatin1String(name), devicePixelRatioF());
@@ -159,6 +173,9 @@ void PictureSheet::addBackgrounds() {
     add(500, 330, "NewAssistant-Four.jpg");
     add(990, 0, "ZIP_Viewer.jpg");
     add(1144, 188, "ZIP_Viewer-Mensaje.jpg");
+    add(10, 660, "EditDB.jpg");
+    add(750, 660, "DB_Info.jpg");
+    add(750, 984, "Form2.jpg");
 }
 
 void PictureSheet::paintEvent(QPaintEvent* event) {

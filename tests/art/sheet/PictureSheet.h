@@ -37,6 +37,7 @@ private:
     void addTraySigns();
     void addWindowIcons();
     void addCursors();
+    void addSmallConsoles();
     void addBackgrounds();
     void caption(QRect place, const QString& text) { m_captions.push_back({place, text}); }
 

@@ -201,7 +201,7 @@ private slots:
     void the_old_file_is_kept_as_a_second_link_in_a_new_folder() {
         const ino_t previous = infoOf("a.gb").st_ino;
         const Change change(at("a.gb"));
-        change.keepFormer(folder->path() + kept);
+        change.keepBackup(folder->path() + kept);
         QCOMPARE(infoOf("data/backup/a.gb").st_ino, previous);
         change.commit({"ours"});
         QCOMPARE(read("a.gb"), QByteArray("ours"));
@@ -215,7 +215,7 @@ private slots:
         for (const char* bytes : {"second", "third"}) {
             for (const char* name : {"a.gb", "b.gb"}) {
                 const Change change(at(name));
-                change.keepFormer(folder->path() + kept);
+                change.keepBackup(folder->path() + kept);
                 change.commit({bytes, name});
             }
         }
@@ -225,14 +225,14 @@ private slots:
     }
     void keeping_twice_leaves_one_name() {
         const Change change(at("a.gb"));
-        change.keepFormer(folder->path() + kept);
-        change.keepFormer(folder->path() + kept);
+        change.keepBackup(folder->path() + kept);
+        change.keepBackup(folder->path() + kept);
         QCOMPARE(read("data/backup/a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")}, "data/backup");
     }
     void names_that_differ_only_in_case_are_kept_apart() {
         write("A.gb", "other game");
-        for (const char* name : {"a.gb", "A.gb"}) Change(at(name)).keepFormer(folder->path() + kept);
+        for (const char* name : {"a.gb", "A.gb"}) Change(at(name)).keepBackup(folder->path() + kept);
         QCOMPARE(read("data/backup/a.gb"), QByteArray("former"));
         QCOMPARE(read("data/backup/A.gb"), QByteArray("other game"));
     }
@@ -241,7 +241,7 @@ private slots:
         if (other.isEmpty()) QSKIP("no second file system");
         setMode("a.gb", 0640);
         const Change change(at("a.gb"));
-        change.keepFormer(QString::fromUtf8(other) + kept);
+        change.keepBackup(QString::fromUtf8(other) + kept);
         change.commit({"ours"});
         const QByteArray name = other + "/data/backup/a.gb";
         struct stat info {};
@@ -272,7 +272,7 @@ private slots:
         {
             const OrdinaryUser user;
             const Change change(at("a.gb"));
-            QVERIFY(failureOf([&] { change.keepFormer(folder->path(where)); }).has_value());
+            QVERIFY(failureOf([&] { change.keepBackup(folder->path(where)); }).has_value());
         }
         setMode("shut/in", 0755);
         QCOMPARE(read("a.gb"), QByteArray("former"));

@@ -169,7 +169,7 @@ private slots:
         beforeLink = [&] { return error; };
         for (const char* bytes : {"second", "third"}) {
             const Change change(at("a.gb"));
-            change.keepFormer(at("backup"));
+            change.keepBackup(at("backup"));
             QVERIFY(infoOf("backup/a.gb").st_ino != infoOf("a.gb").st_ino);
             change.commit({bytes});
         }
@@ -184,7 +184,7 @@ private slots:
         std::optional<int> failure;
         {
             const FullDisk full(1000);
-            failure = failureOf([&] { Change(at("a.gb")).keepFormer(at("backup")); });
+            failure = failureOf([&] { Change(at("a.gb")).keepBackup(at("backup")); });
         }
         QCOMPARE(failure, number(RuntimeFailure::diskFull));
         QCOMPARE(read("backup/a.gb"), QByteArray("kept before"));
@@ -203,7 +203,7 @@ private slots:
             moveOver("other", "a.gb");
             return error;
         };
-        QCOMPARE(failureOf([&] { Change(at("a.gb")).keepFormer(at("backup")); }),
+        QCOMPARE(failureOf([&] { Change(at("a.gb")).keepBackup(at("backup")); }),
                  number(RuntimeFailure::permissionDenied));
         QCOMPARE(read("backup/a.gb"), QByteArray("kept before"));
         QCOMPARE(read("a.gb"), QByteArray("other"));
