@@ -68,5 +68,12 @@ inline void wheelOn(RowList& list, int eighths) {
 inline void pressKey(const QWidget& list, Qt::Key key, Qt::KeyboardModifiers keys = {}) {
     QTest::keyClick(list.window()->windowHandle(), key, keys);
 }
+/// Types a character into the list at a time in milliseconds of the clock that key events come with.
+inline void typeAt(RowList& list, quint64 time, const QString& character) {
+    QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, character);
+    event.setTimestamp(time);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&viewOf(list), &event);
+}
 
 } // namespace torvane
