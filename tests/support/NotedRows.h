@@ -70,5 +70,12 @@ inline void wheelSidewaysOn(RowList& list, int eighths) { wheelOn(list, QPoint(e
 inline void pressKey(const QWidget& list, Qt::Key key, Qt::KeyboardModifiers keys = {}) {
     QTest::keyClick(list.window()->windowHandle(), key, keys);
 }
+/// Types a character into the list at a time in milliseconds of the clock that key events come with.
+inline void typeAt(RowList& list, quint64 time, const QString& character) {
+    QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, character);
+    event.setTimestamp(time);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&viewOf(list), &event);
+}
 
 } // namespace torvane

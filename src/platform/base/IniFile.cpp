@@ -5,7 +5,7 @@
 #include "RuntimeFailure.h"
 #include "SafeFile.h"
 
-#include <algorithm>
+#include <cstring>
 
 // The bytes pass through unchanged, without any conversion of text.
 #define SI_NO_CONVERSION
@@ -16,6 +16,7 @@ namespace torvane::IniFile {
 namespace {
 // Larger than any language or settings file: a wrong path must not exhaust memory.
 constexpr qint64 sizeLimit = 4 << 20;
+constexpr const char* lineEnds = "\r\n";
 
 QByteArray contentOf(const QString& file) {
     const File opened(file);
@@ -55,19 +56,21 @@ bool isNamed(QByteArrayView name, QByteArrayView section) {
 // Drops comments and the other sections before parsing: that saves most of a look-up's time. Also drops
 // section headers without "]", because SimpleIni would take all that follows for their keys or their name.
 QByteArray linesOf(QByteArray bytes, const std::optional<QByteArray>& section) {
-    bytes.replace('\0', ' '); // SimpleIni stops at a zero byte
-    const auto endsLine = [](char c) { return c == '\n' || c == '\r'; };
+    if (bytes.contains('\0')) bytes.replace('\0', ' '); // SimpleIni stops at a zero byte
     QByteArray lines;
     bool wanted = true;
-    for (auto start = bytes.cbegin(); start != bytes.cend();) {
-        const auto end = std::find_if(start, bytes.cend(), endsLine);
-        const auto next = std::find_if_not(end, bytes.cend(), endsLine);
+    const char* const end = bytes.constData() + bytes.size();
+    for (const char* start = bytes.constData(); start != end;) {
+        const char* next = start + std::strcspn(start, lineEnds);
+        next += std::strspn(next, lineEnds);
         const QByteArrayView line = skipBlanks({start, next});
-        const bool beginsSection = line.startsWith('[');
-        const qsizetype closed = line.indexOf(']');
-        if (beginsSection && closed > 0) wanted = !section || isNamed(line.sliced(1, closed - 1), *section);
-        if (wanted && !(beginsSection && closed < 0)) lines.append(line);
         start = next;
+        if (line.startsWith('[')) {
+            const qsizetype closed = line.indexOf(']');
+            if (closed < 0) continue;
+            wanted = !section || isNamed(line.sliced(1, closed - 1), *section);
+        }
+        if (wanted) lines.append(line);
     }
     return lines;
 }

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QTextLayout>
+#include <algorithm>
 
 namespace torvane {
 
@@ -12,6 +14,19 @@ constexpr int iconLeft = 2;
 constexpr int textMargin = 2;
 constexpr int textRightMargin = 4;
 constexpr int iconRoom = 8;
+
+bool breaksLines(QChar c) {
+    return c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QLatin1Char('\t') ||
+           c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+QTextLine onlyLineOf(QTextLayout& layout, int width) {
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    return line;
+}
 } // namespace
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -27,9 +42,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     }
     painter->setFont(option.font);
     // A text may have millions of characters, and all that are not cut off here get measured.
-    const QString text = index.data().toString().left(std::max(textPlace.width(), 1));
-    paintText(*painter, textPlace, option.fontMetrics.elidedText(text, Qt::ElideRight, textPlace.width()),
-              isSelected);
+    paintText(*painter, textPlace, index.data().toString().left(std::max(textPlace.width(), 1)), isSelected);
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
@@ -47,15 +60,28 @@ void RowDelegate::paintGround(QPainter& painter, const QRect& place, bool isSele
     painter.fillRect(place.left(), place.bottom(), place.width(), 1, Colours::toQColor(m_look.line));
 }
 
-void RowDelegate::paintText(QPainter& painter, const QRect& place, const QString& text,
-                            bool isSelected) const {
-    const int flags = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine;
+// The text is laid out once for its width, its shadow and itself, since that costs as much as drawing it.
+void RowDelegate::paintText(QPainter& painter, const QRect& place, QString text, bool isSelected) const {
+    if (text.isEmpty()) return;
+    std::replace_if(text.begin(), text.end(), breaksLines, QLatin1Char(' '));
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    QTextLayout layout(text, painter.font());
+    layout.setTextOption(option);
+    layout.setCacheEnabled(true);
+    QTextLine line = onlyLineOf(layout, place.width());
+    if (line.naturalTextWidth() > place.width()) {
+        layout.setText(painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+        line = onlyLineOf(layout, place.width());
+    }
+    const qreal rest = place.height() - (line.ascent() + line.descent());
+    const QPointF corner(place.left(), place.top() + rest / 2);
     if (m_look.hasShadow) {
         painter.setPen(Qt::black);
-        painter.drawText(place.translated(1, 1), flags, text);
+        layout.draw(&painter, corner + QPointF(1, 1));
     }
     painter.setPen(Colours::toQColor(isSelected ? m_look.selectedFore : m_look.fore));
-    painter.drawText(place, flags, text);
+    layout.draw(&painter, corner);
 }
 
 } // namespace torvane

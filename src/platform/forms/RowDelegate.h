@@ -43,7 +43,7 @@ public:
 
 private:
     void paintGround(QPainter& painter, const QRect& place, bool isSelected) const;
-    void paintText(QPainter& painter, const QRect& place, const QString& text, bool isSelected) const;
+    void paintText(QPainter& painter, const QRect& place, QString text, bool isSelected) const;
 
     RowLook m_look;
 };

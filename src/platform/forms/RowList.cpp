@@ -3,7 +3,6 @@
 #include "RowList.h"
 #include "RowView.h"
 
-#include <QDateTime>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -14,7 +13,7 @@ namespace torvane {
 namespace {
 constexpr int rowsPerWheelStep = 3;
 constexpr int wheelStep = 120; // eighths of a degree, see QWheelEvent
-constexpr qint64 typeAheadMilliseconds = 1000;
+constexpr quint64 typeAheadMilliseconds = 1000;
 } // namespace
 
 RowList::RowList(QWidget& parent, const char* name, const DesignRect& rect, const RowLook& look,
@@ -154,17 +153,17 @@ void RowList::keyPressEvent(QKeyEvent* event) {
         emit rowDoubleClicked(m_current);
     } else if (!event->text().isEmpty() && event->text().front().isPrint() &&
                !event->modifiers().testFlag(Qt::AltModifier)) {
-        typeAhead(event->text());
+        typeAhead(*event);
     } else {
         Control::keyPressEvent(event);
     }
 }
 
-void RowList::typeAhead(const QString& typed) {
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    if (now - m_typedAt > typeAheadMilliseconds) m_typed.clear();
-    m_typedAt = now;
-    m_typed += typed;
+// Keys tell when they were pressed, so that a busy moment of the program is no pause in typing.
+void RowList::typeAhead(const QKeyEvent& event) {
+    if (event.timestamp() - m_typedAt > typeAheadMilliseconds) m_typed.clear();
+    m_typedAt = event.timestamp();
+    m_typed += event.text();
     // The search begins at the current row, so that a longer beginning stays on it while it fits.
     for (int step = 0; step < rowCount(); ++step) {
         const int row = (std::max(0, m_current) + step) % rowCount();

@@ -71,7 +71,7 @@ private:
     void chooseRow(int row);
     int rowAt(const QMouseEvent& event) const;
     int rowAfterKey(int key) const;
-    void typeAhead(const QString& typed);
+    void typeAhead(const QKeyEvent& event);
 
     int m_rowHeight;
     OleColour m_back;
@@ -82,7 +82,7 @@ private:
     bool m_isMarking = false;
     int m_wheelRest = 0;
     QString m_typed;
-    qint64 m_typedAt = 0;
+    quint64 m_typedAt = 0; // by the clock of key events, in milliseconds
 };
 
 } // namespace torvane
