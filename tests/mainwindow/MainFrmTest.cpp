@@ -255,7 +255,7 @@ private slots:
         const auto row = [](const char* button, const char* opens, bool isBuilt) {
             QTest::newRow(button) << QByteArray(button) << QByteArray(opens) << isBuilt;
         };
-        row("chameleonButton3", "EditDB", false);
+        row("chameleonButton3", "EditDB", true);
         row("chameleonButton4", "Compartir", false);
         row("chameleonButton5", "Aboutfrm", false);
         row("chameleonButton6", "SearchROM", false);
@@ -283,7 +283,7 @@ private slots:
             if (window->isVisible() && window != &main) others.append(window->objectName());
         }
         QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
-        QCOMPARE(main.isVisible(), opens != "ZIP_Viewer");
+        QCOMPARE(main.isVisible(), opens != "ZIP_Viewer" && opens != "EditDB");
     }
     void the_tools_of_the_list_and_of_the_window_are_enabled() {
         MainFrm& main = opened->open();

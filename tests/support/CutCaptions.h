@@ -25,8 +25,7 @@ public:
         m_captions = 0;
         for (const Label* label : form.findChildren<Label*>()) {
             if (fromFiles.contains(label->objectName()) || !isOn(form, *label)) continue;
-            count(*label, label->Caption(),
-                  isWhole(label->Caption(), label->font(), label->alignment(), *label));
+            count(*label, label->Caption(), isWhole(*label));
         }
         for (const chameleonButton* button : form.findChildren<chameleonButton*>()) {
             if (isOn(form, *button)) count(*button, button->Caption(), isWhole(*button));
@@ -52,16 +51,17 @@ private:
     static int drawnLike(Qt::Alignment alignment) {
         return static_cast<int>(alignment | Qt::AlignTop) | Qt::TextWordWrap | Qt::TextDontClip;
     }
-    /// Whether a caption, drawn as labels draw it, has all its ink inside the visible part of its control.
-    static bool isWhole(const QString& text, const QFont& font, Qt::Alignment alignment,
-                        const QWidget& control) {
+    /// Whether a label's caption, drawn without clipping, has all its ink inside the visible part of the
+    /// label.
+    static bool isWhole(const Label& control) {
         constexpr int margin = 300;
         QImage paper(control.size() + QSize(2 * margin, 2 * margin), QImage::Format_RGB32);
         paper.fill(Qt::white);
         QPainter painter(&paper);
         painter.translate(margin, margin);
-        painter.setFont(font);
-        painter.drawText(control.rect(), drawnLike(alignment), text);
+        painter.setFont(control.font());
+        painter.drawText(control.rect().translated(control.inset(), 0), drawnLike(control.alignment()),
+                         control.Caption());
         painter.fillRect(shownPart(control), Qt::white);
         painter.end();
         // The remaining ink is outside; a trace of grey at an edge is no missing part of a letter.

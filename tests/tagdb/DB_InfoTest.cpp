@@ -35,6 +35,9 @@ class DB_InfoTest : public OpenedDatabase {
         showRow(0);
         QVERIFY(QTest::qWaitForWindowExposed(&view()));
     }
+    QRect placeOf(const QPlainTextEdit& field) const {
+        return {field.mapTo(&view(), QPoint()), field.size()};
+    }
     // The fields that take the place of labels.
     QList<QPlainTextEdit*> fields() const {
         QList<QPlainTextEdit*> seen;
@@ -144,8 +147,8 @@ private slots:
         QCOMPARE(field.toPlainText(), QString::fromLatin1(title) + u' ');
         QCOMPARE(field.verticalScrollBar()->maximum(), 0);
         QVERIFY(!isSeen(view().Label3) && !isSeen(view().Label21));
-        QVERIFY(!field.geometry().intersects(view().Label1.geometry()));
-        QVERIFY(!field.geometry().intersects(view().Label5.geometry()));
+        QVERIFY(!placeOf(field).intersects(view().Label1.geometry()));
+        QVERIFY(!placeOf(field).intersects(view().Label5.geometry()));
     }
     void a_long_information_can_be_scrolled_by_keys_to_its_end() {
         const QByteArray info = QByteArray("Many words about a game. ").repeated(100) + "END";
@@ -154,9 +157,9 @@ private slots:
         QPlainTextEdit& field = *fields().first();
         QCOMPARE(field.toPlainText(), QString::fromLatin1(info));
         QVERIFY(field.verticalScrollBar()->isVisible());
-        QVERIFY(view().rect().contains(field.geometry()));
-        QVERIFY(!field.geometry().intersects(view().Command1.geometry()));
-        QVERIFY(!field.geometry().intersects(view().Label14.geometry()));
+        QVERIFY(view().rect().contains(placeOf(field)));
+        QVERIFY(!placeOf(field).intersects(view().Command1.geometry()));
+        QVERIFY(!placeOf(field).intersects(view().Label14.geometry()));
         field.setFocus();
         QTest::keyClick(view().windowHandle(), Qt::Key_End, Qt::ControlModifier);
         QCOMPARE(field.verticalScrollBar()->value(), field.verticalScrollBar()->maximum());

@@ -31,7 +31,7 @@ private slots:
         openIn(language);
         window().load.setVisible(true);
         CutCaptions cut;
-        QVERIFY(cut.check(window()) >= 24);
+        QVERIFY(cut.check(window()) >= 20);
         QCOMPARE(cut.found.join(u'\n'), QString());
     }
     void every_caption_of_the_entry_fits_data() { languageRows(); }

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <algorithm>
 
 namespace torvane {
 
@@ -64,8 +65,13 @@ void Label::paintEvent(QPaintEvent*) {
     if (m_caption.isEmpty()) return;
     painter.setPen(Colours::toQColor(m_fore));
     if (m_linePitch > 0) return drawAtPitch(painter);
-    painter.drawText(QRect(0, 0, m_wrapWidth, height()),
+    painter.drawText(QRect(inset(), 0, m_wrapWidth, height()),
                      static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
+}
+
+int Label::inset() const {
+    if (m_caption.isEmpty() || m_align != Qt::AlignLeft) return 0;
+    return std::max(0, -QFontMetrics(font()).leftBearing(m_caption.front()));
 }
 
 void Label::drawAtPitch(QPainter& painter) const {

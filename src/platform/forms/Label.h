@@ -42,6 +42,8 @@ public:
     OleColour backColour() const { return m_back; }
     bool isShadow() const { return m_isShadow; }
 
+    /// How far to the right the text begins, in pixels: letters such as "J" reach to the left of their place.
+    int inset() const;
     /// Makes the label wider or narrower than its design; pixels.
     void setWidth(int pixels) { resize(pixels, height()); }
     /// Lays the lines of the text this far apart, from top to top, instead of as the font has it; pixels. For

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "DB_Info.design.h"
-#include "WholeText.h"
 #include "core/Services.h"
 #include "core/Window.h"
+#include "toolkit/WholeText.h"
 
 namespace torvane {
 

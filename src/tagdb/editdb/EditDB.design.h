@@ -83,7 +83,7 @@ struct EditDBDesign : Form {
     TextBox         File_Company      {*this, "File_Company", {548,246,175,17}, filter};
     TextBox         File_Game         {*this, "File_Game", {548,162,175,17}, filter};
     TextBox         File_Author       {*this, "File_Author", {548,122,175,17}, filter};
-    OptionButton    Entradas_2        {*this, "Entradas(2)", {546,86,171,15}, {.caption="Todas las entradas", .font=V8b, .fore=white, .checked=true}};
+    OptionButton    Entradas_2        {*this, "Entradas(2)", {546,86,171,15}, {"Todas las entradas", V8b, white, {}, true}};
     OptionButton    Entradas_1        {*this, "Entradas(1)", {546,72,171,15}, {"Sólo USER", V8b, white}};
     OptionButton    Entradas_0        {*this, "Entradas(0)", {546,58,171,15}, {"Sólo SYSTEM", V8b, white}};
     Label           Label30           {*this, "Label30", {536,366,188,2}, {"", M8, black, flushLeft, false, white}};

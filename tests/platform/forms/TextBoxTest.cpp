@@ -59,7 +59,7 @@ private slots:
     }
     void a_field_outside_of_the_window_is_a_store_without_an_editor() {
         TextBox store(*form, "store", DesignRect{5, 700, 205, 15}, TextBox::Look{"kept"});
-        store.show();
+        store.setVisible(true);
         QCOMPARE(store.Text(), u"kept"_s);
         QVERIFY(store.focusProxy() == nullptr);
         QCOMPARE(store.focusPolicy(), Qt::NoFocus);

@@ -10,6 +10,7 @@ namespace torvane {
 namespace {
 // For labels of one line. Two lines of it have room between the neighbours of such a label.
 constexpr FontSpec smallType{FontSpec::Verdana, 6.75};
+constexpr int slack = 5; // pixels that the field needs besides its lines
 // Characters that no label has room for: such texts need no measuring.
 constexpr qsizetype neverFits = 2000;
 
@@ -18,13 +19,16 @@ bool isOneLine(const Label& label) { return label.height() < 2 * QFontMetrics(la
 QFont fontFor(const Label& label) { return isOneLine(label) ? Fonts::of(smallType) : label.font(); }
 
 QRect placeFor(const Label& label) {
-    const int missing = std::max(0, 2 * QFontMetrics(fontFor(label)).lineSpacing() - label.height());
+    const int twoLines = 2 * QFontMetrics(fontFor(label)).height() + slack;
+    const int missing = std::max(0, twoLines - label.height());
     return label.geometry().adjusted(0, -missing / 2, 0, missing - missing / 2);
 }
 } // namespace
 
 WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
-    : QObject(&label), m_label(label), m_shadow(shadow), m_field(*new QPlainTextEdit(label.parentWidget())) {
+    : QWidget(label.parentWidget()), m_label(label), m_shadow(shadow) {
+    setGeometry(placeFor(label));
+    m_field.setGeometry(rect());
     m_field.setReadOnly(true);
     m_field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_field.setTabChangesFocus(true);
@@ -33,13 +37,13 @@ WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
     m_field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_field.document()->setDocumentMargin(0);
     m_field.setFont(fontFor(label));
-    m_field.setGeometry(placeFor(label));
     QPalette palette = m_field.palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, Colours::toQColor(label.ForeColor()));
     m_field.setPalette(palette);
-    m_field.hide();
-    heading.names(m_field);
+    setFocusProxy(&m_field);
+    hide();
+    heading.names(*this);
     connect(&label, &Label::Change, this, &WholeText::follow);
 }
 
@@ -54,7 +58,7 @@ bool WholeText::isTooLong() const {
 void WholeText::follow() {
     const bool isLong = isTooLong();
     m_field.setPlainText(isLong ? m_label.Caption() : QString());
-    m_field.setVisible(isLong);
+    setVisible(isLong);
     m_label.setVisible(!isLong);
     m_shadow.setVisible(!isLong);
 }

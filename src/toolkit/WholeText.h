@@ -3,14 +3,14 @@
 // its place that can be scrolled by mouse and keys, and copied from.
 #pragma once
 
+#include "TVLabel.h"
 #include "platform/forms/Label.h"
-#include "toolkit/TVLabel.h"
 
 #include <QPlainTextEdit>
 
 namespace torvane {
 
-class WholeText : public QObject {
+class WholeText : public QWidget {
     Q_OBJECT
 
 public:
@@ -23,7 +23,7 @@ private:
 
     Label& m_label;
     Label& m_shadow;
-    QPlainTextEdit& m_field; // a child of the label's window
+    QPlainTextEdit m_field{this};
 };
 
 } // namespace torvane
