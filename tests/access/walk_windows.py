@@ -16,6 +16,9 @@ MAIN = "Torvane 1.1 » Main menu"
 ARCHIVE = "Torvane 1.1 » ZIP contents"
 ASSISTANT = "ROM assistant"
 QUESTION = "Are you sure you want to exit?"
+DATABASE = "Torvane 1.1 » OnLine DataBase"
+ENTRY = "OnLine DataBase ··· Entry"
+CHOICE = "Torvane 1.1 » Use ROM.TAG"
 LANGUAGES = "Idioma · Llengua · Language"
 
 
@@ -238,6 +241,88 @@ def assistant(walk):
         program.wait_gone(ASSISTANT)
 
 
+def short_database(walk):
+    """Three entries: the walk asks each cell of the list for all that it says."""
+    with open(os.path.join(walk.copy, "data", "site", "online_db.txt"), "wb") as file:
+        for title in (b"One", b"Two", b"Three"):
+            file.write(b"byn\xa7" + title + b"\xa7Acme\xa722/11/2026\xa7What it is\xa7USER\xa7somebody\r\n")
+
+
+def record_addresses(walk):
+    """Gives the file that the program's browser writes addresses to."""
+    folder = os.path.join(walk.outside, "bin")
+    opened = os.path.join(walk.outside, "opened")
+    os.makedirs(folder)
+    browser = os.path.join(folder, "xdg-open")
+    with open(browser, "w", encoding="utf-8") as script:
+        script.write(f'#!/bin/sh\nprintf "%s" "$1" >"{opened}.new"\nmv "{opened}.new" "{opened}"\n')
+    os.chmod(browser, 0o755)
+    os.environ["PATH"] = folder + os.pathsep + os.environ["PATH"]
+    return opened
+
+
+def opens_database(walk, program):
+    walk.press(program.window(MAIN), "MainFrm", "OnLine DataBase")
+    window = program.window(DATABASE)
+    use = find(window, "Use ROM.TAG", ("push button",))
+    wait_for("the end of the download", lambda: "sensitive" in states(use))
+    walk.look(window, "EditDB")
+    return window
+
+
+def filters_entries(walk, window):
+    fill_in(window, "Game", "two")
+    walk.press(window, "EditDB", "Apply filters")
+    wait_for("one entry", lambda: [row.get_name() for row in rows(window)] == [
+        "Two", "Acme", "22/11/2026", "USER", "somebody", "What it is"])
+
+
+def views_entry(walk, program, window):
+    for words in ("Close", "Close window"):
+        do_action(find(window, "Two", ("table cell",)), "Toggle")
+        subprocess.run(["xdotool", "key", "Return"], check=True)
+        view = program.window(ENTRY)
+        find(view, "Acme", ("label",))
+        walk.look(view, "DB_Info")
+        walk.press(view, "DB_Info", words)
+        program.wait_gone(ENTRY)
+
+
+def uses_entry(walk, program, window):
+    for words in ("Cancel", "Close window", "OK"):
+        walk.press(window, "EditDB", "Use ROM.TAG")
+        chooser = program.window(CHOICE)
+        do_action(find(chooser, "b.gb"), "Toggle")
+        walk.look(chooser, "Form2")
+        walk.press(chooser, "Form2", words)
+        if words == "OK":
+            answer_box(program, "Torvane", "OK")
+        program.wait_gone(CHOICE)
+    wait_for("the tag in the game", lambda: b"ID3TAG\xa7Acme\xa7Two\xa7" in content(walk.rom("b.gb")))
+
+
+def publishes(walk, window, opened):
+    walk.press(window, "EditDB", "Publish a ROM.TAG")
+    wait_for("an address", lambda: os.path.exists(opened))
+    check_equal(os.path.basename(content(opened).decode()), "modules-name-online_db-file-input_db.html")
+
+
+def database(walk):
+    walk.fill_library(["a.gb", "b.gb"])
+    short_database(walk)
+    opened = record_addresses(walk)
+    with walk.start(Intro=0) as program:
+        program.window(MAIN)
+        window = opens_database(walk, program)
+        walk.check("a filter is applied", filters_entries, walk, window)
+        walk.check("an entry is viewed", views_entry, walk, program, window)
+        walk.check("an entry is used", uses_entry, walk, program, window)
+        walk.check("the page to publish opens", publishes, walk, window, opened)
+        walk.press(window, "EditDB", "Close window")
+        program.wait_gone(DATABASE)
+        program.window(MAIN)
+
+
 def main():
     walk = Walk(*sys.argv[1:3])
     walk.check("the first start asks for the language", first_start, walk)
@@ -245,6 +330,7 @@ def main():
     walk.check("the main window", main_window, walk)
     walk.check("the archive window", archive, walk)
     walk.check("the assistant", assistant, walk)
+    walk.check("the database", database, walk)
     return 0 if walk.report() else 1
 
 
