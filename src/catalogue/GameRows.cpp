@@ -34,20 +34,23 @@ GameIcon GameRows::iconOfSize(qint64 bytes) {
     return kilobytes > 2048.0 ? GameIcon::colour : GameIcon::none;
 }
 
-GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count,
-                   const std::function<qint64(const QString&)>& lengthOf)
-    : m_names(std::move(names)) {
-    const int rows = std::min(count, m_names->count());
-    m_icons.reserve(static_cast<size_t>(rows));
-    // A file without an icon of its own repeats that of the row above.
-    GameIcon icon = GameIcon::none;
-    for (int row = 0; row < rows; ++row) {
-        const std::string_view kind = secondPieceOf(m_names->bytes(row));
-        GameIcon own = iconOfKind(kind);
-        if (kind == "bin") ignoring([&] { own = iconOfSize(lengthOf(m_names->name(row))); });
-        if (own != GameIcon::none) icon = own;
-        m_icons.push_back(static_cast<quint8>(icon));
+GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count, LengthOf lengthOf)
+    : m_names(std::move(names)), m_count(std::min(count, m_names->count())), m_lengthOf(std::move(lengthOf)) {
+}
+
+// A file without an icon of its own repeats that of the row above.
+GameIcon GameRows::iconAfter(GameIcon above, int row) const {
+    const std::string_view kind = secondPieceOf(m_names->bytes(row));
+    GameIcon own = iconOfKind(kind);
+    if (kind == "bin") ignoring([&] { own = iconOfSize(m_lengthOf(m_names->name(row))); });
+    return own == GameIcon::none ? above : own;
+}
+
+int GameRows::icon(int row) const {
+    for (int known = static_cast<int>(m_icons.size()); known <= row; ++known) {
+        m_icons.push_back(iconAfter(known == 0 ? GameIcon::none : m_icons.back(), known));
     }
+    return static_cast<int>(m_icons[static_cast<size_t>(row)]);
 }
 
 QString GameRows::text(int row, int) const {

@@ -12,28 +12,34 @@
 namespace torvane {
 
 /// The icons of the game list, by their numbers in its image list.
-enum class GameIcon { none = 0, advance = 1, classic = 2, colour = 3, archive = 4 };
+enum class GameIcon : quint8 { none = 0, advance = 1, classic = 2, colour = 3, archive = 4 };
 
 /// A count padded with zeros to four digits; "+9999" above 9999.
 QString totalText(int count);
 
 class GameRows : public RowSource {
 public:
-    /// Rows for the first `count` names. `lengthOf` gives the length in bytes of a file by its name; it is
-    /// called for "bin" files only, and may fail.
-    GameRows(std::shared_ptr<const FolderNames> names, int count,
-             const std::function<qint64(const QString&)>& lengthOf);
+    using LengthOf = std::function<qint64(const QString&)>;
 
-    int count() const override { return static_cast<int>(m_icons.size()); }
+    /// Rows for the first `count` names. `lengthOf` gives the length in bytes of a file by its name; it is
+    /// called for "bin" files only, when they or a later row are first shown, and may fail.
+    GameRows(std::shared_ptr<const FolderNames> names, int count, LengthOf lengthOf);
+
+    int count() const override { return m_count; }
     QString text(int row, int column) const override;
-    int icon(int row) const override { return m_icons[static_cast<size_t>(row)]; }
+    int icon(int row) const override;
 
     /// The icon for the size of a "bin" file; none below 1024 KB of 1000 bytes and for exactly 2048.
     static GameIcon iconOfSize(qint64 bytes);
 
 private:
+    GameIcon iconAfter(GameIcon above, int row) const;
+
     std::shared_ptr<const FolderNames> m_names;
-    std::vector<quint8> m_icons;
+    int m_count;
+    LengthOf m_lengthOf;
+    // Of the rows from the first to the last that was shown: a start looks at one page of a large library.
+    mutable std::vector<GameIcon> m_icons;
 };
 
 } // namespace torvane

@@ -116,9 +116,10 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
     m.emulators.read();
     Games.readWith(File1);
     const int count = Games.ListCount();
-    ListView1.setItems(std::make_shared<GameRows>(File1.names(), count, [this](const QString& name) {
-        return File::lengthOf(File1.Path() + QLatin1Char('\\') + name);
-    }));
+    ListView1.setItems(
+        std::make_shared<GameRows>(File1.names(), count, [path = File1.Path()](const QString& name) {
+            return File::lengthOf(path + QLatin1Char('\\') + name);
+        }));
     if (count > 0) {
         Games.selectQuietly(count - 1);
         File1.selectQuietly(count - 1);

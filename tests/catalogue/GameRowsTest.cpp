@@ -211,7 +211,24 @@ private slots:
             asked.append(name);
             return qint64(0);
         });
+        icons(list);
+        icons(list);
         QCOMPARE(asked, (QStringList{QStringLiteral("c.bin.gb"), QStringLiteral("f.bin")}));
+    }
+    void a_large_library_is_not_looked_through_before_its_rows_are_shown() {
+        make({"a.bin", "b.bin", "c.bin"});
+        int asked = 0;
+        const auto names = FolderNames::read(folder->path(), QString());
+        const GameRows list(names, names->count(), [&](const QString&) {
+            ++asked;
+            return qint64(3000000);
+        });
+        QCOMPARE(list.count(), 3);
+        QCOMPARE(asked, 0);
+        QCOMPARE(list.icon(1), colour);
+        QCOMPARE(asked, 2);
+        QCOMPARE(list.icon(0), colour);
+        QCOMPARE(asked, 2);
     }
 
     void the_total_has_four_digits_and_ends_at_9999_data() {

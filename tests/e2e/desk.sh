@@ -13,7 +13,8 @@ start_display() {
     local size=${1:-1024x768x24} pipe
     pipe=$(mktemp -u)
     mkfifo "$pipe"
-    Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp 3>"$pipe" >/dev/null 2>&1 &
+    # Without -noreset a look at the empty display that ends before the window manager is there would end this, too.
+    Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp -noreset 3>"$pipe" >/dev/null 2>&1 &
     desk_xvfb=$!
     read -r -t 20 desk_number <"$pipe" || { rm -f "$pipe"; echo "Xvfb did not start" >&2; return 1; }
     rm -f "$pipe"
@@ -21,7 +22,7 @@ start_display() {
     unset WAYLAND_DISPLAY
     openbox >/dev/null 2>&1 &
     desk_openbox=$!
-    wait_until 10 "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'"
+    wait_until 10 "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'" || { echo "openbox did not start" >&2; return 1; }
     xsetroot -solid '#20242e' || true
     # Letters that the keyboard lacks would be put on it for each stroke, and lost on a busy machine.
     xmodmap -e 'keycode 248 = ntilde Ntilde' -e 'keycode 249 = uacute Uacute' || true

@@ -28,7 +28,7 @@ quint64 endOf(QByteArrayView name) {
     if (count == bytes.size()) {
         std::memcpy(bytes.data(), name.end() - bytes.size(), bytes.size());
     } else {
-        std::memcpy(bytes.end() - count, name.end() - count, count);
+        std::copy(name.end() - count, name.end(), bytes.end() - count); // an empty name may be null
     }
     for (char& c : bytes) c = lower(c);
     return qFromBigEndian<quint64>(bytes.end() - sizeof(quint64));
