@@ -4,10 +4,7 @@
 #include "NativeText.h"
 
 #include <QStringList>
-#include <QtEndian>
 #include <algorithm>
-#include <array>
-#include <cstring>
 
 namespace torvane {
 
@@ -18,25 +15,13 @@ bool isAsciiLiteral(QStringView text) {
     });
 }
 
-char lower(char c) { return static_cast<char>(c | (static_cast<uchar>(c - 'A') < 26 ? 0x20 : 0)); }
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// The last eight bytes of a name in lower case, with zeros before a shorter one. Most patterns ask only for
-// these, and one number is compared faster than a text.
-quint64 endOf(QByteArrayView name) {
-    std::array<char, 16> bytes = {}; // as many as the compiler lowers in one step
-    const size_t count = std::min(bytes.size(), static_cast<size_t>(name.size()));
-    if (count == bytes.size()) {
-        std::memcpy(bytes.data(), name.end() - bytes.size(), bytes.size());
-    } else {
-        std::copy(name.end() - count, name.end(), bytes.end() - count); // an empty name may be null
-    }
-    for (char& c : bytes) c = lower(c);
-    return qFromBigEndian<quint64>(bytes.end() - sizeof(quint64));
-}
-
-// The bits of the last bytes in such a number.
-quint64 lastBytes(qsizetype count) {
-    return ~quint64{0} >> (sizeof(quint64) - static_cast<size_t>(count)) * 8;
+// Compares the last letter first, because most endings differ there.
+bool endsWith(QByteArrayView name, const QByteArray& ending) {
+    return name.size() >= ending.size() && lower(name.back()) == ending.back() &&
+           std::equal(ending.begin(), ending.end(), name.end() - ending.size(),
+                      [](char wanted, char c) { return wanted == lower(c); });
 }
 
 // The usual greedy matching: on a mismatch the last "*" takes one character more. Linear in practice and
@@ -70,18 +55,15 @@ NamePattern::NamePattern(const QString& pattern) {
     for (const QString& piece : all.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         const QString form = piece.trimmed() == QStringLiteral("*.*") ? QStringLiteral("*")
                                                                       : NativeText::folded(piece.trimmed());
-        const qsizetype length = form.size() - 1;
-        const bool isEnding = length > 0 && length <= qsizetype{sizeof(quint64)} &&
-                              form.front() == QLatin1Char('*') && isAsciiLiteral(QStringView(form).sliced(1));
-        m_pieces.push_back(
-            {isEnding ? endOf(form.sliced(1).toLatin1()) : 0, isEnding ? lastBytes(length) : 0, form});
+        const bool isEnding = form.size() > 1 && form.front() == QLatin1Char('*') &&
+                              isAsciiLiteral(QStringView(form).sliced(1));
+        m_pieces.push_back({isEnding ? form.sliced(1).toLatin1() : QByteArray(), form});
     }
 }
 
 bool NamePattern::matches(QByteArrayView name) const {
-    const quint64 end = endOf(name);
     return std::any_of(m_pieces.begin(), m_pieces.end(), [&](const Piece& piece) {
-        if (piece.endingBytes != 0) return (end & piece.endingBytes) == piece.ending;
+        if (!piece.ending.isEmpty()) return endsWith(name, piece.ending);
         return wildcardMatches(piece.form, NativeText::folded(NativeText::fromNative(name)));
     });
 }

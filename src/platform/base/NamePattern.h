@@ -18,11 +18,8 @@ public:
 
 private:
     struct Piece {
-        // For "*" and a literal ASCII ending of up to eight bytes: that ending in lower case, and which bytes
-        // of a name's last eight it takes. Else zero.
-        quint64 ending;
-        quint64 endingBytes;
-        QString form; // the whole piece, case-folded
+        QByteArray ending; // for "*" and a literal ASCII ending: that ending in lower case; else empty
+        QString form;      // the whole piece, case-folded
     };
     std::vector<Piece> m_pieces;
 };
