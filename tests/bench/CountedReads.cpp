@@ -10,6 +10,7 @@
 #include <sys/mman.h>
 #include <sys/types.h>
 #include <sys/uio.h>
+#include <unistd.h>
 
 namespace torvane::bench {
 

@@ -103,7 +103,6 @@ private:
     std::map<const char*, std::vector<std::int64_t>> m_samples;
     std::int64_t m_memoryBefore = 0;
 };
-} // namespace
 
 int runDatabase(const char* programFolder, const char* configurationFolder, int rounds) {
     ProgramUnderBench bench(programFolder, configurationFolder);
@@ -113,6 +112,7 @@ int runDatabase(const char* programFolder, const char* configurationFolder, int 
     std::fflush(nullptr);
     _exit(0);
 }
+} // namespace
 
 } // namespace torvane::bench
 
