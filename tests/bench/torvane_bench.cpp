@@ -247,6 +247,17 @@ private:
                             values.at("file-kB") / 1024));
         m_report.row("Milliseconds of a page of all entries", milliseconds("page"), 8,
                      "scrolled and painted");
+        reportOpening();
+    }
+
+    void reportOpening() {
+        const Values values =
+            run({program("bench_opening"), m_empty.folder, m_empty.configuration, std::to_string(rounds)},
+                m_empty.configuration);
+        const double full = values.at("full") / 1e6;
+        const double empty = values.at("empty") / 1e6;
+        m_report.row("The window with 10,000 entries against none", full / empty, 2,
+                     format("%.1f ms from the click to the painted list against %.1f ms", full, empty));
     }
 
     fs::path m_programs;
