@@ -15,8 +15,7 @@
 namespace torvane {
 
 /// The entries that pass the filter, in file order. A line passes if
-/// - its system is exactly one of the three words of the consoles, where "no" replaces the word of a console
-/// that
+/// - its system is exactly one of the words of the three consoles. "no" replaces the word of a console that
 ///   is not wanted: an entry of the system "no" passes unless all three are wanted;
 /// - title, company and author equal the filter's texts, if these aren't empty, in upper case (see
 ///   CodePage1252::upper); a text that the code page can't hold or that contains "§" or a line break equals

@@ -186,7 +186,7 @@ private slots:
         QCOMPARE(main().EditID3Info.Text(), u"My own words"_s);
         QCOMPARE(main().EditID3Title.Text(), QString());
     }
-    void the_fields_of_the_selected_game_show_the_new_tag_instead_of_the_old_one() {
+    void the_fields_of_the_selected_game_do_not_keep_the_old_tag() {
         opened->game(u"a.gb"_s, QByteArray(3000, 'r') + oldTag("3000"));
         openChooser();
         QCOMPARE(main().EditID3Title.Text(), u"Old title"_s);

@@ -178,6 +178,32 @@ private slots:
         QVERIFY(main().isVisible());
         QCOMPARE(messages().boxes.size(), 0);
     }
+    void what_is_no_click_on_its_close_button_ends_no_download_data() {
+        QTest::addColumn<QByteArray>("how");
+        for (const char* how : {"right button", "press elsewhere", "return"})
+            QTest::newRow(how) << QByteArray(how);
+    }
+    void what_is_no_click_on_its_close_button_ends_no_download() {
+        QFETCH(QByteArray, how);
+        const WebServer server([&](QTcpSocket& client, const QByteArray&) {
+            QWindow* handle = window().windowHandle();
+            const QPoint cross = window().chameleonButton1.geometry().center();
+            if (how == "right button") {
+                QTest::mouseClick(handle, Qt::RightButton, {}, cross);
+            } else if (how == "press elsewhere") {
+                QTest::mousePress(handle, Qt::LeftButton, {}, {10, 10});
+                QTest::mouseRelease(handle, Qt::LeftButton, {}, cross);
+            } else {
+                window().chameleonButton1.setFocus();
+                QTest::keyClick(handle, Qt::Key_Return);
+            }
+            client.write("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(tetris.size()) +
+                         "\r\n\r\n" + tetris);
+        });
+        openWith(server);
+        QVERIFY(loaded<EditDB>() != nullptr);
+        QCOMPARE(titles(), QStringList{u"TETRIS"_s});
+    }
     void after_a_closed_download_the_database_opens_again() {
         const WebServer silent([&](QTcpSocket&, const QByteArray&) { window().close(); });
         openWith(silent);

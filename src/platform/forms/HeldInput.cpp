@@ -64,20 +64,23 @@ bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
     event->ignore();
     if (kind == Input::close) takeCloseRequest(receiver, *event);
     if (kind == Input::kept) keep(receiver, *event);
-    if (kind == Input::kept && isForCloser(*event)) emit closeRequested();
+    if (kind == Input::kept && usesCloser(*event)) emit closeRequested();
     return true;
 }
 
-// Events of the user arrive at the window and not at the control that they are meant for.
-bool HeldInput::isForCloser(const QEvent& event) const {
+// What the closer takes for a click, too. Events of the user arrive at the window and not at the control that
+// they are meant for.
+bool HeldInput::usesCloser(const QEvent& event) {
     if (m_closer == nullptr || !m_closer->isVisible()) return false;
-    if (event.type() == QEvent::MouseButtonRelease) {
-        const QPointF place = static_cast<const QMouseEvent&>(event).globalPosition();
-        return m_closer->rect().contains(m_closer->mapFromGlobal(place).toPoint());
+    if (event.type() == QEvent::KeyPress) {
+        return m_closer->hasFocus() && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Space;
     }
-    if (event.type() != QEvent::KeyPress || !m_closer->hasFocus()) return false;
-    const int key = static_cast<const QKeyEvent&>(event).key();
-    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseButtonRelease) return false;
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    if (mouse.button() != Qt::LeftButton) return false;
+    const bool isOn = m_closer->rect().contains(m_closer->mapFromGlobal(mouse.globalPosition()).toPoint());
+    const bool wasOn = std::exchange(m_isCloserDown, isOn && event.type() == QEvent::MouseButtonPress);
+    return isOn && wasOn && event.type() == QEvent::MouseButtonRelease;
 }
 
 bool HeldInput::isExempt() const {

@@ -18,8 +18,8 @@ class HeldInput : public QObject {
     Q_OBJECT
 
 public:
-    /// A click on the closer, or Space or Return while it has the focus, counts as a request to close its
-    /// window; null for none.
+    /// A click on the closer with the left button, or Space while it has the focus, counts as a request to
+    /// close its window; null for none.
     explicit HeldInput(const QWidget* closer = nullptr);
     /// Posts the clicks, keys and the request to close a window that have come meanwhile, in their order.
     ~HeldInput() override;
@@ -39,7 +39,7 @@ private:
     };
 
     bool isExempt() const;
-    bool isForCloser(const QEvent& event) const;
+    bool usesCloser(const QEvent& event);
     void keep(QObject* receiver, const QEvent& event);
     void takeCloseRequest(QObject* form, const QEvent& event);
 
@@ -47,6 +47,7 @@ private:
     QPointer<QWidget> m_modal; // the box that was open before
     std::vector<Held> m_held;
     bool m_isCloseRequested = false;
+    bool m_isCloserDown = false;
 };
 
 } // namespace torvane

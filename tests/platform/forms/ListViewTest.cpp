@@ -62,7 +62,7 @@ private slots:
     }
 
     // Height and reach
-    void the_height_is_kept_as_told() {
+    void the_height_is_kept() {
         QCOMPARE(list->Height(), 327);
         for (const int height : {0, 33, 327, 20000}) {
             list->setHeight(height);
@@ -71,7 +71,7 @@ private slots:
             QCOMPARE(list->Height(), height);
         }
     }
-    void every_row_can_be_reached_whatever_height_is_told() {
+    void every_row_can_be_reached_whatever_height_is_set() {
         for (const int height : {0, 33, 327, 20000}) {
             list->setHeight(height);
             fill(50);
@@ -83,7 +83,7 @@ private slots:
             key(Qt::Key_Home);
         }
     }
-    void the_top_is_moved_as_told() {
+    void the_top_is_moved() {
         fill(50);
         list->setTop(-329);
         QCOMPARE(list->Top(), -329);
