@@ -180,7 +180,8 @@ private slots:
     }
     void what_is_no_click_on_its_close_button_ends_no_download_data() {
         QTest::addColumn<QByteArray>("how");
-        for (const char* how : {"right button", "press elsewhere", "return"})
+        for (const char* how :
+             {"right button", "press elsewhere", "click elsewhere", "return", "space elsewhere"})
             QTest::newRow(how) << QByteArray(how);
     }
     void what_is_no_click_on_its_close_button_ends_no_download() {
@@ -193,6 +194,10 @@ private slots:
             } else if (how == "press elsewhere") {
                 QTest::mousePress(handle, Qt::LeftButton, {}, {10, 10});
                 QTest::mouseRelease(handle, Qt::LeftButton, {}, cross);
+            } else if (how == "click elsewhere") {
+                QTest::mouseClick(handle, Qt::LeftButton, {}, {100, 200});
+            } else if (how == "space elsewhere") {
+                QTest::keyClick(handle, Qt::Key_Space);
             } else {
                 window().chameleonButton1.setFocus();
                 QTest::keyClick(handle, Qt::Key_Return);

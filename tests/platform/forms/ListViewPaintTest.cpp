@@ -21,6 +21,14 @@ class ListViewPaintTest : public QObject {
     std::unique_ptr<ImageList> icons;
     std::unique_ptr<ListView> list;
 
+    QImage textOf(int row) const { return imageOf(*panel).copy(45, 1 + row * rowHeight, 185, rowHeight - 1); }
+    static int darkest(const QImage& image) {
+        int least = 255;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) least = std::min(least, qGray(image.pixel(x, y)));
+        }
+        return least;
+    }
     void fill(int rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
 
 private slots:
@@ -73,6 +81,24 @@ private slots:
         const QColor back(0x33, 0x39, 0x4A);
         QVERIFY(inkOf(plain.copy(0, 1, 38, rowHeight - 1), back).isNull());
         QVERIFY(!inkOf(plain.copy(0, 1 + rowHeight, 38, rowHeight - 1), back).isNull());
+    }
+    void names_have_a_dark_shadow() {
+        list->setItems(std::make_shared<NotedRows>(QStringList{QStringLiteral("Name")}));
+        QVERIFY(darkest(textOf(0)) < 0x18);
+        list->setItems(std::make_shared<NotedRows>(QStringList{QString()}));
+        QVERIFY(darkest(textOf(0)) > 0x30);
+    }
+    void signs_that_break_lines_look_like_blanks_data() {
+        QTest::addColumn<QChar>("sign");
+        for (const char16_t sign : {u'\t', u'\n', u'\r', u'\u2028', u'\u2029'}) {
+            QTest::addRow("U+%04X", sign) << QChar(sign);
+        }
+    }
+    void signs_that_break_lines_look_like_blanks() {
+        QFETCH(QChar, sign);
+        const QString text = QStringLiteral("A%1B");
+        list->setItems(std::make_shared<NotedRows>(QStringList{text.arg(QLatin1Char(' ')), text.arg(sign)}));
+        QCOMPARE(textOf(1), textOf(0));
     }
     void pictures_are_numbered_from_one_and_others_are_none() {
         QCOMPARE(icons->picture(1).deviceIndependentSize(), QSizeF(32, 32));
