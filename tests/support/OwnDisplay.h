@@ -32,7 +32,7 @@ inline bool startOwnDisplay() {
     int ends[2];
     if (pipe(ends) != 0) return false;
     startBeside({"Xvfb", "-displayfd", QByteArray::number(ends[1]).constData(), "-screen", "0", "800x600x24",
-                 "-nolisten", "tcp"},
+                 "-nolisten", "tcp", "-noreset"},
                 ends[1]);
     close(ends[1]);
     QByteArray number;

@@ -61,8 +61,13 @@ public:
 
 private slots:
     void initTestCase() {
-        for (int attempt = 0; attempt < 40 && !isManaged(); ++attempt) {
+        bool isReady = isManaged();
+        for (int attempt = 1; attempt < 40 && !isReady; ++attempt) {
+            // Where one is there already, another window manager leaves at once.
+            if (attempt % 8 == 0) startBeside({"openbox"});
+            isReady = isManaged();
         }
+        QVERIFY(isReady);
     }
 
     void a_window_follows_the_pointer_until_its_button_is_released() {
