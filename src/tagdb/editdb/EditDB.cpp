@@ -9,7 +9,6 @@
 #include "platform/base/CodePage1252.h"
 
 #include <QLocale>
-#include <algorithm>
 
 namespace torvane {
 
@@ -28,7 +27,7 @@ void EditDB::wireControls() {
     wire(Timer1, &Timer::Tick, &EditDB::Timer1_Tick);
 }
 
-// The window stands on screen before the download, which blocks: the desk would show it after it.
+// Shows itself before the download, which blocks: the desk shows windows only after their load.
 void EditDB::Load() {
     const Hold hold(*this);
     setCaptions();
