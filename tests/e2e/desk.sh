@@ -81,12 +81,16 @@ settle() {
 # The size of a window of the catalogue, as "width height" in dots.
 size_of() { awk -F'\t' -v w="$1" -v s="$desk_scale" '$1 == w { print $3 * s, $4 * s }' "$catalogue/windows.tsv"; }
 
-# The program's visible window of that name as "id left top width height"; the windows all differ in size.
+# The program's visible window of that name as "id left top width height"; the windows all differ in size. The
+# compact window has two: folded and open.
 window_place() {
+    local folded open=''
+    folded=$(size_of "$1")
+    [ "$1" = Torvette ] && open="${folded% *} $((134 * desk_scale))"
     xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
-        awk -F= -v size="$(size_of "$1")" '
-            { value[$1] = $2 }
-            $1 == "HEIGHT" && value["WIDTH"] " " $2 == size {
+        awk -F= -v folded="$folded" -v open="$open" '
+            { value[$1] = $2; size = value["WIDTH"] " " value["HEIGHT"] }
+            $1 == "HEIGHT" && (size == folded || size == open) {
                 print value["WINDOW"], value["X"], value["Y"], size
                 found = 1
                 exit
