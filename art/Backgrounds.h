@@ -32,6 +32,12 @@ QImage paintEditDB(const Workshop& shop);
 QImage paintDBInfo(const Workshop& shop);
 /// The window in which a game is chosen for an entry of the database.
 QImage paintForm2(const Workshop& shop);
+/// The compact window, unfolded: its strip is the only part that is visible while it is folded.
+QImage paintTorvette(const Workshop& shop);
+/// The window that searches for a game on the web.
+QImage paintSearchROM(const Workshop& shop);
+/// The window that searches in the list of games.
+QImage paintAdvSearch(const Workshop& shop);
 /// The start window: the helper figure in the night, asking (`glad` false) or giving thanks (`glad` true).
 QImage paintSelLangStartUp(const Workshop& shop, bool glad);
 

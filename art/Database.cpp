@@ -4,10 +4,9 @@
 #include "Backgrounds.h"
 
 #include "Night.h"
+#include "Ornament.h"
 #include "Palette.h"
 #include "Panel.h"
-
-#include <cmath>
 
 namespace torvane {
 
@@ -16,16 +15,6 @@ using namespace palette;
 namespace {
 
 constexpr qreal frameWidth = 2;
-
-// Short grooves in the free part of the panel left of the buttons, the same ornament as in the assistant.
-void grille(Panel& panel, const QRectF& buttons) {
-    constexpr int grooves = 4;
-    constexpr qreal step = 5;
-    constexpr qreal indent = 12;
-    const qreal top = std::floor(buttons.center().y() - (grooves - 1) * step / 2 - 1);
-    for (int number = 0; number < grooves; ++number)
-        panel.groove({indent, top + number * step, buttons.left() - 2 * indent, 2});
-}
 
 // The list, and below it the strip where the window shows that it is loading.
 void entryDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {

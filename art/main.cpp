@@ -39,6 +39,9 @@ constexpr std::pair<const char*, QImage (*)(const Workshop&)> plainWindows[] = {
     {"EditDB.jpg", paintEditDB},
     {"DB_Info.jpg", paintDBInfo},
     {"Form2.jpg", paintForm2},
+    {"Torvette.jpg", paintTorvette},
+    {"SearchROM.jpg", paintSearchROM},
+    {"AdvSearch.jpg", paintAdvSearch},
     {"Splash.bmp", paintSplash}};
 
 void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output& output) {

@@ -15,6 +15,7 @@ namespace {
 
 constexpr QRgb silver = 0xffc0c0c0U;
 constexpr QRgb black = 0xff000000U;
+constexpr QRgb magenta = 0xffff00ffU;
 constexpr QRgb buttonFace = 0xfff0f0f0U;
 
 // The pixels that a disabled button prints: dark ones only.
@@ -99,6 +100,9 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     row("EditDB.jpg", "JPEG", {729, 519});
     row("DB_Info.jpg", "JPEG", {382, 314});
     row("Form2.jpg", "JPEG", {430, 264});
+    row("Torvette.jpg", "JPEG", {300, 134});
+    row("SearchROM.jpg", "JPEG", {373, 167});
+    row("AdvSearch.jpg", "JPEG", {450, 274});
     for (const char* page : {"One", "Two", "Three", "Four"})
         row(QString("NewAssistant-%1.jpg").arg(page), "JPEG", {480, 320});
     for (const char* icon : {"compact-16", "close-16", "minimise-16", "archive-16", "refresh-16", "search-16",
@@ -111,7 +115,8 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
         row(QString(icon) + ".png", "PNG", {24, 24});
         row(QString(icon) + "-over.png", "PNG", {24, 24});
     }
-    for (const char* icon : {"apply-24", "yes-24", "no-24"}) row(QString(icon) + ".png", "PNG", {24, 24});
+    for (const char* icon : {"search-24", "apply-24", "yes-24", "no-24"})
+        row(QString(icon) + ".png", "PNG", {24, 24});
     for (const char* icon :
          {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32", "console-color-32",
           "console-archive-32", "console-unknown-32", "cursor-hand", "cursor-link"}) {
@@ -154,9 +159,12 @@ void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour_data() {
           "delete-16",       "copy-16",       "tag-delete-16",      "database-24",     "gallery-24",
           "about-24",        "web-search-24", "weblist-24",         "settings-24",     "database-24-over",
           "gallery-24-over", "about-24-over", "web-search-24-over", "weblist-24-over", "settings-24-over",
-          "apply-24",        "launch-32",     "open-zip-32"}) {
+          "apply-24",        "launch-32",     "open-zip-32",        "search-24",       "previous-16",
+          "next-16",         "back-16",       "unfold-16",          "fold-16",         "pinned-16",
+          "unpinned-16"}) {
         QTest::newRow(icon) << icon << black;
     }
+    QTest::newRow("launch-16") << "launch-16" << magenta;
 }
 
 void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour() {

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// The two search windows: one text for the web, and the four ways to a game of the list.
+#include "Backgrounds.h"
+
+#include "Night.h"
+#include "Ornament.h"
+#include "Palette.h"
+#include "Panel.h"
+
+namespace torvane {
+
+using namespace palette;
+
+namespace {
+
+constexpr qreal frameWidth = 2;
+
+// One way to a game: the sheet from the frame to the frame has the colour of the captions' opaque backs.
+void way(Panel& panel, qreal top, qreal bottom) {
+    panel.tray(between(frameWidth, top, panel.width() - frameWidth, bottom), darkPanel);
+}
+
+// The vane on its tor in the free part between the ways and the button.
+void horizon(Panel& panel, qreal top, qreal bottom) {
+    const QPointF foot(panel.width() / 2, bottom - 7);
+    panel.engraving(night::emblem(foot, (bottom - top) * 0.76));
+    panel.groove({12, foot.y() + 1, panel.width() - 24, 2});
+}
+
+} // namespace
+
+QImage paintSearchROM(const Workshop& shop) {
+    const QString window = "SearchROM";
+    const QSize size = shop.catalogue.windowSize(window);
+    const QRectF words = shop.catalogue.united(window, {"Label2", "Label4"});
+    const QRectF field = shop.catalogue.rect(window, "CRYTextBox1");
+    const QRectF small = shop.catalogue.united(window, {"Label3", "Label5"});
+    const QRectF button = shop.catalogue.rect(window, "ChameleonButton17");
+    Panel panel(size, shop.scale);
+    panel.titleBand();
+    panel.frame();
+    panel.slot(between(frameWidth, words.top() - 1, size.width() - frameWidth, words.bottom() + 1));
+    panel.slot(between(frameWidth, field.bottom() + 4, size.width() - frameWidth, small.bottom() + 1));
+    panel.well(field, buttonBack);
+    panel.seat({button});
+    grille(panel, button);
+    return panel.finished();
+}
+
+QImage paintAdvSearch(const Workshop& shop) {
+    const QString window = "AdvSearch";
+    const QSize size = shop.catalogue.windowSize(window);
+    const QRectF title = shop.catalogue.rect(window, "CRYTextBox1");
+    const QRectF number = shop.catalogue.rect(window, "Text1");
+    const QRectF second = shop.catalogue.rect(window, "TVLabel2");
+    const QRectF ends = shop.catalogue.united(window, {"TVLabel3", "TVLabel4"});
+    const QRectF button = shop.catalogue.rect(window, "ChameleonButton17");
+    Panel panel(size, shop.scale);
+    panel.titleBand();
+    panel.frame();
+    way(panel, shop.catalogue.rect(window, "TVLabel1").top() - 4, title.bottom() + 4);
+    way(panel, second.top() - 3, number.bottom() + 4);
+    way(panel, ends.top() - 1, ends.bottom() + 3);
+    panel.well(title, buttonBack);
+    panel.well(number, buttonBack);
+    panel.seat({button});
+    grille(panel, button);
+    horizon(panel, ends.bottom(), button.top());
+    return panel.finished();
+}
+
+} // namespace torvane
