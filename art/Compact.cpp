@@ -38,7 +38,7 @@ void foldOutGround(Panel& panel, const QRectF& area) {
 // White words without a shadow need a darker ground than that of the buttons.
 void display(Panel& panel, const Catalogue& catalogue, const QRectF& area) {
     const QRectF numbers = catalogue.united(window, {"Label4", "Label5"});
-    panel.tray(area, foldOut.darker(130));
+    panel.tray(area, foldOut.darker(140));
     panel.groove(between(area.left() + 1, numbers.bottom() + 1, area.right() - 1, numbers.bottom() + 3));
 }
 
@@ -63,7 +63,7 @@ QImage paintTorvette(const Workshop& shop) {
     Panel panel(size.toSize(), shop.scale);
     strip(panel, shop.catalogue, first);
     foldOutGround(panel, open);
-    display(panel, shop.catalogue, between(2, open.top() + 2, search.left() - 3, open.bottom() - 2));
+    display(panel, shop.catalogue, between(2, open.top() + 2, search.left() - 2, open.bottom() - 2));
     column(panel, between(search.left(), search.bottom(), search.right(), pin.top()));
     panel.frame();
     panel.hairline(open.top());

@@ -59,8 +59,8 @@ QImage paintAdvSearch(const Workshop& shop) {
     panel.titleBand();
     panel.frame();
     way(panel, shop.catalogue.rect(window, "TVLabel1").top() - 4, title.bottom() + 4);
-    way(panel, second.top() - 3, number.bottom() + 4);
-    way(panel, ends.top() - 1, ends.bottom() + 3);
+    way(panel, second.top() - 3, number.bottom() + 3);
+    way(panel, ends.top() - 2, ends.bottom() + 3);
     panel.well(title, buttonBack);
     panel.well(number, buttonBack);
     panel.seat({button});
