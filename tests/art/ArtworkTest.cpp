@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The rendered artwork as the program will load it: every picture exists in its format and size, icons are
-// hard-edged and readable in every state, hidden buttons leave a plate, the intro has a real outline.
+// hard-edged and readable in every state, the intro has a real outline.
 #include "ArtFiles.h"
 #include "art/ArtResources.h"
 #include "support/TestMain.h"
@@ -68,9 +68,6 @@ private slots:
     void a_list_icon_has_hard_edges_and_a_clear_corner_data();
     void a_list_icon_has_hard_edges_and_a_clear_corner();
     void the_title_band_continues_the_main_window_without_a_seam();
-    void a_hidden_button_leaves_a_quiet_cover_plate_data();
-    void a_hidden_button_leaves_a_quiet_cover_plate();
-    void each_hidden_button_has_a_plate_of_its_own();
     void the_intro_bitmap_has_24_bits_a_pixel();
     void the_intro_outline_is_neither_empty_nor_a_rectangle();
     void the_intro_never_shows_the_colour_that_ends_a_row();
@@ -266,58 +263,6 @@ void ArtworkTest::the_title_band_continues_the_main_window_without_a_seam() {
             QVERIFY2(qAbs(qGray(band.pixel(x, y)) - qGray(window.pixel(x, y))) <= 16,
                      qPrintable(QString("at %1,%2").arg(x).arg(y)));
         }
-    }
-}
-
-void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate_data() {
-    QTest::addColumn<QString>("window");
-    QTest::addColumn<QRect>("button");
-    QTest::newRow("Zipper") << "MainFrm" << QRect(52, 94, 23, 23);
-    QTest::newRow("ID3_Menu") << "MainFrm" << QRect(252, 94, 40, 23);
-    QTest::newRow("Edit_Menu") << "MainFrm" << QRect(292, 94, 40, 23);
-    QTest::newRow("chameleonButton3") << "MainFrm" << QRect(252, 462, 35, 36);
-    QTest::newRow("chameleonButton5") << "MainFrm" << QRect(435, 462, 37, 36);
-    QTest::newRow("chameleonButton15") << "MainFrm" << QRect(225, 452, 23, 23);
-    QTest::newRow("yes") << "TorvMsg" << QRect(0, 41, 151, 27);
-    QTest::newRow("apply") << "EditDB" << QRect(538, 426, 184, 26);
-    QTest::newRow("publish") << "EditDB" << QRect(538, 456, 184, 26);
-    QTest::newRow("use") << "EditDB" << QRect(538, 486, 184, 26);
-    QTest::newRow("close") << "DB_Info" << QRect(278, 284, 100, 26);
-    QTest::newRow("accept") << "Form2" << QRect(316, 234, 110, 26);
-    QTest::newRow("cancel") << "Form2" << QRect(204, 234, 110, 26);
-    for (const char* page : {"NewAssistant-One", "NewAssistant-Three"})
-        QTest::addRow("FilePath of %s", page) << page << QRect(4, 272, 364, 19);
-    for (const char* page :
-         {"NewAssistant-One", "NewAssistant-Two", "NewAssistant-Three", "NewAssistant-Four"})
-        QTest::addRow("Browse of %s", page) << page << QRect(372, 268, 106, 26);
-}
-
-void ArtworkTest::a_hidden_button_leaves_a_quiet_cover_plate() {
-    QFETCH(QString, window);
-    QFETCH(QRect, button);
-    constexpr int slate = 57; // the brightness of the darkest button back
-    for (int scale : {1, 2}) {
-        const QImage picture = pixelsOf(scaled(":/art/" + window + ".jpg", scale));
-        const auto brightness = [&](int x, int y, int width, int height) {
-            return brightnessOf(picture, QRect(x * scale, y * scale, width * scale, height * scale));
-        };
-        const int middle = button.width() - 16;
-        const qreal face = brightness(button.x() + 8, button.y() + 8, middle, button.height() - 16);
-        QVERIFY2(face > 35, "a black hole");
-        QVERIFY2(face < slate, "as bright as a button");
-        QVERIFY(brightness(button.x() + 8, button.y() + 1, middle, 1) > face + 10); // light from above
-        QVERIFY(brightness(button.x() + 8, button.bottom() - 1, middle, 1) < face - 5);
-        QVERIFY(brightness(button.x() + 4, button.y() + 4, 3, 3) < face - 5); // the two screws
-        QVERIFY(brightness(button.right() - 6, button.bottom() - 6, 3, 3) < face - 5);
-    }
-}
-
-void ArtworkTest::each_hidden_button_has_a_plate_of_its_own() {
-    const QImage window = pixelsOf(":/art/MainFrm.jpg");
-    const auto column = [&](int x) { return brightnessOf(window, QRect(x, 99, 1, 13)); };
-    for (int x = 252; x <= 331; ++x) {
-        const bool isGap = x == 252 || x == 291 || x == 292 || x == 331;
-        QCOMPARE(column(x) < 26, isGap);
     }
 }
 

@@ -78,8 +78,6 @@ private slots:
     void turning_a_page_moves_neither_the_tor_nor_the_strip();
     void the_list_of_the_zip_window_is_in_a_well();
     void the_wait_panel_is_raised_over_the_list();
-    void an_unknown_file_differs_from_a_console_in_shape_and_in_colour_data();
-    void an_unknown_file_differs_from_a_console_in_shape_and_in_colour();
 
 private:
     static void eachPage();
@@ -202,33 +200,6 @@ void PagesTest::the_wait_panel_is_raised_over_the_list() {
         for (const QRect& words : {QRect(2, 3, 238, 28), QRect(4, 35, 211, 13)})
             QVERIFY(std::ranges::max(greysOf(panel, device(words, scale))) < 125);
         QVERIFY2(brightPixels(panel, device(QRect(217, 36, 22, 12), scale)) > 0, "the lamp");
-    }
-}
-
-void PagesTest::an_unknown_file_differs_from_a_console_in_shape_and_in_colour_data() {
-    QTest::addColumn<QString>("name");
-    for (const char* name : {"gameboy", "color", "advance", "archive"}) QTest::newRow(name) << name;
-}
-
-void PagesTest::an_unknown_file_differs_from_a_console_in_shape_and_in_colour() {
-    QFETCH(QString, name);
-    for (int scale : {1, 2}) {
-        const QImage unknown = pixelsOf(scaled(":/art/console-unknown-32.png", scale));
-        const QImage console = pixelsOf(scaled(":/art/console-" + name + "-32.png", scale));
-        int otherShape = 0;
-        int otherColour = 0;
-        for (int y = 0; y < unknown.height(); ++y) {
-            for (int x = 0; x < unknown.width(); ++x) {
-                const QRgb one = unknown.pixel(x, y);
-                const QRgb other = console.pixel(x, y);
-                otherShape += qAlpha(one) != qAlpha(other) ? 1 : 0;
-                const int apart = qAbs((qRed(one) - qBlue(one)) - (qRed(other) - qBlue(other)));
-                otherColour += qAlpha(one) == 255 && qAlpha(other) == 255 && apart > 60 ? 1 : 0;
-            }
-        }
-        const int all = unknown.width() * unknown.height();
-        QVERIFY2(otherShape > all / 12, qPrintable(QString::number(otherShape)));
-        QVERIFY2(otherColour > all / 12, qPrintable(QString::number(otherColour)));
     }
 }
 
