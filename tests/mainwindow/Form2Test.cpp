@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The window that asks for a game and writes an entry of the database into it.
-#include "catalogue/TagInput.h"
 #include "support/OpenedDatabase.h"
 #include "support/TestMain.h"
 
@@ -10,8 +9,6 @@ using namespace Qt::StringLiterals;
 class Form2Test : public OpenedDatabase {
     Q_OBJECT
 
-    Form2& chooser() const { return *loaded<Form2>(); }
-    QByteArray today() const { return TagInput::todayAsText().toLatin1(); }
     // The tag of the entry `tetris`, as it is written today into an image of so many bytes.
     QByteArray tag(const QByteArray& size) const {
         return "ID3TAG\xA7Nintendo\xA7TETRIS\xA7" + today() +
@@ -19,26 +16,10 @@ class Form2Test : public OpenedDatabase {
                "Falling blocks\xA7" +
                size + "\xA7\r\n";
     }
-    static QByteArray oldTag(const QByteArray& size) {
-        return "ID3TAG\xA7Old company\xA7Old title\xA7"
-               "1/1/2001\xA7Old info\xA7" +
-               size + "\xA7\r\n";
-    }
     // Opens the window with the entry, over a library of these games as they are.
     void openChooser() {
         openDatabase(tetris);
         useRow(0);
-    }
-    void choose(const QString& name) const {
-        for (int row = 0; row < chooser().File1.ListCount(); ++row) {
-            if (chooser().File1.List(row) == name)
-                click(chooser().File1, chooser().File1.rowRect(row).center());
-        }
-        QCOMPARE(chooser().File1.FileName(), name);
-    }
-    void writeInto(const QString& name) const {
-        choose(name);
-        click(chooser().Command1);
     }
     bool isClosed() const { return loaded<Form2>() == nullptr; }
 
@@ -128,7 +109,7 @@ private slots:
     }
     void a_game_that_is_gone_is_reported_and_another_one_can_be_chosen() {
         openChooser();
-        choose(u"g001.gb"_s);
+        chooseGame(u"g001.gb"_s);
         QVERIFY(QFile::remove(opened->world.folder.path(u"roms/g001.gb"_s)));
         click(chooser().Command1);
         QVERIFY2(messages().last().contains(u"53"_s), qPrintable(messages().last()));
@@ -138,12 +119,12 @@ private slots:
     }
     void cancel_and_close_write_nothing() {
         openChooser();
-        choose(u"g001.gb"_s);
+        chooseGame(u"g001.gb"_s);
         click(chooser().Command2);
         QVERIFY(isClosed());
         collectGone();
         useRow(0);
-        choose(u"g001.gb"_s);
+        chooseGame(u"g001.gb"_s);
         click(chooser().chameleonButton1);
         QVERIFY(isClosed());
         QCOMPARE(opened->bytesOf(u"g001.gb"_s), QByteArray(3000, 'r'));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "OpenedProgram.h"
+#include "catalogue/TagInput.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -30,6 +31,17 @@ protected:
     /// What the host has for everybody, for the next download.
     void publish(const QByteArray& database) const {
         opened->world.folder.write(QStringLiteral("data/site/online_db.txt"), database);
+    }
+    /// Makes a server the host.
+    void useServer(const QString& address) const {
+        opened->world.folder.write(QStringLiteral("data/hosts.ini"),
+                                   "[Hosts]\r\nupdate=" + address.toUtf8() + "\r\n");
+    }
+    /// Hidden files beside the program, such as a write that did not come to its end.
+    QStringList hiddenNames() const {
+        QStringList names = opened->world.folder.entries();
+        erase_if(names, [](const QString& name) { return !name.startsWith(QLatin1Char('.')); });
+        return names;
     }
     /// The local copy.
     QByteArray copy() const { return opened->world.folder.read(QStringLiteral("online_db.dat")); }
@@ -75,6 +87,26 @@ protected:
         Form2* chooser = loaded<Form2>();
         if (chooser == nullptr || !QTest::qWaitForWindowExposed(chooser)) qFatal("no window for the game");
         return *chooser;
+    }
+    Form2& chooser() const { return *loaded<Form2>(); }
+    /// Selects a game in the window that asks for one.
+    void chooseGame(const QString& name) const {
+        FileList& games = chooser().File1;
+        for (int row = 0; row < games.ListCount(); ++row) {
+            if (games.List(row) == name) click(games, games.rowRect(row).center());
+        }
+        QCOMPARE(games.FileName(), name);
+    }
+    void writeInto(const QString& name) const {
+        chooseGame(name);
+        click(chooser().Command1);
+    }
+
+    static QByteArray today() { return TagInput::todayAsText().toLatin1(); }
+    static QByteArray oldTag(const QByteArray& size) {
+        return "ID3TAG\xA7Old company\xA7Old title\xA7"
+               "1/1/2001\xA7Old info\xA7" +
+               size + "\xA7\r\n";
     }
 };
 

@@ -55,6 +55,8 @@ public:
         return QStringLiteral("%1://127.0.0.1:%2%3")
             .arg(QLatin1String(m_scheme), QString::number(m_server->serverPort()), path);
     }
+    /// From now on it takes no connection: for a forked process, which shares the socket.
+    void stopListening() { m_server->close(); }
     /// The heads of all requests, in their order.
     QByteArrayList requests;
 

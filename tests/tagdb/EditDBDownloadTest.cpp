@@ -15,8 +15,7 @@ class EditDBDownloadTest : public OpenedDatabase {
 
     // Makes a server the host of the database, and opens the window.
     void openWith(const WebServer& server) {
-        opened->world.folder.write(u"data/hosts.ini"_s,
-                                   "[Hosts]\r\nupdate=" + server.address(QString()).toUtf8() + "\r\n");
+        useServer(server.address(QString()));
         opened->open();
         click(main().chameleonButton3);
     }

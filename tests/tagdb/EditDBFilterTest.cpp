@@ -146,6 +146,13 @@ private slots:
         apply();
         QCOMPARE(titles(), once);
     }
+    void applying_is_no_download_and_the_timer_does_not_start_again() {
+        QVERIFY(!window().Timer1.Enabled());
+        apply();
+        QVERIFY(!window().Timer1.Enabled());
+        QVERIFY(!isSeen(window().load));
+        QVERIFY(window().ChameleonButton17.Enabled());
+    }
     void a_new_list_has_no_selected_entry() {
         chooseRow(1);
         apply();
