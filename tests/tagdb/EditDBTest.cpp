@@ -5,6 +5,10 @@
 #include "support/OpenedDatabase.h"
 #include "support/TestMain.h"
 
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableView>
+
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
@@ -139,6 +143,28 @@ private slots:
         QCOMPARE(window().ListView1.currentRow(), 0);
         key(Qt::Key_M);
         QCOMPARE(window().ListView1.currentRow(), 100);
+    }
+    void the_information_can_be_made_wider_and_stays_so() {
+        openDatabase(tetris);
+        const QTableView& view = *window().ListView1.findChild<QTableView*>();
+        const QHeaderView& header = *view.horizontalHeader();
+        const int before = header.sectionSize(5);
+        const auto drag = [&](int x) {
+            const QPoint edge = header.mapTo(&window(), QPoint(x, header.height() / 2));
+            QTest::mousePress(window().windowHandle(), Qt::LeftButton, {}, edge);
+            QTest::mouseMove(window().windowHandle(), edge + QPoint(100, 0));
+            QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, {}, edge + QPoint(100, 0));
+        };
+        drag(header.length() - 2);
+        QCOMPARE(header.sectionSize(5), before + 100);
+        QTRY_VERIFY(view.horizontalScrollBar()->isVisible());
+        click(window().ChameleonButton2);
+        QCOMPARE(header.sectionSize(5), before + 100);
+        drag(header.sectionSize(0) - 1);
+        QCOMPARE(header.sectionSize(5), before + 100);
+        window().ListView1.setFocus();
+        for (int i = 0; i < 10; ++i) QTest::keyClick(window().windowHandle(), Qt::Key_Right);
+        QCOMPARE(header.offset(), header.length() - view.viewport()->width());
     }
     void an_entry_can_be_added_after_all_others() {
         openDatabase(tetris);
