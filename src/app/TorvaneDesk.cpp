@@ -91,9 +91,13 @@ bool TorvaneDesk::open(const Way& way) {
         if (Form* main = windows.ifLoaded(Window::MainFrm)) main->Hide();
     }
     m_cameBy[placeOf(way.to)] = &way;
+    const bool isNew = windows.ifLoaded(way.to) == nullptr;
     Form* opened = windows.load(way.to);
     if (opened == nullptr) return false;
-    opened->Show(isAboveOpener(way) ? windows.ifLoaded(way.from) : nullptr);
+    Form* owner = isAboveOpener(way) ? windows.ifLoaded(way.from) : nullptr;
+    // One that showed itself during its load, which may have taken a while, must not come to the front again.
+    const bool hasShownItself = isNew && owner == nullptr && opened->isVisible();
+    if (!hasShownItself) opened->Show(owner);
     if (way.opening == Opening::anew) raiseOwned(way.to);
     return true;
 }
