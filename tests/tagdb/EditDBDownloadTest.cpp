@@ -103,6 +103,25 @@ private slots:
         QVERIFY(ticks >= 2);
         QCOMPARE(titles(), QStringList{u"TETRIS"_s});
     }
+    void a_window_that_the_user_has_gone_to_meanwhile_stays_in_front() {
+        QWidget other;
+        openWhile(
+            [&] {
+                other.show();
+                other.activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(&other));
+            },
+            tetris);
+        QCOMPARE(titles(), QStringList{u"TETRIS"_s});
+        QCoreApplication::processEvents();
+        QVERIFY(other.isActiveWindow());
+        QVERIFY(window().isVisible());
+    }
+    void escape_after_the_download_closes_nothing() {
+        openWhile([] {}, tetris);
+        QTest::keyClick(window().windowHandle(), Qt::Key_Escape);
+        QVERIFY(loaded<EditDB>() != nullptr);
+    }
     void clicks_wait_for_the_end_of_the_download() {
         openWhile([&] { click(window().ChameleonButton3); }, tetris);
         QTRY_COMPARE(opened->world.browser.urls.size(), 1);
@@ -160,15 +179,17 @@ private slots:
         QCOMPARE(messages().boxes.size(), 0);
         QCOMPARE(copy(), wario);
     }
-    void its_close_button_ends_the_download_data() {
+    void its_close_button_and_escape_end_the_download_data() {
         QTest::addColumn<QByteArray>("how");
-        for (const char* how : {"mouse", "assistive tool", "key"}) QTest::newRow(how) << QByteArray(how);
+        for (const char* how : {"mouse", "assistive tool", "space", "escape"})
+            QTest::newRow(how) << QByteArray(how);
     }
-    void its_close_button_ends_the_download() {
+    void its_close_button_and_escape_end_the_download() {
         QFETCH(QByteArray, how);
         const WebServer silent([&](QTcpSocket&, const QByteArray&) {
             if (how == "mouse") return click(window().chameleonButton1);
             if (how == "assistive tool") return window().chameleonButton1.performClick();
+            if (how == "escape") return QTest::keyClick(window().windowHandle(), Qt::Key_Escape);
             window().chameleonButton1.setFocus();
             QTest::keyClick(window().windowHandle(), Qt::Key_Space);
         });
@@ -180,7 +201,7 @@ private slots:
     void what_is_no_click_on_its_close_button_ends_no_download_data() {
         QTest::addColumn<QByteArray>("how");
         for (const char* how :
-             {"right button", "press elsewhere", "click elsewhere", "return", "space elsewhere"})
+             {"right button", "press elsewhere", "click elsewhere", "return", "space elsewhere", "tab"})
             QTest::newRow(how) << QByteArray(how);
     }
     void what_is_no_click_on_its_close_button_ends_no_download() {
@@ -197,6 +218,8 @@ private slots:
                 QTest::mouseClick(handle, Qt::LeftButton, {}, {100, 200});
             } else if (how == "space elsewhere") {
                 QTest::keyClick(handle, Qt::Key_Space);
+            } else if (how == "tab") {
+                QTest::keyClick(handle, Qt::Key_Tab);
             } else {
                 window().chameleonButton1.setFocus();
                 QTest::keyClick(handle, Qt::Key_Return);

@@ -4,6 +4,7 @@
 #include "Form.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 
 namespace torvane {
@@ -62,10 +63,21 @@ bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
     // Only forms are closed by the user; Qt closes windows of its own, such as tool tips, in the same way.
     if (kind == Input::close && qobject_cast<Form*>(receiver) == nullptr) return false;
     event->ignore();
+    if (isEscape(*event)) {
+        takeCloseRequest(m_closer->window(), QCloseEvent());
+        return true;
+    }
     if (kind == Input::close) takeCloseRequest(receiver, *event);
     if (kind == Input::kept) keep(receiver, *event);
     if (kind == Input::kept && usesCloser(*event)) emit closeRequested();
     return true;
+}
+
+// The way out for whoever has no mouse: the Tab key, which would lead to the closer, is held back.
+bool HeldInput::isEscape(const QEvent& event) const {
+    if (event.type() != QEvent::KeyPress || m_closer == nullptr) return false;
+    return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape && m_closer->isVisible() &&
+           m_closer->window()->isActiveWindow();
 }
 
 // What the closer takes for a click, too. Events of the user arrive at the window and not at the control that

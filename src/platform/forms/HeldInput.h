@@ -19,7 +19,8 @@ class HeldInput : public QObject {
 
 public:
     /// A click on the closer with the left button, or Space while it has the focus, counts as a request to
-    /// close its window; null for none.
+    /// close its window; null for none. With a closer so does Escape, while its window is active: that window
+    /// is closed afterwards.
     explicit HeldInput(const QWidget* closer = nullptr);
     /// Posts the clicks, keys and the request to close a window that have come meanwhile, in their order.
     ~HeldInput() override;
@@ -39,6 +40,7 @@ private:
     };
 
     bool isExempt() const;
+    bool isEscape(const QEvent& event) const;
     bool usesCloser(const QEvent& event);
     void keep(QObject* receiver, const QEvent& event);
     void takeCloseRequest(QObject* form, const QEvent& event);

@@ -30,8 +30,8 @@ public:
     /// Ends a waiting OpenURL with a failure (see there); does nothing without one.
     void Cancel();
 
-    /// From now on this button of the form counts as a request to close it, too. Windows without a border
-    /// have no other one for the mouse.
+    /// From now on this button of the form, and Escape, count as a request to close it, too. Windows without
+    /// a border have no other one for the mouse, and during a download no key leads to the button.
     void isClosedBy(const QWidget& button) { m_closer = &button; }
 
     const Limits& limits() const { return m_limits; }

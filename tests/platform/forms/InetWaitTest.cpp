@@ -181,6 +181,33 @@ private slots:
         QVERIFY(other.isUnloaded());
         QVERIFY(!form->isUnloaded());
     }
+    void escape_ends_the_download_of_a_window_with_a_close_button_and_closes_it() {
+        form->down.isClosedBy(form->link);
+        const auto escape = [this] { QTest::keyClick(window(), Qt::Key_Escape); };
+        QVERIFY(during(escape).reason == cancelled);
+        QCoreApplication::processEvents();
+        QCOMPARE(form->closeRequests, 1);
+        QVERIFY(form->isUnloaded());
+    }
+    void escape_waits_like_any_key_without_a_close_button_or_in_another_window_data() {
+        QTest::addColumn<bool>("hasCloser");
+        QTest::newRow("without a close button") << false;
+        QTest::newRow("in another window") << true;
+    }
+    void escape_waits_like_any_key_without_a_close_button_or_in_another_window() {
+        QFETCH(bool, hasCloser);
+        WaitingForm other(world.runtime);
+        if (hasCloser) {
+            form->down.isClosedBy(form->link);
+            QVERIFY(other.appear());
+            QVERIFY(QTest::qWaitForWindowActive(&other));
+        }
+        WaitingForm& active = hasCloser ? other : *form;
+        QCOMPARE(during([&] { QTest::keyClick(active.windowHandle(), Qt::Key_Escape); }).body, "body");
+        QCoreApplication::processEvents();
+        QCOMPARE(active.input, QStringList{u"\x1b"_s});
+        QCOMPARE(form->closeRequests + other.closeRequests, 0);
+    }
     void a_tool_tip_may_close_meanwhile() {
         const Fetched result = during([&] {
             QToolTip::showText({5, 5}, u"tip"_s, form.get());
