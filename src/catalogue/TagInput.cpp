@@ -9,6 +9,11 @@
 
 namespace torvane::TagInput {
 
+namespace {
+// Empty values are appended as one blank.
+QByteArray stored(const QString& value) { return value.isEmpty() ? " " : CodePage1252::toBytes(value); }
+} // namespace
+
 QString storable(const QString& entered) {
     QString kept;
     for (const QChar c : entered) {
@@ -25,9 +30,9 @@ QString storable(const QString& entered) {
 bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize) {
     // The reader sees 1024 bytes, which end before the last byte of the file, a part of the line end.
     constexpr qsizetype longestLine = 1025;
-    const QByteArray line = TagLine::build({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
-                                            CodePage1252::toBytes(todayAsText()), CodePage1252::toBytes(info),
-                                            QByteArray::number(imageSize)});
+    const QByteArray line =
+        TagLine::build({stored(company), stored(title), CodePage1252::toBytes(todayAsText()), stored(info),
+                        QByteArray::number(imageSize)});
     return line.size() > longestLine;
 }
 

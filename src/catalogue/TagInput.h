@@ -15,7 +15,7 @@ constexpr int longestInfo = 125;
 QString storable(const QString& entered);
 
 /// Whether a tag with these texts and today's date is longer than the part of a file that a selection reads:
-/// the game would appear untagged. `imageSize`: bytes before the tag.
+/// the game would appear untagged. An empty text counts as one blank. `imageSize`: bytes before the tag.
 bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize);
 
 /// Today in the short date format of the desktop; as dd/MM/yyyy if that format has characters that a tag

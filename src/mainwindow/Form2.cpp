@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Captions, and the way of a tag into a game.
+// Captions, the hint, and the way of a tag into a game.
 #include "Form2.h"
 #include "catalogue/ID3.h"
+#include "catalogue/TagInput.h"
 #include "core/GameShelf.h"
 #include "core/Globals.h"
-#include "core/Texts.h"
+#include "platform/base/File.h"
 
 namespace torvane {
 
 Form2::Form2(const Services& services) : Form2Design(services.runtime), m(services) {
+    wire(File1, &FileList::Click, &Form2::File1_Click, Failure::reported);
     // After a game that can't be written, or without one, the user can choose another.
     wire(Command1, &chameleonButton::Click, &Form2::Command1_Click, Failure::reported);
     for (chameleonButton* button : {&chameleonButton1, &Command2}) {
@@ -17,12 +19,31 @@ Form2::Form2(const Services& services) : Form2Design(services.runtime), m(servic
 }
 
 void Form2::Load() {
-    const Texts text(m.language, "OLDB");
     File1.setPath(m.globals.AppPath + QStringLiteral("\\ROMs\\"));
     Label1.setCaption(m.globals.TitlePrefix + text("useid3title"));
     Label2.setCaption(text("selectgame") + text("description") + text("warning"));
     Command1.setCaption(text("useid3ok"));
     Command2.setCaption(text("useid3cancel"));
+}
+
+void Form2::take(const QStringList&) { File1_Click(); }
+
+// The hint replaces the title: no other line of this design has room for it.
+void Form2::File1_Click() {
+    const QString tooLong = Texts(m.language, "MainMenu")("toolong", QStringLiteral("Too long to show"));
+    Label1.setCaption(m.globals.TitlePrefix + (isTooLong() ? tooLong : text("useid3title")));
+}
+
+// Whether the chosen game would appear untagged with the New values. A game that can't be looked at fails
+// later, when it is written.
+bool Form2::isTooLong() const {
+    if (File1.FileName().isEmpty()) return false;
+    bool result = false;
+    ignoring([&] {
+        result = TagInput::isTooLongToRead(m.id3.NewTitle, m.id3.NewCompany, m.id3.NewInfo,
+                                           File::lengthOf(File1.filePath()));
+    });
+    return result;
 }
 
 void Form2::Command1_Click() {

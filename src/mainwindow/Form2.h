@@ -4,6 +4,7 @@
 
 #include "Form2.design.h"
 #include "core/Services.h"
+#include "core/Texts.h"
 #include "core/Window.h"
 
 namespace torvane {
@@ -18,11 +19,16 @@ public:
 
     /// Runs once after construction.
     void Load();
+    /// Called when the New values have changed; the list has no meaning.
+    void take(const QStringList& changed);
 
 private:
     void Command1_Click();
+    void File1_Click();
+    bool isTooLong() const;
 
     const Services& m;
+    const Texts text{m.language, "OLDB"};
 };
 
 } // namespace torvane

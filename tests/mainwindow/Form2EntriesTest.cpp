@@ -38,6 +38,11 @@ class Form2EntriesTest : public OpenedDatabase {
         names.removeAll(u"data"_s);
         return names;
     }
+    void writeEntryInto(int row, const QString& name) const {
+        collectGone();
+        useRow(row);
+        writeInto(name);
+    }
     static void gameRows() {
         QTest::addColumn<bool>("isTagged");
         QTest::newRow("tagged") << true;
@@ -122,6 +127,31 @@ private slots:
         writeInto(name);
         QVERIFY(opened->bytesOf(name).endsWith(line("Company", "Title", info)));
         QCOMPARE(messages().last(), u"TAG Completado"_s);
+    }
+    void an_entry_too_long_to_be_shown_is_announced_once_a_game_is_chosen() {
+        const QString usual = u"Torvane 1.1 » Use ROM.TAG"_s;
+        const QString hint = u"Torvane 1.1 » Text too long to show"_s;
+        const QByteArray longest(1025 - line(" ", "Title", "").size(), 'i');
+        const auto entry = [](const QByteArray& info) {
+            return dbLine({"byn", "Title", "", "1/1/2002", info, "SYSTEM", "torvane"});
+        };
+        openDatabase(entry(longest) + entry(longest + 'i'));
+        useRow(1);
+        QCOMPARE(chooser().Label1.Caption(), usual);
+        chooseGame(untagged);
+        QCOMPARE(chooser().Label1.Caption(), hint);
+        useRow(0); // while the window is open
+        QCOMPARE(chooser().Label1.Caption(), usual);
+        useRow(1);
+        QCOMPARE(chooser().Label1.Caption(), hint);
+        useRow(0);
+        writeInto(untagged);
+        writeEntryInto(1, u"g002.gb"_s);
+        click(window().chameleonButton1);
+        // It says what is true.
+        QCOMPARE(main().GameInfo.Caption(), QString::fromLatin1(longest));
+        opened->chooseRow(1);
+        QCOMPARE(main().GameInfo.Caption(), u"Not available"_s);
     }
     void every_byte_of_a_field_arrives_in_the_game_data() { gameRows(); }
     void every_byte_of_a_field_arrives_in_the_game() {

@@ -143,7 +143,7 @@ void EditDB::ChameleonButton17_Click() {
     m.id3.NewCompany = CodePage1252::fromBytes(entry.Company);
     m.id3.NewDate = TagInput::todayAsText();
     m.id3.NewInfo = CodePage1252::fromBytes(entry.Info);
-    m.desk.go(id, Window::Form2);
+    m.desk.go(id, Window::Form2, {m.id3.NewTitle});
 }
 
 } // namespace torvane
