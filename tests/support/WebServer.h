@@ -42,13 +42,14 @@ public:
     static Answer breakingOffAfter(const QByteArray& bytes) {
         return [bytes](QTcpSocket& client, const QByteArray&) {
             client.write(bytes);
-            QTimer::singleShot(20, &client, [&client] {
-                const linger hard{.l_onoff = 1, .l_linger = 0};
-                setsockopt(static_cast<int>(client.socketDescriptor()), SOL_SOCKET, SO_LINGER, &hard,
-                           sizeof hard);
-                client.abort();
-            });
+            QTimer::singleShot(20, &client, [&client] { reset(client); });
         };
+    }
+    /// Resets a connection. The other side may lose what it has not received yet.
+    static void reset(QTcpSocket& client) {
+        const linger hard{.l_onoff = 1, .l_linger = 0};
+        setsockopt(static_cast<int>(client.socketDescriptor()), SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+        client.abort();
     }
 
     QString address(const QString& path = QStringLiteral("/file.txt")) const {

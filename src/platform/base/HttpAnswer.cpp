@@ -41,6 +41,10 @@ void HttpAnswer::takeEnd() {
     m_part = m_part == Part::bodyToTheEnd ? Part::whole : Part::broken;
 }
 
+void HttpAnswer::takeReset() {
+    if (!isEnded()) m_part = Part::broken;
+}
+
 QByteArray HttpAnswer::redirect() const {
     return isIn(m_status, {301, 302, 303, 307, 308}) ? m_fields.value("location") : QByteArray();
 }

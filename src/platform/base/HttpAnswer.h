@@ -19,6 +19,8 @@ public:
     void take(QByteArrayView bytes);
     /// The server has closed the connection.
     void takeEnd();
+    /// The connection has broken: what is not whole by now will never be.
+    void takeReset();
 
     /// Whether the answer is complete: its body is as long as its header or its chunks say, or, if they don't
     /// say, lasts until the server closes the connection. A redirect is complete without its body.

@@ -79,6 +79,7 @@ void HttpFetch::request(const QUrl& address) {
 
 void HttpFetch::send() {
     m_silence.start();
+    m_end = TcpEnd(m_connection->socketDescriptor());
     m_connection->write(requestFor(m_address));
 }
 
@@ -89,13 +90,13 @@ void HttpFetch::takeBytes() {
 }
 
 void HttpFetch::takeError(QAbstractSocket::SocketError error) {
-    // A server that closes the connection may just have come to the end of its answer.
+    // A server that closes the connection may just have come to the end of its answer. See takeEnd.
     if (error != QAbstractSocket::RemoteHostClosedError) abort();
 }
 
 void HttpFetch::takeEnd() {
     m_answer.take(m_connection->readAll());
-    m_answer.takeEnd();
+    m_end.wasReset() ? m_answer.takeReset() : m_answer.takeEnd();
     judge();
 }
 
@@ -121,6 +122,7 @@ void HttpFetch::dropConnection() {
     m_connection->abort();
     m_connection->deleteLater();
     m_connection = nullptr;
+    m_end = {};
 }
 
 void HttpFetch::end(bool isWhole) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "../base/HttpAnswer.h"
+#include "../base/TcpEnd.h"
 
 #include <QPointer>
 #include <QTcpSocket>
@@ -62,6 +63,7 @@ private:
     const TransferLimits m_limits;
     QUrl m_address;
     QPointer<QTcpSocket> m_connection;
+    TcpEnd m_end; // of this connection
     HttpAnswer m_answer;
     QTimer m_silence;
     int m_redirects = 0;

@@ -112,6 +112,16 @@ private slots:
         QVERIFY(answer.isBroken());
         QVERIFY(sent <= 65 * 1024);
     }
+    void after_a_reset_only_what_was_whole_before_is_whole() {
+        HttpAnswer endless(longest);
+        endless.take("HTTP/1.1 200 OK\r\n\r\nbody");
+        endless.takeReset();
+        QVERIFY(endless.isBroken());
+        HttpAnswer counted(longest);
+        counted.take("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nbody");
+        counted.takeReset();
+        QVERIFY(counted.isWhole());
+    }
     void a_redirect_is_whole_without_its_body_and_names_its_target() {
         HttpAnswer answer(longest);
         answer.take("HTTP/1.1 302 Found\r\nContent-Length: 999\r\nLOCATION:  /there \r\n\r\n");

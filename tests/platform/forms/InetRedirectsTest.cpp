@@ -137,6 +137,13 @@ private slots:
         QCOMPARE(from(secure).failure, deviceError);
         QCOMPARE(secure.requests.size(), 0);
     }
+    void a_reset_of_a_secure_line_is_a_failure_and_its_end_is_none() {
+        const QSslConfiguration identity = identityOf(u"IP:127.0.0.1"_s);
+        trust(identity);
+        const QByteArray answer = "HTTP/1.1 200 OK\r\n\r\nfive!";
+        QCOMPARE(from(WebServer(WebServer::saying(answer), identity)).body, "five!");
+        QCOMPARE(from(WebServer(WebServer::breakingOffAfter(answer), identity)).failure, deviceError);
+    }
     void a_large_body_over_a_secure_line_arrives_whole() {
         const QSslConfiguration identity = identityOf(u"IP:127.0.0.1"_s);
         trust(identity);

@@ -142,10 +142,29 @@ private slots:
         QTest::addColumn<QByteArray>("answer");
         QTest::newRow("with a length") << open200 + "Content-Length: 10\r\n\r\nfive!";
         QTest::newRow("in chunks") << chunked + "5\r\nfive!\r\n";
+        QTest::newRow("without a length") << open200 + "\r\nfive!";
+        QTest::newRow("without a length, long") << open200 + "\r\n" + QByteArray(500'000, 'x');
+        QTest::newRow("without a length, nothing yet") << open200 + "\r\n";
     }
     void a_reset_in_the_middle_of_a_body_is_a_failure() {
         QFETCH(QByteArray, answer);
         QCOMPARE(from(WebServer::breakingOffAfter(answer)).failure, deviceError);
+    }
+    void a_reset_after_a_whole_body_does_no_harm() {
+        QCOMPARE(from(WebServer::breakingOffAfter(answerOf("body"))).body, "body");
+    }
+    void a_reset_is_never_taken_for_the_end_of_a_body_nor_the_end_for_a_reset() {
+        const QByteArray answer = open200 + "\r\nfive!";
+        const WebServer resetting([&](QTcpSocket& client, const QByteArray&) {
+            client.write(answer);
+            client.flush();
+            WebServer::reset(client);
+        });
+        const WebServer closing(answer);
+        for (int i = 0; i < 200; ++i) {
+            QCOMPARE(from(resetting).failure, deviceError);
+            QCOMPARE(from(closing).body, "five!");
+        }
     }
     void silence_is_a_failure_data() {
         QTest::addColumn<QByteArray>("before");
