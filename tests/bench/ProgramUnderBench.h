@@ -2,6 +2,8 @@
 // The program as its main() makes it, on a folder and settings that the benchmark chooses.
 #pragma once
 
+#include "Mouse.h"
+#include "Repaints.h"
 #include "app/Program.h"
 #include "art/ArtResources.h"
 #include "platform/base/NativeProcess.h"
@@ -29,6 +31,17 @@ struct ProgramUnderBench {
             _exit(3);
         }
         return *window;
+    }
+
+    /// The database window, opened by the button of the main window, when its list has been painted. The
+    /// host's folder must have a file.
+    EditDB& openedDatabase() {
+        click(program.loaded<MainFrm>()->chameleonButton3);
+        EditDB& window = *program.loaded<EditDB>();
+        Repaints repaints(window.ListView1);
+        window.ListView1.update();
+        repaints.awaitOne();
+        return window;
     }
 
     DesktopMessageBoxes messages;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waits until a window has painted a change, in any of its widgets.
+// Waits until a window or a part of it has painted a change, in any of its widgets.
 #pragma once
 
 #include <QApplication>
@@ -10,10 +10,13 @@ namespace torvane::bench {
 
 class Repaints : public QObject {
 public:
-    explicit Repaints(const QWidget& window) : m_window(window) { qApp->installEventFilter(this); }
+    /// Of a window, or of a widget with all that lies on it.
+    explicit Repaints(const QWidget& top) : m_top(top) { qApp->installEventFilter(this); }
     bool eventFilter(QObject* object, QEvent* event) override {
-        const bool isPaint = event->type() == QEvent::Paint && object->isWidgetType();
-        m_painted = m_painted || (isPaint && static_cast<QWidget*>(object)->window() == &m_window);
+        if (event->type() == QEvent::Paint && object->isWidgetType()) {
+            const auto* painted = static_cast<QWidget*>(object);
+            m_painted = m_painted || painted == &m_top || m_top.isAncestorOf(painted);
+        }
         return false;
     }
     void awaitOne() {
@@ -22,7 +25,7 @@ public:
     }
 
 private:
-    const QWidget& m_window;
+    const QWidget& m_top;
     bool m_painted = false;
 };
 

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: MIT
-// A tag database of a million lines in a shown list: read, filtered and painted, and scrolled by a page, in
-// turns with a count of its lines by wc. Usage: bench_database PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS
+// The database window over a file of a million lines: from the click on its filter button to the painted
+// list, and scrolled by a page, in turns with a count of the lines by wc.
+// Usage: bench_database PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS
 // Prints median wall nanoseconds: "rare" (one line in a thousand passes), "all", "page" and "count-lines";
 // and in kB, "file-kB" and "memory-kB", by how much the peak of the resident memory has grown.
 #include "DatabaseFile.h"
 #include "ProgramUnderBench.h"
-#include "Repaints.h"
 #include "Samples.h"
-#include "platform/forms/ColumnListView.h"
-#include "tagdb/OnlineDb.h"
 
 #include <QProcess>
 #include <QScrollBar>
 #include <QTableView>
-#include <QWindow>
 #include <cinttypes>
 #include <filesystem>
 #include <map>
@@ -23,8 +20,6 @@ namespace torvane::bench {
 
 namespace {
 constexpr int lines = 1'000'000;
-constexpr FormDesign design{
-    .name = "Database", .title = "Database", .clientSize = {523, 473}, .inTaskBar = true};
 
 std::int64_t peakMemory() {
     rusage usage{};
@@ -34,24 +29,16 @@ std::int64_t peakMemory() {
 
 class Database {
 public:
-    Database(Runtime& runtime, const char* folder) : m_form(runtime, design) {
-        m_globals.AppPath = Paths::spelled(folder);
-        m_path = std::string(folder) + "/online_db.dat";
+    /// The window, which shows some other database, and the folder of the program.
+    Database(EditDB& window, const std::string& folder)
+        : m_window(window), m_path(folder + "/online_db.dat"), m_memoryBefore(peakMemory()) {
         makeDatabase(m_path, lines);
-        m_form.Show();
-        while (m_form.windowHandle() == nullptr || !m_form.windowHandle()->isExposed()) {
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-        m_repaints.awaitOne();
-        m_memoryBefore = peakMemory();
     }
 
     void take(int round) {
-        OnlineDbFilter rare;
-        rare.game = QString::fromLatin1(rareTitle).toLower();
         sample("count-lines", round, [&] { countLines(); });
-        filter("rare", round, rare, lines / linesPerRareTitle);
-        filter("all", round, {}, lines);
+        filter("rare", round, QString::fromLatin1(rareTitle).toLower(), lines / linesPerRareTitle);
+        filter("all", round, QString(), lines);
         scroll(round);
     }
     void print() const {
@@ -68,18 +55,18 @@ private:
         wc.start(QStringLiteral("wc"), words);
         mustHold(wc.waitForFinished() && wc.readAll().startsWith(QByteArray::number(lines)));
     }
-    void filter(const char* name, int round, const OnlineDbFilter& filter, int expected) {
+    void filter(const char* name, int round, const QString& game, int expected) {
+        m_window.File_Game.setText(game);
+        QApplication::processEvents();
         sample(name, round, [&] {
-            m_list.Clear();
-            m_list.setItems(
-                OnlineDb(m_globals).filtered(filter, QDate(2026, 11, 22), QStringLiteral("d/M/yyyy")));
+            click(m_window.ChameleonButton2);
             m_repaints.awaitOne();
         });
-        mustHold(m_list.rowCount() == expected);
+        mustHold(m_window.ListView1.rowCount() == expected);
         QApplication::processEvents();
     }
     void scroll(int round) {
-        QScrollBar& bar = *m_list.findChild<QTableView*>()->verticalScrollBar();
+        QScrollBar& bar = *m_window.ListView1.findChild<QTableView*>()->verticalScrollBar();
         bar.setValue(lines / (round + 2));
         QApplication::processEvents();
         sample("page", round, [&] {
@@ -94,19 +81,20 @@ private:
         if (round > 0) m_samples[name].push_back(time);
     }
 
-    Globals m_globals;
+    EditDB& m_window;
     std::string m_path;
-    Form m_form;
-    ImageList m_icons{m_form, "icons", {"delete-16.png", "copy-16.png", "tag-delete-16.png"}};
-    ColumnListView m_list{m_form, "list", {0, 0, 523, 473}, m_icons, {.widths = {150, 100, 70, 60, 80, 63}}};
-    Repaints m_repaints{m_form};
+    Repaints m_repaints{m_window.ListView1};
     std::map<const char*, std::vector<std::int64_t>> m_samples;
-    std::int64_t m_memoryBefore = 0;
+    std::int64_t m_memoryBefore;
 };
 
 int runDatabase(const char* programFolder, const char* configurationFolder, int rounds) {
     ProgramUnderBench bench(programFolder, configurationFolder);
-    Database database(bench.runtime, programFolder);
+    bench.startedMainWindow();
+    const std::string site = std::string(programFolder) + "/data/site";
+    std::filesystem::create_directories(site);
+    makeDatabase(site + "/online_db.txt", 0);
+    Database database(bench.openedDatabase(), programFolder);
     for (int round = 0; round <= rounds; ++round) database.take(round);
     database.print();
     std::fflush(nullptr);

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Opens the window of the tag database, with a file of 10,000 entries and with an empty one in turns, and
-// measures the time from the click to the painted list.
+// Opens the window of the tag database by the button of the main window, with a file of 10,000 entries and
+// with an empty one in turns, and measures the time from the click to the painted list.
 // Usage: bench_opening PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS
 // Prints the medians of "empty" and "full" in nanoseconds.
 #include "Clock.h"
 #include "DatabaseFile.h"
 #include "ProgramUnderBench.h"
-#include "Repaints.h"
 
 #include <QApplication>
 #include <algorithm>
@@ -22,8 +21,8 @@ constexpr int entries = 10000;
 
 class Opening {
 public:
-    Opening(Program& program, const std::string& programFolder)
-        : m_program(program), m_site(programFolder + "/data/site") {
+    Opening(ProgramUnderBench& bench, const std::string& programFolder)
+        : m_bench(bench), m_site(programFolder + "/data/site") {
         std::filesystem::create_directories(m_site);
     }
 
@@ -31,19 +30,16 @@ public:
     std::int64_t take(int lines) {
         makeDatabase(m_site + "/online_db.txt", lines);
         const std::int64_t start = wallClock();
-        m_program.desk.go(Window::MainFrm, Window::EditDB);
-        EditDB& window = *m_program.loaded<EditDB>();
-        Repaints repaints(window);
-        window.ListView1.update();
-        repaints.awaitOne();
+        EditDB& window = m_bench.openedDatabase();
         const std::int64_t time = wallClock() - start;
         if (window.ListView1.rowCount() != lines) _exit(3);
         window.Unload();
+        QApplication::processEvents();
         return time;
     }
 
 private:
-    Program& m_program;
+    ProgramUnderBench& m_bench;
     std::string m_site;
 };
 
@@ -55,7 +51,7 @@ std::int64_t median(std::vector<std::int64_t> times) {
 int runOpening(const char* programFolder, const char* configurationFolder, int rounds) {
     ProgramUnderBench bench(programFolder, configurationFolder);
     bench.startedMainWindow();
-    Opening opening(bench.program, programFolder);
+    Opening opening(bench, programFolder);
     opening.take(entries);
     std::vector<std::int64_t> empty;
     std::vector<std::int64_t> full;
