@@ -99,6 +99,16 @@ def catalogue_names():
     return names
 
 
+def application_of(process):
+    """What the process of that number shows on the bus; nothing before there is a window."""
+    desktop = Atspi.get_desktop(0)
+    desktop.set_cache_mask(Atspi.Cache.NONE)
+    for part in children(desktop):
+        if part.get_process_id() == process and part.get_child_count() > 0:
+            return part
+    return None
+
+
 class Program:
     """The running program, as the tool sees it. Used as a context: it is ended in any case."""
 
@@ -112,21 +122,13 @@ class Program:
         self.process = subprocess.Popen([os.path.join(folder, "torvane")], env=environment)
 
     def __enter__(self):
-        self.application = wait_for("the program on the bus", self._find)
+        self.application = wait_for("the program on the bus", lambda: application_of(self.process.pid))
         self.application.set_cache_mask(Atspi.Cache.NONE)
         return self
 
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
-
-    def _find(self):
-        desktop = Atspi.get_desktop(0)
-        desktop.set_cache_mask(Atspi.Cache.NONE)
-        for part in children(desktop):
-            if part.get_process_id() == self.process.pid and part.get_child_count() > 0:
-                return part
-        return None
 
     def has_ended(self):
         return self.process.poll() is not None
