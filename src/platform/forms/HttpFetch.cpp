@@ -3,12 +3,10 @@
 #include "HttpFetch.h"
 
 #include <QCoreApplication>
-#include <QSslSocket>
 
 namespace torvane {
 
 namespace {
-constexpr qint64 readBuffer = 1 << 20; // bytes; beyond these a fast server has to wait
 constexpr int httpPort = 80;
 constexpr int httpsPort = 443;
 
@@ -60,32 +58,26 @@ void HttpFetch::request(const QUrl& address) {
     m_silence.start();
     m_address = address;
     m_answer = HttpAnswer(m_limits.bytes);
-    auto* secure = isSecure(address) ? new QSslSocket(this) : nullptr;
-    m_connection = secure != nullptr ? secure : new QTcpSocket(this);
-    m_connection->setReadBufferSize(readBuffer);
-    connect(m_connection, &QTcpSocket::readyRead, this, &HttpFetch::takeBytes);
-    connect(m_connection, &QTcpSocket::errorOccurred, this, &HttpFetch::takeError);
-    connect(m_connection, &QTcpSocket::disconnected, this, &HttpFetch::takeEnd);
-    const QString host = address.host(QUrl::FullyEncoded);
-    if (secure != nullptr) {
-        // The certificate is checked against the host, and any fault of it ends the connection.
-        connect(secure, &QSslSocket::encrypted, this, &HttpFetch::send);
-        secure->connectToHostEncrypted(host, portOf(address));
-    } else {
-        connect(m_connection, &QTcpSocket::connected, this, &HttpFetch::send);
-        m_connection->connectToHost(host, portOf(address));
-    }
+    using Line = HostConnection::Line;
+    m_connection = new HostConnection(isSecure(address) ? Line::secure : Line::plain, this);
+    connect(m_connection, &HostConnection::connected, this, &HttpFetch::send);
+    connect(m_connection, &HostConnection::failed, this, &HttpFetch::abort);
+    m_connection->open(address.host(QUrl::FullyEncoded), portOf(address), m_limits.silenceMilliseconds);
 }
 
 void HttpFetch::send() {
     m_silence.start();
-    m_end = TcpEnd(m_connection->socketDescriptor());
-    m_connection->write(requestFor(m_address));
+    QTcpSocket& socket = m_connection->socket();
+    connect(&socket, &QTcpSocket::readyRead, this, &HttpFetch::takeBytes);
+    connect(&socket, &QTcpSocket::errorOccurred, this, &HttpFetch::takeError);
+    connect(&socket, &QTcpSocket::disconnected, this, &HttpFetch::takeEnd);
+    m_end = TcpEnd(socket.socketDescriptor());
+    socket.write(requestFor(m_address));
 }
 
 void HttpFetch::takeBytes() {
     m_silence.start();
-    m_answer.take(m_connection->readAll());
+    m_answer.take(m_connection->socket().readAll());
     judge();
 }
 
@@ -95,7 +87,7 @@ void HttpFetch::takeError(QAbstractSocket::SocketError error) {
 }
 
 void HttpFetch::takeEnd() {
-    m_answer.take(m_connection->readAll());
+    m_answer.take(m_connection->socket().readAll());
     m_end.wasReset() ? m_answer.takeReset() : m_answer.takeEnd();
     judge();
 }
@@ -119,7 +111,7 @@ void HttpFetch::follow(const QUrl& target) {
 void HttpFetch::dropConnection() {
     if (m_connection == nullptr) return;
     m_connection->disconnect(this);
-    m_connection->abort();
+    m_connection->close();
     m_connection->deleteLater();
     m_connection = nullptr;
     m_end = {};

@@ -5,10 +5,8 @@
 
 #include "../base/HttpAnswer.h"
 #include "../base/TcpEnd.h"
+#include "HostConnection.h"
 
-#include <QPointer>
-#include <QTcpSocket>
-#include <QTimer>
 #include <QUrl>
 
 namespace torvane {
@@ -62,7 +60,7 @@ private:
 
     const TransferLimits m_limits;
     QUrl m_address;
-    QPointer<QTcpSocket> m_connection;
+    QPointer<HostConnection> m_connection;
     TcpEnd m_end; // of this connection
     HttpAnswer m_answer;
     QTimer m_silence;
