@@ -11,8 +11,10 @@ MainFrm& MainWindowShelf::window() {
 }
 
 SelectedGame MainWindowShelf::selected() {
-    const FileList& games = window().Games;
-    return {games.FileName(), games.filePath(), games.ListIndex(), games.ListCount()};
+    MainFrm& main = window();
+    const FileList& games = main.Games;
+    return {games.FileName(), games.filePath(), games.ListIndex(), games.ListCount(),
+            main.GameTitle.Caption()};
 }
 
 void MainWindowShelf::select(int index) { window().Games.setListIndex(index); }

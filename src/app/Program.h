@@ -3,6 +3,7 @@
 // in its own answers instead of the outside world.
 #pragma once
 
+#include "CompactWindowReach.h"
 #include "MainWindowShelf.h"
 #include "TorvaneDesk.h"
 #include "Windows.h"
@@ -40,6 +41,7 @@ public:
     LanguageTables language{globals};
     Hosts hosts{globals};
     MainWindowShelf shelf;
+    CompactWindowReach compact;
     Funciones funciones;
     EmulatorCatalogue emulators{globals};
     ShellAndClose shell;

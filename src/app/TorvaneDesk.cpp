@@ -48,6 +48,8 @@ constexpr std::array ways = {
     Way{Window::MainFrm, Window::AdvSearch, Opening::aboveOpener, Return::nobody},
     Way{Window::MainFrm, Window::ZIP_Viewer, Opening::replacesMain, Return::mainUnlessCompact},
     Way{Window::MainFrm, Window::MainFrm, Opening::anew, Return::nobody},
+    Way{Window::Torvette, Window::AdvSearch, Opening::aboveOpener, Return::nobody},
+    Way{Window::Torvette, Window::NewAssistant, Opening::aboveOpener, Return::nobody},
     Way{Window::EditDB, Window::DB_Info, Opening::heldByOpener, Return::nobody},
     Way{Window::EditDB, Window::Form2, Opening::heldByOpener, Return::nobody},
 };

@@ -10,6 +10,7 @@
 #include "mainwindow/Form2.h"
 #include "mainwindow/MainFrm.h"
 #include "mainwindow/Menuing.h"
+#include "mainwindow/Torvette.h"
 #include "tagdb/dbinfo/DB_Info.h"
 #include "tagdb/editdb/EditDB.h"
 #include "toolkit/torvmsg/TorvMsg.h"
@@ -18,6 +19,6 @@
 namespace torvane {
 
 using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
-                          DB_Info, Form2>;
+                          DB_Info, Form2, Torvette>;
 
 } // namespace torvane

@@ -12,6 +12,7 @@ struct SelectedGame {
     QString path;   ///< spelled (see Paths); meaningless without a name
     int index = -1; ///< place in the list, counted from 0; -1 for none
     int count = 0;  ///< games in the list
+    QString title;  ///< as the panel shows it: the tag's, or the text that says that there is none
 };
 
 /// All operations but `refresh`, `tagChanged` and `setTakesInput` load the main window if it is not there.

@@ -6,6 +6,7 @@ namespace torvane {
 
 struct Runtime;
 struct Globals;
+class CompactWindow;
 class Desk;
 class EmulatorCatalogue;
 class Funciones;
@@ -19,6 +20,7 @@ struct Services {
     Runtime& runtime;
     Desk& desk;
     GameShelf& shelf;
+    CompactWindow& compact;
     Globals& globals;
     const LanguageTables& language;
     const Hosts& hosts;
