@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Requests to the main window.
 #include "MainWindowShelf.h"
+#include "platform/forms/Screen.h"
 
 namespace torvane {
 
@@ -36,6 +37,8 @@ void MainWindowShelf::launch() { window().Label15_Click(); }
 int MainWindowShelf::listTop() { return window().ListView1.Top(); }
 
 void MainWindowShelf::setListTop(int pixels) { window().ListView1.setTop(pixels); }
+
+QRect MainWindowShelf::screen() { return Screen::geometryOf(window()); }
 
 void MainWindowShelf::setTakesInput(bool takes) {
     MainFrm* window = m_windows.slot<MainFrm>().ifLoaded();

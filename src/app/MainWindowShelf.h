@@ -20,6 +20,7 @@ public:
     void launch() override;
     int listTop() override;
     void setListTop(int pixels) override;
+    QRect screen() override;
     void setTakesInput(bool takes) override;
 
     // MainWindowReach

@@ -74,15 +74,20 @@ constexpr bool areAllReached() {
 }
 static_assert(areAllReached(), "a window of Windows.h has no row in the table of ways");
 
+const Way* wayBetween(Window from, Window to) {
+    const auto* way = std::find_if(ways.begin(), ways.end(),
+                                   [&](const Way& row) { return row.from == from && row.to == to; });
+    return way == ways.end() ? nullptr : way;
+}
+
 constexpr size_t placeOf(Window window) { return static_cast<size_t>(window); }
 } // namespace
 
 bool TorvaneDesk::exists(Window window) const { return Windows::has(window); }
 
 void TorvaneDesk::go(Window from, Window to, const QStringList& subject) {
-    const auto* way = std::find_if(ways.begin(), ways.end(),
-                                   [&](const Way& row) { return row.from == from && row.to == to; });
-    if (way == ways.end() || !exists(to)) return;
+    const Way* way = wayBetween(from, to);
+    if (way == nullptr || !exists(to)) return;
     if (open(*way)) m_program.windows.take(to, subject);
 }
 
@@ -129,7 +134,11 @@ void TorvaneDesk::unloaded(Window window) {
     const Form* compact = m_program.windows.ifLoaded(Window::Torvette);
     const bool isCompact = compact != nullptr && compact->isVisible();
     if (way->comesBack == Return::mainUnlessCompact && isCompact) return;
-    if (Form* main = m_program.windows.load(Window::MainFrm)) main->Show();
+    Form* main = m_program.windows.load(Window::MainFrm);
+    if (main == nullptr) return;
+    // It may have been minimised when it was hidden.
+    if (main->windowStateWord() == Form::minimised) main->setWindowStateWord(Form::normal);
+    main->Show();
 }
 
 void TorvaneDesk::startApplication() {
@@ -147,7 +156,7 @@ void TorvaneDesk::startApplication() {
         return;
     }
     const Window first = firstWindow();
-    Form* window = m_program.windows.load(first);
+    Form* window = loadFirst(first);
     if (first == Window::MainFrm) selectFirstGame();
     if (window != nullptr) window->Show();
 }
@@ -157,7 +166,7 @@ void TorvaneDesk::introEnded() {
     windows.load(Window::MainFrm);
     selectFirstGame();
     const Window first = firstWindow();
-    Form* window = windows.load(first);
+    Form* window = loadFirst(first);
     // The compact window shows itself before the intro goes, the main window after it.
     if (first == Window::Torvette && window != nullptr) window->Show();
     windows.unload(Window::Splash);
@@ -166,6 +175,12 @@ void TorvaneDesk::introEnded() {
 
 void TorvaneDesk::selectFirstGame() {
     if (MainFrm* window = m_program.loaded<MainFrm>()) window->selectGame(0);
+}
+
+// The compact window leads to the main one, as if it had been opened from there.
+Form* TorvaneDesk::loadFirst(Window first) {
+    if (first == Window::Torvette) m_cameBy[placeOf(first)] = wayBetween(Window::MainFrm, first);
+    return m_program.windows.load(first);
 }
 
 Window TorvaneDesk::firstWindow() const {

@@ -32,6 +32,8 @@ private:
     void raiseOwned(Window owner);
     /// Closes the windows that go when their opener goes.
     void unloadHeld(Window opener);
+    /// Loads the window that the start shows.
+    Form* loadFirst(Window first);
     /// Selects the first game, whatever is wrong with it.
     void selectFirstGame();
     /// The window that the user's setting wants first.

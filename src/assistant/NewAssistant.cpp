@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The pages of the assistant and the ways between them.
 #include "NewAssistant.h"
+#include "core/CompactWindow.h"
 #include "core/GameShelf.h"
 #include "platform/base/File.h"
 #include "toolkit/InputWords.h"
@@ -63,6 +64,7 @@ void NewAssistant::Load() {
 void NewAssistant::onUnload() {
     Timer1.setEnabled(false);
     m.shelf.refresh();
+    m.compact.refresh();
 }
 
 void NewAssistant::chameleonButton1_Click() {

@@ -3,6 +3,7 @@
 // the window itself, so that no other window includes it.
 #pragma once
 
+#include <QRect>
 #include <QString>
 
 namespace torvane {
@@ -34,6 +35,9 @@ public:
     /// The top edge of the game list within its panel, in pixels.
     virtual int listTop() = 0;
     virtual void setListTop(int pixels) = 0;
+    /// The whole screen that the main window is on, or was on when it was hidden, in device-independent
+    /// pixels.
+    virtual QRect screen() = 0;
     /// Keeps the main window from taking input while a question is open, or lets it take input again if the
     /// user can see it. Does nothing while there is no main window.
     virtual void setTakesInput(bool takes) = 0;

@@ -3,6 +3,7 @@
 #include "Form2.h"
 #include "catalogue/ID3.h"
 #include "catalogue/TagInput.h"
+#include "core/CompactWindow.h"
 #include "core/GameShelf.h"
 #include "core/Globals.h"
 #include "platform/base/File.h"
@@ -55,6 +56,7 @@ void Form2::Command1_Click() {
         id3.AppendRomTag(path);
     }
     m.shelf.tagChanged(path);
+    m.compact.refresh();
     m.runtime.messages.MsgBox(QStringLiteral("TAG Completado"));
     Unload();
 }

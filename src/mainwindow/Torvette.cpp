@@ -1,47 +1,116 @@
 // SPDX-License-Identifier: MIT
-// What the compact window shows, and what its buttons do.
+// What the compact window shows: the running line and the data of the selected game.
 #include "Torvette.h"
 #include "catalogue/ID3.h"
 #include "core/CompactTexts.h"
-#include "core/Desk.h"
 #include "core/Pieces.h"
+#include "core/Texts.h"
 #include "platform/base/File.h"
+
+#include <QFontMetrics>
 
 namespace torvane {
 
 namespace {
+// What load and refresh take for the title of a game without one, whatever the language. Steps and the timer
+// ask the language file.
 const QString designMissing = QStringLiteral("No disponible");
 
 QString nameOf(const SelectedGame& game, const QString& missing) {
     return game.title == missing ? game.name : game.title;
 }
+
+QString missingIn(const LanguageTables& language) { return Texts(language, "Globals")("nodisp"); }
 } // namespace
 
-Torvette::Torvette(const Services& services) : TorvetteDesign(services.runtime), m(services) {}
+Torvette::Torvette(const Services& services) : TorvetteDesign(services.runtime), m(services) {
+    Text1.setVisible(false);
+    Timer1.setEnabled(false);
+    wire(Timer1, &Timer::Tick, &Torvette::Timer1_Tick);
+    wire(*this, &Form::resized, &Torvette::runWhileSeen);
+    nameButtons();
+    liftStrip();
+    wireButtons();
+    wireKeys();
+    setFolded(true);
+}
 
 void Torvette::Load() {
     RefreshMyList();
+    takeCorner();
+    takePin();
+    // A game that has gone meanwhile must not keep the window from appearing.
     runtime().reporting([this] { ROMData(); });
 }
 
-void Torvette::RefreshMyList() {
-    Text1.setText(CompactTexts::line(nameOf(m.shelf.selected(), designMissing)));
+void Torvette::RefreshMyList() { setLine(designMissing); }
+
+void Torvette::showStep() {
+    setLine(missingIn(m.language));
+    ROMData();
+}
+
+void Torvette::setLine(const QString& missing) {
+    const QString name = nameOf(m.shelf.selected(), missing);
+    Text1.setText(CompactTexts::line(name));
+    // Assistive tools are told the whole name, once, and not each step of the line.
+    setSpokenName(Label1, name);
+}
+
+// The line that runs has its own copy of the name; the one that stands follows the main window.
+void Torvette::Timer1_Tick() {
+    if (CompactTexts::runs(Text1.Text())) {
+        Text1.setText(CompactTexts::advanced(Text1.Text()));
+        Label1.setCaption(CompactTexts::seen(Text1.Text()));
+    } else {
+        ignoring([this] {
+            Label1.setCaption(CompactTexts::shown(nameOf(m.shelf.selected(), missingIn(m.language))));
+        });
+    }
 }
 
 void Torvette::ROMData() {
     const SelectedGame game = m.shelf.selected();
+    showTag(game);
+    // Without a game there is no file to ask.
+    if (!game.name.isEmpty()) {
+        Label5.setCaption(QString::number(File::lengthOf(game.path) / 1024) + QStringLiteral(" KB"));
+    }
+    showNumber(CompactTexts::number(game.index + 1));
+}
+
+void Torvette::showTag(const SelectedGame& game) {
     Label6.setCaption(m.id3.RomTag.Company);
     Label7.setCaption(m.id3.RomTag.Info);
     const QString console = CompactTexts::console(game.name);
     if (!console.isNull()) Label4.setCaption(console);
     if (secondPiece(game.name) == QStringLiteral("zip")) {
-        Label6.setCaption(QString());
-        Label7.setCaption(QString());
+        for (Label* label : {&Label6, &Label7}) label->setCaption(QString());
     }
-    Label5.setCaption(QString::number(File::lengthOf(game.path) / 1024) + QStringLiteral(" KB"));
-    Label3.setCaption(CompactTexts::number(game.index + 1));
+    if (!game.name.isEmpty()) return;
+    for (Label* label : {&Label4, &Label5, &Label6, &Label7}) label->setCaption(QString());
 }
 
-void Torvette::queryUnload() { Unload(); }
+// Some numbers are wider than the label in the type of the design.
+void Torvette::showNumber(const QString& number) {
+    FontSpec font = Label3.fontSpec();
+    font.points = 24;
+    while (QFontMetrics(Fonts::of(font)).horizontalAdvance(number) > Label3.width()) font.points -= 1;
+    Label3.setFontSpec(font);
+    Label3.setCaption(number);
+}
+
+// A timer that nobody sees the work of rests.
+void Torvette::runWhileSeen() { Timer1.setEnabled(isVisible() && windowStateWord() != minimised); }
+
+void Torvette::showEvent(QShowEvent* event) {
+    TorvetteDesign::showEvent(event);
+    runWhileSeen();
+}
+
+void Torvette::hideEvent(QHideEvent* event) {
+    TorvetteDesign::hideEvent(event);
+    runWhileSeen();
+}
 
 } // namespace torvane

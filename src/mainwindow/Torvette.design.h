@@ -19,15 +19,6 @@ struct TorvetteDesign : Form {
     explicit TorvetteDesign(Runtime& runtime)
         : Form(runtime, {.name="Torvette", .title="Torvane 1.1", .clientSize={300,23}, .start=FormDesign::systemDefault,
                          .picture="Torvette.jpg", .backColour=0x0080FF, .inTaskBar=true}) {
-        Edit_Menu.isCalled(spoken("previousgame", "Juego anterior"));
-        chameleonButton1.isCalled(spoken("nextgame", "Juego siguiente"));
-        chameleonButton2.isCalled({"MainMenu", "loadrom", "Cargar esta ROM!"});
-        chameleonButton3.isCalled(spoken("backtomain", "Volver a la ventana principal"));
-        ChameleonButton4.isCalled(spoken("unfold", "Mostrar los datos del juego"));
-        ChameleonButton6.isCalled(tip("search", "Búsqueda Avanzada"));
-        ChameleonButton7.isCalled(spoken("unpin", "Dejar de estar siempre encima"));
-        ChameleonButton9.isCalled(spoken("pin", "Siempre encima"));
-        ChameleonButton10.isCalled(spoken("fold", "Ocultar los datos del juego"));
         Text1.conceal();
     }
 

@@ -7,6 +7,7 @@
 #include "core/GameShelf.h"
 #include "core/Services.h"
 #include "core/Window.h"
+#include "toolkit/DragStrip.h"
 
 namespace torvane {
 
@@ -21,17 +22,44 @@ public:
     /// Runs once after construction.
     void Load();
 
-    /// Builds the running line anew from the selected game.
+    /// Builds the running line anew from the selected game. It appears at the timer's next tick.
     void RefreshMyList();
-    /// Shows the data of the selected game. Fails if its file can't be opened, with all but size and number
-    /// shown.
+    /// Shows the data of the selected game. Fails if its file can't be opened; then size and number stay
+    /// those of the game before.
     void ROMData();
 
 protected:
+    /// The window manager's close goes back to the main window, too.
     void queryUnload() override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
+    // Torvette.cpp: what is shown
+    void setLine(const QString& missing);
+    void showTag(const SelectedGame& game);
+    void showNumber(const QString& number);
+    void Timer1_Tick();
+    void runWhileSeen();
+
+    // Torvette.actions.cpp: what buttons, keys and the mouse do
+    void wireButtons();
+    void wireKeys();
+    void nameButtons();
+    void clicks(chameleonButton& button, std::initializer_list<Qt::Key> keys, bool repeats);
+    void liftStrip();
+    void previous();
+    void next();
+    void showStep();
+    void setFolded(bool folded);
+    void setPinned(bool pinned);
+    void takeCorner();
+    void takePin();
+    void snap();
+    void addGames(const QString& path);
+
     const Services& m;
+    DragStrip m_dragStrip{*this, Label2};
 };
 
 } // namespace torvane

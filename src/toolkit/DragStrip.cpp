@@ -19,8 +19,9 @@ QPoint DragStrip::pointInStrip(QPoint screenPosition) const {
 
 void DragStrip::press(QPoint screenPosition) {
     m_dragging = true;
-    m_dragX = pointInStrip(screenPosition).x();
-    m_dragY = pointInStrip(screenPosition).y();
+    // No strip is wider than fits 16 bits.
+    m_dragX = static_cast<qint16>(pointInStrip(screenPosition).x());
+    m_dragY = static_cast<qint16>(pointInStrip(screenPosition).y());
     m_window.setCursor(Qt::SizeAllCursor);
 }
 

@@ -27,8 +27,8 @@ private:
     Form& m_window;
     Label& m_strip;
     bool m_dragging = false;
-    int m_dragX = 0; // twips from the strip's corner
-    int m_dragY = 0;
+    qint16 m_dragX = 0; // twips from the strip's corner
+    qint16 m_dragY = 0;
 };
 
 /// Puts a window back inside the screen: left and top first, then right and bottom. No margin.

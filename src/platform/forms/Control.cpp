@@ -33,6 +33,7 @@ void Control::wordsChanged() {
     for (const QPointer<QWidget>& other : m_named) {
         if (other != nullptr) setSpokenName(*other, accessibleText());
     }
+    if (!accessibleName().isEmpty()) return;
     QAccessibleEvent changed(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&changed);
 }

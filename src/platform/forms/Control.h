@@ -65,7 +65,7 @@ public:
 protected:
     /// The parent is a form or a panel of one. A control with `takesTabPlace` gets the next place.
     Control(QWidget& parent, const char* name, const DesignRect& rect, bool takesTabPlace = true);
-    /// To be called when accessibleText() is another one.
+    /// To be called when accessibleText() is another one. Assistive tools hear of it if it is the name.
     void wordsChanged();
     /// The form that the control lies on, directly or in a panel.
     Form& form() const;

@@ -122,6 +122,11 @@ void Form::moveTo(int leftTwips, int topTwips) {
          qRound(static_cast<double>(topTwips) / twipsPerPixel));
 }
 
+void Form::setHeight(int twips) {
+    const QSize size(width(), qRound(static_cast<double>(twips) / twipsPerPixel));
+    m_design.border == FormDesign::sizable ? resize(size) : setFixedSize(size);
+}
+
 void Form::setPicture(const QPixmap& picture) {
     m_picture.replace(picture);
     update();

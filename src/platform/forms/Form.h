@@ -59,10 +59,13 @@ public:
     State windowStateWord() const;
     void setWindowStateWord(State state);
 
-    /// The window's place on the screen, in twips.
+    /// The window's place on the desktop and its width, in twips.
     int Left() const { return x() * twipsPerPixel; }
     int Top() const { return y() * twipsPerPixel; }
+    int Width() const { return width() * twipsPerPixel; }
     void moveTo(int leftTwips, int topTwips);
+    /// Makes the window taller or shorter than its design; twips.
+    void setHeight(int twips);
 
     /// The background picture: the design's at first. A null pixmap leaves the back colour.
     const QPixmap& picture() const { return m_picture.picture(devicePixelRatioF()); }
