@@ -68,10 +68,12 @@ public:
         for (int round = 0; round <= rounds; ++round) takeStarts(round > 0);
         for (int round = 0; round <= rounds; ++round) takeStartsFromOutside(round > 0);
         for (int round = 0; round <= rounds; ++round) takeSelections(round > 0);
+        for (int round = 0; round <= rounds; ++round) takeCompactStarts(round > 0);
         Report::printHead();
         reportStarts();
         reportMemory();
         reportSelections();
+        reportCompact();
         reportButtons();
         reportSaves();
         reportImports();
@@ -125,6 +127,17 @@ private:
         }
     }
 
+    void takeCompactStarts(bool counts) {
+        for (const char* which : {"0", "1"}) {
+            const Values values =
+                run({program("bench_compact"), m_small.folder, m_small.configuration, "start", which},
+                    m_small.configuration);
+            if (!counts) continue;
+            m_report.sample(std::string("compact ") + which,
+                            (values.at("painted") - values.at("started")) / 1e6);
+        }
+    }
+
     void rowAgainstBare(const std::string& what, const Library& library, const char* series, double limit,
                         const char* pattern) {
         const double own = m_report.median(library.name + ' ' + series);
@@ -162,6 +175,23 @@ private:
         }
         m_report.row("Selection in 100,000 games against 10,000",
                      of(m_large, "processor") / of(m_small, "processor"), 1.3, "processor time");
+    }
+
+    void reportCompact() {
+        const double plain = m_report.median("compact 0");
+        const double compact = m_report.median("compact 1");
+        m_report.row(
+            "Milliseconds that the compact window adds", compact - plain, 15,
+            format("%.1f ms to a start with it against %.1f ms with the main window", compact, plain));
+        const Values values = run(
+            {program("bench_compact"), m_large.folder, m_large.configuration, "use", std::to_string(rounds)},
+            m_large.configuration);
+        m_report.row("A step against a selection", values.at("step") / values.at("selection"), 1.5,
+                     format("%.3f ms against %.3f ms of processor time with the repaint",
+                            values.at("step") / 1e6, values.at("selection") / 1e6));
+        m_report.row("Per cent of a processor for its line", values.at("tick") * 2 / 1e7, 0.1,
+                     format("%.3f ms a tick; with all that runs %.3f shown, %.3f hidden",
+                            values.at("tick") / 1e6, values.at("shown") / 1e7, values.at("hidden") / 1e7));
     }
 
     void reportButtons() {
