@@ -19,6 +19,7 @@ struct TorvetteDesign : Form {
     explicit TorvetteDesign(Runtime& runtime)
         : Form(runtime, {.name="Torvette", .title="Torvane 1.1", .clientSize={300,23}, .start=FormDesign::systemDefault,
                          .picture="Torvette.jpg", .backColour=0x0080FF, .inTaskBar=true}) {
+        wordings().addName(*this, always("Torvane 1.1"));
         Text1.conceal();
     }
 

@@ -121,6 +121,20 @@ void question(Program& opened) {
     library(opened);
     click(opened.main().chameleonButton1);
 }
+void compact(Program& opened) {
+    library(opened);
+    opened.chooseRow(1);
+    click(opened.main().ChameleonButton12);
+    if (!QTest::qWaitForWindowExposed(opened.program->loaded<Torvette>())) qFatal("no compact window");
+}
+void compactOpen(Program& opened) {
+    compact(opened);
+    click(opened.program->loaded<Torvette>()->ChameleonButton4);
+}
+void compactPinned(Program& opened) {
+    compactOpen(opened);
+    click(opened.program->loaded<Torvette>()->ChameleonButton9);
+}
 void firstStart(Program& opened) {
     opened.world.setSetting("Language", QString());
     opened.start();
@@ -164,6 +178,9 @@ private slots:
         QTest::newRow("archive") << Scene(archive) << u"MainFrm"_s << 9;
         QTest::newRow("archive window") << Scene(archiveWindow) << u"ZIP_Viewer"_s << 2;
         QTest::newRow("question") << Scene(question) << u"TorvMsg"_s << 2;
+        QTest::newRow("compact") << Scene(compact) << u"Torvette"_s << 5;
+        QTest::newRow("compact, folded out") << Scene(compactOpen) << u"Torvette"_s << 6;
+        QTest::newRow("compact, pinned") << Scene(compactPinned) << u"Torvette"_s << 6;
         QTest::newRow("first start") << Scene(firstStart) << u"SelLangStartUp"_s << 3;
         QTest::newRow("language chosen") << Scene(languageChosen) << u"SelLangStartUp"_s << 3;
         QTest::newRow("welcome") << Scene(welcome) << u"NewAssistant"_s << 3;

@@ -19,6 +19,7 @@ QUESTION = "Are you sure you want to exit?"
 DATABASE = "Torvane 1.1 » OnLine DataBase"
 ENTRY = "OnLine DataBase ··· Entry"
 CHOICE = "Torvane 1.1 » Use ROM.TAG"
+COMPACT = "Torvane 1.1"
 LANGUAGES = "Idioma · Llengua · Language"
 
 
@@ -167,6 +168,34 @@ def main_window(walk):
         walk.check("the window is minimised", minimises, walk, program, window, "MainFrm", "Torvane 1.1")
         walk.check("a game is deleted", deletes_game, walk, program, window)
         walk.check("the program asks and ends", asks_before_the_end, walk, program, program.window(MAIN))
+
+
+def steps_and_plays(walk, program, window):
+    """Each part of the window is pressed, those of the panel after it is folded out."""
+    walk.look(window, "Torvette")
+    walk.press(window, "Torvette", "Show the game’s details")
+    walk.press(window, "Torvette", "Next game")
+    find(window, "#0002")
+    walk.press(window, "Torvette", "Previous game")
+    find(window, "#0001")
+    walk.press(window, "Torvette", "Load this ROM")
+    walk.wait_played(walk.rom("a.gb"))
+    for words in ("Keep on top", "Don’t keep on top"):
+        find(window, words)
+        walk.look(window, "Torvette")
+        walk.press(window, "Torvette", words)
+    walk.press(window, "Torvette", "Hide the game’s details")
+
+
+def compact(walk):
+    walk.fill_library(["a.gb", "b.gb"])
+    with walk.start(Intro=0, Start=1) as program:
+        window = program.window(COMPACT)
+        walk.check("the compact window steps, plays, folds and is pinned", steps_and_plays, walk, program, window)
+        walk.press(window, "Torvette", "Back to the main window")
+        window = program.window(MAIN)
+        walk.press(window, "MainFrm", "Switch to Torvette")
+        program.window(COMPACT)
 
 
 def make_archive(path):
@@ -328,6 +357,7 @@ def main():
     walk.check("the first start asks for the language", first_start, walk)
     walk.check("the intro can be left", intro, walk)
     walk.check("the main window", main_window, walk)
+    walk.check("the compact window", compact, walk)
     walk.check("the archive window", archive, walk)
     walk.check("the assistant", assistant, walk)
     walk.check("the database", database, walk)
