@@ -32,6 +32,15 @@ QPalette paletteOf(const DesktopLook& look) {
     }
     return palette;
 }
+
+// Menus lie on whatever is on the screen, so they need an edge: Qt's style makes it of the ground's colour.
+// Without the light colour disabled entries have no shadow, which would blur them.
+QPalette menuPaletteOf(const DesktopLook& look) {
+    QPalette palette = paletteOf(look);
+    palette.setColor(QPalette::Window, Colours::toQColor(look.selection));
+    palette.setColor(QPalette::Disabled, QPalette::Light, Qt::transparent);
+    return palette;
+}
 } // namespace
 
 void applyDesktopLook(const DesktopLook& look) {
@@ -40,6 +49,7 @@ void applyDesktopLook(const DesktopLook& look) {
     const QPalette palette = paletteOf(look);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    QApplication::setPalette(menuPaletteOf(look), "QMenu");
 }
 
 } // namespace torvane

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The colours of what the program does not paint itself: message boxes, file dialogs, scroll bars, tool tips.
+// The colours of what the program does not paint itself: message boxes, file dialogs, menus, scroll
+// bars, tool tips.
 #pragma once
 
 #include "Colours.h"

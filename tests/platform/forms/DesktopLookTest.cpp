@@ -90,6 +90,18 @@ private slots:
         QVERIFY(contrastOf(palette.color(group, text), palette.color(group, ground)) >= wanted);
     }
 
+    // Qt's style makes the edge of a menu a darker shade of the ground colour, and prints disabled entries
+    // twice, a pixel apart, the second time in the light colour.
+    void a_menu_stands_out_from_dark_windows_and_its_disabled_entries_are_sharp() {
+        const QPalette palette = QApplication::palette("QMenu");
+        const QColor edge = palette.color(QPalette::Window).darker(140);
+        QVERIFY(contrastOf(edge, palette.color(QPalette::Base)) > 1.3);
+        QCOMPARE(palette.color(QPalette::Disabled, QPalette::Light).alpha(), 0);
+        QVERIFY(contrastOf(palette.color(QPalette::Disabled, QPalette::Text),
+                           palette.color(QPalette::Base)) >= 3.0);
+        QVERIFY(contrastOf(palette.color(QPalette::Text), palette.color(QPalette::Base)) >= 4.5);
+    }
+
     void the_selection_and_a_tool_tip_can_be_read() {
         const QPalette palette = QApplication::palette();
         QVERIFY(contrastOf(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)) >
