@@ -5,8 +5,10 @@
 #include "../base/RuntimeFailure.h"
 #include "Form.h"
 #include "Pictures.h"
+#include "PopupMenu.h"
 
 #include <QBuffer>
+#include <QCursor>
 #include <QIcon>
 #include <QImageReader>
 #include <QSystemTrayIcon>
@@ -48,6 +50,23 @@ void TrayIcon::setShown(bool shown) {
     settle();
 }
 
+void TrayIcon::makeIcon() {
+    m_icon = std::make_unique<QSystemTrayIcon>();
+    m_icon->setToolTip(m_toolTip);
+    if (m_menu != nullptr) m_icon->setContextMenu(&m_menu->shown());
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger) emit clicked();
+                if (reason == QSystemTrayIcon::Context) popUpMenu();
+            });
+}
+
+// Over XEmbed Qt has opened the menu by now, and most desktops show it themselves. Others only say that the
+// user wants it.
+void TrayIcon::popUpMenu() {
+    if (m_menu != nullptr && !m_menu->isOpen()) m_menu->popUp(QCursor::pos());
+}
+
 void TrayIcon::settle() {
     if (m_settling) return;
     m_settling = true;
@@ -58,9 +77,8 @@ void TrayIcon::settle() {
             m_icon.reset();
             return;
         }
-        if (!m_icon) m_icon = std::make_unique<QSystemTrayIcon>();
+        if (!m_icon) makeIcon();
         m_icon->setIcon(QIcon(m_picture));
-        m_icon->setToolTip(m_toolTip);
         m_icon->show();
     });
 }

@@ -12,6 +12,8 @@ class QSystemTrayIcon;
 
 namespace torvane {
 
+class PopupMenu;
+
 class TrayIcon : public Component {
     Q_OBJECT
 
@@ -29,14 +31,24 @@ public:
     /// Shows or removes the icon.
     void setShown(bool shown);
     bool isShown() const { return m_shown; }
+    /// The menu that the right button opens. Desktops that show it themselves get it, too. It
+    /// outlives the icon.
+    void setMenu(PopupMenu& menu) { m_menu = &menu; }
+
+signals:
+    /// The user has pressed the left button on the icon, or what the desktop takes for that.
+    void clicked();
 
 private:
     void settle();
+    void makeIcon();
+    void popUpMenu();
 
     QString m_toolTip;
     QPixmap m_picture;
     bool m_shown = false;
     bool m_settling = false;
+    PopupMenu* m_menu = nullptr;
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The sign in the tray: its picture comes from a file that may be missing or something else.
 #include "platform/forms/TrayIcon.h"
+#include "platform/forms/PopupMenu.h"
 #include "support/Failing.h"
 #include "support/FakeWorld.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
 #include <QBuffer>
+#include <QMenu>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -90,6 +92,25 @@ private slots:
         QCoreApplication::processEvents();
         QVERIFY(!icon->isShown());
         QCOMPARE(icon->toolTip(), u"Torvane"_s);
+    }
+    // A start is over by then: the menu costs it nothing.
+    void the_menu_is_made_with_the_icon_and_not_before() {
+        MenuEntry root(*form, 0, "root", "x");
+        MenuEntry entry(*form, 1, "entry", "Entry");
+        PopupMenu menu(root);
+        const auto isMade = [] {
+            const QWidgetList all = QApplication::allWidgets();
+            return std::any_of(all.begin(), all.end(),
+                               [](const QWidget* widget) { return qobject_cast<const QMenu*>(widget); });
+        };
+        icon->setMenu(menu);
+        icon->setPicture(world->folder.write(u"0.dat"_s, picture(Qt::blue, "PNG")));
+        icon->setShown(true);
+        QCoreApplication::processEvents();
+        QVERIFY(!isMade());
+        QTRY_VERIFY(isMade());
+        QVERIFY(!menu.isOpen());
+        icon.reset();
     }
     void the_icon_may_go_before_the_event_loop_comes_to_rest() {
         icon->setPicture(world->folder.write(u"0.dat"_s, picture(Qt::blue, "PNG")));
