@@ -47,7 +47,8 @@ Input kindOf(QEvent::Type type) {
 }
 } // namespace
 
-HeldInput::HeldInput(const QWidget* closer) : m_closer(closer), m_modal(QApplication::activeModalWidget()) {
+HeldInput::HeldInput(const QWidget* closer)
+    : QObject(QCoreApplication::instance()), m_closer(closer), m_modal(QApplication::activeModalWidget()) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -55,6 +56,15 @@ HeldInput::~HeldInput() {
     for (Held& held : m_held) {
         if (held.receiver != nullptr) QCoreApplication::postEvent(held.receiver, held.event.release());
     }
+}
+
+void HeldInput::forget() {
+    std::erase_if(m_held, [](const Held& held) { return held.event->type() != QEvent::Close; });
+}
+
+bool HeldInput::isOn() {
+    return QCoreApplication::instance()->findChild<HeldInput*>(QString(), Qt::FindDirectChildrenOnly) !=
+           nullptr;
 }
 
 bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {

@@ -25,6 +25,13 @@ public:
     /// Posts the clicks, keys and the request to close a window that have come meanwhile, in their order.
     ~HeldInput() override;
 
+    /// Drops the clicks and keys that have come so far.
+    void forget();
+
+    /// Whether there is one just now. For what reaches the program in other ways than as input, such as the
+    /// choice of an entry in a menu that the desktop shows.
+    static bool isOn();
+
 signals:
     /// The user wants a form closed: the first request of the window manager, and every use of the closer. It
     /// is held back like all input.
