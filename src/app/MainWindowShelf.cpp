@@ -34,6 +34,12 @@ void MainWindowShelf::tagChanged(const QString& path) {
 
 void MainWindowShelf::launch() { window().Label15_Click(); }
 
+void MainWindowShelf::openSearchWeb() { window().OpenSearchWeb(); }
+
+void MainWindowShelf::restoreWindow() {
+    if (MainFrm* window = m_windows.slot<MainFrm>().ifLoaded()) window->setWindowStateWord(Form::normal);
+}
+
 int MainWindowShelf::listTop() { return window().ListView1.Top(); }
 
 void MainWindowShelf::setListTop(int pixels) { window().ListView1.setTop(pixels); }

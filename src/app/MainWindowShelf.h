@@ -18,6 +18,8 @@ public:
     void refresh() override;
     void tagChanged(const QString& path) override;
     void launch() override;
+    void openSearchWeb() override;
+    void restoreWindow() override;
     int listTop() override;
     void setListTop(int pixels) override;
     QRect screen() override;

@@ -9,9 +9,9 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
     : runtime(programRuntime), globals{applicationFolder, {}, {}, {}, {}}, shelf(windows, globals),
       compact(windows, runtime),
       funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, shelf),
-      shell(runtime.processes), id3(globals, language, runtime.messages),
-      desk(*this), services{runtime, desk,      shelf,     compact, globals, language,
-                            hosts,   funciones, emulators, shell,   id3},
+      shell(runtime.processes), id3(globals, language, runtime.messages), desk(*this),
+      foreground(*this), services{runtime,  desk,  shelf,     compact,   foreground, globals,
+                                  language, hosts, funciones, emulators, shell,      id3},
       windows(services, [this](Window window) { desk.unloaded(window); }) {
     runtime.failureText = [this](const RuntimeFailure& failure) {
         return FailureTexts(language).of(failure);

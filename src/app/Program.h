@@ -4,6 +4,7 @@
 #pragma once
 
 #include "CompactWindowReach.h"
+#include "ForegroundWindows.h"
 #include "MainWindowShelf.h"
 #include "TorvaneDesk.h"
 #include "Windows.h"
@@ -47,6 +48,7 @@ public:
     ShellAndClose shell;
     ID3 id3;
     TorvaneDesk desk;
+    ForegroundWindows foreground;
     const Services services;
     Windows windows;
 };

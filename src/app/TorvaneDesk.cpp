@@ -13,7 +13,9 @@ namespace torvane {
 namespace {
 enum class Opening {
     replacesMain, ///< the main window is hidden
+    replacesFace, ///< the main or the compact window is hidden, whichever is on screen
     aboveOpener,  ///< the opener stays on screen and owns the opened window
+    aboveFace,    ///< the same with what is on screen instead of the opener
     heldByOpener, ///< the same, and the opened window goes when its opener goes
     anew,         ///< the window unloads if it is there, and loads again
 };
@@ -22,6 +24,7 @@ enum class Opening {
 enum class Return {
     nobody,
     mainWindow,
+    replaced,          ///< the window that it has replaced
     mainUnlessCompact, ///< the main window, but not while the compact one is on screen
 };
 } // namespace
@@ -50,6 +53,11 @@ constexpr std::array ways = {
     Way{Window::MainFrm, Window::MainFrm, Opening::anew, Return::nobody},
     Way{Window::Torvette, Window::AdvSearch, Opening::aboveOpener, Return::nobody},
     Way{Window::Torvette, Window::NewAssistant, Opening::aboveOpener, Return::nobody},
+    Way{Window::Menuing, Window::Torvette, Opening::replacesMain, Return::mainWindow},
+    Way{Window::Menuing, Window::EditDB, Opening::replacesFace, Return::replaced},
+    Way{Window::Menuing, Window::Compartir, Opening::replacesFace, Return::replaced},
+    Way{Window::Menuing, Window::Aboutfrm, Opening::replacesFace, Return::replaced},
+    Way{Window::Menuing, Window::TorvMsg, Opening::aboveFace, Return::nobody},
     Way{Window::EditDB, Window::DB_Info, Opening::heldByOpener, Return::nobody},
     Way{Window::EditDB, Window::Form2, Opening::heldByOpener, Return::nobody},
 };
@@ -94,19 +102,39 @@ void TorvaneDesk::go(Window from, Window to, const QStringList& subject) {
 bool TorvaneDesk::open(const Way& way) {
     Windows& windows = m_program.windows;
     if (way.opening == Opening::anew) windows.unload(way.to);
-    if (way.opening == Opening::replacesMain) {
-        if (Form* main = windows.ifLoaded(Window::MainFrm)) main->Hide();
-    }
+    makeRoom(way);
     m_cameBy[placeOf(way.to)] = &way;
     const bool isNew = windows.ifLoaded(way.to) == nullptr;
     Form* opened = windows.load(way.to);
     if (opened == nullptr) return false;
-    Form* owner = isAboveOpener(way) ? windows.ifLoaded(way.from) : nullptr;
+    Form* owner = ownerFor(way);
     // One that showed itself during its load, which may have taken a while, must not come to the front again.
     const bool hasShownItself = isNew && owner == nullptr && opened->isVisible();
     if (!hasShownItself) opened->Show(owner);
     if (way.opening == Opening::anew) raiseOwned(way.to);
     return true;
+}
+
+void TorvaneDesk::makeRoom(const Way& way) {
+    if (way.opening != Opening::replacesMain && way.opening != Opening::replacesFace) return;
+    ForegroundWindows& foreground = m_program.foreground;
+    const Window face = way.opening == Opening::replacesFace ? foreground.face() : Window::MainFrm;
+    m_replaced[placeOf(way.to)] = face;
+    foreground.hide(face);
+}
+
+Form* TorvaneDesk::ownerFor(const Way& way) const {
+    if (way.opening == Opening::aboveFace) return m_program.foreground.frontWindow();
+    return isAboveOpener(way) ? m_program.windows.ifLoaded(way.from) : nullptr;
+}
+
+bool TorvaneDesk::isReplaced() const {
+    return std::any_of(ways.begin(), ways.end(), [this](const Way& way) {
+        const bool replaces = way.opening == Opening::replacesMain || way.opening == Opening::replacesFace;
+        if (!replaces || way.to == Window::Torvette || m_cameBy[placeOf(way.to)] != &way) return false;
+        const Form* window = m_program.windows.ifLoaded(way.to);
+        return window != nullptr && window->isVisible();
+    });
 }
 
 void TorvaneDesk::raiseOwned(Window owner) {
@@ -134,11 +162,8 @@ void TorvaneDesk::unloaded(Window window) {
     const Form* compact = m_program.windows.ifLoaded(Window::Torvette);
     const bool isCompact = compact != nullptr && compact->isVisible();
     if (way->comesBack == Return::mainUnlessCompact && isCompact) return;
-    Form* main = m_program.windows.load(Window::MainFrm);
-    if (main == nullptr) return;
-    // It may have been minimised when it was hidden.
-    if (main->windowStateWord() == Form::minimised) main->setWindowStateWord(Form::normal);
-    main->Show();
+    m_program.foreground.show(way->comesBack == Return::replaced ? m_replaced[placeOf(window)]
+                                                                 : Window::MainFrm);
 }
 
 void TorvaneDesk::startApplication() {

@@ -22,12 +22,18 @@ public:
     void introEnded() override;
     void endProgram() override;
 
+    /// Whether a window is on screen that replaces the main or the compact one.
+    bool isReplaced() const;
     /// A window has unloaded itself: what its way says comes back.
     void unloaded(Window window);
 
 private:
     /// Makes room for the window that a way opens, loads it and shows it. False if it closed itself at once.
     bool open(const Way& way);
+    /// Hides what the window of a way replaces.
+    void makeRoom(const Way& way);
+    /// The window that the opened one belongs to; null for none.
+    Form* ownerFor(const Way& way) const;
     /// Puts the windows that a window owns above it again, after it was opened anew.
     void raiseOwned(Window owner);
     /// Closes the windows that go when their opener goes.
@@ -41,6 +47,7 @@ private:
 
     Program& m_program;
     std::array<const Way*, windowCount> m_cameBy = {}; // the way by which each window was last opened
+    std::array<Window, windowCount> m_replaced = {};   // for each the main or compact one that it has hidden
 };
 
 } // namespace torvane

@@ -16,7 +16,8 @@ struct SelectedGame {
     QString title;  ///< as the panel shows it: the tag's, or the text that says that there is none
 };
 
-/// All operations but `refresh`, `tagChanged` and `setTakesInput` load the main window if it is not there.
+/// All operations but `refresh`, `tagChanged`, `setTakesInput` and `restoreWindow` load the main window if it
+/// is not there.
 class GameShelf {
 public:
     virtual ~GameShelf() = default;
@@ -32,6 +33,11 @@ public:
     virtual void tagChanged(const QString& path) = 0;
     /// The launch action: plays the selected game.
     virtual void launch() = 0;
+    /// Opens the page where games are searched for, in the browser.
+    virtual void openSearchWeb() = 0;
+    /// Gives the main window back its place on the screen if it is minimised; a hidden one stays hidden. Does
+    /// nothing while there is no main window.
+    virtual void restoreWindow() = 0;
     /// The top edge of the game list within its panel, in pixels.
     virtual int listTop() = 0;
     virtual void setListTop(int pixels) = 0;

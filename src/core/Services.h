@@ -9,6 +9,7 @@ struct Globals;
 class CompactWindow;
 class Desk;
 class EmulatorCatalogue;
+class Foreground;
 class Funciones;
 class GameShelf;
 class Hosts;
@@ -21,6 +22,7 @@ struct Services {
     Desk& desk;
     GameShelf& shelf;
     CompactWindow& compact;
+    Foreground& foreground;
     Globals& globals;
     const LanguageTables& language;
     const Hosts& hosts;

@@ -4,11 +4,14 @@
 #include "catalogue/TagInput.h"
 #include "core/Desk.h"
 #include "core/Funciones.h"
+#include "core/Hosts.h"
+#include "core/Pages.h"
 #include "core/SettingValues.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
 #include "platform/base/File.h"
 #include "platform/base/Paths.h"
+#include "platform/forms/HeldInput.h"
 
 #include <algorithm>
 
@@ -142,16 +145,30 @@ void MainFrm::Label15_Click() {
     switch (way) {
     case LaunchWay::nothing: break;
     case LaunchWay::zipViewer: Zipper_Click(); break;
-    case LaunchWay::straight: m.shell.play(m.emulators.EmulatorCommand, Games.filePath()); break;
+    case LaunchWay::straight: play(); break;
     case LaunchWay::withMinimising: {
         const State before = windowStateWord();
         setWindowStateWord(minimised);
         pumpEvents();
-        m.shell.play(m.emulators.EmulatorCommand, Games.filePath());
+        play();
         setWindowStateWord(before == minimised ? normal : before);
         break;
     }
     }
+}
+
+// What the user has tried meanwhile is over with the game: it was meant for a program that did not answer,
+// and would start the next game, say.
+void MainFrm::play() {
+    m.shell.play(m.emulators.EmulatorCommand, Games.filePath());
+    HeldInput meanwhile;
+    pumpEvents();
+    meanwhile.forget();
+}
+
+void MainFrm::OpenSearchWeb() {
+    URL_Linker.setURL(m.hosts.address(Pages::searchStart));
+    URL_Linker.UserClick();
 }
 
 void MainFrm::Zipper_Click() {

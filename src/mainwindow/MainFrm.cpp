@@ -3,6 +3,7 @@
 #include "MainFrm.h"
 #include "catalogue/GameRows.h"
 #include "core/Desk.h"
+#include "core/Foreground.h"
 #include "core/Hosts.h"
 #include "core/Pieces.h"
 #include "core/SettingValues.h"
@@ -93,6 +94,7 @@ void MainFrm::setActionCaptions() {
 }
 
 void MainFrm::setUpTray() {
+    TrayIcon1.setMenu(m.foreground.menu());
     Settings& settings = m.runtime.settings;
     ignoring([&] {
         const QString number = TextSetting(settings, "Icon", QStringLiteral("0")).value();

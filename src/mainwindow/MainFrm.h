@@ -10,6 +10,7 @@
 #include "core/Texts.h"
 #include "core/Window.h"
 #include "toolkit/DragStrip.h"
+#include "toolkit/MenuOpener.h"
 
 namespace torvane {
 
@@ -26,6 +27,8 @@ public:
 
     /// The launch action: the selected game in the emulator, or an archive in the way that is set.
     void Label15_Click();
+    /// Opens the page where games are searched for, in the browser.
+    void OpenSearchWeb();
     /// Rebuilds the list from the library folder and selects the first game.
     void Refresh_Click();
     /// Fills the list from a folder, spelled; an empty text means the library. The second text has
@@ -82,6 +85,7 @@ private:
     void scrollUp();
     void scrollDown();
     void askForExit();
+    void play();
     void hint(const QString& text);
     static QString heading(const QString& text) { return QStringLiteral("» ") + text; }
     void displayer_Tick();
@@ -90,6 +94,7 @@ private:
     const Texts mainMenu{m.language, "MainMenu"};
     const Texts general{m.language, "globals"};
     DragStrip m_dragStrip{*this, Label1};
+    MenuOpener m_menuOpener{*this, Label1};
 };
 
 } // namespace torvane

@@ -3,6 +3,8 @@
 #include "MainFrm.h"
 #include "catalogue/TagInput.h"
 #include "core/Desk.h"
+#include "core/Foreground.h"
+#include "platform/forms/PopupMenu.h"
 
 namespace torvane {
 
@@ -15,6 +17,9 @@ void MainFrm::wireControls() {
     wire(displayer, &Timer::Tick, &MainFrm::displayer_Tick);
     takeDrops();
     wire(*this, &Form::pathDropped, &MainFrm::addGames, Failure::reported);
+    wire(*this, &Form::resized, [this] { m.foreground.mainWindowMinimised(windowStateWord() == minimised); });
+    wire(m_menuOpener, &MenuOpener::wanted, [this](QPoint place) { m.foreground.menu().popUp(place); });
+    wire(TrayIcon1, &TrayIcon::clicked, [this] { m.foreground.bringBack(); });
     wire(m_dragStrip, &DragStrip::dropped, [this] { putInsideScreen(*this); });
     wire(EditID3Title, &TextBox::Change, &MainFrm::EditID3Title_Change);
     wire(EditID3Company, &TextBox::Change, [this] { ignoring([this] { warnIfTooLong(); }); });

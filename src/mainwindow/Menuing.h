@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The window that is never shown. It is created at the start and stays to the end.
+// The window that is never shown: it holds the program's menu. It is created at the start and stays to the
+// end.
 #pragma once
 
 #include "Menuing.design.h"
 #include "core/Services.h"
 #include "core/Window.h"
+#include "platform/forms/PopupMenu.h"
 
 namespace torvane {
 
@@ -18,6 +20,25 @@ public:
 
     /// Does nothing; kept for callers that want to be sure that the window is there.
     void LoadMenu() {}
+
+    /// Whether the menu has the entry that brings back the minimised main window.
+    void offerMainWindow(bool offered);
+
+    PopupMenu popup{menu};
+
+private:
+    void orders(MenuEntry& entry, const std::function<void()>& action);
+    void opens(MenuEntry& entry, Window window);
+    void refresh();
+    void configmn_Click();
+    void end_Click();
+
+    const Services& m;
+    struct Order {
+        MenuEntry* entry;
+        bool exists; // whether there is anything to open
+    };
+    QList<Order> m_orders; // the entries that work on the main or the compact window
 };
 
 } // namespace torvane

@@ -2,7 +2,9 @@
 // What the compact window's buttons, keys and drag do.
 #include "Torvette.h"
 #include "core/Desk.h"
+#include "core/Foreground.h"
 #include "core/SettingValues.h"
+#include "platform/forms/PopupMenu.h"
 #include "platform/forms/Screen.h"
 #include "toolkit/Always_On_Top.h"
 
@@ -61,6 +63,7 @@ void Torvette::wireButtons() {
     wire(ChameleonButton7, &chameleonButton::Click, [this] { setPinned(false); });
     wire(ChameleonButton9, &chameleonButton::Click, [this] { setPinned(true); });
     wire(m_dragStrip, &DragStrip::dropped, &Torvette::snap);
+    wire(m_menuOpener, &MenuOpener::wanted, [this](QPoint place) { m.foreground.menu().popUp(place); });
     takeDrops();
     wire(*this, &Form::pathDropped, &Torvette::addGames, Failure::reported);
 }

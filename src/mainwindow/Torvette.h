@@ -8,6 +8,7 @@
 #include "core/Services.h"
 #include "core/Window.h"
 #include "toolkit/DragStrip.h"
+#include "toolkit/MenuOpener.h"
 
 namespace torvane {
 
@@ -60,6 +61,7 @@ private:
 
     const Services& m;
     DragStrip m_dragStrip{*this, Label2};
+    MenuOpener m_menuOpener{*this, Label2};
 };
 
 } // namespace torvane

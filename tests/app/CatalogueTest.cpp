@@ -30,7 +30,7 @@ const Makers makers = [] {
     return result;
 }();
 
-// This window has no menus yet, so its controls are not compared.
+// This window holds nothing but the menu, which has a table of its own (see MenuingTest).
 const QStringList withoutControls{u"Menuing"_s};
 
 // The catalogue pairs this label with a label of another panel, below which it cannot be. In the design it is

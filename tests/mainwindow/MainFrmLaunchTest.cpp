@@ -87,6 +87,29 @@ private slots:
         QCOMPARE(main.windowStateWord(), Form::normal);
         QVERIFY(main.isVisible());
     }
+    // A click that the program can't answer would start the next game as soon as this one ends.
+    void clicks_and_keys_that_come_while_a_game_runs_are_forgotten() {
+        opened->games(2);
+        MainFrm& main = opened->open();
+        main.ListView1.setFocus();
+        processes().whileRunning = [&] {
+            if (processes().starts.size() > 1) return;
+            QWidget* window = main.window();
+            for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                const QPoint place =
+                    main.ChameleonButton16.mapTo(window, main.ChameleonButton16.rect().center());
+                QCoreApplication::postEvent(
+                    window->windowHandle(),
+                    new QMouseEvent(type, place, window->mapToGlobal(place), Qt::LeftButton,
+                                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {}));
+            }
+            QCoreApplication::postEvent(window->windowHandle(),
+                                        new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, {}));
+        };
+        click(main.ChameleonButton16);
+        QCoreApplication::processEvents();
+        QCOMPARE(processes().starts.size(), 1);
+    }
     void a_minimised_window_is_restored_after_the_game() {
         opened->games(1);
         MainFrm& main = opened->open();

@@ -54,11 +54,30 @@ private slots:
         const QPixmap shown = opened->open().TrayIcon1.picture();
         QCOMPARE(shown.toImage().pixelColor(5, 5), colour);
     }
+    void without_the_tray_the_picture_is_taken_all_the_same_and_no_icon_is_shown() {
+        QImage picture(16, 16, QImage::Format_RGB32);
+        picture.fill(Qt::green);
+        QVERIFY(picture.save(opened->world.folder.path(QStringLiteral("data/tray/0.dat")), "PNG"));
+        opened->world.setSetting("Tray", QStringLiteral("False"));
+        const TrayIcon& icon = opened->open().TrayIcon1;
+        QCOMPARE(icon.picture().toImage().pixelColor(5, 5), QColor(Qt::green));
+        QVERIFY(!icon.isShown());
+    }
+    void a_broken_icon_does_no_harm() {
+        opened->world.folder.write(QStringLiteral("data/tray/0.dat"), "GIF89a, or so it says");
+        QVERIFY(opened->open().TrayIcon1.picture().isNull());
+        QVERIFY(opened->main().isVisible());
+        QVERIFY(opened->main().TrayIcon1.isShown());
+        QCOMPARE(messages().boxes.size(), 0);
+    }
     void a_missing_icon_does_no_harm_data() {
         QTest::addColumn<QString>("icon");
         QTest::newRow("no such number") << QStringLiteral("99");
         QTest::newRow("a path out of the folder") << QStringLiteral("..\\..\\roms\\a");
         QTest::newRow("nothing") << QStringLiteral(" ");
+        QTest::newRow("no number") << QStringLiteral("red");
+        QTest::newRow("below the first") << QStringLiteral("-1");
+        QTest::newRow("long") << QString(3000, QLatin1Char('9'));
     }
     void a_missing_icon_does_no_harm() {
         QFETCH(QString, icon);

@@ -86,6 +86,12 @@ void Form::Hide() {
     hide();
 }
 
+void Form::bringToFront() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
 void Form::Unload() {
     if (m_unloaded) return;
     m_unloaded = true;

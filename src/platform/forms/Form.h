@@ -31,6 +31,8 @@ public:
     /// later is followed from then on. At its first show it takes its start position.
     void Show(Form* owner = nullptr);
     void Hide();
+    /// Brings a window that is shown in front of all others, out of the task bar if it is minimised.
+    void bringToFront();
     /// Closes the window for good: it is hidden, runs its last handler and lets its owner drop it.
     void Unload();
     /// Whether it has been closed for good: then a handler that has let events through ends without another
