@@ -9,6 +9,8 @@ packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6svg6 libzip4 qt6-im
     fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl)
 # For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
+# For its icon in the tray: a tray, and a bus and its client's side for Python to play a desktop.
+packages_tray=(trayer dbus-daemon python3-gi)
 # For checking the form of the sources, making archives and certificates for tests, and measuring.
 packages_check=(clang-format clang-tidy python3 openssl)
 # To look at it as assistive tools do: their bus, and the client's side of it for Python.
