@@ -105,6 +105,10 @@ void TextBox::setText(const QString& text) {
     if (changes) emit Change();
 }
 
+void TextBox::selectAll() {
+    if (m_line != nullptr) m_line->selectAll();
+}
+
 // What undo and redo bring back was in the field before: it need not pass the filter again.
 bool TextBox::filterLine(QString& text, int& cursor) {
     if (m_setting || !m_filter || m_line->isRedoAvailable()) return true;

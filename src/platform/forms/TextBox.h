@@ -37,6 +37,8 @@ public:
     QAccessible::Role accessibleRole() const override { return QAccessible::Client; }
     const QString& Text() const { return m_text; }
     void setText(const QString& text);
+    /// Selects all of a field of one line that has been shown: typing replaces it.
+    void selectAll();
     OleColour foreColour() const { return m_look.fore; }
     OleColour backColour() const { return m_look.back; }
     void setInputFilter(InputFilter filter) { m_filter = std::move(filter); }

@@ -3,6 +3,7 @@
 #include "ToggleControl.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QProxyStyle>
 
 namespace torvane {
@@ -52,6 +53,15 @@ ToggleControl::ToggleControl(QWidget& parent, const char* name, const DesignRect
     m_button.setChecked(look.checked);
     setFocusProxy(&m_button);
     connect(&m_button, &QAbstractButton::clicked, this, &ToggleControl::Click);
+}
+
+// Keys that the button has no use for.
+void ToggleControl::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        emit entered();
+    } else {
+        Control::keyPressEvent(event);
+    }
 }
 
 QString ToggleControl::accessibleText() const {

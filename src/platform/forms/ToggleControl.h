@@ -37,12 +37,15 @@ public:
 signals:
     /// The user has used the control, or the program has set its value, be it to the same one.
     void Click();
+    /// The user has pressed Return on it.
+    void entered();
 
 protected:
     /// The control becomes the parent of the button.
     ToggleControl(QWidget& parent, const char* name, const DesignRect& rect, const Look& look,
                   QAbstractButton& button);
     QAbstractButton& button() const { return m_button; }
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     Look m_look;

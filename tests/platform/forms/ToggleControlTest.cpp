@@ -176,6 +176,19 @@ private slots:
         QVERIFY(within(form->red).hasFocus() || within(form->blue).hasFocus());
     }
 
+    void return_is_told_and_changes_nothing() {
+        QSignalSpy entered(&form->user, &OptionButton::entered);
+        QSignalSpy clicks(&form->user, &OptionButton::Click);
+        form->user.setFocus();
+        QTest::keyClick(form->windowHandle(), Qt::Key_Return);
+        QTest::keyClick(form->windowHandle(), Qt::Key_Enter);
+        QCOMPARE(entered.size(), 2);
+        QTest::keyClick(form->windowHandle(), Qt::Key_A);
+        QCOMPARE(entered.size(), 2);
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(chosen(), u"User"_s);
+    }
+
     // Looks
     void font_and_colours_are_those_of_the_design() {
         const QImage image = imageOf(form->ticked);
