@@ -57,7 +57,7 @@ public:
 class Browser {
 public:
     virtual ~Browser() = default;
-    /// Passes the text on unchanged. False if nothing was found that opens it.
+    /// Passes the text on unchanged, never through a shell. False if nothing was found that opens it.
     virtual bool open(const QString& url) = 0;
 };
 

@@ -78,8 +78,12 @@ QString DesktopFileDialogs::showFolder(const FileQuestion& question) {
     return Paths::spelled(QFile::encodeName(dialog.selectedFiles().first()));
 }
 
+// Other schemes may start any program of the desktop.
 bool DesktopBrowser::open(const QString& url) {
-    return !url.isEmpty() && QDesktopServices::openUrl(QUrl::fromUserInput(url));
+    const QUrl address = QUrl::fromUserInput(url);
+    const QString scheme = address.scheme();
+    const bool isPage = scheme == QStringLiteral("http") || scheme == QStringLiteral("https");
+    return (isPage || address.isLocalFile()) && QDesktopServices::openUrl(address);
 }
 
 } // namespace torvane

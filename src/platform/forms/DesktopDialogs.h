@@ -35,6 +35,8 @@ private:
     DesktopLanguage* m_language;
 };
 
+/// Opens the addresses of web pages ("http", "https") and files, and no others. An address without a scheme
+/// is taken as a web page or, if it is the path of a file, as that.
 class DesktopBrowser : public Browser {
 public:
     bool open(const QString& url) override;

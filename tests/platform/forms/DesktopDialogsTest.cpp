@@ -6,14 +6,61 @@
 #include "support/TestMain.h"
 
 #include <QAbstractButton>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
+#include <QUrl>
+#include <array>
 #include <functional>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
+
+namespace {
+// Takes the addresses that would go to the desktop, as it would get them.
+class OpenedAddresses : public QObject {
+    Q_OBJECT
+
+public:
+    OpenedAddresses() {
+        for (const char* scheme : schemes)
+            QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "take");
+    }
+    ~OpenedAddresses() override {
+        for (const char* scheme : schemes) QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+    }
+    QStringList seen;
+
+public slots:
+    void take(const QUrl& url) { seen += QString::fromLatin1(url.toEncoded()); }
+
+private:
+    static constexpr std::array schemes = {"http", "https",  "file", "javascript", "data",
+                                           "ftp",  "mailto", "smb",  "about",      "ssh"};
+};
+
+QStringList hostileTexts() {
+    return {u"a b"_s,
+            u"\"; touch x; \""_s,
+            u"'; touch x; '"_s,
+            u"$(touch x)"_s,
+            u"`touch x`"_s,
+            u"a\nb"_s,
+            u"a\r\nHost: b"_s,
+            u"%0a%00"_s,
+            u"javascript:alert(1)"_s,
+            u"&d_op=other#end"_s,
+            u"--help"_s,
+            QString(QChar(0)) + u'x',
+            u"\u00f1\U0001F3AE"_s,
+            QString(QChar(0xDCF1)),
+            u"\x01\x1b\x7f"_s,
+            QString(100'000, u'x'),
+            QString(100'000, u'"')};
+}
+} // namespace
 
 class DesktopDialogsTest : public QObject {
     Q_OBJECT
@@ -183,6 +230,47 @@ private slots:
         QCOMPARE(DesktopFileDialogs().showFolder({u"Carpeta"_s, {}, 1, {}}), QString());
     }
     void an_empty_address_is_not_opened() { QVERIFY(!DesktopBrowser().open(QString())); }
+    void pages_and_files_are_opened_as_they_are_addressed_data() {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("opened");
+        QTest::newRow("page") << u"http://a.example/x?y=1"_s << u"http://a.example/x?y=1"_s;
+        QTest::newRow("secure page") << u"https://a.example/x"_s << u"https://a.example/x"_s;
+        QTest::newRow("capitals") << u"HTTP://a.example/X"_s << u"http://a.example/X"_s;
+        QTest::newRow("without scheme") << u"www.a.example"_s << u"http://www.a.example"_s;
+        QTest::newRow("file") << u"file:///tmp/a%20b.html"_s << u"file:///tmp/a%20b.html"_s;
+        QTest::newRow("blank") << u"http://a.example/?q=a b"_s << u"http://a.example/?q=a%20b"_s;
+    }
+    void pages_and_files_are_opened_as_they_are_addressed() {
+        QFETCH(QString, address);
+        QFETCH(QString, opened);
+        const OpenedAddresses addresses;
+        QVERIFY(DesktopBrowser().open(address));
+        QCOMPARE(addresses.seen, QStringList{opened});
+    }
+    void no_other_address_is_opened() {
+        const OpenedAddresses addresses;
+        for (const QString& address :
+             {u"javascript:alert(1)"_s, u"javascript://x/%0aalert(1)"_s, u"data:text/html,<b>x"_s,
+              u"ftp://a.example/x"_s, u"mailto:a@b.example"_s, u"smb://a.example/x"_s, u"about:blank"_s,
+              u"ssh://a.example"_s, u" "_s, u"\n"_s}) {
+            QVERIFY2(!DesktopBrowser().open(address), qPrintable(address));
+        }
+        QCOMPARE(addresses.seen, QStringList());
+    }
+    void whatever_stands_in_an_address_stays_one_address_data() {
+        QTest::addColumn<QString>("text");
+        for (const QString& text : hostileTexts()) QTest::addRow("%s", qPrintable(text.left(20))) << text;
+    }
+    void whatever_stands_in_an_address_stays_one_address() {
+        QFETCH(QString, text);
+        const OpenedAddresses addresses;
+        DesktopBrowser().open(u"http://a.example/search?query="_s + text);
+        QVERIFY(addresses.seen.size() <= 1);
+        for (const QString& opened : addresses.seen) {
+            QVERIFY(opened.startsWith(u"http://a.example/search?query="_s));
+            for (const QChar c : opened) QVERIFY(c > u' ' && c < QChar(0x7F) && c != u'"' && c != u'`');
+        }
+    }
 };
 
 TORVANE_TEST(DesktopDialogsTest)
