@@ -16,11 +16,18 @@ double toReal(const QByteArray& text) {
     return value;
 }
 
-int toInteger(const QByteArray& text) {
-    using Limits = std::numeric_limits<int>;
+namespace {
+template <typename Number>
+Number roundedTo(const QByteArray& text) {
+    using Limits = std::numeric_limits<Number>;
     const double rounded = std::nearbyint(toReal(text));
     if (rounded < Limits::min() || rounded > Limits::max()) throw RuntimeFailure(RuntimeFailure::overflow);
-    return static_cast<int>(rounded);
+    return static_cast<Number>(rounded);
 }
+} // namespace
+
+int toInteger(const QByteArray& text) { return roundedTo<int>(text); }
+
+int toShort(const QByteArray& text) { return roundedTo<qint16>(text); }
 
 } // namespace torvane::NumberText

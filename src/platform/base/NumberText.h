@@ -14,4 +14,7 @@ double toReal(const QByteArray& text);
 /// The same, rounded to the nearest whole number, half to even. Fails with overflow outside 32 bits.
 int toInteger(const QByteArray& text);
 
+/// The same; fails with overflow outside 16 bits.
+int toShort(const QByteArray& text);
+
 } // namespace torvane::NumberText

@@ -80,6 +80,13 @@ private slots:
         for (const char* text : {"2147483648", "2147483647.5", "-2147483649", "1e300"})
             QCOMPARE(failureOf([&] { (void)NumberText::toInteger(text); }), number(RuntimeFailure::overflow));
     }
+    void a_whole_number_outside_16_bits_is_an_overflow() {
+        QCOMPARE(NumberText::toShort("32767.4"), 32767);
+        QCOMPARE(NumberText::toShort("-32768.5"), -32768);
+        for (const char* text : {"32768", "32767.5", "-32769", "1e300"})
+            QCOMPARE(failureOf([&] { (void)NumberText::toShort(text); }), number(RuntimeFailure::overflow));
+        QCOMPARE(failureOf([&] { (void)NumberText::toShort("x"); }), number(RuntimeFailure::typeMismatch));
+    }
 };
 
 TORVANE_APPLESS_TEST(NumberTextTest)
