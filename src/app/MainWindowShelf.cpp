@@ -40,9 +40,15 @@ void MainWindowShelf::restoreWindow() {
     if (MainFrm* window = m_windows.slot<MainFrm>().ifLoaded()) window->setWindowStateWord(Form::normal);
 }
 
-int MainWindowShelf::listTop() { return window().ListView1.Top(); }
+int MainWindowShelf::rowOf(const QString& title) { return window().rowOf(title); }
 
-void MainWindowShelf::setListTop(int pixels) { window().ListView1.setTop(pixels); }
+void MainWindowShelf::markRow(int row) { window().ListView1.markRow(row); }
+
+float MainWindowShelf::listPage() { return static_cast<float>(window().Picture2.height()); }
+
+float MainWindowShelf::listTop() { return window().ListView1.Top(); }
+
+void MainWindowShelf::setListTop(float pixels) { window().ListView1.setTopForCurrent(pixels); }
 
 QRect MainWindowShelf::screen() { return Screen::geometryOf(window()); }
 

@@ -20,9 +20,12 @@ public:
     void launch() override;
     void openSearchWeb() override;
     void restoreWindow() override;
-    int listTop() override;
-    void setListTop(int pixels) override;
     QRect screen() override;
+    int rowOf(const QString& title) override;
+    void markRow(int row) override;
+    float listPage() override;
+    float listTop() override;
+    void setListTop(float pixels) override;
     void setTakesInput(bool takes) override;
 
     // MainWindowReach

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Names and pictures of the game list.
 #include "GameRows.h"
+#include "NameBeginning.h"
 #include "core/Pieces.h"
 #include "platform/base/RuntimeFailure.h"
 
@@ -59,6 +60,16 @@ QString GameRows::text(int row, int) const {
     const bool cutsPair = name.size() > longestRowText && name[longestRowText - 1].isHighSurrogate() &&
                           name[longestRowText].isLowSurrogate();
     return name.left(cutsPair ? longestRowText - 1 : longestRowText);
+}
+
+// The text of a row has no dot, whatever its file name has, and an end.
+int GameRows::firstWith(const QString& beginning) const {
+    if (beginning.size() > longestRowText || beginning.contains(QLatin1Char('.'))) return -1;
+    const NameBeginning wanted(beginning);
+    for (int row = 0; row < m_count; ++row) {
+        if (wanted.fits(m_names->bytes(row))) return row;
+    }
+    return -1;
 }
 
 } // namespace torvane

@@ -28,6 +28,8 @@ public:
     int count() const override { return m_count; }
     QString text(int row, int column) const override;
     int icon(int row) const override;
+    /// The first row, counted from 0, whose text begins with another (see NameBeginning); -1 for none.
+    int firstWith(const QString& beginning) const;
 
     /// The icon for the size of a "bin" file; none below 1024 KB of 1000 bytes and for exactly 2048.
     static GameIcon iconOfSize(qint64 bytes);

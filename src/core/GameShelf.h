@@ -38,12 +38,21 @@ public:
     /// Gives the main window back its place on the screen if it is minimised; a hidden one stays hidden. Does
     /// nothing while there is no main window.
     virtual void restoreWindow() = 0;
-    /// The top edge of the game list within its panel, in pixels.
-    virtual int listTop() = 0;
-    virtual void setListTop(int pixels) = 0;
     /// The whole screen that the main window is on, or was on when it was hidden, in device-independent
     /// pixels.
     virtual QRect screen() = 0;
+    /// The row of the first game, counted from 0, whose title begins with a text, without regard to case; -1
+    /// for none. A title is what the list shows of a file's name.
+    virtual int rowOf(const QString& title) = 0;
+    /// Marks a row of the list, counted from 0, and selects nothing: the panel keeps its game. Fails with
+    /// subscript if there is no such row.
+    virtual void markRow(int row) = 0;
+    /// The height of a page of the list, in pixels.
+    virtual float listPage() = 0;
+    /// The upper edge of the list within its panel, in pixels, as it was last set. If the marked row would be
+    /// out of sight there, the user sees it all the same.
+    virtual float listTop() = 0;
+    virtual void setListTop(float pixels) = 0;
     /// Keeps the main window from taking input while a question is open, or lets it take input again if the
     /// user can see it. Does nothing while there is no main window.
     virtual void setTakesInput(bool takes) = 0;

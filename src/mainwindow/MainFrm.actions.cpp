@@ -179,13 +179,13 @@ void MainFrm::addGames(const QString& path) { m.desk.go(id, Window::NewAssistant
 
 // A page up or down. From places between the pages, where wheel and keys lead, the upper end is the limit.
 void MainFrm::scrollUp() {
-    if (ListView1.Top() >= -3) return;
-    ListView1.setTop(std::min(ListView1.Top() + Picture2.height(), qRound(ListView1.designRect().top)));
+    if (ListView1.seenTop() >= -3) return;
+    ListView1.setTop(std::min(ListView1.seenTop() + Picture2.height(), qRound(ListView1.designRect().top)));
 }
 
 void MainFrm::scrollDown() {
     const int limit = Picture2.height() - ListView1.Height() + ListView1.rowHeight();
-    if (limit < ListView1.Top()) ListView1.setTop(ListView1.Top() - Picture2.height());
+    if (limit < ListView1.seenTop()) ListView1.setTop(ListView1.seenTop() - Picture2.height());
 }
 
 void MainFrm::askForExit() {

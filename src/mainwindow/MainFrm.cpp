@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The main window's load, its list and its selection.
 #include "MainFrm.h"
-#include "catalogue/GameRows.h"
 #include "core/Desk.h"
 #include "core/Foreground.h"
 #include "core/Hosts.h"
@@ -118,10 +117,10 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
     m.emulators.read();
     Games.readWith(File1);
     const int count = Games.ListCount();
-    ListView1.setItems(
-        std::make_shared<GameRows>(File1.names(), count, [path = File1.Path()](const QString& name) {
-            return File::lengthOf(path + QLatin1Char('\\') + name);
-        }));
+    m_rows = std::make_shared<GameRows>(File1.names(), count, [path = File1.Path()](const QString& name) {
+        return File::lengthOf(path + QLatin1Char('\\') + name);
+    });
+    ListView1.setItems(m_rows);
     if (count > 0) {
         Games.selectQuietly(count - 1);
         File1.selectQuietly(count - 1);
@@ -150,6 +149,8 @@ void MainFrm::selectGame(int index) {
         Games_Click();
     });
 }
+
+int MainFrm::rowOf(const QString& title) const { return m_rows->firstWith(title); }
 
 void MainFrm::ListView1_RowClick(int row) { Games.setListIndex(row); }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "MainFrm.design.h"
+#include "catalogue/GameRows.h"
 #include "catalogue/ID3.h"
 #include "core/Services.h"
 #include "core/Texts.h"
@@ -37,6 +38,8 @@ public:
     /// Selects a game by its place in the list and shows it; all failures are ignored, a missing game among
     /// them.
     void selectGame(int index);
+    /// The row of the first game whose title begins with a text (see GameShelf); -1 for none.
+    int rowOf(const QString& title) const;
     /// A game has got another tag (see GameShelf); its spelled path.
     void tagChanged(const QString& path);
 
@@ -95,6 +98,7 @@ private:
     const Texts general{m.language, "globals"};
     DragStrip m_dragStrip{*this, Label1};
     MenuOpener m_menuOpener{*this, Label1};
+    std::shared_ptr<const GameRows> m_rows; // of ListView1
 };
 
 } // namespace torvane

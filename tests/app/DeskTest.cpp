@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The ways between windows, and what the main window offers to the others.
 #include "support/Archive.h"
+#include "support/Failing.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
 
@@ -161,10 +162,25 @@ private slots:
     void the_position_of_the_list_can_be_read_and_set() {
         opened->games(40);
         opened->open();
-        QCOMPARE(shelf().listTop(), 1);
-        shelf().setListTop(-100);
-        QCOMPARE(shelf().listTop(), -100);
-        QCOMPARE(opened->main().ListView1.Top(), -100);
+        QCOMPARE(shelf().listTop(), 1.0F);
+        QCOMPARE(shelf().listPage(), 330.0F);
+        shelf().setListTop(-100.5F);
+        QCOMPARE(shelf().listTop(), -100.5F);
+        QCOMPARE(opened->main().ListView1.Top(), -100.5F);
+        QCOMPARE(opened->main().ListView1.seenTop(), 1); // shows the first row, which is the marked one
+    }
+    void rows_are_found_by_title_and_marked() {
+        opened->games(40);
+        opened->open();
+        QCOMPARE(shelf().rowOf(QStringLiteral("G02")), 19);
+        QCOMPARE(shelf().rowOf(QStringLiteral("h")), -1);
+        shelf().markRow(19);
+        QCOMPARE(opened->main().ListView1.currentRow(), 19);
+        QCOMPARE(shelf().selected().index, 0);
+        QCOMPARE(shelf().listTop(), 1.0F);
+        for (const int row : {-1, 40}) {
+            QCOMPARE(failureOf([&] { shelf().markRow(row); }), std::optional<int>(RuntimeFailure::subscript));
+        }
     }
     void only_a_visible_window_takes_input_again() {
         opened->games(1);

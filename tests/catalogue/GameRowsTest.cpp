@@ -261,6 +261,33 @@ private slots:
         QCOMPARE(list.icon(9999), classic);
         QCOMPARE(totalText(list.count()), QStringLiteral("+9999"));
     }
+
+    // Search
+    void the_first_row_is_found_whose_text_begins_with_another() {
+        make({"Super Tetris.gb", "Tetris 2.gb", "TETRIS.gba", "Zelda.v2.gb"});
+        const GameRows list = rows();
+        QCOMPARE(list.firstWith(QStringLiteral("tet")), 1);
+        QCOMPARE(list.firstWith(QStringLiteral("tetris ")), 1);
+        QCOMPARE(list.firstWith(QStringLiteral("s")), 0);
+        QCOMPARE(list.firstWith(QStringLiteral("ZELDA")), 3);
+        QCOMPARE(list.firstWith(QStringLiteral("etris")), -1);
+    }
+    void what_a_row_does_not_show_is_not_found() {
+        make({"Zelda.v2.gb", QByteArray(30, 'n') + "more.gb"});
+        const GameRows list = rows();
+        QCOMPARE(list.firstWith(QStringLiteral("zelda.")), -1);
+        QCOMPARE(list.firstWith(QStringLiteral("zelda.v2")), -1);
+        QCOMPARE(list.firstWith(QString(30, QLatin1Char('n'))), 0);
+        QCOMPARE(list.firstWith(QString(30, QLatin1Char('n')) + QLatin1Char('m')), -1);
+        QCOMPARE(list.firstWith(QString(100'000, QLatin1Char('n'))), -1);
+    }
+    void only_rows_of_the_list_are_searched() {
+        make({"a.gb", "b.cgb", "c.gb"});
+        const auto names = FolderNames::read(folder->path(), namedPattern);
+        QCOMPARE(GameRows(names, 2, {}).firstWith(QStringLiteral("b")), 1);
+        QCOMPARE(GameRows(names, 2, {}).firstWith(QStringLiteral("c")), -1);
+        QCOMPARE(GameRows(names, 0, {}).firstWith(QStringLiteral("a")), -1);
+    }
 };
 
 TORVANE_APPLESS_TEST(GameRowsTest)

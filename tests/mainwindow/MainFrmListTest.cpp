@@ -14,7 +14,7 @@ QStringList textsOf(const RowList& list) {
 }
 
 bool rowIsInSight(const MainFrm& main, int row) {
-    const int top = main.ListView1.Top() + row * main.ListView1.rowHeight();
+    const int top = main.ListView1.seenTop() + row * main.ListView1.rowHeight();
     return top >= 0 && top + main.ListView1.rowHeight() <= main.Picture2.height();
 }
 } // namespace

@@ -284,7 +284,7 @@ private slots:
         click(main.Edit_Menu);
         clear();
         QCOMPARE(main.Games.ListIndex(), 40);
-        const int top = main.ListView1.Top() + 40 * 33;
+        const int top = main.ListView1.seenTop() + 40 * 33;
         QVERIFY(top >= 0 && top + 33 <= main.Picture2.height());
     }
     void deleting_the_tag_of_an_untagged_game_changes_nothing() {

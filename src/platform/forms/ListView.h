@@ -21,9 +21,18 @@ public:
     /// also those beyond this height.
     int Height() const { return m_height; }
     void setHeight(int height) { m_height = height; }
-    /// The place of the first row's upper edge in the panel, in pixels. Any place may be set.
-    int Top() const { return m_top; }
+    /// The place of the first row's upper edge in the panel, in pixels, as it was last set: by the program,
+    /// or by the user with wheel and keys. Any place may be set, and the rows are painted there.
+    float Top() const { return m_top; }
     void setTop(int top);
+    /// The same for a place that was computed for the current row. If that row would not be in sight there,
+    /// the rows are painted where it is.
+    void setTopForCurrent(float top);
+    /// Makes a row the current one and leaves Top as it is; the row is painted in sight all the same. Fires
+    /// no signal. Fails with subscript if there is no such row.
+    void markRow(int row);
+    /// Where the first row's upper edge is painted, in pixels: wheel, keys and buttons go on from there.
+    int seenTop() const { return m_seenTop; }
 
 protected:
     void dressView(RowView& view) override;
@@ -32,7 +41,14 @@ protected:
     int rowsPerPage() const override;
 
 private:
-    int m_top;
+    void paintAt(int top);
+    bool isInSight(int row, int top) const;
+    int topWith(int row) const;
+    int withinEnds(int top) const;
+
+    float m_top;
+    int m_seenTop;
+    bool m_keepsTop = false;
     int m_height;
 };
 

@@ -30,11 +30,11 @@ class ListViewTest : public QObject {
     void key(Qt::Key which) const { pressKey(*list, which); }
     // A click at a height of the panel, where the user sees it.
     void clickInPanel(int y) const { clickAt(*panel, {100, y}); }
-    void doubleClick(int row) const { doubleClickAt(*panel, {100, list->Top() + row * rowHeight + 4}); }
+    void doubleClick(int row) const { doubleClickAt(*panel, {100, list->seenTop() + row * rowHeight + 4}); }
     void wheel(int eighths) const { wheelOn(*list, eighths); }
     bool isInSight(int row) const {
         const QRect place(list->mapTo(panel.get(), list->rowRect(row).topLeft()), QSize(233, rowHeight));
-        return place.top() == list->Top() + row * rowHeight && panel->rect().contains(place);
+        return place.top() == list->seenTop() + row * rowHeight && panel->rect().contains(place);
     }
 
 private slots:
@@ -257,7 +257,7 @@ private slots:
         QCOMPARE(list->Top(), 1 - 6 * rowHeight);
         for (int i = 0; i < 10; ++i) wheel(-120);
         QVERIFY(isInSight(19));
-        QCOMPARE(list->Top() + 20 * rowHeight, panelHeight);
+        QCOMPARE(list->seenTop() + 20 * rowHeight, panelHeight);
         for (int i = 0; i < 20; ++i) wheel(120);
         QCOMPARE(list->Top(), 1);
         QCOMPARE(list->currentRow(), -1);
