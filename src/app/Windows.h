@@ -11,6 +11,8 @@
 #include "mainwindow/MainFrm.h"
 #include "mainwindow/Menuing.h"
 #include "mainwindow/Torvette.h"
+#include "search/advsearch/AdvSearch.h"
+#include "search/searchrom/SearchROM.h"
 #include "tagdb/dbinfo/DB_Info.h"
 #include "tagdb/editdb/EditDB.h"
 #include "toolkit/torvmsg/TorvMsg.h"
@@ -19,6 +21,6 @@
 namespace torvane {
 
 using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
-                          DB_Info, Form2, Torvette>;
+                          DB_Info, Form2, Torvette, SearchROM, AdvSearch>;
 
 } // namespace torvane

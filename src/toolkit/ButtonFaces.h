@@ -28,9 +28,15 @@ constexpr ButtonLook wideOff(const char* caption) {
             .font = V8b,
             .enabled = false};
 }
-/// A button at the foot of a dialog.
-constexpr ButtonLook foot(const char* caption) {
-    return {.type = 7, .fx = 2, .back = slate, .fore = white, .mask = black, .caption = caption};
+/// A button at the foot of a dialog, with a picture at its left if it has one.
+constexpr ButtonLook foot(const char* caption, const char* picture = "") {
+    return {.type = 7,
+            .fx = 2,
+            .back = slate,
+            .fore = white,
+            .mask = black,
+            .caption = caption,
+            .picture = picture};
 }
 /// The same face, switched off at first.
 constexpr ButtonLook off(ButtonLook face) {

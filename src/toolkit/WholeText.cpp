@@ -25,7 +25,7 @@ QRect placeFor(const Label& label) {
 }
 } // namespace
 
-WholeText::WholeText(Label& label, Label& shadow, TVLabel& heading)
+WholeText::WholeText(Label& label, Label& shadow, Control& heading)
     : QWidget(label.parentWidget()), m_label(label), m_shadow(shadow) {
     setGeometry(placeFor(label));
     m_field.setGeometry(rect());

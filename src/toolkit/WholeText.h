@@ -3,7 +3,6 @@
 // its place that can be scrolled by mouse and keys, and copied from.
 #pragma once
 
-#include "TVLabel.h"
 #include "platform/forms/Label.h"
 
 #include <QPlainTextEdit>
@@ -15,7 +14,7 @@ class WholeText : public QWidget {
 
 public:
     /// The label and its shadow, and the heading, whose words are the field's name.
-    WholeText(Label& label, Label& shadow, TVLabel& heading);
+    WholeText(Label& label, Label& shadow, Control& heading);
 
 private:
     bool isTooLong() const;

@@ -135,6 +135,16 @@ void compactPinned(Program& opened) {
     compactOpen(opened);
     click(opened.program->loaded<Torvette>()->ChameleonButton9);
 }
+void listSearch(Program& opened) {
+    library(opened);
+    click(opened.main().Searcher);
+    opened.program->loaded<AdvSearch>()->CRYTextBox1.setText(u"g020"_s);
+}
+void webSearch(Program& opened) {
+    library(opened);
+    click(opened.main().chameleonButton6);
+    opened.program->loaded<SearchROM>()->CRYTextBox1.setText(u"words"_s);
+}
 void firstStart(Program& opened) {
     opened.world.setSetting("Language", QString());
     opened.start();
@@ -181,6 +191,8 @@ private slots:
         QTest::newRow("compact") << Scene(compact) << u"Torvette"_s << 5;
         QTest::newRow("compact, folded out") << Scene(compactOpen) << u"Torvette"_s << 6;
         QTest::newRow("compact, pinned") << Scene(compactPinned) << u"Torvette"_s << 6;
+        QTest::newRow("search in the list") << Scene(listSearch) << u"AdvSearch"_s << 2;
+        QTest::newRow("search in the web") << Scene(webSearch) << u"SearchROM"_s << 2;
         QTest::newRow("first start") << Scene(firstStart) << u"SelLangStartUp"_s << 3;
         QTest::newRow("language chosen") << Scene(languageChosen) << u"SelLangStartUp"_s << 3;
         QTest::newRow("welcome") << Scene(welcome) << u"NewAssistant"_s << 3;

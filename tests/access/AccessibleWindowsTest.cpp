@@ -110,6 +110,24 @@ private slots:
         }
     }
 
+    void the_options_and_boxes_of_the_search_are_called_by_the_words_beside_them() {
+        AdvSearch& window = *opened->program->load<AdvSearch>();
+        window.Show();
+        QStringList found;
+        for (QAccessibleInterface* part : accessiblesFrom(accessible(window))) {
+            const QAccessible::Role role = part->role();
+            if (role == QAccessible::RadioButton) found += u"option "_s + part->text(QAccessible::Name);
+            if (role == QAccessible::EditableText) found += u"box "_s + part->text(QAccessible::Name);
+        }
+        found.removeDuplicates();
+        const QStringList expected{u"option Search by name"_s,
+                                   u"box Type the first letters of the game’s name."_s,
+                                   u"option Search by position in the list"_s,
+                                   u"box Type the game’s number in the list."_s,
+                                   u"option Go to the end of the list"_s,
+                                   u"option Go to the top of the list"_s};
+        QCOMPARE(found, expected);
+    }
     void windows_are_called_by_their_title_lines_in_the_language() {
         QCOMPARE(nameOf(opened->main()), u"Torvane 1.1 » Main menu"_s);
         QCOMPARE(nameOf(*opened->program->load<ZIP_Viewer>()), u"Torvane 1.1 » ZIP contents"_s);
@@ -118,6 +136,8 @@ private slots:
         QCOMPARE(nameOf(*opened->program->load<EditDB>()), u"Torvane 1.1 » OnLine DataBase"_s);
         QCOMPARE(nameOf(*opened->program->load<DB_Info>()), u"OnLine DataBase ··· Entry"_s);
         QCOMPARE(nameOf(*opened->program->load<Form2>()), u"Torvane 1.1 » Use ROM.TAG"_s);
+        QCOMPARE(nameOf(*opened->program->load<SearchROM>()), u"Torvane 1.1 » Search for a ROM"_s);
+        QCOMPARE(nameOf(*opened->program->load<AdvSearch>()), u"Torvane 1.1 » Advanced search"_s);
         click(opened->main().chameleonButton1);
         QCOMPARE(nameOf(*opened->program->loaded<TorvMsg>()), u"Are you sure you want to exit?"_s);
         reopenIn("cat");

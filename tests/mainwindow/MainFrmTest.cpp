@@ -258,11 +258,11 @@ private slots:
         row("chameleonButton3", "EditDB", true);
         row("chameleonButton4", "Compartir", false);
         row("chameleonButton5", "Aboutfrm", false);
-        row("chameleonButton6", "SearchROM", false);
+        row("chameleonButton6", "SearchROM", true);
         row("chameleonButton7", "URL", false);
         row("chameleonButton8", "ConfigNew", false);
         row("ChameleonButton12", "Torvette", true);
-        row("Searcher", "AdvSearch", false);
+        row("Searcher", "AdvSearch", true);
         row("Zipper", "ZIP_Viewer", true);
         row("ChameleonButton13", "ZIP_Viewer", true);
         row("chameleonButton1", "TorvMsg", true);
