@@ -74,6 +74,7 @@ public:
         reportMemory();
         reportSelections();
         reportCompact();
+        reportSearch();
         reportButtons();
         reportSaves();
         reportImports();
@@ -192,6 +193,15 @@ private:
         m_report.row("Per cent of a processor for its line", values.at("tick") * 2 / 1e7, 0.1,
                      format("%.3f ms a tick; with all that runs %.3f shown, %.3f hidden",
                             values.at("tick") / 1e6, values.at("shown") / 1e7, values.at("hidden") / 1e7));
+    }
+
+    void reportSearch() {
+        const Values values =
+            run({program("bench_search"), m_large.folder, m_large.configuration, std::to_string(rounds)},
+                m_large.configuration);
+        m_report.row("Milliseconds of a search by title, 100,000 games", values.at("found") / 1e6, 5,
+                     format("processor time to the painted list; %.1f for a title that is not there",
+                            values.at("missing") / 1e6));
     }
 
     void reportButtons() {
