@@ -20,6 +20,8 @@ DATABASE = "Torvane 1.1 » OnLine DataBase"
 ENTRY = "OnLine DataBase ··· Entry"
 CHOICE = "Torvane 1.1 » Use ROM.TAG"
 COMPACT = "Torvane 1.1"
+SEARCH = "Torvane 1.1 » Advanced search"
+WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
 LANGUAGES = "Idioma · Llengua · Language"
 
 
@@ -281,7 +283,9 @@ def record_addresses(walk):
     """Gives the file that the program's browser writes addresses to."""
     folder = os.path.join(walk.outside, "bin")
     opened = os.path.join(walk.outside, "opened")
-    os.makedirs(folder)
+    if os.path.exists(opened):
+        os.remove(opened)
+    os.makedirs(folder, exist_ok=True)
     browser = os.path.join(folder, "xdg-open")
     with open(browser, "w", encoding="utf-8") as script:
         script.write(f'#!/bin/sh\nprintf "%s" "$1" >"{opened}.new"\nmv "{opened}.new" "{opened}"\n')
@@ -352,6 +356,54 @@ def database(walk):
         program.window(MAIN)
 
 
+def searches_list(walk, program):
+    """By title the row is marked; by number, and to both ends, its game is selected."""
+    window = program.window(MAIN)
+    for option, box, words, position in (("Search by name", "Type the first letters of the game’s name.", "G0", "#1/40"),
+                                         ("Search by position in the list", "Type the game’s number in the list.", "10",
+                                          "#10/40"),
+                                         ("Go to the end of the list", None, None, "#40/40"),
+                                         ("Go to the top of the list", None, None, "#1/40")):
+        walk.press(window, "MainFrm", "Advanced search")
+        search = program.window(SEARCH)
+        walk.look(search, "AdvSearch")
+        do_action(find(search, option, ("radio button",)), "Press")
+        if box:
+            fill_in(search, box, words)
+        walk.press(search, "AdvSearch", "Search")
+        program.wait_gone(SEARCH)
+        find(window, position)
+    walk.press(window, "MainFrm", "Advanced search")
+    walk.press(program.window(SEARCH), "AdvSearch", "Close window")
+    program.wait_gone(SEARCH)
+
+
+def searches_web(walk, program, opened):
+    window = program.window(MAIN)
+    walk.press(window, "MainFrm", "Search for a ROM")
+    search = program.window(WEB_SEARCH)
+    walk.look(search, "SearchROM")
+    walk.press(search, "SearchROM", "Close window")
+    program.wait_gone(WEB_SEARCH)
+    walk.press(window, "MainFrm", "Search for a ROM")
+    search = program.window(WEB_SEARCH)
+    fill_in(search, "Type the name of the game you are looking for. The results will open in your web browser.",
+            "two words")
+    walk.press(search, "SearchROM", "Search")
+    program.wait_gone(WEB_SEARCH)
+    wait_for("an address", lambda: os.path.exists(opened))
+    check_equal(os.path.basename(content(opened).decode()), "modules-name-Edonkey-d_op-search-query.html")
+
+
+def searches(walk):
+    walk.fill_library([f"g{number:02}.gb" for number in range(1, 41)])
+    opened = record_addresses(walk)
+    with walk.start(Intro=0) as program:
+        program.window(MAIN)
+        walk.check("the list is searched", searches_list, walk, program)
+        walk.check("the web is searched", searches_web, walk, program, opened)
+
+
 def main():
     walk = Walk(*sys.argv[1:3])
     walk.check("the first start asks for the language", first_start, walk)
@@ -361,6 +413,7 @@ def main():
     walk.check("the archive window", archive, walk)
     walk.check("the assistant", assistant, walk)
     walk.check("the database", database, walk)
+    walk.check("the searches", searches, walk)
     return 0 if walk.report() else 1
 
 
