@@ -367,7 +367,7 @@ def searches_list(walk, program):
         walk.press(window, "MainFrm", "Advanced search")
         search = program.window(SEARCH)
         walk.look(search, "AdvSearch")
-        do_action(find(search, option, ("radio button",)), "Press")
+        do_action(find(search, option, ("radio button",)), "Toggle")
         if box:
             fill_in(search, box, words)
         walk.press(search, "AdvSearch", "Search")

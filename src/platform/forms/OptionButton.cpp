@@ -4,10 +4,31 @@
 
 #include <QButtonGroup>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 
 namespace torvane {
 
 namespace {
+// Assistive tools toggle a radio button without a click.
+class Radio : public QRadioButton {
+public:
+    /// Changes the choice in a way that is reported otherwise.
+    template <typename Change>
+    void quietly(Change&& change) {
+        const QScopedValueRollback quiet(m_isQuiet, true);
+        change();
+    }
+    bool isQuiet() const { return m_isQuiet; }
+
+protected:
+    void nextCheckState() override {
+        quietly([this] { QRadioButton::nextCheckState(); });
+    }
+
+private:
+    bool m_isQuiet = false;
+};
+
 // Each button lies in a control of its own, so that Qt's own grouping by parents would find no group.
 QButtonGroup& groupOf(QWidget& container) {
     auto* group = container.findChild<QButtonGroup*>(QString(), Qt::FindDirectChildrenOnly);
@@ -16,14 +37,17 @@ QButtonGroup& groupOf(QWidget& container) {
 } // namespace
 
 OptionButton::OptionButton(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
-    : ToggleControl(parent, name, rect, look, *new QRadioButton) {
+    : ToggleControl(parent, name, rect, look, *new Radio) {
     groupOf(parent).addButton(&button());
+    connect(&button(), &QAbstractButton::toggled, this, [this](bool chosen) {
+        if (chosen && !static_cast<Radio&>(button()).isQuiet()) emit Click();
+    });
 }
 
 void OptionButton::setValue(bool chosen) {
     // A group that has a choice lets nobody take it away.
     button().group()->setExclusive(chosen);
-    button().setChecked(chosen);
+    static_cast<Radio&>(button()).quietly([&] { button().setChecked(chosen); });
     button().group()->setExclusive(true);
     if (chosen) emit Click();
 }

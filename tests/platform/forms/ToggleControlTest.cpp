@@ -243,6 +243,18 @@ private slots:
         check(form->system, QAccessible::RadioButton, u"System"_s, false);
         QCOMPARE(form->ticked.accessibleText(), u"Boy"_s);
     }
+    void an_option_that_assistive_tools_toggle_is_clicked_once() {
+        QSignalSpy clicks(&form->system, &OptionButton::Click);
+        QSignalSpy others(&form->user, &OptionButton::Click);
+        QAccessible::queryAccessibleInterface(&within(form->system))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+        QCOMPARE(chosen(), u"System"_s);
+        QCOMPARE(clicks.size(), 1);
+        QCOMPARE(others.size(), 0);
+        click(form->system);
+        QCOMPARE(clicks.size(), 2);
+    }
     void assistive_tools_can_press() {
         QSignalSpy clicks(&form->system, &OptionButton::Click);
         QAccessible::queryAccessibleInterface(&within(form->clear))
