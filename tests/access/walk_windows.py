@@ -153,7 +153,7 @@ def asks_before_the_end(walk, program, window):
     walk.press(question, "TorvMsg", "No")
     program.wait_gone(QUESTION)
     walk.press(window, "MainFrm", "Close window")
-    walk.press(program.window(QUESTION), "TorvMsg", "Yes")
+    walk.press_last(program.window(QUESTION), "TorvMsg", "Yes")
     wait_for("the end of the program", program.has_ended)
 
 
@@ -182,6 +182,9 @@ def steps_and_plays(walk, program, window):
     find(window, "#0001")
     walk.press(window, "Torvette", "Load this ROM")
     walk.wait_played(walk.rom("a.gb"))
+    walk.press(window, "Torvette", "Advanced search")
+    walk.press(program.window(SEARCH), "AdvSearch", "Close window")
+    program.wait_gone(SEARCH)
     for words in ("Keep on top", "Don’t keep on top"):
         find(window, words)
         walk.look(window, "Torvette")

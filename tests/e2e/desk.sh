@@ -81,12 +81,17 @@ settle() {
 # The size of a window of the catalogue, as "width height" in dots.
 size_of() { awk -F'\t' -v w="$1" -v s="$desk_scale" '$1 == w { print $3 * s, $4 * s }' "$catalogue/windows.tsv"; }
 
+# The size of the compact window when its panel is folded out.
+open_size() { echo "$((300 * desk_scale)) $((134 * desk_scale))"; }
+# All sizes that windows of the catalogue have, a line each.
+sizes_of_windows() { awk -F'\t' -v s="$desk_scale" '{ print $3 * s, $4 * s }' "$catalogue/windows.tsv" && open_size; }
+
 # The program's visible window of that name as "id left top width height"; the windows all differ in size. The
 # compact window has two: folded and open.
 window_place() {
     local folded open=''
     folded=$(size_of "$1")
-    [ "$1" = Torvette ] && open="${folded% *} $((134 * desk_scale))"
+    [ "$1" = Torvette ] && open=$(open_size)
     xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
         awk -F= -v folded="$folded" -v open="$open" '
             { value[$1] = $2; size = value["WIDTH"] " " value["HEIGHT"] }
@@ -126,7 +131,7 @@ has_box() {
     local WINDOW X Y WIDTH HEIGHT SCREEN
     eval "$(xdotool getactivewindow getwindowgeometry --shell)"
     [ "$(xdotool getwindowpid "$WINDOW")" = "$program_pid" ] &&
-        ! awk -F'\t' -v s="$desk_scale" '{ print $3 * s, $4 * s }' "$catalogue/windows.tsv" | grep -qx "$WIDTH $HEIGHT"
+        ! sizes_of_windows | grep -qx "$WIDTH $HEIGHT"
 }
 wait_box() { wait_until 10 has_box && settle; }
 wait_no_box() { wait_until 10 '! has_box' && settle; }
@@ -232,3 +237,43 @@ shot_of() {
     read -r id x y width height < <(window_place "$1") || { echo "no window $1" >&2; return 1; }
     maim -u -g "$((width + 2 * margin))x$((height + 2 * margin))+$((x - margin))+$((y - margin))" "$2" 2>/dev/null
 }
+
+# The icon's place on the screen as "left top width height"; what a tray has taken lies deeper than other windows.
+icon_place() {
+    xwininfo -root -tree | awk '
+        $2 ~ /^"Torvane":$/ && match($0, /[0-9]+x[0-9]+[+-][0-9]+[+-][0-9]+ +[+-][0-9]+[+-][0-9]+$/) {
+            split(substr($0, RSTART), at, /[x+ ]+/)
+            if (at[1] > 10) { print at[5], at[6], at[1], at[2]; found = 1; exit }
+        }
+        END { exit !found }'
+}
+has_icon() { wait_until 10 icon_place && settle; }
+icon_click() { # BUTTON
+    local x y width height
+    read -r x y width height < <(icon_place) || { echo "no icon" >&2; return 1; }
+    xdotool mousemove $((x + width / 2)) $((y + height / 2)) click "$1" && settle
+}
+start_tray() { # EDGE
+    trayer --edge "$1" --align right --widthtype request --height 24 >/dev/null 2>&1 &
+    tray_pid=$!
+}
+stop_tray() {
+    kill "$tray_pid"
+    wait "$tray_pid" 2>/dev/null
+    wait_until 10 '! icon_place'
+}
+
+# The open menu as "left top width height": the program's visible window that is neither in the catalogue nor small.
+menu_place() {
+    xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
+        awk -F= -v sizes="$(sizes_of_windows | tr '\n' ';')" '
+            { value[$1] = $2 }
+            $1 == "HEIGHT" && $2 > 60 && index(";" sizes, ";" value["WIDTH"] " " $2 ";") == 0 {
+                print value["X"], value["Y"], value["WIDTH"], $2
+                found = 1
+                exit
+            }
+            END { exit !found }'
+}
+menu_opens() { wait_until 10 menu_place && settle; }
+menu_closes() { xdotool key Escape && wait_until 5 '! menu_place'; }

@@ -25,6 +25,14 @@ Qt::WindowFlags flagsOf(const FormDesign& design) {
     if (design.border == FormDesign::fixedDialog) flags |= Qt::MSWindowsFixedSizeDialogHint;
     return flags;
 }
+
+// A window whose state was set while it was hidden gets it when it is shown.
+void giveNativeState(QWidget& window) {
+    QWindow* handle = window.windowHandle();
+    if (window.isVisible() || handle == nullptr) return;
+    const Qt::WindowStates wanted = window.windowState() & ~Qt::WindowActive;
+    if (handle->windowStates() != wanted) handle->setWindowStates(wanted);
+}
 } // namespace
 
 Form::Form(Runtime& runtime, const FormDesign& design)
@@ -50,6 +58,7 @@ void Form::Show(Form* owner) {
 }
 
 void Form::appear() {
+    giveNativeState(*this);
     show();
     raise();
     activateWindow();
@@ -118,8 +127,11 @@ void Form::setWindowStateWord(State state) {
     const Qt::WindowState wanted = state == minimised   ? Qt::WindowMinimized
                                    : state == maximised ? Qt::WindowMaximized
                                                         : Qt::WindowNoState;
+    // The platform would put a hidden window that is no longer minimised on the screen: an empty one, since
+    // Qt still takes it for hidden.
+    if (!isVisible()) return overrideWindowState(wanted);
     setWindowState(wanted);
-    if (state != minimised && isVisible()) activateWindow();
+    if (state != minimised) activateWindow();
 }
 
 void Form::moveTo(int leftTwips, int topTwips) {
