@@ -60,6 +60,8 @@ void ForegroundWindows::show(Window window) {
     if (shown == nullptr) return;
     // It may have been hidden when the exit was called off: then nobody has enabled it.
     if (m_program.loaded<TorvMsg>() == nullptr) shown->setEnabled(true);
+    // It may have been minimised while it was hidden.
+    if (shown->windowStateWord() == Form::minimised) shown->setWindowStateWord(Form::normal);
     shown->Show();
 }
 

@@ -81,12 +81,6 @@ private slots:
         QCOMPARE(world().messages.last(), QStringLiteral("Run-time error '13':\n\nType mismatch"));
         QCOMPARE(world().ends, 1);
     }
-    void a_start_setting_of_1_opens_the_main_window_while_there_is_no_compact_one() {
-        world().setSetting("Start", QStringLiteral("1"));
-        Program& program = opened->start();
-        QVERIFY(program.loaded<MainFrm>()->isVisible());
-        QCOMPARE(world().ends, 0);
-    }
     void any_other_start_setting_opens_the_main_window_data() {
         QTest::addColumn<QString>("start");
         QTest::newRow("0") << QStringLiteral("0");
