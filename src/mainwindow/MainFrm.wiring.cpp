@@ -17,7 +17,9 @@ void MainFrm::wireControls() {
     wire(displayer, &Timer::Tick, &MainFrm::displayer_Tick);
     takeDrops();
     wire(*this, &Form::pathDropped, &MainFrm::addGames, Failure::reported);
-    wire(*this, &Form::resized, [this] { m.foreground.mainWindowMinimised(windowStateWord() == minimised); });
+    // A window manager may report that a window is minimised after it has been hidden.
+    wire(*this, &Form::resized,
+         [this] { m.foreground.mainWindowMinimised(isVisible() && windowStateWord() == minimised); });
     wire(m_menuOpener, &MenuOpener::wanted, [this](QPoint place) { m.foreground.menu().popUp(place); });
     wire(TrayIcon1, &TrayIcon::clicked, [this] { m.foreground.bringBack(); });
     wire(m_dragStrip, &DragStrip::dropped, [this] { putInsideScreen(*this); });

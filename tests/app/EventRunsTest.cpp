@@ -163,10 +163,10 @@ private slots:
     void the_typewriter_serves_events_after_each_character() {
         opened->openAssistant();
         assistant().ShowDialog(u"ab"_s);
+        const NoTimers ticks;
         const EventRuns runs([&] {
             return assistant().Label2.Caption() + (assistant().Timer1.Enabled() ? u" goes on"_s : QString());
         });
-        const NoTimers ticksOfItsOwn;
         emit assistant().Timer1.Tick();
         emit assistant().Timer1.Tick();
         const QStringList expected{u"a goes on"_s, u"ab goes on"_s};
@@ -177,6 +177,7 @@ private slots:
         opened->openAssistant();
         opened->goToFile();
         opened->browse(opened->original(u"a.gb"_s));
+        const NoTimers ticks;
         const EventRuns runs([&] {
             return opened->library().join(u' ') +
                    (assistant().ChameleonButton5.isVisible() ? u" asked"_s : u" not asked"_s);
@@ -191,6 +192,7 @@ private slots:
         opened->original(u"b.gb"_s);
         opened->goToChoice();
         opened->dialogs().answer = opened->from();
+        const NoTimers ticks;
         const EventRuns runs([&] {
             return u"%1 listed, %2 copied"_s.arg(assistant().File1.ListCount()).arg(opened->library().size());
         });
@@ -202,6 +204,7 @@ private slots:
         opened->openAssistant();
         opened->original(u"a.gb"_s);
         opened->copyFolder(opened->from());
+        const NoTimers ticks;
         const EventRuns runs([&] {
             return u"%1 left, page %2"_s.arg(assistant().File1.ListCount())
                 .arg(assistant().ChameleonButton5.isVisible() ? u"asks"_s : u"says"_s);
