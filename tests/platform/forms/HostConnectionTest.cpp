@@ -116,6 +116,26 @@ private slots:
         connection->open(host, server->serverPort(), 20000);
         QTRY_COMPARE_WITH_TIMEOUT(connected.size(), 1, 20000);
     }
+    void addresses_that_have_not_answered_keep_no_socket() {
+        QVERIFY(reaches({silent, refusing, answering}, 900));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(connection->findChildren<QTcpSocket*>().size(), 1);
+    }
+    void a_connection_lasts_beyond_the_time_for_the_tries() {
+        QVERIFY(reaches({silent, answering}, 400));
+        const QSignalSpy failed(connection.get(), &HostConnection::failed);
+        QTest::qWait(500);
+        QCOMPARE(failed.size(), 0);
+        QCOMPARE(connection->socket().state(), QAbstractSocket::ConnectedState);
+    }
+    void closed_before_its_first_try_it_connects_to_nobody() {
+        const QSignalSpy arrived(server.get(), &QTcpServer::newConnection);
+        connection->openOneOf({answering}, u"some.host"_s, server->serverPort(), 100);
+        connection->close();
+        QTest::qWait(150);
+        QCOMPARE(arrived.size(), 0);
+        QVERIFY(connection->findChildren<QTcpSocket*>().isEmpty());
+    }
     void closed_it_says_nothing_any_more() {
         const QSignalSpy connected(connection.get(), &HostConnection::connected);
         const QSignalSpy failed(connection.get(), &HostConnection::failed);

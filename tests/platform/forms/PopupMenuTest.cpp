@@ -161,6 +161,11 @@ private slots:
         form->away.choose();
         QCOMPARE(last.size() + away.size(), 0);
     }
+    void a_separator_cannot_be_chosen() {
+        const QSignalSpy line(&form->line, &MenuEntry::Click);
+        form->line.choose();
+        QCOMPARE(line.size(), 0);
+    }
     void the_menu_speaks_to_assistive_tools_with_names_and_presses() {
         form->menu.popUp({});
         QSignalSpy clicked(&form->first, &MenuEntry::Click);

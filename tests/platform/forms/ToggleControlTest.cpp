@@ -121,6 +121,13 @@ private slots:
         QCOMPARE(chosen(), u"User"_s);
     }
 
+    void the_words_of_a_disabled_control_are_fainter() {
+        const auto words = [this] { return imageOf(form->ticked).copy(20, 0, 114, 15); };
+        QVERIFY(hasColour(words(), Qt::white));
+        form->ticked.setEnabled(false);
+        QVERIFY(!hasColour(words(), Qt::white));
+    }
+
     // Option buttons
     void the_design_says_what_is_chosen_at_first() {
         QCOMPARE(chosen(), u"User"_s);

@@ -105,6 +105,8 @@ private slots:
         };
         icon->setMenu(menu);
         icon->setPicture(world->folder.write(u"0.dat"_s, picture(Qt::blue, "PNG")));
+        QTest::qWait(150); // longer than the icon waits before it is set up
+        QVERIFY(!isMade());
         icon->setShown(true);
         QCoreApplication::processEvents();
         QVERIFY(!isMade());
