@@ -63,6 +63,16 @@ private slots:
         QVERIFY(program().loaded<ZIP_Viewer>() == nullptr);
         QVERIFY(opened->main().isVisible());
     }
+    void the_archive_window_leads_to_the_main_one_if_the_compact_one_is_hidden() {
+        const QString archive = opened->world.folder.path(QStringLiteral("roms/a.zip"));
+        writeArchive(archive, {{QStringLiteral("m.gb"), "x"}});
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::Torvette);
+        program().loaded<Torvette>()->Hide();
+        program().desk.go(Window::MainFrm, Window::ZIP_Viewer, {archive, QStringLiteral("a.zip")});
+        program().loaded<ZIP_Viewer>()->Unload();
+        QVERIFY(opened->main().isVisible());
+    }
     void an_owned_window_leaves_its_opener_on_screen_and_stays_above_it_when_it_is_reloaded() {
         opened->games(1);
         opened->open();

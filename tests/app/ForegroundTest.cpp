@@ -129,6 +129,14 @@ private slots:
         QCOMPARE(starts(), 1);
         QVERIFY(isShown<NewAssistant>());
     }
+    void no_orders_during_the_intro() {
+        opened->world.setSetting("Intro", u"1"_s);
+        opened->games(1);
+        opened->start();
+        opened->program->load<MainFrm>();
+        expectNoOrders();
+        QVERIFY(isShown<Splash>() && !main().isVisible());
+    }
     void what_was_chosen_while_a_game_ran_is_forgotten() {
         openWithGames(2);
         opened->world.processes.whileRunning = [this] {
@@ -196,8 +204,27 @@ private slots:
         loaded<Torvette>()->Unload();
         QVERIFY(main().isVisible() && main().isEnabled());
     }
+    void a_main_window_that_comes_back_under_the_exit_question_waits_for_the_answer() {
+        openWithGames(1);
+        choose(menuing().editid3);
+        choose(menuing().end);
+        loaded<EditDB>()->Unload();
+        QVERIFY(main().isVisible() && !main().isEnabled());
+        QVERIFY(loaded<TorvMsg>()->isVisible());
+        click(loaded<TorvMsg>()->chameleonButton3);
+        QVERIFY(main().isEnabled());
+    }
     void the_exit_question_of_a_minimised_window_is_seen() {
         openWithGames(1);
+        main().setWindowStateWord(Form::minimised);
+        choose(menuing().end);
+        QVERIFY(loaded<TorvMsg>()->isVisible());
+        QVERIFY(loaded<TorvMsg>()->windowHandle()->transientParent() == nullptr);
+    }
+
+    void the_exit_question_does_not_belong_to_a_window_that_goes_with_a_minimised_one() {
+        openWithGames(1);
+        opened->program->desk.go(Window::MainFrm, Window::NewAssistant);
         main().setWindowStateWord(Form::minimised);
         choose(menuing().end);
         QVERIFY(loaded<TorvMsg>()->isVisible());
@@ -261,6 +288,15 @@ private slots:
         QCOMPARE(QApplication::activeWindow(), loaded<TorvMsg>());
         QVERIFY(!main().isEnabled());
     }
+    void the_icon_brings_the_archive_above_the_compact_window_beside_it() {
+        openArchive();
+        goCompact();
+        loaded<Torvette>()->activateWindow();
+        QTRY_VERIFY(loaded<Torvette>()->isActiveWindow());
+        emit main().TrayIcon1.clicked();
+        QCoreApplication::processEvents();
+        QVERIFY(isShown<Torvette>() && loaded<ZIP_Viewer>()->isActiveWindow());
+    }
     void the_icon_brings_a_message_box_and_leaves_all_else() {
         openWithGames(1);
         main().setWindowStateWord(Form::minimised);
@@ -292,11 +328,13 @@ private slots:
         menuing().popup.shown().close();
     }
     void the_right_button_on_the_compact_strip_opens_the_menu_there() {
+        opened->world.setSetting("Mini", u"0"_s);
         openWithGames(1);
         goCompact();
         QVERIFY(QTest::qWaitForWindowExposed(loaded<Torvette>()));
         click(loaded<Torvette>()->Label2, {100, 10}, Qt::RightButton);
         QVERIFY(menuing().popup.isOpen());
+        QCOMPARE(menuing().popup.shown().pos(), loaded<Torvette>()->Label2.mapToGlobal(QPoint(100, 10)));
         menuing().popup.shown().close();
     }
     void shift_and_f10_open_the_menu_in_both_windows() {

@@ -58,6 +58,19 @@ private slots:
         click(opened->main().ChameleonButton12);
         QVERIFY(opened->isCompact());
     }
+    void the_compact_window_is_on_screen_before_the_intro_goes() {
+        opened->games(1);
+        opened->world.setSetting("Intro", u"1"_s);
+        opened->world.setSetting("Start", u"1"_s);
+        opened->start();
+        Splash& intro = *opened->program->loaded<Splash>();
+        QVERIFY(QTest::qWaitForWindowExposed(&intro));
+        bool wasThere = false;
+        connect(&intro, &Form::unloaded, this, [&] { wasThere = opened->isCompact(); });
+        QTest::keyClick(&intro, Qt::Key_Return);
+        QTRY_VERIFY(opened->program->loaded<Splash>() == nullptr);
+        QVERIFY(wasThere);
+    }
     void without_intro_the_main_window_is_loaded_by_its_first_use_and_never_shown() {
         opened->games(1);
         opened->world.setSetting("Start", u"1"_s);

@@ -70,6 +70,29 @@ private slots:
         QVERIFY(isClosed());
         QVERIFY(window().isVisible());
     }
+    void the_window_stands_until_the_box_is_answered() {
+        struct Watched : FakeMessages {
+            std::function<bool()> isOpen;
+            QList<bool> seen;
+            int MsgBox(const QString&, int, const QString&) override {
+                seen += isOpen();
+                return MsgBoxFlags::answerOk;
+            }
+        } watched;
+        watched.isOpen = [this] { return !isClosed() && chooser().isVisible(); };
+        FakeWorld& world = opened->world;
+        Runtime runtime{watched, world.dialogs, world.browser, world.processes, world.settings, [] {}};
+        publish(tetris);
+        opened->program = std::make_unique<Program>(runtime, world.appPath());
+        opened->program->start();
+        QVERIFY(QTest::qWaitForWindowExposed(&main()));
+        clickDatabase();
+        useRow(0);
+        writeInto(u"g001.gb"_s);
+        QCOMPARE(watched.seen, QList<bool>{true});
+        QVERIFY(isClosed());
+        opened->close();
+    }
     void a_tagged_game_keeps_the_stored_size_and_gets_the_new_values() {
         const QByteArray image = QByteArray(3000, 'r');
         opened->game(u"tagged.gb"_s, image + "\r\n" + oldTag("3000"));
@@ -145,6 +168,21 @@ private slots:
         QCOMPARE(main().GameInfo.Caption(), u"Falling blocks"_s);
         QCOMPARE(main().EditID3Title.Text(), u"TETRIS"_s);
         QCOMPARE(main().Games.FileName(), u"g001.gb"_s);
+    }
+    void the_compact_window_comes_back_with_the_new_tag_of_its_game() {
+        publish(tetris);
+        opened->open();
+        click(main().ChameleonButton12);
+        opened->program->desk.go(Window::Menuing, Window::EditDB);
+        QVERIFY(QTest::qWaitForWindowExposed(&window()));
+        emit window().Timer1.Tick();
+        useRow(0);
+        writeInto(u"g001.gb"_s);
+        click(window().chameleonButton1);
+        const Torvette& compact = *loaded<Torvette>();
+        QVERIFY(compact.isVisible() && !main().isVisible());
+        QCOMPARE(compact.Text1.Text(), u"TETRIS ··· "_s);
+        QCOMPARE(compact.Label6.Caption(), u"Nintendo"_s);
     }
     void the_tag_of_another_game_leaves_the_panel_alone() {
         openChooser();

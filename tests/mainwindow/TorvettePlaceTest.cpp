@@ -107,7 +107,8 @@ private slots:
     void the_name_and_the_data_are_part_of_the_strip_and_the_buttons_are_not() {
         openWith("Mini", u"0"_s);
         click(window().ChameleonButton4);
-        for (const Label* label : {&window().Label1, &window().Label3, &window().Label7}) {
+        for (const Label* label : {&window().Label1, &window().Label3, &window().Label4, &window().Label5,
+                                   &window().Label6, &window().Label7}) {
             window().moveTo(3000, 3000);
             const QPoint hold = label->geometry().center();
             QTest::mousePress(window().windowHandle(), Qt::LeftButton, {}, hold);

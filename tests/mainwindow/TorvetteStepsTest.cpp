@@ -78,6 +78,31 @@ private slots:
         QCOMPARE(number(), u"#0001"_s);
     }
 
+    void a_held_arrow_key_steps_on_and_a_held_enter_launches_once_data() {
+        QTest::addColumn<bool>("hasFocus");
+        QTest::newRow("launch button") << true;
+        QTest::newRow("another button") << false;
+    }
+    void a_held_arrow_key_steps_on_and_a_held_enter_launches_once() {
+        QFETCH(bool, hasFocus);
+        openWith(4);
+        (hasFocus ? window().chameleonButton2 : window().chameleonButton3).setFocus();
+        const auto hold = [this](Qt::Key key) {
+            for (const bool repeats : {false, true, true})
+                QTest::simulateEvent(window().focusWidget(), true, key, {}, QString(), repeats);
+            QTest::simulateEvent(window().focusWidget(), false, key, {}, QString(), false);
+        };
+        hold(Qt::Key_Right);
+        QCOMPARE(number(), u"#0004"_s);
+        hold(Qt::Key_Up);
+        QCOMPARE(number(), u"#0001"_s);
+        hold(Qt::Key_Return);
+        QCOMPARE(processes().starts.size(), 1);
+        hold(Qt::Key_Enter);
+        QCOMPARE(processes().starts.size(), 2);
+        QVERIFY(opened->isCompact());
+    }
+
     // Launches
     void the_launch_button_and_enter_play_the_selected_game_and_nothing_else_comes_on_screen() {
         openWith(2);
@@ -105,6 +130,15 @@ private slots:
         click(viewer->chameleonButton1);
         QVERIFY(opened->program->loaded<ZIP_Viewer>() == nullptr);
         QVERIFY(opened->isCompact());
+    }
+
+    void the_search_button_opens_the_search_above_the_compact_window() {
+        openWith(2);
+        click(window().ChameleonButton4);
+        click(window().ChameleonButton6);
+        const AdvSearch* search = opened->program->loaded<AdvSearch>();
+        QVERIFY(search != nullptr && search->isVisible() && opened->isCompact());
+        QCOMPARE(search->windowHandle()->transientParent(), window().windowHandle());
     }
 
     // The way back
