@@ -92,6 +92,15 @@ private slots:
         QCOMPARE(marked(), 1);
     }
 
+    void a_blank_is_no_search_even_for_a_title_that_begins_with_one() {
+        openWith({u" a.gb"_s, u"b.gb"_s});
+        opened->chooseRow(1);
+        search(0, u" "_s);
+        QCOMPARE(marked(), 2);
+        search(0, u" a"_s);
+        QCOMPARE(marked(), 1);
+    }
+
     // By number
     void a_number_selects_its_game() {
         openWith(30);

@@ -3,6 +3,8 @@
 #include "support/OpenedSearch.h"
 #include "support/TestMain.h"
 
+#include <qtestspontaneevent.h>
+
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
@@ -78,6 +80,7 @@ private slots:
         for (const auto& [option, caption] : pairs) {
             click(*caption);
             QVERIFY(option->Value());
+            QVERIFY(option->isAncestorOf(window().focusWidget()));
         }
         click(window().TVLabel3);
         click(window().ChameleonButton17);
@@ -120,6 +123,13 @@ private slots:
         openList();
         type(u"g015"_s);
         QCOMPARE(window().CRYTextBox1.Text(), u"g015"_s);
+    }
+    void brought_back_by_the_desktop_it_leaves_the_focus_where_it_was() {
+        openList().Text1.setFocus();
+        QShowEvent again;
+        QSpontaneKeyEvent::setSpontaneous(&again);
+        qApp->notify(&window(), &again);
+        QVERIFY(window().Text1.isAncestorOf(window().focusWidget()));
     }
     void closing_acts_not_and_forgets_data() {
         QTest::addColumn<int>("how");

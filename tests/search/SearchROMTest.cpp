@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <QUrl>
+#include <qtestspontaneevent.h>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -113,6 +114,13 @@ private slots:
         QVERIFY(isGone());
         QCOMPARE(urls(), QStringList());
         QCOMPARE(openWeb().CRYTextBox1.Text(), QString());
+    }
+    void brought_back_by_the_desktop_it_leaves_the_focus_where_it_was() {
+        openWeb().ChameleonButton17.setFocus();
+        QShowEvent again;
+        QSpontaneKeyEvent::setSpontaneous(&again);
+        qApp->notify(&window(), &again);
+        QVERIFY(window().ChameleonButton17.hasFocus());
     }
     void a_browser_that_cannot_be_started_is_passed_over() {
         opened->world.browser.found = false;

@@ -231,6 +231,46 @@ private slots:
         QVERIFY(loaded<EditDB>() != nullptr);
         QCOMPARE(titles(), QStringList{u"TETRIS"_s});
     }
+    void closed_once_the_body_is_there_it_keeps_the_file_and_goes_data() {
+        QTest::addColumn<bool>("byButton");
+        QTest::newRow("button") << true;
+        QTest::newRow("window manager") << false;
+    }
+    void closed_once_the_body_is_there_it_keeps_the_file_and_goes() {
+        QFETCH(bool, byButton);
+        opened->world.folder.write(u"online_db.dat"_s, wario);
+        QByteArray copyAtClose;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            if (window().down.StillExecuting()) return;
+            watch.stop();
+            copyAtClose = copy();
+            byButton ? click(window().chameleonButton1) : void(window().close());
+        });
+        openWhile([&] { watch.start(0); }, tetris);
+        QCOMPARE(copyAtClose, wario); // not written yet
+        QTRY_VERIFY(loaded<EditDB>() == nullptr);
+        QVERIFY(main().isVisible());
+        QCOMPARE(copy(), tetris + "\r\n");
+        QCOMPARE(hiddenNames(), QStringList());
+        QCOMPARE(messages().boxes.size(), 0);
+    }
+    void closed_before_it_fetches_it_asks_the_server_for_nothing() {
+        struct Closing : QObject {
+            bool eventFilter(QObject* object, QEvent* event) override {
+                if (event->type() == QEvent::Show && object->objectName() == u"EditDB"_s)
+                    QMetaObject::invokeMethod(object, "close", Qt::QueuedConnection);
+                return false;
+            }
+        } closing;
+        qApp->installEventFilter(&closing);
+        const WebServer server(answerOf(tetris));
+        openWith(server);
+        QTRY_VERIFY(loaded<EditDB>() == nullptr);
+        QVERIFY(main().isVisible());
+        QCOMPARE(server.requests.size(), 0);
+        QCOMPARE(messages().boxes.size(), 0);
+    }
     void after_a_closed_download_the_database_opens_again() {
         const WebServer silent([&](QTcpSocket&, const QByteArray&) { window().close(); });
         openWith(silent);
