@@ -157,13 +157,10 @@ void MainFrm::Label15_Click() {
     }
 }
 
-// What the user has tried meanwhile is over with the game: it was meant for a program that did not answer,
-// and would start the next game, say.
+// What the user has tried meanwhile is dropped: it would start the next game, say.
 void MainFrm::play() {
     m.shell.play(m.emulators.EmulatorCommand, Games.filePath());
-    HeldInput meanwhile;
-    pumpEvents();
-    meanwhile.forget();
+    HeldInput::dropWaiting();
 }
 
 void MainFrm::OpenSearchWeb() {

@@ -4,6 +4,7 @@
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
 #include "platform/base/NativeText.h"
+#include "platform/forms/HeldInput.h"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -132,6 +133,8 @@ void ZIP_Viewer::ListView1_DblClick() {
     pumpEvents();
     if (isUnloaded()) return;
     m.shell.play(m.emulators.EmulatorCommand, File2.filePath());
+    // A double click made meanwhile would start the game again.
+    HeldInput::dropWaiting();
     setWindowStateWord(normal);
 }
 

@@ -94,17 +94,8 @@ private slots:
         main.ListView1.setFocus();
         processes().whileRunning = [&] {
             if (processes().starts.size() > 1) return;
-            QWidget* window = main.window();
-            for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-                const QPoint place =
-                    main.ChameleonButton16.mapTo(window, main.ChameleonButton16.rect().center());
-                QCoreApplication::postEvent(
-                    window->windowHandle(),
-                    new QMouseEvent(type, place, window->mapToGlobal(place), Qt::LeftButton,
-                                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {}));
-            }
-            QCoreApplication::postEvent(window->windowHandle(),
-                                        new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, {}));
+            postClick(main.ChameleonButton16);
+            postKey(main, Qt::Key_Return);
         };
         click(main.ChameleonButton16);
         QCoreApplication::processEvents();

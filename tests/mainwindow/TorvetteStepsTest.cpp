@@ -120,6 +120,21 @@ private slots:
         click(window().chameleonButton3);
         QCOMPARE(opened->main().windowStateWord(), Form::normal);
     }
+    void clicks_and_keys_that_come_while_a_game_runs_are_dropped() {
+        openWith(2);
+        processes().whileRunning = [&] {
+            if (processes().starts.size() > 1) return;
+            postClick(window().chameleonButton2);
+            postClick(window().chameleonButton1);
+            postKey(window(), Qt::Key_Return);
+            postKey(window(), Qt::Key_Escape);
+        };
+        click(window().chameleonButton2);
+        QCoreApplication::processEvents();
+        QCOMPARE(processes().starts.size(), 1);
+        QCOMPARE(number(), u"#0001"_s);
+        QVERIFY(opened->isCompact());
+    }
     void the_archive_window_comes_back_to_the_compact_one() {
         writeArchive(opened->world.folder.path(u"roms/a.zip"_s), {{u"m.gb"_s, "x"}});
         opened->world.setSetting("zip", u"1"_s);

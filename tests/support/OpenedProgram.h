@@ -8,6 +8,7 @@
 #include "art/ArtResources.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace torvane {
 
@@ -20,6 +21,24 @@ inline void click(const QWidget& control, QPoint place = {}, Qt::MouseButton but
 inline void doubleClick(const QWidget& control, QPoint place) {
     QWidget* window = control.window();
     QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, control.mapTo(window, place));
+}
+/// Mouse events of a click, or of a double click at its end, that wait until the program serves events again,
+/// as those of a user who clicks on a program that is busy.
+inline void postClick(const QWidget& control, QPoint place = {}, bool isDouble = false) {
+    QWidget* window = control.window();
+    const QPoint inside = control.mapTo(window, place.isNull() ? control.rect().center() : place);
+    QList<QEvent::Type> types{QEvent::MouseButtonPress, QEvent::MouseButtonRelease};
+    if (isDouble) types += {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease};
+    for (const QEvent::Type type : types) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QCoreApplication::postEvent(
+            window->windowHandle(),
+            new QMouseEvent(type, inside, window->mapToGlobal(inside), Qt::LeftButton, held, {}));
+    }
+}
+/// A key press that waits in the same way.
+inline void postKey(const QWidget& window, Qt::Key key) {
+    QCoreApplication::postEvent(window.windowHandle(), new QKeyEvent(QEvent::KeyPress, key, {}));
 }
 /// Moves the pointer onto a control.
 inline void hover(const QWidget& control) {

@@ -190,6 +190,17 @@ private slots:
         QCOMPARE(window().pos(), place);
         QVERIFY(window().isVisible() && !main().isVisible());
     }
+    void a_double_click_made_while_a_game_runs_is_dropped() {
+        openArchive({{u"game.gba"_s, "rom"}});
+        processes().whileRunning = [&] {
+            if (processes().starts.size() > 1) return;
+            postClick(window().ListView1, window().ListView1.rowRect(0).center(), true);
+            postKey(window(), Qt::Key_Return);
+        };
+        play(0);
+        QCoreApplication::processEvents();
+        QCOMPARE(processes().starts.size(), 1);
+    }
     void a_path_with_blanks_reaches_the_emulator_in_pieces() {
         openArchive({{u"my game.gb"_s, "rom"}}, u"a pack.zip"_s);
         play(0);

@@ -2,6 +2,7 @@
 // Sees all events of the application before their receivers do.
 #include "HeldInput.h"
 #include "Form.h"
+#include "Runtime.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -60,6 +61,12 @@ HeldInput::~HeldInput() {
 
 void HeldInput::forget() {
     std::erase_if(m_held, [](const Held& held) { return held.event->type() != QEvent::Close; });
+}
+
+void HeldInput::dropWaiting() {
+    HeldInput waiting;
+    pumpEvents();
+    waiting.forget();
 }
 
 bool HeldInput::isOn() {

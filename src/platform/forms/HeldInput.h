@@ -28,6 +28,10 @@ public:
     /// Drops the clicks and keys that have come so far.
     void forget();
 
+    /// Drops the clicks and keys that wait just now, and lets all other waiting events through once. For a
+    /// handler that has blocked the thread: they were meant for a program that could not answer.
+    static void dropWaiting();
+
     /// Whether there is one just now. For what reaches the program in other ways than as input, such as the
     /// choice of an entry in a menu that the desktop shows.
     static bool isOn();
