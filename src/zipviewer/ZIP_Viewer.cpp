@@ -67,6 +67,7 @@ void ZIP_Viewer::ReadZIP(const QString& path, const QString& name) {
 }
 
 void ZIP_Viewer::read(const QString& path, const QString& name) {
+    if (!ZipName.isEmpty() && ZipName != name) discardArchive();
     m_isFailureReported = false;
     Mensaje.setVisible(true);
     pumpEvents();
@@ -75,6 +76,15 @@ void ZIP_Viewer::read(const QString& path, const QString& name) {
     Mensaje.setVisible(false);
     ListView1.setFocus();
     ZipName = name;
+}
+
+// The compact window stays on screen beside this one, and may open another archive in it.
+void ZIP_Viewer::discardArchive() {
+    m_temp.DeleteTemp(ZipName);
+    ZipName.clear();
+    File2.setPath(QString());
+    ListView1.Clear();
+    m_members.reset();
 }
 
 // Retries for ever: an archive that is still being copied appears once it is complete.

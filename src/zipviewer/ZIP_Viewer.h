@@ -23,8 +23,9 @@ public:
     /// Runs once after construction.
     void Load();
     /// Unpacks the archive (full path and bare name) and lists it in the window, which the desk has shown.
-    /// Serves events meanwhile. Retries until a member is listed or the user closes the window. Does nothing
-    /// while another read is running.
+    /// Serves events meanwhile. Retries until a member is listed or the user closes the window. An archive
+    /// that is listed already is not read again; another one replaces it. Does nothing while another read is
+    /// running.
     void ReadZIP(const QString& path, const QString& name);
     /// Reads the archive given as a list of its full path and its bare name.
     void take(const QStringList& archive) { ReadZIP(archive.value(0), archive.value(1)); }
@@ -35,6 +36,7 @@ protected:
 
 private:
     void read(const QString& path, const QString& name);
+    void discardArchive();
     void readUntilListed(const QString& path, const QString& name);
     void ListZipMembers(const QString& name);
     void showReason(UnZip::Reason reason);

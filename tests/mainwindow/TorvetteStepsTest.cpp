@@ -155,6 +155,28 @@ private slots:
         QVERIFY(search != nullptr && search->isVisible() && opened->isCompact());
         QCOMPARE(search->windowHandle()->transientParent(), window().windowHandle());
     }
+    void another_archive_replaces_the_one_that_is_listed() {
+        writeArchive(opened->world.folder.path(u"roms/a.zip"_s), {{u"m.gb"_s, "x"}, {u"n.gb"_s, "x"}});
+        writeArchive(opened->world.folder.path(u"roms/b.zip"_s), {{u"o.gb"_s, "x"}});
+        opened->world.setSetting("zip", u"1"_s);
+        opened->openCompact();
+        click(window().chameleonButton2);
+        ZIP_Viewer& viewer = *opened->program->loaded<ZIP_Viewer>();
+        QCOMPARE(viewer.ListView1.rowCount(), 2);
+        click(window().chameleonButton2); // the same archive again
+        QCOMPARE(viewer.ListView1.rowCount(), 2);
+        opened->next();
+        click(window().chameleonButton2);
+        QCOMPARE(viewer.ListView1.rowCount(), 1);
+        QCOMPARE(viewer.ListView1.model().index(0, 0).data().toString(), u"o.gb"_s);
+        doubleClick(viewer.ListView1, viewer.ListView1.rowRect(0).center());
+        QCOMPARE(processes().starts.size(), 1);
+        QVERIFY(processes().starts[0].arguments.last().endsWith("/b/o.gb"));
+        QCOMPARE(opened->world.folder.entries(u"ziptemp"_s), QStringList{u"b"_s});
+        click(viewer.chameleonButton1);
+        QCOMPARE(opened->world.folder.entries(u"ziptemp"_s), QStringList());
+        QVERIFY(opened->isCompact());
+    }
 
     // The way back
     void the_back_button_unloads_it_and_shows_the_main_window() {
