@@ -159,11 +159,29 @@ void TorvaneDesk::unloaded(Window window) {
     unloadHeld(window);
     const Way* way = std::exchange(m_cameBy[placeOf(window)], nullptr);
     if (way == nullptr || way->comesBack == Return::nobody) return;
-    const Form* compact = m_program.windows.ifLoaded(Window::Torvette);
-    const bool isCompact = compact != nullptr && compact->isVisible();
-    if (way->comesBack == Return::mainUnlessCompact && isCompact) return;
-    m_program.foreground.show(way->comesBack == Return::replaced ? m_replaced[placeOf(window)]
-                                                                 : Window::MainFrm);
+    ForegroundWindows& foreground = m_program.foreground;
+    const bool staysCompact =
+        way->comesBack == Return::mainUnlessCompact && foreground.face() == Window::Torvette;
+    const Window back = way->comesBack == Return::replaced ? m_replaced[placeOf(window)]
+                        : staysCompact                     ? Window::Torvette
+                                                           : Window::MainFrm;
+    if (!staysCompact) foreground.show(back);
+    handOver(window, back);
+    raiseOwned(back);
+}
+
+// Without an owner they could get lost among the windows of other programs: they have no place in the task
+// bar.
+void TorvaneDesk::handOver(Window owner, Window heir) {
+    Windows& windows = m_program.windows;
+    for (const Way& way : ways) {
+        const Way*& cameBy = m_cameBy[placeOf(way.to)];
+        const bool isOwned = way.from == owner ? isAboveOpener(way) : way.opening == Opening::aboveFace;
+        if (!isOwned || cameBy != &way) continue;
+        if (const Way* ofHeir = wayBetween(heir, way.to)) cameBy = ofHeir;
+        Form* owned = windows.ifLoaded(way.to);
+        if (owned != nullptr && owned->isVisible()) owned->Show(windows.ifLoaded(heir));
+    }
 }
 
 void TorvaneDesk::startApplication() {

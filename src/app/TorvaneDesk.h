@@ -34,10 +34,12 @@ private:
     void makeRoom(const Way& way);
     /// The window that the opened one belongs to; null for none.
     Form* ownerFor(const Way& way) const;
-    /// Puts the windows that a window owns above it again, after it was opened anew.
+    /// Puts the windows that a window owns above it again, after it was opened anew or has come back.
     void raiseOwned(Window owner);
     /// Closes the windows that go when their opener goes.
     void unloadHeld(Window opener);
+    /// Gives what belonged to a window that has gone to the one that comes back.
+    void handOver(Window owner, Window heir);
     /// Loads the window that the start shows.
     Form* loadFirst(Window first);
     /// Selects the first game, whatever is wrong with it.

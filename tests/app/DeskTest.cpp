@@ -107,6 +107,49 @@ private slots:
         QVERIFY(opened->main().isVisible());
     }
 
+    void what_belonged_to_the_compact_window_belongs_to_the_main_one_when_that_comes_back_data() {
+        QTest::addColumn<int>("window");
+        QTest::newRow("search") << static_cast<int>(Window::AdvSearch);
+        QTest::newRow("assistant") << static_cast<int>(Window::NewAssistant);
+    }
+    void what_belonged_to_the_compact_window_belongs_to_the_main_one_when_that_comes_back() {
+        QFETCH(int, window);
+        const auto owned = static_cast<Window>(window);
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::Torvette);
+        program().desk.go(Window::Torvette, owned);
+        program().loaded<Torvette>()->Unload();
+        collectGone();
+        const Form* form = program().windows.ifLoaded(owned);
+        QVERIFY(form->isVisible() && opened->main().isVisible());
+        QCOMPARE(form->windowHandle()->transientParent(), opened->main().windowHandle());
+        QTRY_COMPARE(QApplication::activeWindow(), form);
+        // From then on it is as if the main window had opened it.
+        program().desk.go(Window::MainFrm, Window::MainFrm);
+        collectGone();
+        QCOMPARE(form->windowHandle()->transientParent(), opened->main().windowHandle());
+    }
+    void a_hidden_window_of_the_compact_one_stays_hidden() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::Torvette);
+        program().desk.go(Window::Torvette, Window::AdvSearch);
+        program().loaded<AdvSearch>()->Hide();
+        program().loaded<Torvette>()->Unload();
+        QVERIFY(!program().loaded<AdvSearch>()->isVisible());
+    }
+    void a_main_window_that_comes_back_has_its_own_windows_above_it() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::AdvSearch);
+        program().desk.go(Window::MainFrm, Window::EditDB);
+        QTRY_COMPARE(QApplication::activeWindow(), program().loaded<EditDB>());
+        program().loaded<EditDB>()->Unload();
+        QTRY_COMPARE(QApplication::activeWindow(), program().loaded<AdvSearch>());
+        QVERIFY(opened->main().isVisible());
+    }
+
     void the_shelf_gives_the_selected_game() {
         opened->games(3);
         opened->open();

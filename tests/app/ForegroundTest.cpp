@@ -214,6 +214,26 @@ private slots:
         click(loaded<TorvMsg>()->chameleonButton3);
         QVERIFY(main().isEnabled());
     }
+    void the_exit_question_moves_to_the_window_that_comes_back_data() {
+        QTest::addColumn<bool>("isDatabase");
+        QTest::newRow("compact to main") << false;
+        QTest::newRow("database to compact") << true;
+    }
+    void the_exit_question_moves_to_the_window_that_comes_back() {
+        QFETCH(bool, isDatabase);
+        openWithGames(1);
+        goCompact();
+        if (isDatabase) choose(menuing().editid3);
+        choose(menuing().end);
+        isDatabase ? loaded<EditDB>()->Unload() : loaded<Torvette>()->Unload();
+        collectGone();
+        const Form* back = isDatabase ? static_cast<Form*>(loaded<Torvette>()) : loaded<MainFrm>();
+        QVERIFY(back->isVisible() && isShown<TorvMsg>());
+        QCOMPARE(loaded<TorvMsg>()->windowHandle()->transientParent(), back->windowHandle());
+        QTRY_COMPARE(QApplication::activeWindow(), loaded<TorvMsg>());
+        click(loaded<TorvMsg>()->chameleonButton3);
+        QVERIFY(back->isEnabled());
+    }
     void the_exit_question_of_a_minimised_window_is_seen() {
         openWithGames(1);
         main().setWindowStateWord(Form::minimised);
