@@ -154,6 +154,12 @@ int MainFrm::rowOf(const QString& title) const { return m_rows->firstWith(title)
 
 void MainFrm::ListView1_RowClick(int row) { Games.setListIndex(row); }
 
+// A search by title marks a row without selecting its game, and Return plays the marked one.
+void MainFrm::ListView1_RowDblClick(int row) {
+    if (row != Games.ListIndex()) runtime().reporting([&] { ListView1_RowClick(row); });
+    if (row == Games.ListIndex()) Label15_Click();
+}
+
 void MainFrm::Games_Click() {
     if (Games.FileName().isEmpty()) return;
     ListView1.setCurrentRow(Games.ListIndex());

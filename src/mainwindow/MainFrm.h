@@ -69,6 +69,7 @@ private:
     void showArchive();
     void showGame();
     void ListView1_RowClick(int row);
+    void ListView1_RowDblClick(int row);
 
     // MainFrm.actions.cpp: what the buttons do
     void Edit_Menu_Click();

@@ -12,7 +12,7 @@ void MainFrm::wireControls() {
     wire(Games, &FileList::Click, &MainFrm::Games_Click, Failure::reported);
     wire(Games, &FileList::DblClick, &MainFrm::Label15_Click);
     wire(ListView1, &RowList::rowClicked, &MainFrm::ListView1_RowClick, Failure::reported);
-    wire(ListView1, &RowList::rowDoubleClicked, &MainFrm::Label15_Click);
+    wire(ListView1, &RowList::rowDoubleClicked, &MainFrm::ListView1_RowDblClick);
     wire(Label15, &Label::Click, &MainFrm::Label15_Click);
     wire(displayer, &Timer::Tick, &MainFrm::displayer_Tick);
     takeDrops();

@@ -61,6 +61,25 @@ private slots:
         QCOMPARE(position(), u"#2/3"_s);
         QCOMPARE(clicks.size(), 0);
     }
+    void return_plays_the_game_that_a_search_by_title_has_marked() {
+        openWith({u"a.gb"_s, u"b.gb"_s, u"c.gb"_s});
+        search(0, u"c"_s);
+        QTest::keyClick(&main().ListView1, Qt::Key_Return);
+        QCOMPARE(opened->world.processes.starts.size(), 1);
+        QVERIFY(opened->world.processes.starts[0].arguments.last().endsWith("/c.gb"));
+        QCOMPARE(position(), u"#3/3"_s);
+    }
+    void return_on_a_marked_row_whose_game_is_gone_plays_nothing() {
+        openWith({u"a.gb"_s, u"b.gb"_s, u"c.gb"_s});
+        QVERIFY(QFile::remove(opened->world.folder.path(u"roms/c.gb"_s)));
+        main().Games.Refresh();
+        main().Games.setListIndex(0);
+        search(0, u"c"_s);
+        QTest::keyClick(&main().ListView1, Qt::Key_Return);
+        QCOMPARE(opened->world.processes.starts.size(), 0);
+        QCOMPARE(messages().boxes.size(), 1);
+        QCOMPARE(opened->world.ends, 0);
+    }
     void an_empty_title_or_a_blank_only_hides_the_window_data() {
         QTest::addColumn<QString>("title");
         QTest::newRow("empty") << QString();
