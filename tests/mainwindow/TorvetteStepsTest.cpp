@@ -248,6 +248,14 @@ private slots:
         QCOMPARE(number(), u"#0003"_s);
         QCOMPARE(messages().boxes.size(), 1);
     }
+    void of_a_game_that_has_gone_all_data_up_to_the_size_are_shown() {
+        opened->tagged(u"a.gb"_s, u"One"_s);
+        opened->game(u"b.gba"_s);
+        opened->openCompact();
+        remove(u"b.gba"_s);
+        opened->next();
+        QCOMPARE(opened->data(), QStringList({u"#0001"_s, u"GB Advance"_s, u"4 KB"_s, QString(), QString()}));
+    }
     void a_game_that_has_gone_before_the_load_is_reported_and_the_window_opens() {
         opened->games(2);
         opened->open();

@@ -61,6 +61,14 @@ private slots:
         release({190, 95});
         QCOMPARE(form->pos(), QPoint(160, 85));
     }
+    // 2500 pixels are 37,500 twips.
+    void a_pointer_farther_away_than_16_bits_of_twips_is_followed() {
+        press({130, 110});
+        moveTo({2630, 110});
+        QCOMPARE(form->pos(), QPoint(2600, 100));
+        moveTo({130, -2400});
+        QCOMPARE(form->pos(), QPoint(100, -2410));
+    }
     void a_press_alone_moves_nothing() {
         press({130, 110});
         moveTo({130, 110});
@@ -95,7 +103,7 @@ private slots:
         QCOMPARE(strip->cursor().shape(), Qt::ArrowCursor);
         QCOMPARE(form->cursor().shape(), Qt::ArrowCursor);
     }
-    void letting_go_is_told_once_at_each_drag() {
+    void letting_go_is_reported_once_per_drag() {
         QSignalSpy dropped(drag.get(), &DragStrip::dropped);
         release({130, 110});
         QCOMPARE(dropped.size(), 0);
