@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows that the user has before him.
+// The windows in front of the user.
 #pragma once
 
 #include "core/Foreground.h"

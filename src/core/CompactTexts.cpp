@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The running line, and tables of fixed texts.
+// The scrolling line, and tables of fixed texts.
 #include "CompactTexts.h"
 #include "Pieces.h"
 #include "platform/base/CodePage1252.h"
@@ -21,7 +21,7 @@ qsizetype endOfCharacters(const QString& text, int count) {
 }
 
 // Tags are text of the code page and get its capitals; other letters have those of Unicode. Halves of a pair
-// stay, among them the ones that stand for bytes of a file name.
+// stay, among them those that represent bytes of a file name.
 QChar capital(QChar letter) {
     if (letter.isSurrogate()) return letter;
     if (!CodePage1252::holds(QStringView(&letter, 1))) return letter.toUpper();
@@ -48,7 +48,7 @@ QString shown(const QString& name) {
 
 QString line(const QString& name) { return shown(name + QStringLiteral(" ··· ")); }
 
-bool runs(const QString& line) { return endOfCharacters(line, visible) < line.size(); }
+bool scrolls(const QString& line) { return endOfCharacters(line, visible) < line.size(); }
 
 QString advanced(const QString& line) {
     const qsizetype first = endOfCharacters(line, 1);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the user has before him, the main or the compact window or whatever replaces it, as the tray icon and
-// the menu need it: both are there all the time, whatever is on screen. Implemented in app/.
+// What is in front of the user: the main or the compact window, or whatever replaces it. For the tray icon
+// and the menu, which are there all the time, whatever is on screen. Implemented in app/.
 #pragma once
 
 #include <functional>

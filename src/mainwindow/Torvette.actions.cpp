@@ -20,7 +20,7 @@ constexpr int margin = 200;        // how near to an edge the window snaps to it
 constexpr int lowerMargin = 400;   // the same for the lower edge
 constexpr int lowerDistance = 800; // from the lower edge to the top of a window that has snapped to it
 
-// The buttons of a pair lie on the same place: the one gives way to the other, and the focus with it.
+// The buttons of a pair share one place: the other replaces the shown one, and takes its focus.
 void exchange(chameleonButton& shown, chameleonButton& other) {
     const bool hadFocus = shown.hasFocus();
     other.setVisible(true);
@@ -45,13 +45,13 @@ void Torvette::nameButtons() {
     for (const auto& [button, words] : names) wordings().addToolTip(*button, words);
 }
 
-// The strip lies over the labels, so that the window can be moved by all of it but the buttons.
+// Puts the strip above the labels, so that the window can be dragged by all of it but the buttons.
 void Torvette::liftStrip() {
     for (Label* label : {&Label3, &Label4, &Label5, &Label6, &Label7}) label->stackUnder(&Label2);
 }
 
 void Torvette::wireButtons() {
-    // If the game has gone the window stays, and the user can step on.
+    // If the game is gone the window stays, so that the user can step on.
     wire(chameleonButton1, &chameleonButton::Click, &Torvette::next, Failure::reported);
     wire(Edit_Menu, &chameleonButton::Click, &Torvette::previous, Failure::reported);
     wire(chameleonButton2, &chameleonButton::Click, [this] { m.shelf.launch(); });
@@ -68,8 +68,8 @@ void Torvette::wireButtons() {
     wire(*this, &Form::pathDropped, &Torvette::addGames, Failure::reported);
 }
 
-// The keys go before those of the button that has the focus: after a click on any button Enter still
-// launches.
+// Shortcuts take precedence over the keys of the focused button: Enter launches even after a click on another
+// button.
 void Torvette::wireKeys() {
     clicks(Edit_Menu, {Qt::Key_Left, Qt::Key_Up}, true);
     clicks(chameleonButton1, {Qt::Key_Right, Qt::Key_Down}, true);
@@ -97,7 +97,7 @@ void Torvette::previous() {
     showStep();
 }
 
-// While the panel is folded in, no key leads to its buttons.
+// While the panel is folded in, Tab skips its buttons.
 void Torvette::setFolded(bool folded) {
     setHeight(folded ? foldedHeight : openHeight);
     folded ? exchange(ChameleonButton10, ChameleonButton4) : exchange(ChameleonButton4, ChameleonButton10);
@@ -111,7 +111,7 @@ void Torvette::setPinned(bool pinned) {
     SetTopMost(*this, !pinned);
 }
 
-// On the screen where the main window is: there the user looks for this one.
+// On the screen of the main window, where the user is looking.
 void Torvette::takeCorner() {
     const quint8 corner = ByteSetting(m.runtime.settings, "Mini", 1).value();
     const QRect screen = m.shelf.screen();

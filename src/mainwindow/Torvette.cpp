@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the compact window shows: the running line and the data of the selected game.
+// What the compact window shows: the scrolling line and the data of the selected game.
 #include "Torvette.h"
 #include "catalogue/ID3.h"
 #include "core/CompactTexts.h"
@@ -12,8 +12,8 @@
 namespace torvane {
 
 namespace {
-// What load and refresh take for the title of a game without one, whatever the language. Steps and the timer
-// ask the language file.
+// The title that load and refresh take for "none", whatever the language. Steps and the timer ask the
+// language file.
 const QString designMissing = QStringLiteral("No disponible");
 
 QString nameOf(const SelectedGame& game, const QString& missing) {
@@ -39,7 +39,7 @@ void Torvette::Load() {
     RefreshMyList();
     takeCorner();
     takePin();
-    // A game that has gone meanwhile must not keep the window from appearing.
+    // A game that has disappeared meanwhile must not keep the window from appearing.
     runtime().reporting([this] { ROMData(); });
 }
 
@@ -53,13 +53,13 @@ void Torvette::showStep() {
 void Torvette::setLine(const QString& missing) {
     const QString name = nameOf(m.shelf.selected(), missing);
     Text1.setText(CompactTexts::line(name));
-    // Assistive tools are told the whole name, once, and not each step of the line.
+    // Assistive tools read the whole name once, not every step of the line.
     setSpokenName(Label1, name);
 }
 
-// The line that runs has its own copy of the name; the one that stands follows the main window.
+// A scrolling line has its own copy of the name; a short one follows the main window.
 void Torvette::Timer1_Tick() {
-    if (CompactTexts::runs(Text1.Text())) {
+    if (CompactTexts::scrolls(Text1.Text())) {
         Text1.setText(CompactTexts::advanced(Text1.Text()));
         Label1.setCaption(CompactTexts::seen(Text1.Text()));
     } else {
@@ -72,7 +72,7 @@ void Torvette::Timer1_Tick() {
 void Torvette::ROMData() {
     const SelectedGame game = m.shelf.selected();
     showTag(game);
-    // Without a game there is no file to ask.
+    // Without a game there is no file to measure.
     if (!game.name.isEmpty()) {
         Label5.setCaption(QString::number(File::lengthOf(game.path) / 1024) + QStringLiteral(" KB"));
     }
@@ -91,7 +91,7 @@ void Torvette::showTag(const SelectedGame& game) {
     for (Label* label : {&Label4, &Label5, &Label6, &Label7}) label->setCaption(QString());
 }
 
-// Some numbers are wider than the label in the type of the design.
+// Some numbers are too wide for the label at the font size of the design.
 void Torvette::showNumber(const QString& number) {
     FontSpec font = Label3.fontSpec();
     font.points = 24;
@@ -100,7 +100,7 @@ void Torvette::showNumber(const QString& number) {
     Label3.setCaption(number);
 }
 
-// A timer that nobody sees the work of rests.
+// The timer rests while nobody can see the line.
 void Torvette::runWhileSeen() { Timer1.setEnabled(isVisible() && windowStateWord() != minimised); }
 
 void Torvette::showEvent(QShowEvent* event) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The compact window: a strip that stands in for the main window, which stays loaded and hidden behind it. It
-// steps through the list and launches; the selection and its data are the main window's.
+// The compact window: a strip that replaces the main window, which stays loaded but hidden. It steps through
+// the list and launches; the selection and its data are the main window's.
 #pragma once
 
 #include "Torvette.design.h"
@@ -23,14 +23,14 @@ public:
     /// Runs once after construction.
     void Load();
 
-    /// Builds the running line anew from the selected game. It appears at the timer's next tick.
+    /// Rebuilds the scrolling line from the selected game. It appears at the timer's next tick.
     void RefreshMyList();
-    /// Shows the data of the selected game. Fails if its file can't be opened; then size and number stay
-    /// those of the game before.
+    /// Shows the data of the selected game. Fails if its file can't be opened; size and number stay those of
+    /// the previous game then.
     void ROMData();
 
 protected:
-    /// The window manager's close goes back to the main window, too.
+    /// Closing via the window manager goes back to the main window, too.
     void queryUnload() override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Where the game list has to stand to show a game: the page of a row, taken from the decimal digits of the
-// row's number. Each way to a game takes them in its own manner, and some lead to another page than that of
-// the row. These places are the program's known behaviour; the list shows the row in any case (ListView).
+// The place of the game list at which it shows a game: the page of a row, taken from the decimal digits of
+// the row's number. Each way to a game cuts the digits differently, and some give a page that lacks the row.
+// This is the program's known behaviour; the list shows the row in any case (ListView).
 #pragma once
 
 #include "TypedNumber.h"

@@ -12,14 +12,14 @@ DragStrip::DragStrip(Form& window, Label& strip) : QObject(&window), m_window(wi
 }
 
 QPoint DragStrip::pointInStrip(QPoint screenPosition) const {
-    // Reckoned from where the window has been put, not from where the event saw it: the window manager
-    // moves it a little later, and the difference would make it tremble.
+    // Relative to where the window was last put, not to where it was at the event: the window manager moves
+    // it a little later, and the difference would make it tremble.
     return (screenPosition - m_strip.mapToGlobal(QPoint())) * twipsPerPixel;
 }
 
 void DragStrip::press(QPoint screenPosition) {
     m_dragging = true;
-    // No strip is wider than fits 16 bits.
+    // No strip is too wide for 16 bits.
     m_dragX = static_cast<qint16>(pointInStrip(screenPosition).x());
     m_dragY = static_cast<qint16>(pointInStrip(screenPosition).y());
     m_window.setCursor(Qt::SizeAllCursor);

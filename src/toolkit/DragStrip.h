@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Lets a label on the title band move its window, as windows without a title bar need it. What happens
-// when the window is let go is the window's matter.
+// Lets a label on the title band move its window, as windows without a title bar need it. The window decides
+// what happens when it is let go.
 #pragma once
 
 #include "platform/forms/Form.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The gestures that open a window's menu: the right button on the label that moves the window, and the menu
-// key or Shift+F10 anywhere in it. Which menu that is, is the window's matter.
+// key or Shift+F10 anywhere in it. The window decides which menu.
 #pragma once
 
 #include "platform/forms/Form.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The texts of the compact window: capitals, the running line, consoles and numbers.
+// The texts of the compact window: capitals, the scrolling line, consoles and numbers.
 #include "core/CompactTexts.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/NativeText.h"
@@ -44,16 +44,16 @@ private slots:
         }
     }
 
-    void a_line_of_21_characters_stands_and_one_of_22_runs_data() {
+    void a_line_of_22_characters_scrolls_and_one_of_21_does_not_data() {
         QTest::addColumn<int>("length");
-        QTest::addColumn<bool>("runs");
+        QTest::addColumn<bool>("scrolls");
         for (const int length : {0, 1, 15, 16}) QTest::addRow("%d", length) << length << false;
         for (const int length : {17, 21, 22, 255}) QTest::addRow("%d", length) << length << true;
     }
-    void a_line_of_21_characters_stands_and_one_of_22_runs() {
+    void a_line_of_22_characters_scrolls_and_one_of_21_does_not() {
         QFETCH(int, length);
-        QFETCH(bool, runs);
-        QCOMPARE(CompactTexts::runs(CompactTexts::line(named(length))), runs);
+        QFETCH(bool, scrolls);
+        QCOMPARE(CompactTexts::scrolls(CompactTexts::line(named(length))), scrolls);
     }
     void a_step_takes_the_first_character_to_the_end() {
         QCOMPARE(CompactTexts::advanced(u"ABC"_s), u"BCA"_s);
@@ -73,8 +73,8 @@ private slots:
         const QString accented = QString::fromUtf8("n\u0303");
         QCOMPARE(CompactTexts::advanced(smile + u'A'), u'A' + smile);
         QCOMPARE(CompactTexts::advanced(accented + u'A'), u'A' + accented);
-        QVERIFY(!CompactTexts::runs(smile.repeated(21)));
-        QVERIFY(CompactTexts::runs(smile.repeated(22)));
+        QVERIFY(!CompactTexts::scrolls(smile.repeated(21)));
+        QVERIFY(CompactTexts::scrolls(smile.repeated(22)));
         QCOMPARE(CompactTexts::seen(smile.repeated(30)), smile.repeated(21));
     }
     void bytes_that_are_no_utf_8_keep_their_identity() {
@@ -83,9 +83,9 @@ private slots:
         const QString line = CompactTexts::line(name.repeated(5));
         QCOMPARE(advanced(line, static_cast<int>(line.size())), line);
     }
-    void a_right_to_left_name_runs_through_all_its_letters() {
+    void a_right_to_left_name_scrolls_through_all_its_letters() {
         const QString line = CompactTexts::line(u"משחק הרפתקאות ארוך מאוד"_s);
-        QVERIFY(CompactTexts::runs(line));
+        QVERIFY(CompactTexts::scrolls(line));
         QCOMPARE(advanced(line, static_cast<int>(line.size())), line);
         QCOMPARE(advanced(line, 1).size(), line.size());
     }

@@ -204,7 +204,7 @@ private slots:
         QVERIFY(opened->main().isVisible());
         QCOMPARE(opened->main().windowStateWord(), Form::normal);
     }
-    void opened_again_it_stands_where_the_main_window_stands() {
+    void opened_again_it_shows_the_game_of_the_main_window() {
         openWith(3);
         click(window().chameleonButton3);
         opened->chooseRow(2);

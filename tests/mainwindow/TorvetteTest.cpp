@@ -88,14 +88,14 @@ private slots:
         for (int i = 2; i < 22; ++i) opened->tick();
         QCOMPARE(opened->line(), u"A NAME OF 17 CHAR ··· "_s);
     }
-    void a_name_of_16_characters_stands_without_dots() {
+    void a_name_of_16_characters_does_not_scroll_and_has_no_dots() {
         openWith(u"A name of 16 cha"_s);
         QCOMPARE(opened->line().size(), 21);
         for (int i = 0; i < 3; ++i) opened->tick();
         QCOMPARE(opened->shown(), u"A NAME OF 16 CHA"_s);
         QCOMPARE(opened->line(), u"A NAME OF 16 CHA ··· "_s);
     }
-    void a_standing_line_follows_the_main_window_and_not_its_own_text() {
+    void a_short_line_follows_the_main_window_and_not_its_own_text() {
         opened->tagged(u"a.gb"_s, u"One"_s);
         opened->tagged(u"b.gb"_s, u"A name that is much longer than the line"_s);
         opened->openCompact();
@@ -105,7 +105,7 @@ private slots:
         QCOMPARE(opened->shown(), u"A NAME THAT IS MUCH LONGER THAN THE LINE"_s);
         QCOMPARE(opened->line(), u"ONE ··· "_s);
     }
-    void a_running_line_does_not_follow_the_main_window() {
+    void a_scrolling_line_does_not_follow_the_main_window() {
         opened->tagged(u"a.gb"_s, u"A name of 17 char"_s);
         opened->tagged(u"b.gb"_s, u"Two"_s);
         opened->openCompact();
@@ -113,11 +113,11 @@ private slots:
         opened->tick();
         QCOMPARE(opened->shown(), u" NAME OF 17 CHAR ··· "_s);
     }
-    void a_standing_line_without_a_title_is_the_file_name_in_every_language_data() {
+    void a_short_line_without_a_title_is_the_file_name_in_every_language_data() {
         QTest::addColumn<QByteArray>("language");
         for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
     }
-    void a_standing_line_without_a_title_is_the_file_name_in_every_language() {
+    void a_short_line_without_a_title_is_the_file_name_in_every_language() {
         QFETCH(QByteArray, language);
         opened->world.useLanguage(language.constData());
         opened->games(1);
@@ -252,7 +252,7 @@ private slots:
         QCOMPARE(window().Label3.Caption(), u"#0002"_s);
         QCOMPARE(messages().boxes.size(), 0);
     }
-    void a_name_as_long_as_the_disk_allows_runs() {
+    void a_name_as_long_as_the_disk_allows_scrolls() {
         const QString name = QString(252, u'n') + u".gb"_s;
         opened->game(name);
         opened->world.useLanguage("esp");

@@ -14,7 +14,7 @@ class AdvSearchWindowTest : public OpenedSearch {
     AdvSearch& window() const { return *loaded<AdvSearch>(); }
     bool isOpen() const { return window().isVisible(); }
     void type(const QString& text) const { typeText(*window().focusWidget(), text); }
-    // Shows the compact window in place of the main one.
+    // Shows the compact window instead of the main one.
     Torvette& openCompact() const {
         click(main().ChameleonButton12);
         Torvette* compact = loaded<Torvette>();

@@ -50,7 +50,7 @@ protected:
     /// The row of the list that is marked, counted from 1.
     int marked() const { return main().ListView1.currentRow() + 1; }
     float top() const { return main().ListView1.Top(); }
-    /// Whether the marked row lies in the panel of the list, by what is painted there.
+    /// Whether the marked row is inside the panel of the list, by what is painted there.
     bool isMarkedInSight() const {
         const ListView& list = main().ListView1;
         const QRect row = list.rowRect(list.currentRow());

@@ -84,8 +84,8 @@ signals:
     void unloaded();
     /// The window state has changed.
     void resized();
-    /// The user has dropped a file or folder of this machine on the window: its spelled path. Told when the
-    /// desktop has got its answer, so that a handler may take its time.
+    /// The user has dropped a file or folder of this machine on the window: its spelled path. Emitted after
+    /// the desktop has got its answer, so that a handler may take its time.
     void pathDropped(QString path);
 
 protected:

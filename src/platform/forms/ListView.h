@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The list with pictures that lies inside a panel, is taller than it, and is moved up and down within it.
+// The list with pictures that is inside a panel, is taller than it, and is moved up and down within it.
 #pragma once
 
 #include "ImageList.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Shows a tree of menu entries at any place of the screen, over Qt's own menu. That is made when it is first
-// needed: a start never is the time for it. Owned by the form of the entries.
+// Shows a tree of menu entries at any place of the screen, over Qt's own menu. That is made on first
+// use, so that it does not delay the start. Owned by the form of the entries.
 #pragma once
 
 #include "MenuEntry.h"

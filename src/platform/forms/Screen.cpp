@@ -17,7 +17,7 @@ QRect geometry() {
 QRect geometryOf(const QWidget& window) {
     const bool hasPlace = window.isVisible() || window.testAttribute(Qt::WA_Moved);
     if (!hasPlace) return geometry();
-    // A window that lies outside of all screens belongs to the one that it was on before.
+    // A window outside all screens belongs to the one that it was on before.
     const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
     if (screen == nullptr) screen = window.screen();
     return screen ? screen->geometry() : geometry();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's sign in the desktop's tray. It is set up a moment later than it is asked for, since
+// The program's icon in the desktop's tray. It is set up a moment later than it is asked for, since
 // asking the desktop for its tray takes longer than showing a window.
 #pragma once
 

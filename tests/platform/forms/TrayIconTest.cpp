@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sign in the tray: its picture comes from a file that may be missing or something else.
+// The icon in the tray: its picture comes from a file that may be missing or something else.
 #include "platform/forms/TrayIcon.h"
 #include "platform/forms/PopupMenu.h"
 #include "support/Failing.h"
@@ -58,19 +58,20 @@ private slots:
             QVERIFY2(!icon->picture().isNull(), qPrintable(QString::number(number)));
         }
     }
-    void a_missing_picture_fails_and_the_former_one_stays() {
+    void a_missing_picture_fails_and_the_old_one_stays() {
         icon->setPicture(world->folder.write(u"0.dat"_s, picture(Qt::blue, "PNG")));
         QCOMPARE(failureOf([&] { icon->setPicture(world->folder.path(u"1.dat"_s)); }), 53);
         QCOMPARE(shown(), QColor(Qt::blue));
     }
-    void what_is_no_picture_fails_and_the_former_one_stays_data() {
+    void what_is_no_picture_fails_and_the_old_one_stays_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("text") << QByteArray("no picture");
         QTest::newRow("cut off in its head") << picture(Qt::red, "PNG").first(20);
-        QTest::newRow("garbage behind the mark") << QByteArray("\x89PNG\r\n\x1A\n") + QByteArray(300, '\xA5');
+        QTest::newRow("garbage after the signature")
+            << QByteArray("\x89PNG\r\n\x1A\n") + QByteArray(300, '\xA5');
     }
-    void what_is_no_picture_fails_and_the_former_one_stays() {
+    void what_is_no_picture_fails_and_the_old_one_stays() {
         QFETCH(QByteArray, bytes);
         icon->setPicture(world->folder.write(u"0.dat"_s, picture(Qt::blue, "PNG")));
         const QString file = world->folder.write(u"1.dat"_s, bytes);
