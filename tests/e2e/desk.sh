@@ -247,7 +247,8 @@ icon_place() {
         }
         END { exit !found }'
 }
-has_icon() { wait_until 10 icon_place && settle; }
+# On a busy machine an icon finds a new tray late.
+has_icon() { wait_until 30 icon_place && settle; }
 icon_click() { # BUTTON
     local x y width height
     read -r x y width height < <(icon_place) || { echo "no icon" >&2; return 1; }
