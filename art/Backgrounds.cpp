@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The panel backgrounds of the main window, the ZIP window and the yes-or-no box. The start and intro windows
 // are in Portraits.cpp, the assistant in Assistant.cpp, the windows of the database in Database.cpp, the
-// compact window in Compact.cpp, the searches in Search.cpp.
+// compact window in Compact.cpp, the searches in Search.cpp, the gallery in Gallery.cpp.
 #include "Backgrounds.h"
 
 #include "Palette.h"

@@ -38,6 +38,12 @@ QImage paintTorvette(const Workshop& shop);
 QImage paintSearchROM(const Workshop& shop);
 /// The window that searches in the list of games.
 QImage paintAdvSearch(const Workshop& shop);
+/// The gallery of screenshots.
+QImage paintCompartir(const Workshop& shop);
+/// The picture that the gallery shows instead of a file that it can't read.
+QImage paintUnreadPicture(const Workshop& shop);
+/// The window of one enlarged screenshot: a dark stage, because the picture's size is not known.
+QImage paintAmpliCaptura(const Workshop& shop);
 /// The start window: the helper figure in the night, asking (`glad` false) or giving thanks (`glad` true).
 QImage paintSelLangStartUp(const Workshop& shop, bool glad);
 

@@ -42,6 +42,9 @@ constexpr std::pair<const char*, QImage (*)(const Workshop&)> plainWindows[] = {
     {"Torvette.jpg", paintTorvette},
     {"SearchROM.jpg", paintSearchROM},
     {"AdvSearch.jpg", paintAdvSearch},
+    {"Compartir.jpg", paintCompartir},
+    {"Compartir-Image16.bmp", paintUnreadPicture},
+    {"AmpliCaptura.jpg", paintAmpliCaptura},
     {"Splash.bmp", paintSplash}};
 
 void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output& output) {

@@ -68,7 +68,8 @@ private slots:
     void a_list_icon_has_hard_edges_and_a_clear_corner_data();
     void a_list_icon_has_hard_edges_and_a_clear_corner();
     void the_title_band_continues_the_main_window_without_a_seam();
-    void the_intro_bitmap_has_24_bits_a_pixel();
+    void a_bitmap_has_24_bits_a_pixel_data();
+    void a_bitmap_has_24_bits_a_pixel();
     void the_intro_outline_is_neither_empty_nor_a_rectangle();
     void the_intro_never_shows_the_colour_that_ends_a_row();
     void the_intro_screen_is_inside_the_device();
@@ -100,6 +101,9 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     row("Torvette.jpg", "JPEG", {300, 134});
     row("SearchROM.jpg", "JPEG", {373, 167});
     row("AdvSearch.jpg", "JPEG", {450, 274});
+    row("Compartir.jpg", "JPEG", {494, 386});
+    row("Compartir-Image16.bmp", "BMP", {460, 265});
+    row("AmpliCaptura.jpg", "JPEG", {500, 400});
     for (const char* page : {"One", "Two", "Three", "Four"})
         row(QString("NewAssistant-%1.jpg").arg(page), "JPEG", {480, 320});
     for (const char* icon : {"compact-16", "close-16", "minimise-16", "archive-16", "refresh-16", "search-16",
@@ -114,9 +118,9 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     }
     for (const char* icon : {"search-24", "apply-24", "yes-24", "no-24"})
         row(QString(icon) + ".png", "PNG", {24, 24});
-    for (const char* icon :
-         {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32", "console-color-32",
-          "console-archive-32", "console-unknown-32", "cursor-hand", "cursor-link"}) {
+    for (const char* icon : {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32",
+                             "console-color-32", "console-archive-32", "console-unknown-32", "image-jpg-32",
+                             "image-gif-32", "image-bmp-32", "image-png-32", "cursor-hand", "cursor-link"}) {
         row(QString(icon) + ".png", "PNG", {32, 32});
     }
     for (int size : {16, 24, 32, 48, 64, 128, 256})
@@ -150,15 +154,20 @@ void ArtworkTest::no_picture_exists_at_one_scale_only() {
 void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QRgb>("mask");
-    for (const char* icon : {"compact-16", "close-16", "minimise-16"}) QTest::newRow(icon) << icon << silver;
     for (const char* icon :
-         {"archive-16",      "refresh-16",    "search-16",          "up-16",           "down-16",
-          "delete-16",       "copy-16",       "tag-delete-16",      "database-24",     "gallery-24",
-          "about-24",        "web-search-24", "weblist-24",         "settings-24",     "database-24-over",
-          "gallery-24-over", "about-24-over", "web-search-24-over", "weblist-24-over", "settings-24-over",
-          "apply-24",        "launch-32",     "open-zip-32",        "search-24",       "previous-16",
-          "next-16",         "back-16",       "unfold-16",          "fold-16",         "pinned-16",
-          "unpinned-16"}) {
+         {"compact-16", "close-16", "minimise-16", "print-band-16", "zoom-in-band-16", "zoom-out-band-16"})
+        QTest::newRow(icon) << icon << silver;
+    for (const char* icon : {"archive-16",      "refresh-16",       "search-16",
+                             "up-16",           "down-16",          "delete-16",
+                             "copy-16",         "tag-delete-16",    "database-24",
+                             "gallery-24",      "about-24",         "web-search-24",
+                             "weblist-24",      "settings-24",      "database-24-over",
+                             "gallery-24-over", "about-24-over",    "web-search-24-over",
+                             "weblist-24-over", "settings-24-over", "apply-24",
+                             "launch-32",       "open-zip-32",      "search-24",
+                             "previous-16",     "next-16",          "back-16",
+                             "unfold-16",       "fold-16",          "pinned-16",
+                             "unpinned-16",     "zoom-in-16",       "print-16"}) {
         QTest::newRow(icon) << icon << black;
     }
     QTest::newRow("launch-16") << "launch-16" << magenta;
@@ -238,9 +247,10 @@ void ArtworkTest::a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours() {
 
 void ArtworkTest::a_list_icon_has_hard_edges_and_a_clear_corner_data() {
     QTest::addColumn<QString>("name");
-    for (const char* icon : {"console-advance-32", "console-gameboy-32", "console-color-32",
-                             "console-archive-32", "console-unknown-32", "console-gameboy-16",
-                             "console-color-16", "console-advance-16", "yes-24", "no-24"}) {
+    for (const char* icon :
+         {"console-advance-32", "console-gameboy-32", "console-color-32", "console-archive-32",
+          "console-unknown-32", "console-gameboy-16", "console-color-16", "console-advance-16",
+          "image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32", "yes-24", "no-24"}) {
         QTest::newRow(icon) << icon;
     }
 }
@@ -266,9 +276,15 @@ void ArtworkTest::the_title_band_continues_the_main_window_without_a_seam() {
     }
 }
 
-void ArtworkTest::the_intro_bitmap_has_24_bits_a_pixel() {
+void ArtworkTest::a_bitmap_has_24_bits_a_pixel_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"Splash.bmp", "Compartir-Image16.bmp"}) QTest::newRow(name) << name;
+}
+
+void ArtworkTest::a_bitmap_has_24_bits_a_pixel() {
+    QFETCH(QString, name);
     for (int scale : {1, 2}) {
-        QFile file(scaled(":/art/Splash.bmp", scale));
+        QFile file(scaled(":/art/" + name, scale));
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QByteArray head = file.read(30);
         QCOMPARE(int(uchar(head[28])), 24);

@@ -35,6 +35,11 @@ void CoverPlatesTest::a_hidden_button_leaves_a_quiet_cover_plate_data() {
     QTest::newRow("accept") << "Form2" << QRect(316, 234, 110, 26);
     QTest::newRow("cancel") << "Form2" << QRect(204, 234, 110, 26);
     QTest::newRow("search the web") << "SearchROM" << QRect(207, 137, 162, 26);
+    QTest::newRow("previous") << "Compartir" << QRect(262, 187, 22, 21);
+    QTest::newRow("next") << "Compartir" << QRect(472, 187, 22, 21);
+    QTest::newRow("enlarge") << "Compartir" << QRect(346, 187, 22, 21);
+    QTest::newRow("print") << "Compartir" << QRect(368, 187, 22, 21);
+    QTest::newRow("delete") << "Compartir" << QRect(390, 187, 22, 21);
     QTest::newRow("search the list") << "AdvSearch" << QRect(284, 244, 162, 26);
     for (const char* page : {"NewAssistant-One", "NewAssistant-Three"})
         QTest::addRow("FilePath of %s", page) << page << QRect(4, 272, 364, 19);

@@ -15,8 +15,10 @@ namespace {
 
 using Row = QMap<QString, QString>;
 
-const QStringList windows = {"EditDB", "DB_Info", "Form2", "SearchROM", "AdvSearch", "Torvette"};
-const QString scrollingLine = "Torvette/Label1";
+const QStringList windows = {"EditDB",    "DB_Info",  "Form2",     "SearchROM",
+                             "AdvSearch", "Torvette", "Compartir", "AmpliCaptura"};
+// The scrolling line and the preview.
+const QStringList moreFields = {"Torvette/Label1", "Compartir/Image1"};
 const QString withoutTitleBand = "Torvette";
 constexpr int stripHeight = 23;
 constexpr int noise = 10; // the accuracy of a JPEG beside a sharp edge
@@ -44,9 +46,10 @@ int distanceFrom(QRgb colour, const QImage& image, const QRect& part) {
 
 QString keyOf(const Row& row) { return row["window"] + '/' + row["control"]; }
 
-// The colour in the notes; a list view has none there, but that of its design.
+// The colour in the notes, or that of the well if none is noted.
 QRgb backOf(const Row& row) {
-    if (row["kind"] == "list view") return 0xff939ab0U;
+    if (keyOf(row) == "EditDB/ListView1") return 0xff939ab0U;
+    if (!row["notes"].contains("back 0x")) return 0xff292e3bU;
     // The table's words are 0xBBGGRR.
     const uint word = row["notes"].section("back 0x", 1).left(6).toUInt(nullptr, 16);
     return qRgb(int(word & 0xff), int(word >> 8 & 0xff), int(word >> 16));
@@ -60,6 +63,7 @@ class WindowsTest : public QObject {
 private slots:
     void initTestCase();
     void the_compact_window_is_a_strip_with_a_fold_out();
+    void the_enlarged_picture_has_a_dark_stage();
     void a_window_has_its_frame_and_its_title_band_data();
     void a_window_has_its_frame_and_its_title_band();
     void every_list_and_field_is_in_a_well_of_its_colour_data();
@@ -116,6 +120,19 @@ void WindowsTest::the_compact_window_is_a_strip_with_a_fold_out() {
     }
 }
 
+void WindowsTest::the_enlarged_picture_has_a_dark_stage() {
+    const QRect largest(7, 24, 486, 373); // the most that a picture takes, below the title band
+    for (int scale : {1, 2}) {
+        const QImage window = picture("AmpliCaptura", scale);
+        const auto part = [&](int x, int y, int width, int height) {
+            return brightnessOf(window, device(QRect(x, y, width, height), scale));
+        };
+        QVERIFY(brightnessOf(window, device(largest, scale)) < 60);
+        QVERIFY2(part(200, 160, 100, 100) > part(40, 340, 60, 40) + noise, "the light falls on the picture");
+        QVERIFY2(part(20, 24, 460, 1) < part(20, 60, 460, 1) - 8, "the cut around the stage");
+    }
+}
+
 void WindowsTest::a_window_has_its_frame_and_its_title_band_data() {
     QTest::addColumn<QString>("name");
     for (const QString& name : windows) {
@@ -143,7 +160,8 @@ void WindowsTest::a_window_has_its_frame_and_its_title_band() {
 
 void WindowsTest::every_list_and_field_is_in_a_well_of_its_colour_data() {
     const QStringList kinds = {"list view", "file list", "text box"};
-    eachControl([&](const Row& row) { return kinds.contains(row["kind"]) || keyOf(row) == scrollingLine; });
+    eachControl(
+        [&](const Row& row) { return kinds.contains(row["kind"]) || moreFields.contains(keyOf(row)); });
 }
 
 void WindowsTest::every_list_and_field_is_in_a_well_of_its_colour() {
