@@ -3,10 +3,9 @@
 // game that gets an entry.
 #include "Backgrounds.h"
 
-#include "Night.h"
-#include "Ornament.h"
 #include "Palette.h"
 #include "Panel.h"
+#include "Parts.h"
 
 namespace torvane {
 
@@ -35,9 +34,7 @@ void filterDeck(Panel& panel, const Catalogue& catalogue, const QString& window)
     for (const QString& field : fields) panel.well(catalogue.rect(window, field), paleField);
     // The vane on its tor fills the free part between the filters for words and those for consoles.
     const qreal top = catalogue.united(window, fields).bottom();
-    const QPointF foot(rule.center().x(), rule.top() - 13);
-    panel.engraving(night::emblem(foot, (rule.top() - top) * 0.76));
-    panel.groove({rule.left() + 16, foot.y() + 1, rule.width() - 32, 2});
+    vaneMark(panel, between(rule.left() + 16, top + 11, rule.right() - 16, rule.top() - 10));
     const QRectF consoles = catalogue.united(window, {"GB_CL", "GB_CO", "GB_AD"});
     panel.tray(between(rule.left(), rule.bottom() + 2, rule.right(), consoles.bottom() + 2), buttonBack);
 }

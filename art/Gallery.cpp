@@ -4,9 +4,9 @@
 #include "Backgrounds.h"
 
 #include "Drawing.h"
-#include "Night.h"
 #include "Palette.h"
 #include "Panel.h"
+#include "Parts.h"
 #include "Scene.h"
 
 #include <QRadialGradient>
@@ -47,19 +47,8 @@ QRectF facts(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QRectF preview = catalogue.rect(window, "Image1");
     const QRectF words = catalogue.united(window, {"Label5", "Format", "Tamany"});
     const QRectF bed = between(preview.left() - 2, words.top() - 2, preview.right() + 2, words.bottom() + 3);
-    panel.tray(bed, darkPanel.darker(115));
-    for (const char* heading : {"Label8", "Label7"}) {
-        const qreal line = catalogue.rect(window, heading).top();
-        panel.groove(between(bed.left() + 1, line - 3, bed.right() - 1, line - 1));
-    }
+    factSheet(panel, bed, {catalogue.rect(window, "Label8").top(), catalogue.rect(window, "Label7").top()});
     return bed;
-}
-
-// The vane on its tor in the free part below.
-void corner(Panel& panel, const QRectF& area) {
-    const QPointF foot(area.center().x(), area.bottom() - 10);
-    panel.engraving(night::emblem(foot, (foot.y() - area.top()) * 0.86));
-    panel.groove({area.left() + 16, foot.y() + 1, area.width() - 32, 2});
 }
 
 // A dark stage, a little lighter where the picture will be.
@@ -101,7 +90,7 @@ QImage paintCompartir(const Workshop& shop) {
     panel.well(shop.catalogue.rect(window, "Image1"));
     tools(panel, shop.catalogue, window);
     const QRectF bed = facts(panel, shop.catalogue, window);
-    corner(panel, between(bed.left(), bed.bottom() + 2, bed.right(), size.height() - frameWidth - 1));
+    vaneMark(panel, between(bed.left() + 16, bed.bottom() + 11, bed.right() - 16, size.height() - 10));
     panel.frame();
     return panel.finished();
 }

@@ -2,10 +2,9 @@
 // The two search windows: one text for the web, and the four ways to a game of the list.
 #include "Backgrounds.h"
 
-#include "Night.h"
-#include "Ornament.h"
 #include "Palette.h"
 #include "Panel.h"
+#include "Parts.h"
 
 namespace torvane {
 
@@ -18,13 +17,6 @@ constexpr qreal frameWidth = 2;
 // One way to a game: the sheet from the frame to the frame has the colour of the captions' opaque backs.
 void way(Panel& panel, qreal top, qreal bottom) {
     panel.tray(between(frameWidth, top, panel.width() - frameWidth, bottom), darkPanel);
-}
-
-// The vane on its tor in the free part between the ways and the button.
-void horizon(Panel& panel, qreal top, qreal bottom) {
-    const QPointF foot(panel.width() / 2, bottom - 7);
-    panel.engraving(night::emblem(foot, (bottom - top) * 0.76));
-    panel.groove({12, foot.y() + 1, panel.width() - 24, 2});
 }
 
 } // namespace
@@ -65,7 +57,7 @@ QImage paintAdvSearch(const Workshop& shop) {
     panel.well(number, buttonBack);
     panel.seat({button});
     grille(panel, button);
-    horizon(panel, ends.bottom(), button.top());
+    vaneMark(panel, between(12, ends.bottom() + 9, size.width() - 12, button.top() - 4));
     return panel.finished();
 }
 
