@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The panel backgrounds of the main window, the ZIP window and the yes-or-no box. The start and intro windows
-// are in Portraits.cpp, the assistant in Assistant.cpp, the windows of the database in Database.cpp, the
-// compact window in Compact.cpp, the searches in Search.cpp, the gallery in Gallery.cpp.
+// The panel backgrounds of the main window, the ZIP window and the yes-or-no box. The others are in files of
+// their own, by subject.
 #include "Backgrounds.h"
 
 #include "Palette.h"

@@ -44,6 +44,16 @@ QImage paintCompartir(const Workshop& shop);
 QImage paintUnreadPicture(const Workshop& shop);
 /// The window of one enlarged screenshot: a dark stage, because the picture's size is not known.
 QImage paintAmpliCaptura(const Workshop& shop);
+/// The list of web pages.
+QImage paintURL(const Workshop& shop);
+/// The window in which the user adds a web page.
+QImage paintAddPersonalWeb(const Workshop& shop);
+/// The general settings.
+QImage paintConfGen(const Workshop& shop);
+/// The choice of the language.
+QImage paintSelLang(const Workshop& shop);
+/// The about window.
+QImage paintAboutfrm(const Workshop& shop);
 /// The start window: the helper figure in the night, asking (`glad` false) or giving thanks (`glad` true).
 QImage paintSelLangStartUp(const Workshop& shop, bool glad);
 

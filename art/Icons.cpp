@@ -66,13 +66,18 @@ void paintIcons(const Catalogue& catalogue, const QString& sources, Output& outp
     }
 }
 
-void paintTray(const QString& sources, const Output& output) {
+void paintTray(const QString& sources, Output& output) {
     const Drawing sign(sources + "/svg/tray.svg");
     int number = 0;
     for (const auto& [upper, lower] : trayColours) {
-        const QImage image = sign.recoloured({{"#A9B2D6", upper}, {"#59608C", lower}}).smooth(trayPixels);
-        output.png(QString("tree/data/tray/%1.dat").arg(number++),
-                   image.convertToFormat(QImage::Format_ARGB32));
+        const Drawing coloured = sign.recoloured({{"#A9B2D6", upper}, {"#59608C", lower}});
+        const auto image = [&](int pixels) {
+            return coloured.smooth(pixels).convertToFormat(QImage::Format_ARGB32);
+        };
+        output.png(QString("tree/data/tray/%1.dat").arg(number), image(trayPixels));
+        for (int scale : {1, 2})
+            output.picture(scaledName(QString("tray-%1-16.png").arg(number), scale), image(16 * scale));
+        ++number;
     }
 }
 

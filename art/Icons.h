@@ -13,7 +13,7 @@ namespace torvane {
 /// invalid.
 void paintIcons(const Catalogue& catalogue, const QString& sources, Output& output);
 
-/// Renders the tray signs 0 to 6 into tree/data/tray/.
-void paintTray(const QString& sources, const Output& output);
+/// Renders the tray signs 0 to 6 into tree/data/tray/, and small ones for the window in which one is chosen.
+void paintTray(const QString& sources, Output& output);
 
 } // namespace torvane

@@ -45,6 +45,11 @@ constexpr std::pair<const char*, QImage (*)(const Workshop&)> plainWindows[] = {
     {"Compartir.jpg", paintCompartir},
     {"Compartir-Image16.bmp", paintUnreadPicture},
     {"AmpliCaptura.jpg", paintAmpliCaptura},
+    {"URL.jpg", paintURL},
+    {"AddPersonalWeb.jpg", paintAddPersonalWeb},
+    {"ConfGen.jpg", paintConfGen},
+    {"SelLang.jpg", paintSelLang},
+    {"Aboutfrm.jpg", paintAboutfrm},
     {"Splash.bmp", paintSplash}};
 
 void paintBackgrounds(const Catalogue& catalogue, const QString& sources, Output& output) {

@@ -104,6 +104,11 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     row("Compartir.jpg", "JPEG", {494, 386});
     row("Compartir-Image16.bmp", "BMP", {460, 265});
     row("AmpliCaptura.jpg", "JPEG", {500, 400});
+    row("URL.jpg", "JPEG", {506, 412});
+    row("AddPersonalWeb.jpg", "JPEG", {436, 170});
+    row("ConfGen.jpg", "JPEG", {556, 302});
+    row("SelLang.jpg", "JPEG", {376, 260});
+    row("Aboutfrm.jpg", "JPEG", {442, 458});
     for (const char* page : {"One", "Two", "Three", "Four"})
         row(QString("NewAssistant-%1.jpg").arg(page), "JPEG", {480, 320});
     for (const char* icon : {"compact-16", "close-16", "minimise-16", "archive-16", "refresh-16", "search-16",
@@ -118,11 +123,13 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     }
     for (const char* icon : {"search-24", "apply-24", "yes-24", "no-24"})
         row(QString(icon) + ".png", "PNG", {24, 24});
-    for (const char* icon : {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32",
-                             "console-color-32", "console-archive-32", "console-unknown-32", "image-jpg-32",
-                             "image-gif-32", "image-bmp-32", "image-png-32", "cursor-hand", "cursor-link"}) {
+    for (const char* icon :
+         {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32", "console-color-32",
+          "console-archive-32", "console-unknown-32", "image-jpg-32", "image-gif-32", "image-bmp-32",
+          "image-png-32", "web-system-32", "web-perso-32", "cursor-hand", "cursor-link"}) {
         row(QString(icon) + ".png", "PNG", {32, 32});
     }
+    for (int number = 0; number < 7; ++number) row(QString("tray-%1-16.png").arg(number), "PNG", {16, 16});
     for (int size : {16, 24, 32, 48, 64, 128, 256})
         row(QString("torvane-%1.png").arg(size), "PNG", {size, size});
 }
@@ -157,17 +164,15 @@ void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour_data() {
     for (const char* icon :
          {"compact-16", "close-16", "minimise-16", "print-band-16", "zoom-in-band-16", "zoom-out-band-16"})
         QTest::newRow(icon) << icon << silver;
-    for (const char* icon : {"archive-16",      "refresh-16",       "search-16",
-                             "up-16",           "down-16",          "delete-16",
-                             "copy-16",         "tag-delete-16",    "database-24",
-                             "gallery-24",      "about-24",         "web-search-24",
-                             "weblist-24",      "settings-24",      "database-24-over",
-                             "gallery-24-over", "about-24-over",    "web-search-24-over",
-                             "weblist-24-over", "settings-24-over", "apply-24",
-                             "launch-32",       "open-zip-32",      "search-24",
-                             "previous-16",     "next-16",          "back-16",
-                             "unfold-16",       "fold-16",          "pinned-16",
-                             "unpinned-16",     "zoom-in-16",       "print-16"}) {
+    for (const char* icon :
+         {"archive-16",      "refresh-16",    "search-16",          "up-16",           "down-16",
+          "delete-16",       "copy-16",       "tag-delete-16",      "database-24",     "gallery-24",
+          "about-24",        "web-search-24", "weblist-24",         "settings-24",     "database-24-over",
+          "gallery-24-over", "about-24-over", "web-search-24-over", "weblist-24-over", "settings-24-over",
+          "apply-24",        "launch-32",     "open-zip-32",        "search-24",       "previous-16",
+          "next-16",         "back-16",       "unfold-16",          "fold-16",         "pinned-16",
+          "unpinned-16",     "add-16",        "download-16",        "bug-16",          "add-16",
+          "download-16",     "bug-16",        "zoom-in-16",         "print-16"}) {
         QTest::newRow(icon) << icon << black;
     }
     QTest::newRow("launch-16") << "launch-16" << magenta;
@@ -250,7 +255,8 @@ void ArtworkTest::a_list_icon_has_hard_edges_and_a_clear_corner_data() {
     for (const char* icon :
          {"console-advance-32", "console-gameboy-32", "console-color-32", "console-archive-32",
           "console-unknown-32", "console-gameboy-16", "console-color-16", "console-advance-16",
-          "image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32", "yes-24", "no-24"}) {
+          "image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32", "web-system-32", "web-perso-32",
+          "yes-24", "no-24"}) {
         QTest::newRow(icon) << icon;
     }
 }

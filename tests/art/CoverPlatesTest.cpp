@@ -40,6 +40,19 @@ void CoverPlatesTest::a_hidden_button_leaves_a_quiet_cover_plate_data() {
     QTest::newRow("enlarge") << "Compartir" << QRect(346, 187, 22, 21);
     QTest::newRow("print") << "Compartir" << QRect(368, 187, 22, 21);
     QTest::newRow("delete") << "Compartir" << QRect(390, 187, 22, 21);
+    QTest::newRow("delete a page") << "URL" << QRect(276, 252, 224, 26);
+    QTest::newRow("add a page") << "URL" << QRect(276, 282, 224, 26);
+    QTest::newRow("find pages") << "URL" << QRect(276, 312, 224, 26);
+    QTest::newRow("no page") << "AddPersonalWeb" << QRect(218, 140, 106, 26);
+    QTest::newRow("this page") << "AddPersonalWeb" << QRect(326, 140, 106, 26);
+    QTest::newRow("choose a folder") << "ConfGen" << QRect(368, 86, 184, 26);
+    QTest::newRow("show the folder") << "ConfGen" << QRect(368, 58, 184, 26);
+    QTest::newRow("close the settings") << "ConfGen" << QRect(430, 273, 122, 25);
+    QTest::newRow("load a language") << "SelLang" << QRect(232, 86, 140, 26);
+    QTest::newRow("add a language") << "SelLang" << QRect(168, 170, 204, 26);
+    QTest::newRow("delete a language") << "SelLang" << QRect(168, 200, 204, 26);
+    QTest::newRow("more languages") << "SelLang" << QRect(168, 230, 204, 26);
+    QTest::newRow("report") << "Aboutfrm" << QRect(292, 428, 146, 26);
     QTest::newRow("search the list") << "AdvSearch" << QRect(284, 244, 162, 26);
     for (const char* page : {"NewAssistant-One", "NewAssistant-Three"})
         QTest::addRow("FilePath of %s", page) << page << QRect(4, 272, 364, 19);

@@ -12,7 +12,8 @@ using namespace torvane;
 
 namespace {
 
-constexpr int strip = 80; // the brightness of the strip of the compact window, and of the gallery's buttons
+constexpr int strip = 80;  // the brightness of the strip of the compact window, and of the gallery's buttons
+constexpr int dialog = 57; // that of the buttons of a dialog
 constexpr int foldOut = 123; // and of its fold-out
 
 // The pixels of an icon that are neither the mask nor the outline, in grey.
@@ -57,6 +58,7 @@ void IconGroundsTest::a_small_icon_is_bright_against_its_ground_data() {
     for (const char* icon : {"previous-16", "next-16", "launch-16", "unfold-16", "fold-16", "back-16",
                              "zoom-in-16", "print-16", "delete-16"})
         QTest::newRow(icon) << icon << strip;
+    for (const char* icon : {"add-16", "download-16", "bug-16"}) QTest::newRow(icon) << icon << dialog;
     for (const char* icon : {"search-16", "pinned-16", "unpinned-16"}) QTest::newRow(icon) << icon << foldOut;
 }
 
@@ -79,6 +81,8 @@ void IconGroundsTest::no_two_buttons_of_a_window_look_alike_data() {
                                              "back-16",     "search-16", "pinned-16", "unpinned-16"};
     QTest::newRow("Compartir") << QStringList{"previous-16", "next-16", "zoom-in-16", "print-16",
                                               "delete-16"};
+    QTest::newRow("URL") << QStringList{"delete-16", "add-16", "download-16"};
+    QTest::newRow("kinds of pages") << QStringList{"web-system-32", "web-perso-32"};
     QTest::newRow("kinds of pictures")
         << QStringList{"image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32"};
 }

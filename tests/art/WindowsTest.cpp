@@ -15,20 +15,26 @@ namespace {
 
 using Row = QMap<QString, QString>;
 
-const QStringList windows = {"EditDB",    "DB_Info",  "Form2",     "SearchROM",
-                             "AdvSearch", "Torvette", "Compartir", "AmpliCaptura"};
-// The scrolling line and the preview.
-const QStringList moreFields = {"Torvette/Label1", "Compartir/Image1"};
+const QStringList windows = {"EditDB",   "DB_Info",   "Form2",        "SearchROM", "AdvSearch",
+                             "Torvette", "Compartir", "AmpliCaptura", "URL",       "AddPersonalWeb",
+                             "ConfGen",  "SelLang",   "Aboutfrm"};
+// What is no list or text box, but has a well as well.
+const QStringList moreFields = {"Torvette/Label1", "Compartir/Image1", "ConfGen/Picture1",
+                                "Aboutfrm/ShockwaveFlash1"};
 const QString withoutTitleBand = "Torvette";
 constexpr int stripHeight = 23;
+// Labels whose upper edge is above a hairline, and the row below it where their letters begin.
+const QHash<QString, int> lettersBegin = {{"Torvette/Label3", 25}, {"Aboutfrm/Label23", 23}};
 constexpr int noise = 10; // the accuracy of a JPEG beside a sharp edge
 
 QImage picture(const QString& name, int scale) { return pixelsOf(scaled(":/art/" + name + ".jpg", scale)); }
 
 QRect device(const QRect& rect, int scale) { return {rect.topLeft() * scale, rect.size() * scale}; }
 
+// In whole pixels, as a window rounds it.
 QRect rectOf(const Row& row) {
-    return {row["left"].toInt(), row["top"].toInt(), row["width"].toInt(), row["height"].toInt()};
+    const auto pixels = [&](const char* column) { return qRound(row[column].toDouble()); };
+    return {pixels("left"), pixels("top"), pixels("width"), pixels("height")};
 }
 
 // The widest distance of one channel of a pixel in `part` from a colour.
@@ -72,11 +78,14 @@ private slots:
     void an_opaque_back_is_no_patch_on_the_panel();
     void white_words_are_on_calm_dark_ground_data();
     void white_words_are_on_calm_dark_ground();
+    void black_words_are_on_light_ground();
 
 private:
     // Test rows for the visible controls that a condition picks.
     template <typename Condition>
     void eachControl(Condition isWanted) const;
+    // What is left of a caption's rectangle above the rim of a text box that begins right below it.
+    QRect aboveFields(QRect caption, const QString& window) const;
     QList<Row> controls;
 };
 
@@ -102,6 +111,17 @@ void WindowsTest::eachControl(Condition isWanted) const {
     for (const Row& row : controls) {
         if (isWanted(row)) QTest::addRow("%s", qPrintable(keyOf(row))) << row;
     }
+}
+
+QRect WindowsTest::aboveFields(QRect caption, const QString& window) const {
+    constexpr int rim = 2;
+    for (const Row& row : controls) {
+        const QRect field = rectOf(row).adjusted(-rim, -rim, rim, rim);
+        if (row["window"] == window && row["kind"] == "text box" && field.top() > caption.top() &&
+            field.intersects(caption))
+            caption.setBottom(field.top() - 1);
+    }
+    return caption;
 }
 
 void WindowsTest::the_compact_window_is_a_strip_with_a_fold_out() {
@@ -196,7 +216,7 @@ void WindowsTest::an_opaque_back_is_no_patch_on_the_panel() {
     const QRgb back = isHeading ? 0xff33394aU : backOf(row);
     for (int scale : {1, 2}) {
         // The panel has the colour a little beyond the control, too.
-        const QRect around = device(rectOf(row).adjusted(0, 0, 1, 1), scale);
+        const QRect around = device(aboveFields(rectOf(row).adjusted(0, 0, 1, 1), row["window"]), scale);
         const int off = distanceFrom(back, picture(row["window"], scale), around);
         QVERIFY2(off <= noise, qPrintable(QString::number(off)));
     }
@@ -213,7 +233,7 @@ void WindowsTest::white_words_are_on_calm_dark_ground() {
     for (int scale : {1, 2}) {
         const QImage window = picture(row["window"], scale);
         QRect label = rectOf(row).adjusted(1, 1, -1, -1);
-        if (keyOf(row) == "Torvette/Label3") label.setTop(stripHeight + 2); // its letters are well below
+        label.setTop(std::max(label.top(), lettersBegin.value(keyOf(row))));
         const QRect words = device(label, scale);
         int brightest = 0;
         for (int y = words.top(); y <= words.bottom(); ++y) {
@@ -222,6 +242,12 @@ void WindowsTest::white_words_are_on_calm_dark_ground() {
         }
         QVERIFY2(brightest < 100, qPrintable(QString::number(brightest)));
     }
+}
+
+void WindowsTest::black_words_are_on_light_ground() {
+    const QRect words(368, 120, 130, 13);
+    for (int scale : {1, 2})
+        QVERIFY(distanceFrom(0xff808080U, picture("ConfGen", scale), device(words, scale)) <= noise);
 }
 
 TORVANE_TEST(WindowsTest)
