@@ -8,6 +8,7 @@
 #include "platform/base/Paths.h"
 #include "platform/forms/DesktopDialogs.h"
 #include "platform/forms/DesktopLook.h"
+#include "platform/forms/DesktopPrinter.h"
 #include "toolkit/DesignWords.h"
 
 #include <QApplication>
@@ -70,8 +71,9 @@ int main(int argc, char** argv) {
     torvane::DesktopFileDialogs dialogs(&qtLanguage);
     torvane::DesktopBrowser browser;
     torvane::NativeProcess processes;
+    torvane::DesktopPrinter printer;
     torvane::Settings settings(configurationFolder());
-    torvane::Runtime runtime{messages, dialogs, browser, processes, settings, endProcess};
+    torvane::Runtime runtime{messages, dialogs, browser, processes, printer, settings, endProcess};
     torvane::Program program(runtime, torvane::Paths::applicationFolder());
     const torvane::DialogLanguage dialogLanguage(program.globals, program.language);
     qtLanguage.setSource(

@@ -9,6 +9,7 @@
 #include "platform/base/NativeProcess.h"
 #include "platform/base/Paths.h"
 #include "platform/forms/DesktopDialogs.h"
+#include "platform/forms/DesktopPrinter.h"
 
 #include <cstdio>
 #include <unistd.h>
@@ -48,8 +49,9 @@ struct ProgramUnderBench {
     DesktopFileDialogs dialogs;
     DesktopBrowser browser;
     NativeProcess processes;
+    DesktopPrinter printer;
     Settings settings;
-    Runtime runtime{messages, dialogs, browser, processes, settings, [] { _exit(3); }};
+    Runtime runtime{messages, dialogs, browser, processes, printer, settings, [] { _exit(3); }};
     Program program;
 };
 

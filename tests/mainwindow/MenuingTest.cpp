@@ -114,6 +114,7 @@ private slots:
                         opened->world.dialogs,
                         opened->world.browser,
                         opened->world.processes,
+                        opened->world.printer,
                         opened->world.settings,
                         [this] { ++opened->world.ends; }};
         opened->games(1);

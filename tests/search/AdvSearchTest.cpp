@@ -243,6 +243,7 @@ private slots:
                         opened->world.dialogs,
                         opened->world.browser,
                         opened->world.processes,
+                        opened->world.printer,
                         opened->world.settings,
                         [] {}};
         opened->program = std::make_unique<Program>(runtime, opened->world.appPath());

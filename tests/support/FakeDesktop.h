@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fakes for the user, the desktop and the emulator: they give prepared answers and record the questions.
+// Fakes for the user, the desktop, the emulator and the printer: they give prepared answers and record the
+// questions.
 #pragma once
 
 #include "TestFolder.h"
@@ -65,6 +66,18 @@ struct FakeProcesses : ProcessRunner {
     }
 };
 
+struct FakePrinter : Printer {
+    QList<PrintedPage> pages;
+    bool exists = true;
+    bool fails = false;
+
+    bool isThere() override { return exists; }
+    void print(const PrintedPage& page) override {
+        if (fails) throw RuntimeFailure(RuntimeFailure::printer);
+        pages.append(page);
+    }
+};
+
 /// All of them together, with settings in a temporary folder.
 struct FakeDesktop {
     TestFolder folder;
@@ -72,9 +85,10 @@ struct FakeDesktop {
     FakeDialogs dialogs;
     FakeBrowser browser;
     FakeProcesses processes;
+    FakePrinter printer;
     Settings settings{folder.path(QStringLiteral("config"))};
     int ends = 0;
-    Runtime runtime{messages, dialogs, browser, processes, settings, [this] { ++ends; }};
+    Runtime runtime{messages, dialogs, browser, processes, printer, settings, [this] { ++ends; }};
 };
 
 } // namespace torvane

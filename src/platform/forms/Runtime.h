@@ -6,6 +6,7 @@
 #include "../base/RuntimeFailure.h"
 #include "../base/Seams.h"
 #include "../base/Settings.h"
+#include "Printer.h"
 
 #include <functional>
 
@@ -16,6 +17,7 @@ struct Runtime {
     FileDialogs& dialogs;
     Browser& browser;
     ProcessRunner& processes;
+    Printer& printer;
     Settings& settings;
     /// Ends the process at once, with no clean-up of windows; in tests it may return.
     std::function<void()> end;
@@ -29,6 +31,9 @@ struct Runtime {
     /// Runs a handler whose failures are reported in such a box with `failureText`, after which the program
     /// goes on.
     void reporting(const std::function<void()>& handler);
+    /// Prints a document of this one page. If there is no printer at all, asks where to save it as a PDF;
+    /// does nothing if the user cancels. Fails with `printer`, or with the number of the file's failure.
+    void print(const PrintedPage& page, const FileQuestion& pdfQuestion);
 
 private:
     void showFailure(const QString& text);
