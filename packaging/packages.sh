@@ -2,11 +2,13 @@
 # The Debian packages that this project's scripts need, and the function that installs them. Sourced by bash.
 
 # For building the program and its folder.
-packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libzip-dev webp sdcc binutils-arm-none-eabi)
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libzip-dev webp sdcc binutils-arm-none-eabi
+    libmgba-dev netpbm)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
-# an emulator, the command that prints.
+# an emulator, what converts its screenshots, the command that prints.
 packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libzip4 qt6-image-formats-plugins
-    qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl cups-client)
+    qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl netpbm
+    cups-client)
 # For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
 # For its icon in the tray: a tray, and a bus and its client's side for Python to play a desktop.
