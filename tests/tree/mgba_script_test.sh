@@ -2,50 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Tests tree/emuladores/mgba.sh: any path reaches the emulator as one argument, and what happens without an
 # emulator. Usage: mgba_script_test.sh PATH_OF_MGBA_SH. Exits 1 if a check fails and names it.
-set -u
-script=${1:?the path of mgba.sh}
-dir=$(mktemp -d) || exit 1
-trap 'rm -rf "$dir"' EXIT
-failures=0
-
-fail() {
-    printf 'FAILED %s: %s\n' "${FUNCNAME[2]}" "$1"
-    failures=$((failures + 1))
-}
-
-expect() { # WHAT EXPECTED ACTUAL
-    [[ $2 == "$3" ]] || fail "$1: expected $(printf %q "$2"), got $(printf %q "$3")"
-}
-
-# Creates a program NAME in FOLDER that records its name and arguments (NUL-terminated) and exits with CODE.
-fake() { # FOLDER NAME [CODE]
-    mkdir -p "$1"
-    # shellcheck disable=SC2016 # the dollars are for the fake program
-    printf '#!/bin/sh\nprintf "%%s\\0" "${0##*/}" "$@" >"%s"\nexit %s\n' "$dir/calls" "${3:-0}" >"$1/$2"
-    chmod +x "$1/$2"
-}
-
-# An empty environment: bin is the whole PATH, and games replaces /usr/games, which may hold a real emulator.
-fresh() {
-    rm -rf "${dir:?}/bin" "$dir/games" "$dir/calls" "$dir/errors"
-    mkdir -p "$dir/bin" "$dir/games"
-    sed "s|/usr/games|$dir/games|g" "$script" >"$dir/mgba.sh"
-    status=0 calls=() errors=
-}
-
-# Runs the script with the arguments that the program passes: the command line cut at every blank.
-play() { # PATH_OF_GAME [VARIABLE=VALUE...]
-    local rest="$1 " words=()
-    shift
-    while [[ -n $rest ]]; do
-        words+=("${rest%% *}")
-        rest=${rest#* }
-    done
-    env -i PATH="$dir/bin" "$@" /bin/sh "$dir/mgba.sh" "${words[@]}" 2>"$dir/errors"
-    status=$?
-    errors=$(<"$dir/errors")
-    [[ ! -e $dir/calls ]] || mapfile -d '' calls <"$dir/calls"
-}
+# shellcheck source=tests/tree/mgba_support.sh
+source "$(dirname "$0")/mgba_support.sh"
 
 reaches_emulator_whole() { # PATH_OF_GAME
     fresh
@@ -202,7 +160,4 @@ test_the_script_itself_can_be_started() {
     expect 'first line' '#!/bin/sh' "$(head -n 1 "$script")"
 }
 
-mapfile -t all < <(compgen -A function test_)
-for name in "${all[@]}"; do "$name"; done
-printf '%d cases, %d failed checks\n' "${#all[@]}" "$failures"
-((failures == 0 && ${#all[@]} > 0))
+run_tests

@@ -1,7 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Starts mGBA with one game: the emulator of the list emus.dat. It joins the game's path, which comes cut into
-# words, finds the emulator, and says so if there is none. All else about the game is mGBA's own affair.
+# words, finds the emulator, and says so if there is none. Screenshots that are taken in mGBA (F12) are in the
+# gallery when the game has ended. All else about the game is mGBA's own affair.
 #
 # The program hands over its command line unquoted, cut at every single blank. The words, joined again with
 # single blanks, are therefore the path, whatever it holds: two blanks in a row come as an empty word.
@@ -11,12 +12,97 @@ game="$*"
 # Times the console's own picture size.
 scale=3
 
+# The gallery's folder: the program passes the one that the user has chosen.
+case $0 in
+*/*) here=${0%/*} ;;
+*) here=. ;;
+esac
+gallery=${TORVANE_SCREENSHOTS:-$here/../roms/data/screenshots}
+
+# The gallery can't show PNG, which is all that mGBA writes. Fails without Debian's package netpbm, and if the
+# picture is broken.
+make_bmp() { # PNG BMP
+    pngtopnm "$1" >"$2.pnm" 2>/dev/null && ppmtobmp "$2.pnm" >"$2" 2>/dev/null
+}
+
+# Moves a picture into the gallery under the first free number. Fails if that can't be written to.
+lay() { # FILE STEM EXTENSION
+    number=0
+    while [ -e "$1" ]; do
+        target=$gallery/$2-$number.$3
+        if [ -e "$target" ] || [ -L "$target" ]; then
+            number=$((number + 1))
+        else
+            # Another game may take the name right now: mv tells only by leaving the file where it is.
+            mv -nT -- "$1" "$target" 2>/dev/null || [ -e "$target" ] || return 1
+        fi
+    done
+}
+
+# Lays one picture of mGBA's, named "GAME-NUMBER.png", as BMP; one that can't be converted, as it is. For the
+# gallery the extension of a file begins at its first dot, so the game's name must not have any.
+lay_screenshot() { # PNG
+    [ -s "$1" ] || return 0
+    stem=${1##*/}
+    stem=$(printf '%s' "${stem%-*}" | tr . _)
+    if make_bmp "$1" "${1%/*}/picture"; then
+        lay "${1%/*}/picture" "$stem" bmp && rm -f -- "$1"
+    else
+        lay "$1" "$stem" png
+    fi
+}
+
+# Lays all pictures of a folder, in the order in which they were taken, and removes it. What can't be moved
+# stays for the next time.
+gather() { # FOLDER
+    for picture in "$1"/*-[0-9].png "$1"/*-[0-9][0-9].png "$1"/*.png "$1"/.*.png; do
+        lay_screenshot "$picture"
+    done
+    rm -f -- "$1/picture" "$1/picture.pnm"
+    find "$1" -type f -empty -delete 2>/dev/null
+    rmdir -- "$1" 2>/dev/null
+}
+
+# Pictures of games whose script was killed. The folder's name has the process in it.
+gather_left() {
+    for left in "$gallery"/.mgba-*-*; do
+        owner=${left##*/.mgba-}
+        [ ! -d "$left" ] || [ -L "$left" ] || [ -e "/proc/${owner%%-*}" ] || gather "$left"
+    done
+}
+
+# Waits for the emulator, whose exit status becomes this script's. A signal ends a wait early.
+wait_for() { # PROCESS
+    wait "$1"
+    status=$?
+    while kill -0 "$1" 2>/dev/null; do
+        wait "$1"
+        status=$?
+    done
+}
+
+# Plays the game with a folder for its screenshots that nobody else uses, so that all pictures in it are new.
+# Where the gallery has no room for it, mGBA puts them where it likes.
+play() { # EMULATOR
+    gather_left
+    own=$(mktemp -d -- "$gallery/.mgba-$$-XXXXXX" 2>/dev/null) || exec "$1" "-$scale" -- "$game"
+    playing=
+    # What would end the script ends the emulator, and the script after it.
+    trap '[ -z "$playing" ] || kill "$playing" 2>/dev/null' HUP INT QUIT TERM
+    "$1" "-$scale" -C "screenshotPath=$own" -- "$game" &
+    playing=$!
+    wait_for "$playing"
+    playing=
+    gather "$own"
+    exit "$status"
+}
+
 # The program stands still until the game ends. The plain emulator window is made for that: it opens with
 # the game and closes with it. The one with menus, in which a player can go on to other games, comes second.
 # Debian keeps both in a folder that is not in everybody's PATH.
 for emulator in mgba /usr/games/mgba mgba-qt /usr/games/mgba-qt; do
     if found=$(command -v "$emulator") && [ -f "$found" ] && [ -x "$found" ]; then
-        exec "$found" "-$scale" -- "$game"
+        play "$found"
     fi
 done
 
