@@ -2,6 +2,7 @@
 // Puts the modules and the windows together.
 #include "Program.h"
 #include "core/FailureTexts.h"
+#include "core/ScreenshotFolder.h"
 
 namespace torvane {
 
@@ -9,7 +10,8 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
     : runtime(programRuntime), globals{applicationFolder, {}, {}, {}, {}}, shelf(windows, globals),
       compact(windows, runtime),
       funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, shelf),
-      shell(runtime.processes), id3(globals, language, runtime.messages), desk(*this),
+      shell(runtime.processes, [this] { return screenshotFolder(runtime.settings, globals).value(); }),
+      id3(globals, language, runtime.messages), desk(*this),
       foreground(*this), services{runtime,  desk,  shelf,     compact,   foreground, globals,
                                   language, hosts, funciones, emulators, shell,      id3},
       windows(services, [this](Window window) { desk.unloaded(window); }) {

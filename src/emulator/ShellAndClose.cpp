@@ -4,6 +4,7 @@
 #include "core/Pieces.h"
 #include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
+#include "platform/base/RuntimeFailure.h"
 
 namespace torvane {
 
@@ -18,7 +19,14 @@ void ShellAndClose::RunAndWait(const QString& commandLine) {
     const Command command =
         split(commandLine, [this](const QString& path) { return m_processes.isProgram(Paths::real(path)); });
     if (command.program.isEmpty()) return;
+    passScreenshotFolder();
     m_processes.runAndWait(Paths::real(command.program), command.arguments);
+}
+
+// The command line has no room for it.
+void ShellAndClose::passScreenshotFolder() const {
+    if (!m_screenshots) return;
+    ignoring([&] { qputenv("TORVANE_SCREENSHOTS", Paths::real(m_screenshots())); });
 }
 
 LaunchWay ShellAndClose::launchWay(const QString& fileName, const std::function<int()>& zipSetting) {

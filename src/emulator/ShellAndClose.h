@@ -5,6 +5,7 @@
 #include "platform/base/Seams.h"
 
 #include <functional>
+#include <utility>
 
 namespace torvane {
 
@@ -18,10 +19,13 @@ enum class LaunchWay {
 
 class ShellAndClose {
 public:
-    explicit ShellAndClose(ProcessRunner& processes) : m_processes(processes) {}
+    /// `screenshots` gives the spelled path of the gallery's folder.
+    explicit ShellAndClose(ProcessRunner& processes, std::function<QString()> screenshots = {})
+        : m_processes(processes), m_screenshots(std::move(screenshots)) {}
 
     /// Starts the program of a command line and returns when it has ended. Blocks the whole interface on
-    /// purpose. A line that names no program does nothing; failures are not reported.
+    /// purpose. A line that names no program does nothing; failures are not reported. The program finds the
+    /// gallery's folder as a native path in the environment, as TORVANE_SCREENSHOTS.
     void RunAndWait(const QString& commandLine);
 
     /// Plays a game: the command line is the emulator's path, a blank and the game's path, without quotes.
@@ -42,7 +46,10 @@ public:
     static Command split(const QString& commandLine, const std::function<bool(const QString&)>& isProgram);
 
 private:
+    void passScreenshotFolder() const;
+
     ProcessRunner& m_processes;
+    std::function<QString()> m_screenshots;
 };
 
 } // namespace torvane

@@ -166,6 +166,26 @@ private slots:
         QVERIFY(clock.elapsed() >= 300);
         QCOMPARE(out(), QByteArray("inherited\n"));
     }
+    void the_emulator_finds_the_screenshot_folder_in_its_environment() {
+        const QString path = folder->writeNative(
+            "shots.sh", "#!/bin/sh\nprintf %s \"$TORVANE_SCREENSHOTS\" > \"$(dirname \"$0\")/out\"\n");
+        folder->setMode(QStringLiteral("shots.sh"), 0755);
+        const QByteArray name = folder->native("my  shots\xF1");
+        QString chosen = NativeText::fromNative(name);
+        ShellAndClose with(processes, [&] { return chosen.replace(QLatin1Char('/'), QLatin1Char('\\')); });
+        with.RunAndWait(path + QStringLiteral(" a.gb"));
+        QCOMPARE(out(), name);
+        chosen = folder->path(QStringLiteral("another"));
+        with.RunAndWait(path + QStringLiteral(" a.gb"));
+        QCOMPARE(out(), folder->native("another"));
+        qunsetenv("TORVANE_SCREENSHOTS");
+    }
+    void unreadable_settings_keep_no_game_from_starting() {
+        ShellAndClose with(processes,
+                           []() -> QString { throw RuntimeFailure(RuntimeFailure::permissionDenied); });
+        with.RunAndWait(emulator() + QStringLiteral(" a.gb"));
+        QVERIFY(hasRun());
+    }
     void the_working_folder_is_inherited() {
         const QString path = folder->writeNative("where.sh", "#!/bin/sh\npwd > \"$(dirname \"$0\")/out\"\n");
         folder->setMode(QStringLiteral("where.sh"), 0755);

@@ -44,6 +44,18 @@ private slots:
         main.Label15_Click();
         expectStarted("g003.gb");
     }
+    void the_emulator_finds_the_gallerys_folder_in_its_environment() {
+        QByteArray given;
+        processes().whileRunning = [&] { given = qgetenv("TORVANE_SCREENSHOTS"); };
+        opened->games(1);
+        opened->open();
+        click(window().ChameleonButton16);
+        QCOMPARE(given, roms() + "data/screenshots");
+        opened->world.setSetting("Capturas", opened->world.appPath() + QStringLiteral("\\my pictures"));
+        click(window().ChameleonButton16);
+        QCOMPARE(given, opened->world.appPath().toUtf8() + "/my pictures");
+        qunsetenv("TORVANE_SCREENSHOTS");
+    }
     void a_single_click_starts_nothing() {
         opened->games(2);
         opened->open();
