@@ -15,6 +15,8 @@ packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
 packages_tray=(trayer dbus-daemon python3-gi)
 # For checking the form of the sources, making archives and certificates for tests, and measuring.
 packages_check=(clang-format clang-tidy python3 openssl)
+# To print in tests on a spooler of their own, and to measure what comes out.
+packages_print=(cups-daemon cups-client cups-filters poppler-utils)
 # To look at it as assistive tools do: their bus, and the client's side of it for Python.
 packages_access=(at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi)
 packages_bench=(unzip)

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// Printing on a real spooler: what comes out of its printers, and what goes wrong.
+#include "platform/forms/DesktopPrinter.h"
+#include "platform/forms/PagePdf.h"
+#include "support/Failing.h"
+#include "support/PdfPage.h"
+#include "support/Spooler.h"
+#include "support/TestMain.h"
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr std::optional<int> printerFailure = RuntimeFailure::printer;
+// Of the printer's paper, in pixels of the design.
+constexpr QPoint corner(24, 48);
+} // namespace
+
+class DesktopPrinterTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Spooler> spooler;
+    DesktopPrinter printer;
+    const QImage picture = motley(160, 144);
+    const PrintedPage page{u"Torvane [Señor.jpg]"_s, QPixmap::fromImage(picture), {300, 300}};
+
+    void requireMeasures(const QString& file) {
+        const PdfPage paper(file);
+        QVERIFY2(paper.isReadable(), qPrintable(file));
+        QCOMPARE(paper.text(), page.heading);
+        QVERIFY(paper.shows(picture, corner + QPoint(20, 20)));
+        const QRect heading = paper.inked({0, 0, paper.paper().width(), corner.y() + 20});
+        QVERIFY(heading.left() >= corner.x() && heading.left() <= corner.x() + 2);
+        QVERIFY(heading.top() >= corner.y() && heading.height() >= 8);
+        QCOMPARE(paper.inked(paper.paper()) | heading, paper.inked(paper.paper()));
+        QCOMPARE(paper.inked(paper.paper()).bottom(), corner.y() + 20 + 143);
+    }
+
+private slots:
+    void initTestCase() {
+        spooler = std::make_unique<Spooler>();
+        if (!spooler->start()) {
+            spooler.reset();
+            qWarning(
+                "No spooler can be started here: the page is printed to a PDF, and nothing else is tested.");
+        }
+    }
+    void init() {
+        if (spooler) {
+            for (const char* name : {"first", "second", "raw"}) spooler->removePrinter(name);
+        } else if (QByteArray(QTest::currentTestFunction()) !=
+                   "heading_and_picture_are_measured_on_the_paper") {
+            QSKIP("No spooler can be started here.");
+        }
+    }
+    void cleanupTestCase() { spooler.reset(); }
+
+    void without_printers_there_is_none() {
+        QVERIFY(!printer.isThere());
+        QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
+    }
+    void heading_and_picture_are_measured_on_the_paper() {
+        if (!spooler) {
+            const TestFolder folder;
+            const QPageLayout a4(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(18, 36, 18, 36));
+            requireMeasures(folder.write(u"page.pdf"_s, pdfOf(page, a4)));
+            return;
+        }
+        QVERIFY(spooler->addPrinter("first"));
+        QVERIFY(printer.isThere());
+        printer.print(page);
+        requireMeasures(spooler->printedBy("first"));
+    }
+    void the_default_printer_prints() {
+        QVERIFY(spooler->addPrinter("first") && spooler->addPrinter("second"));
+        spooler->makeDefault("second");
+        printer.print(page);
+        QVERIFY(!spooler->printedBy("second").isEmpty());
+        QVERIFY(spooler->printedBy("first").isEmpty());
+    }
+    void the_page_has_the_size_of_the_printers_paper() {
+        QVERIFY(spooler->addPrinter("first", "A5"));
+        printer.print(page);
+        const QSizeF size = PdfPage(spooler->printedBy("first")).size();
+        QVERIFY2(qAbs(size.width() - 420) < 2 && qAbs(size.height() - 595) < 2,
+                 qPrintable(u"%1 x %2"_s.arg(size.width()).arg(size.height())));
+    }
+    void a_printer_without_a_paper_size_fails() {
+        QVERIFY(spooler->addRawPrinter("raw"));
+        QVERIFY(printer.isThere());
+        QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
+    }
+    void a_printer_that_takes_nothing_fails() {
+        QVERIFY(spooler->addPrinter("first"));
+        spooler->reject("first");
+        QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
+    }
+    void a_printer_that_vanishes_fails() {
+        QVERIFY(spooler->addPrinter("first"));
+        QVERIFY(printer.isThere());
+        spooler->removePrinter("first");
+        QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
+    }
+    void without_the_command_that_prints_it_fails() {
+        QVERIFY(spooler->addPrinter("first"));
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nowhere");
+        const auto failure = failureOf([&] { printer.print(page); });
+        qputenv("PATH", path);
+        QCOMPARE(failure, printerFailure);
+    }
+    // The next two leave no spooler for others.
+    void a_full_spool_fails() {
+        spooler->stop();
+        {
+            const FullDisk full(60000);
+            QVERIFY(spooler->start());
+        }
+        QVERIFY(spooler->addPrinter("first"));
+        QCOMPARE(failureOf([&] {
+                     printer.print({{}, QPixmap::fromImage(motley(240, 160)), {}});
+                 }),
+                 printerFailure);
+    }
+    void without_the_spooler_there_is_no_printer() {
+        QVERIFY(spooler->addPrinter("first"));
+        spooler->stop();
+        QVERIFY(!printer.isThere());
+        QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
+    }
+};
+
+TORVANE_TEST(DesktopPrinterTest)
+#include "DesktopPrinterTest.moc"
