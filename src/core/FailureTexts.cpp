@@ -32,6 +32,7 @@ constexpr std::array table = {
     Words{RuntimeFailure::pathAccess, Reason::none, "75",
           "it is no ordinary file, or it is on a disk that can’t be written to"},
     Words{RuntimeFailure::pathNotFound, Reason::none, "76", "its folder doesn’t exist"},
+    Words{RuntimeFailure::printer, Reason::none, "482", "it didn’t accept the page"},
 };
 
 // The name of a file or folder as Qt can show it, whatever bytes it has.

@@ -11,9 +11,9 @@ class FailureTexts {
 public:
     explicit FailureTexts(const LanguageTables& language) : m_texts(language, "Failures") {}
 
-    /// The bare name of the file or folder, the reason in the current language, and the number: "game.gb: the
-    /// disk is full (61)". A language file without the reason gives the English one. A failure that is about
-    /// no file has the runtime's own text (see RuntimeFailure::boxText).
+    /// The bare name of the file, folder or printer, the reason in the current language, and the number:
+    /// "game.gb: the disk is full (61)". A language file without the reason gives the English one. A failure
+    /// that is about no file has the runtime's own text (see RuntimeFailure::boxText).
     QString of(const RuntimeFailure& failure) const;
 
 private:

@@ -58,7 +58,7 @@ private slots:
         QTest::addColumn<int>("number");
         QTest::addColumn<int>("reason");
         using Failure = RuntimeFailure;
-        for (const int number : {7, 53, 57, 61, 70, 75, 76}) {
+        for (const int number : {7, 53, 57, 61, 70, 75, 76, 482}) {
             QTest::addRow("%d", number) << number << int(Failure::Reason::none);
         }
         QTest::newRow("tag") << 13 << int(Failure::Reason::tag);

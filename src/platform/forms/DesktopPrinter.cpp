@@ -16,7 +16,8 @@ constexpr int longestWait = 60000; // ms for the spooler to accept a document
 
 QPrinterInfo chosenPrinter() {
     const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
-    return standard.isNull() ? QPrinterInfo::availablePrinters().value(0) : standard;
+    if (!standard.isNull()) return standard;
+    return QPrinterInfo::printerInfo(QPrinterInfo::availablePrinterNames().value(0));
 }
 
 // The printer's paper with the margins that it can't print on; invalid if it knows of no paper.
@@ -48,11 +49,13 @@ bool DesktopPrinter::isThere() { return !QPrinterInfo::availablePrinterNames().i
 
 void DesktopPrinter::print(const PrintedPage& page) {
     const QPrinterInfo info = chosenPrinter();
-    const QPageLayout layout = info.isNull() ? QPageLayout() : layoutOf(info);
-    const QByteArray document = pdfOf(page, layout);
-    if (!spool(info.printerName(), layout.pageSize().key(), document)) {
-        throw RuntimeFailure(RuntimeFailure::printer);
-    }
+    aboutFile(info.printerName(), [&] {
+        const QPageLayout layout = info.isNull() ? QPageLayout() : layoutOf(info);
+        const QByteArray document = pdfOf(page, layout);
+        if (!spool(info.printerName(), layout.pageSize().key(), document)) {
+            throw RuntimeFailure(RuntimeFailure::printer);
+        }
+    });
 }
 
 } // namespace torvane

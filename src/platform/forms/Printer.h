@@ -23,7 +23,7 @@ public:
     /// False if the system has no printer at all.
     virtual bool isThere() = 0;
     /// Prints a document of this one page: returns as soon as the spooler has accepted it. Fails with
-    /// `printer`.
+    /// `printer`, about the printer's name instead of a file.
     virtual void print(const PrintedPage& page) = 0;
 };
 

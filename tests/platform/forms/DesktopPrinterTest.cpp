@@ -95,6 +95,16 @@ private slots:
         spooler->reject("first");
         QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
     }
+    void a_failure_names_the_printer() {
+        QVERIFY(spooler->addRawPrinter("raw"));
+        try {
+            printer.print(page);
+        } catch (const RuntimeFailure& failure) {
+            QCOMPARE(failure.file(), u"raw"_s);
+            return;
+        }
+        QFAIL("no failure");
+    }
     void a_printer_that_vanishes_fails() {
         QVERIFY(spooler->addPrinter("first"));
         QVERIFY(printer.isThere());
