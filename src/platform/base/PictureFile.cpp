@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Loading of picture files.
+#include "PictureFile.h"
+#include "File.h"
+
+namespace torvane {
+
+namespace {
+// With the largest decoded picture and what its reader needs this stays below 256 MiB.
+constexpr qint64 largestFile = 48 << 20;
+constexpr qint64 signatureLength = 10;
+
+[[noreturn]] void failAsNoPicture() { throw RuntimeFailure(RuntimeFailure::invalidPicture); }
+} // namespace
+
+PictureFile::PictureFile(const QByteArray& bytes) : m_bytes(bytes), m_shape(PictureShape::of(bytes)) {
+    if (isNull()) failAsNoPicture();
+}
+
+PictureFile PictureFile::load(const QString& path) {
+    return aboutFile(path, [&] {
+        const File file(path);
+        if (!PictureShape::mayBe(file.readAt(0, signatureLength))) failAsNoPicture();
+        if (file.length() > largestFile) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+        return PictureFile(file.readAll());
+    });
+}
+
+} // namespace torvane
