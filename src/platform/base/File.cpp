@@ -13,6 +13,9 @@ Handle openedRegular(const QByteArray& path) {
     if (!S_ISREG(infoOf(file).st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     return file;
 }
+void unlinkFile(const QByteArray& path) {
+    if (unlink(path.constData()) != 0) failWithErrno();
+}
 } // namespace
 
 File::File(const QString& path)
@@ -33,9 +36,11 @@ QByteArray File::contentOf(const QString& path, qint64 most) {
 }
 
 void File::remove(const QString& path) {
-    aboutFile(path, [&] {
-        if (unlink(Paths::real(path).constData()) != 0) failWithErrno();
-    });
+    aboutFile(path, [&] { unlinkFile(Paths::real(path)); });
+}
+
+void File::removeExactly(const QString& path) {
+    aboutFile(path, [&] { unlinkFile(Paths::realToCreate(path)); });
 }
 
 bool File::exists(const QString& path) {

@@ -32,6 +32,8 @@ public:
     static QByteArray contentOf(const QString& path, qint64 most);
     /// Deletes the file at a spelled path.
     static void remove(const QString& path);
+    /// The same, but a file whose name has other letters, small or capital, is none of that path.
+    static void removeExactly(const QString& path);
     /// Whether a file or folder exists at a spelled path; never fails.
     static bool exists(const QString& path);
     /// Whether a spelled path leads to a folder, perhaps via a link; never fails.

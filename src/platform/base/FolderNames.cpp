@@ -4,6 +4,7 @@
 #include "NamePattern.h"
 #include "NativeText.h"
 #include "Paths.h"
+#include "SystemCalls.h"
 
 #include <QtEndian>
 #include <algorithm>
@@ -143,6 +144,13 @@ void readInto(Reading& reading, const QString& folder, const std::vector<NamePat
     }
 }
 } // namespace
+
+void FolderNames::requireReadable(const QString& folder) {
+    aboutFile(folder, [&] {
+        const QByteArray path = Paths::real(folder);
+        opened(uninterrupted([&] { return open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    });
+}
 
 std::shared_ptr<const FolderNames> FolderNames::read(const QString& folder, const QString& pattern) {
     return read(folder, QStringList(pattern)).front();

@@ -24,6 +24,9 @@ public:
     static std::vector<std::shared_ptr<const FolderNames>> read(const QString& folder,
                                                                 const QStringList& patterns);
 
+    /// Fails with the number of the error if the folder at a spelled path can't be listed.
+    static void requireReadable(const QString& folder);
+
     int count() const { return static_cast<int>(m_ends.size()); }
     /// The bytes of a name, valid as long as the table; the index must be in range.
     QByteArrayView bytes(int index) const;

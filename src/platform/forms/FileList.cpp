@@ -52,6 +52,11 @@ void FileList::setPath(const QString& path) {
     Refresh();
 }
 
+void FileList::openPath(const QString& path) {
+    FolderNames::requireReadable(path);
+    setPath(path);
+}
+
 void FileList::Refresh() { take(nullptr); }
 
 void FileList::take(std::shared_ptr<const FolderNames> names) {

@@ -29,6 +29,9 @@ public:
     /// The folder, spelled without a separator at its end. A missing folder gives an empty list.
     const QString& Path() const { return m_path; }
     void setPath(const QString& path);
+    /// The same for a folder that must be there and be readable: else fails with the number of the error, and
+    /// the list keeps its folder.
+    void openPath(const QString& path);
     QString Pattern() const { return QString::fromLatin1(m_look.pattern); }
     /// Reads the folder again; no file is the current one then.
     void Refresh();

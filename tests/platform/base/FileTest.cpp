@@ -156,6 +156,17 @@ private slots:
         File::remove(at("link"));
         QCOMPARE(folder->entries(), QStringList{QStringLiteral("a.gb")});
     }
+    void removing_exactly_leaves_a_file_whose_name_has_other_letters() {
+        const QString other = folder->write(QStringLiteral("Sub/A.gb"), "x");
+        const QString path = folder->path() + QStringLiteral("\\sub\\a.gb");
+        QCOMPARE(failureOf([&] { File::removeExactly(path); }), number(RuntimeFailure::fileNotFound));
+        QVERIFY(QFile::exists(other));
+        folder->write(QStringLiteral("Sub/a.gb"), "x");
+        File::removeExactly(path);
+        QCOMPARE(folder->entries(QStringLiteral("Sub")), QStringList{QStringLiteral("A.gb")});
+        File::remove(path);
+        QVERIFY(!QFile::exists(other));
+    }
     void existence_is_known_of_files_and_folders_and_never_fails() {
         folder->write(QStringLiteral("sub/A.gb"), "x");
         QVERIFY(File::exists(at("sub/A.gb")));

@@ -85,6 +85,22 @@ private slots:
         list->setPath(QString());
         QCOMPARE(list->ListCount(), 0);
     }
+    void opening_a_folder_that_cannot_be_listed_fails_and_keeps_the_list() {
+        makeGames(2);
+        list->openPath(roms());
+        const auto refusal = [&](const QString& path) { return failureOf([&] { list->openPath(path); }); };
+        QCOMPARE(refusal(roms() + u"\\gone"_s), int{RuntimeFailure::fileNotFound});
+        QCOMPARE(refusal(roms() + u"\\g001.gb"_s), int{RuntimeFailure::pathNotFound});
+        QCOMPARE(refusal({}), int{RuntimeFailure::fileNotFound});
+        world->folder.makeFolder(u"secret"_s);
+        world->folder.setMode(u"secret"_s, 0300);
+        {
+            const OrdinaryUser user;
+            QCOMPARE(refusal(world->folder.path() + u"\\secret"_s), int{RuntimeFailure::permissionDenied});
+        }
+        QCOMPARE(list->Path(), roms());
+        QCOMPARE(list->ListCount(), 2);
+    }
     void names_of_any_bytes_lead_back_to_their_files_data() {
         QTest::addColumn<QByteArray>("name");
         for (const char* name : {"back\\slash.gb", "no utf8 \xF1\xFF\x80.gb", "two  blanks .gb",
