@@ -33,6 +33,11 @@ QPixmap load(const QString& name, qreal devicePixelRatio) {
     return loadFile(file);
 }
 
+QByteArray bytesOf(const QString& name) {
+    QFile file(QStringLiteral(":/art/") + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 QString denseTwinOf(const QString& name) {
     const qsizetype slash = std::max(name.lastIndexOf(QLatin1Char('/')), name.lastIndexOf(QLatin1Char('\\')));
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));

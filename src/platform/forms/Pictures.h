@@ -16,6 +16,9 @@ QPixmap load(const QString& name, qreal devicePixelRatio = 1.0);
 /// be separated by either slash.
 QString denseTwinOf(const QString& name);
 
+/// The bytes of a picture's file in the resources, as it is; empty for what is not there.
+QByteArray bytesOf(const QString& name);
+
 /// The name of Qt's reader for a picture, judged by its first bytes: "png", "gif", "jpg", "bmp" or "webp".
 /// Empty for anything else.
 QByteArray formatOf(const QByteArray& bytes);
