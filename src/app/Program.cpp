@@ -12,8 +12,8 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
       funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, shelf),
       shell(runtime.processes, [this] { return screenshotFolder(runtime.settings, globals).value(); }),
       id3(globals, language, runtime.messages), desk(*this),
-      foreground(*this), services{runtime,  desk,  shelf,     compact,   foreground, globals,
-                                  language, hosts, funciones, emulators, shell,      id3},
+      foreground(*this), services{runtime, desk,      shelf,     compact, foreground, globals, language,
+                                  hosts,   funciones, emulators, shell,   id3,        shown},
       windows(services, [this](Window window) { desk.unloaded(window); }) {
     runtime.failureText = [this](const RuntimeFailure& failure) {
         return FailureTexts(language).of(failure);

@@ -12,6 +12,7 @@
 #include "core/Funciones.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
+#include "gallery/ShownPicture.h"
 
 namespace torvane {
 
@@ -47,6 +48,7 @@ public:
     EmulatorCatalogue emulators{globals};
     ShellAndClose shell;
     ID3 id3;
+    ShownPicture shown;
     TorvaneDesk desk;
     ForegroundWindows foreground;
     const Services services;

@@ -17,7 +17,7 @@ enum class Opening {
     aboveOpener,  ///< the opener stays on screen and owns the opened window
     aboveFace,    ///< the same with what is on screen instead of the opener
     heldByOpener, ///< the same, and the opened window goes when its opener goes
-    anew,         ///< the window unloads if it is there, and loads again
+    anew,         ///< the window unloads if it is there, and loads again; the way back stays
 };
 
 /// Which window is shown after the opened one has unloaded.
@@ -60,6 +60,8 @@ constexpr std::array ways = {
     Way{Window::Menuing, Window::TorvMsg, Opening::aboveFace, Return::nobody},
     Way{Window::EditDB, Window::DB_Info, Opening::heldByOpener, Return::nobody},
     Way{Window::EditDB, Window::Form2, Opening::heldByOpener, Return::nobody},
+    Way{Window::Compartir, Window::AmpliCaptura, Opening::heldByOpener, Return::nobody},
+    Way{Window::Compartir, Window::Compartir, Opening::anew, Return::mainWindow},
 };
 
 constexpr bool isAboveOpener(const Way& way) {
@@ -101,9 +103,14 @@ void TorvaneDesk::go(Window from, Window to, const QStringList& subject) {
 
 bool TorvaneDesk::open(const Way& way) {
     Windows& windows = m_program.windows;
-    if (way.opening == Opening::anew) windows.unload(way.to);
+    const Way* cameBy = &way;
+    if (way.opening == Opening::anew) {
+        // Without a way the window leaves without bringing anyone back.
+        if (const Way* first = std::exchange(m_cameBy[placeOf(way.to)], nullptr)) cameBy = first;
+        windows.unload(way.to);
+    }
     makeRoom(way);
-    m_cameBy[placeOf(way.to)] = &way;
+    m_cameBy[placeOf(way.to)] = cameBy;
     const bool isNew = windows.ifLoaded(way.to) == nullptr;
     Form* opened = windows.load(way.to);
     if (opened == nullptr) return false;

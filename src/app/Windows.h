@@ -7,6 +7,8 @@
 #include "assistant/NewAssistant.h"
 #include "core/sellangstartup/SelLangStartUp.h"
 #include "core/splash/Splash.h"
+#include "gallery/amplicaptura/AmpliCaptura.h"
+#include "gallery/compartir/Compartir.h"
 #include "mainwindow/Form2.h"
 #include "mainwindow/MainFrm.h"
 #include "mainwindow/Menuing.h"
@@ -21,6 +23,6 @@
 namespace torvane {
 
 using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
-                          DB_Info, Form2, Torvette, SearchROM, AdvSearch>;
+                          DB_Info, Form2, Torvette, SearchROM, AdvSearch, Compartir, AmpliCaptura>;
 
 } // namespace torvane

@@ -16,6 +16,7 @@ class Hosts;
 class ID3;
 class LanguageTables;
 class ShellAndClose;
+struct ShownPicture;
 
 struct Services {
     Runtime& runtime;
@@ -30,6 +31,7 @@ struct Services {
     EmulatorCatalogue& emulators;
     ShellAndClose& shell;
     ID3& id3;
+    ShownPicture& shown;
 };
 
 } // namespace torvane

@@ -64,6 +64,10 @@ constexpr ButtonLook tool(const char* picture, const Wording& toolTip = {}, bool
             .toolTip = toolTip,
             .enabled = enabled};
 }
+/// A small button with a picture alone.
+constexpr ButtonLook small(const char* picture) {
+    return {.type = 6, .fx = 2, .back = indigo, .fore = black, .mask = black, .picture = picture};
+}
 /// A button that opens another window; its picture changes under the mouse.
 constexpr ButtonLook door(const char* picture, const Wording& toolTip) {
     return {.type = 6,

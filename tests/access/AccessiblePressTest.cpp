@@ -4,6 +4,7 @@
 #include "support/AccessibleTree.h"
 #include "support/Archive.h"
 #include "support/OpenedAssistant.h"
+#include "support/PictureBytes.h"
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -53,6 +54,8 @@ QString storyOf(Program& opened) {
         story += u"starts "_s + QString::fromLatin1(start.arguments.join(' '));
     }
     story += opened.world.browser.urls;
+    story += u"pages %1, screenshots %2"_s.arg(opened.world.printer.pages.size())
+                 .arg(opened.world.folder.entries(u"roms/data/screenshots"_s).join(u' '));
     story += u"ends %1, language %2"_s.arg(opened.world.ends).arg(opened.world.setting("Language"));
     story += opened.library();
     story.sort();
@@ -167,6 +170,19 @@ void file(Program& opened) {
     opened.goToFile();
     opened.dialogs().answer = opened.original(u"new.gb"_s);
 }
+void gallery(Program& opened) {
+    for (const char* name : {"a.bmp", "b.gif", "c.png"}) {
+        opened.world.folder.write(u"roms/data/screenshots/"_s + QLatin1String(name),
+                                  QLatin1String(name) == u"a.bmp"_s ? bmpBytes() : gifBytes());
+    }
+    library(opened);
+    opened.world.messages.answer = MsgBoxFlags::answerYes;
+    click(opened.main().chameleonButton4);
+}
+void enlarged(Program& opened) {
+    gallery(opened);
+    click(opened.program->loaded<Compartir>()->ChameleonButton8);
+}
 void originals(Program& opened) {
     opened.openAssistant();
     opened.copyFile(opened.original(u"new.gb"_s));
@@ -198,6 +214,8 @@ private slots:
         QTest::newRow("welcome") << Scene(welcome) << u"NewAssistant"_s << 3;
         QTest::newRow("choice") << Scene(choice) << u"NewAssistant"_s << 4;
         QTest::newRow("file") << Scene(file) << u"NewAssistant"_s << 4;
+        QTest::newRow("gallery") << Scene(gallery) << u"Compartir"_s << 7;
+        QTest::newRow("enlarged") << Scene(enlarged) << u"AmpliCaptura"_s << 4;
         QTest::newRow("originals") << Scene(originals) << u"NewAssistant"_s << 3;
     }
     void a_press_does_what_a_click_does() {

@@ -136,6 +136,8 @@ private slots:
         QCOMPARE(nameOf(*opened->program->load<EditDB>()), u"Torvane 1.1 » OnLine DataBase"_s);
         QCOMPARE(nameOf(*opened->program->load<DB_Info>()), u"OnLine DataBase ··· Entry"_s);
         QCOMPARE(nameOf(*opened->program->load<Form2>()), u"Torvane 1.1 » Use ROM.TAG"_s);
+        QCOMPARE(nameOf(*opened->program->load<Compartir>()), u"Torvane 1.1 » Screenshot gallery"_s);
+        QCOMPARE(nameOf(*opened->program->load<AmpliCaptura>()), u"Torvane 1.1 » Enlarged screenshot"_s);
         QCOMPARE(nameOf(*opened->program->load<SearchROM>()), u"Torvane 1.1 » Search for a ROM"_s);
         QCOMPARE(nameOf(*opened->program->load<AdvSearch>()), u"Torvane 1.1 » Advanced search"_s);
         click(opened->main().chameleonButton1);
@@ -167,6 +169,18 @@ private slots:
         QCOMPARE(nameOf(database.File_Date), u"Age (in days)"_s);
         QCOMPARE(nameOf(database.File_Company), u"Company"_s);
         QCOMPARE(nameOf(opened->program->load<Form2>()->File1), u"Game list"_s);
+        Compartir& gallery = *opened->program->load<Compartir>();
+        QCOMPARE(nameOf(gallery.Snap), u"List of screenshots"_s);
+        QCOMPARE(nameOf(gallery.ChameleonButton5), u"Minimise"_s);
+        QCOMPARE(nameOf(gallery.ChameleonButton6), u"Previous screenshot"_s);
+        QCOMPARE(nameOf(gallery.ChameleonButton7), u"Next screenshot"_s);
+        QCOMPARE(nameOf(gallery.ChameleonButton8), u"Enlarge the screenshot"_s);
+        QCOMPARE(nameOf(gallery.ChameleonButton9), u"Print the screenshot"_s);
+        QCOMPARE(nameOf(gallery.ChameleonButton10), u"Delete the screenshot"_s);
+        AmpliCaptura& enlarged = *opened->program->load<AmpliCaptura>();
+        QCOMPARE(nameOf(enlarged.ChameleonButton2), u"Print the screenshot"_s);
+        QCOMPARE(nameOf(enlarged.ChameleonButton3), u"Zoom in"_s);
+        QCOMPARE(nameOf(enlarged.ChameleonButton4), u"Zoom out"_s);
         reopenIn("esp");
         QCOMPARE(nameOf(opened->main().chameleonButton1), u"Cerrar la ventana"_s);
         QCOMPARE(nameOf(opened->main().EditID3Title), u"Título del juego"_s);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Compares single controls with the notes of their rows.
 #include "ControlLooks.h"
+#include "platform/forms/FileImage.h"
 #include "platform/forms/FileList.h"
 #include "platform/forms/Form.h"
-#include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Panel.h"
 #include "platform/forms/TextBox.h"
@@ -110,10 +110,20 @@ void compareFileList(const FileList& list, CatalogueNotes& notes) {
 void compareImage(const Image& image, CatalogueNotes& notes) {
     const QSize icon = notes.takeSize(u"icon"_s);
     const QSize jpeg = notes.takeSize(u"JPEG"_s);
+    const QSize bitmap = notes.takeSize(u"bitmap"_s);
     notes.take(u"24-bit"_s);
     // The mouse never reaches an image, so its pointer has no picture.
     notes.take(u"hand cursor icon"_s);
-    const QSize expected = icon.isValid() ? icon : jpeg.isValid() ? jpeg : QSize(0, 0);
+    const bool isStretched = notes.take(u"stretched"_s);
+    if (const auto* file = qobject_cast<const FileImage*>(&image)) {
+        QCOMPARE(file->sizing() == FileImage::stretched, isStretched);
+    } else {
+        QVERIFY(!isStretched);
+    }
+    const QSize expected = icon.isValid()     ? icon
+                           : jpeg.isValid()   ? jpeg
+                           : bitmap.isValid() ? bitmap
+                                              : QSize(0, 0);
     QCOMPARE(image.Picture().deviceIndependentSize().toSize(), expected);
 }
 

@@ -150,6 +150,19 @@ private slots:
         QVERIFY(opened->main().isVisible());
     }
 
+    void a_window_that_is_opened_anew_keeps_its_way_back_and_takes_its_held_window_along() {
+        opened->games(1);
+        opened->open();
+        program().desk.go(Window::MainFrm, Window::Compartir);
+        program().desk.go(Window::Compartir, Window::AmpliCaptura, {QStringLiteral("a.bmp")});
+        const Compartir* old = program().loaded<Compartir>();
+        program().desk.go(Window::Compartir, Window::Compartir);
+        QVERIFY(program().loaded<Compartir>() != old);
+        QVERIFY(program().loaded<AmpliCaptura>() == nullptr);
+        QVERIFY(!opened->main().isVisible());
+        program().loaded<Compartir>()->Unload();
+        QVERIFY(opened->main().isVisible());
+    }
     void the_shelf_gives_the_selected_game() {
         opened->games(3);
         opened->open();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which picture the rows of games and of archive members show.
+// Which picture the rows of games, of archive members and of screenshots show.
 #include "support/Archive.h"
 #include "support/OpenedProgram.h"
 #include "support/TestMain.h"
@@ -14,7 +14,7 @@ class RowPicturesTest : public QObject {
 
     std::unique_ptr<OpenedProgram> opened;
 
-    // The name of the picture of each row, as far as it is one of the consoles'.
+    // The name of the picture of each row, as far as it is one of a console or of a format.
     static QStringList pictures(const QWidget& list) {
         const QAbstractItemModel* rows = list.findChild<QAbstractItemView*>()->model();
         QStringList names;
@@ -25,9 +25,12 @@ class RowPicturesTest : public QObject {
         return names;
     }
     static QString nameOf(const QImage& shown) {
-        for (const char* name : {"advance", "gameboy", "color", "archive", "unknown"}) {
-            const QString file = u"console-%1-32.png"_s.arg(QLatin1String(name));
-            if (!shown.isNull() && Pictures::load(file).toImage() == shown) return QString::fromLatin1(name);
+        for (const char* name : {"console-advance", "console-gameboy", "console-color", "console-archive",
+                                 "console-unknown", "image-jpg", "image-gif", "image-bmp", "image-png"}) {
+            const QString file = QString::fromLatin1(name) + u"-32.png"_s;
+            if (!shown.isNull() && Pictures::load(file).toImage() == shown) {
+                return QString::fromLatin1(name).section(u'-', 1);
+            }
         }
         return u"none"_s;
     }
@@ -48,6 +51,16 @@ private slots:
         click(opened->main().Zipper);
         const QStringList expected{u"advance"_s, u"gameboy"_s, u"color"_s, u"unknown"_s};
         QCOMPARE(pictures(opened->program->loaded<ZIP_Viewer>()->ListView1), expected);
+    }
+    void screenshots_have_the_picture_of_their_format() {
+        opened->game(u"a.gb"_s);
+        for (const char* name : {"0.0.jpg", "a.jpg", "b.gif", "c.bmp", "d.png"}) {
+            opened->world.folder.write(u"roms/data/screenshots/"_s + QLatin1String(name), "x");
+        }
+        opened->open();
+        click(opened->main().chameleonButton4);
+        const QStringList expected{u"none"_s, u"jpg"_s, u"gif"_s, u"bmp"_s, u"png"_s};
+        QCOMPARE(pictures(opened->program->loaded<Compartir>()->Snap), expected);
     }
 };
 

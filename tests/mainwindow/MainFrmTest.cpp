@@ -256,7 +256,7 @@ private slots:
             QTest::newRow(button) << QByteArray(button) << QByteArray(opens) << isBuilt;
         };
         row("chameleonButton3", "EditDB", true);
-        row("chameleonButton4", "Compartir", false);
+        row("chameleonButton4", "Compartir", true);
         row("chameleonButton5", "Aboutfrm", false);
         row("chameleonButton6", "SearchROM", true);
         row("chameleonButton7", "URL", false);
@@ -283,7 +283,7 @@ private slots:
             if (window->isVisible() && window != &main) others.append(window->objectName());
         }
         QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
-        const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette"};
+        const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette", "Compartir"};
         QCOMPARE(main.isVisible(), !replacing.contains(opens));
     }
     void the_tools_of_the_list_and_of_the_window_are_enabled() {

@@ -36,9 +36,9 @@ constexpr std::array<std::array<const char*, 2>, 3> languages = {
 // The texts that are rightly the same in two languages.
 const QHash<QString, QStringList> sameByRight = {
     {"esp=cat",
-     {"config/color5", "config/no", "config/yes", "dialogs/folder", "dialogs/no", "dialogs/yes",
-      "globals/nodisp", "mainmenu/maintitle", "ol-db+info/termauthor", "ol-db+info/termplatform", "oldb/col5",
-      "oldb/filterauthor", "tooltips/database", "weblist/nodisp"}},
+     {"access/previousshot", "config/color5", "config/no", "config/yes", "dialogs/folder", "dialogs/no",
+      "dialogs/yes", "globals/nodisp", "mainmenu/maintitle", "ol-db+info/termauthor",
+      "ol-db+info/termplatform", "oldb/col5", "oldb/filterauthor", "tooltips/database", "weblist/nodisp"}},
     {"cat=eng", {"config/no", "dialogs/no", "gallery/imgformat", "gallery/imgsize", "tooltips/database"}},
     {"eng=esp", {"config/no", "dialogs/no", "tooltips/database"}},
 };

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+// Deleting pictures in the gallery: what is asked, what goes, and what stays.
+#include "support/OpenedGallery.h"
+#include "support/TestMain.h"
+
+#include <filesystem>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+class CompartirDeleteTest : public OpenedGallery {
+    Q_OBJECT
+
+    // Three pictures, of which the second is chosen.
+    void openThree() {
+        for (const char* name : {"a.bmp", "b.bmp", "c.bmp"}) picture(QLatin1String(name));
+        openGallery();
+        chooseRow(1);
+    }
+    void clickDelete(int answer) {
+        messages().answer = answer;
+        click(window().ChameleonButton10);
+    }
+    void deleteCurrent() { clickDelete(MsgBoxFlags::answerYes); }
+
+private slots:
+    void init() { start(); }
+    void cleanup() { end(); }
+
+    void it_asks_first() {
+        openThree();
+        clickDelete(MsgBoxFlags::answerNo);
+        QCOMPARE(messages().boxes.size(), 1);
+        QCOMPARE(messages().last(), text("warning"));
+        QCOMPARE(messages().boxes.first().title, text("gallerytitle"));
+        QCOMPARE(messages().boxes.first().flags, 52);
+        QCOMPARE(files(), QStringList({u"a.bmp"_s, u"b.bmp"_s, u"c.bmp"_s}));
+        QCOMPARE(row(), 1);
+    }
+    void a_yes_deletes_the_selected_file_and_no_other() {
+        picture(u"notes.txt"_s, "mine");
+        openThree();
+        deleteCurrent();
+        QCOMPARE(files(), QStringList({u"a.bmp"_s, u"c.bmp"_s, u"notes.txt"_s}));
+    }
+    void the_window_loads_anew_and_shows_the_first_picture() {
+        openThree();
+        const Compartir* old = &window();
+        deleteCurrent();
+        QVERIFY(&window() != old);
+        QVERIFY(window().isVisible());
+        QCOMPARE(rows(), QStringList({u"a"_s, u"c"_s}));
+        QCOMPARE(row(), 0);
+        QCOMPARE(window().Format.Caption(), u"BitMaP"_s);
+    }
+    void the_main_window_stays_away_until_the_gallery_is_closed() {
+        openThree();
+        deleteCurrent();
+        QVERIFY(!main().isVisible());
+        collectGone();
+        deleteCurrent();
+        collectGone();
+        QVERIFY(!main().isVisible());
+        click(window().chameleonButton1);
+        QVERIFY(loaded<Compartir>() == nullptr);
+        QVERIFY(main().isVisible());
+    }
+    void the_last_picture_leaves_an_empty_list() {
+        picture(u"a.bmp"_s);
+        openGallery();
+        deleteCurrent();
+        QCOMPARE(files(), QStringList());
+        QCOMPARE(rows(), QStringList());
+        QCOMPARE(window().Format.Caption(), QString());
+        QVERIFY(window().Image1.source().isNull());
+        QCOMPARE(messages().boxes.size(), 1);
+    }
+    void a_png_is_deleted_in_the_same_way() {
+        picture(u"a.png"_s, pngBytes());
+        openGallery();
+        deleteCurrent();
+        QCOMPARE(files(), QStringList());
+    }
+    void a_picture_that_was_reached_by_a_step_is_the_selected_one() {
+        openThree();
+        next();
+        deleteCurrent();
+        QCOMPARE(files(), QStringList({u"a.bmp"_s, u"b.bmp"_s}));
+    }
+    void a_link_goes_and_its_target_stays() {
+        opened->world.folder.write(u"elsewhere.bmp"_s, bmpBytes());
+        std::filesystem::create_symlink(
+            "../../../elsewhere.bmp",
+            opened->world.folder.native(shots.toUtf8() + "/link.bmp").toStdString());
+        openGallery();
+        deleteCurrent();
+        QCOMPARE(files(), QStringList());
+        QCOMPARE(opened->world.folder.read(u"elsewhere.bmp"_s), bmpBytes());
+    }
+    void a_name_of_any_bytes_is_deleted() {
+        opened->world.folder.writeNative(shots.toUtf8() + "/no\xFFutf8 .bmp", bmpBytes());
+        opened->world.folder.writeNative(shots.toUtf8() + "/no\xFEutf8 .bmp", bmpBytes());
+        openGallery();
+        deleteCurrent();
+        QCOMPARE(rows().size(), 1);
+    }
+    void a_file_that_has_gone_is_reported_and_one_of_other_letters_stays() {
+        openThree();
+        std::filesystem::rename(opened->world.folder.native(shots.toUtf8() + "/b.bmp").toStdString(),
+                                opened->world.folder.native(shots.toUtf8() + "/B.BMP").toStdString());
+        deleteCurrent();
+        QVERIFY(files().contains(u"B.BMP"_s));
+        QCOMPARE(messages().boxes.size(), 2);
+        QVERIFY(messages().last().contains(u"b.bmp"_s) && messages().last().contains(u"53"_s));
+        QCOMPARE(opened->world.ends, 0);
+        QVERIFY(window().isVisible());
+        QCOMPARE(window().Snap.rowCount(), 3);
+    }
+    void a_file_that_may_not_be_deleted_is_reported_and_stays() {
+        openThree();
+        opened->world.folder.setMode(shots, 0555);
+        {
+            const OrdinaryUser user;
+            deleteCurrent();
+        }
+        opened->world.folder.setMode(shots, 0755);
+        QCOMPARE(files().size(), 3);
+        QVERIFY(messages().last().contains(u"70"_s));
+        QCOMPARE(opened->world.ends, 0);
+        QCOMPARE(row(), 1);
+    }
+    void the_enlarged_view_goes_with_the_window() {
+        openThree();
+        enlarge();
+        deleteCurrent();
+        QVERIFY(loaded<AmpliCaptura>() == nullptr);
+        QVERIFY(window().isVisible());
+    }
+};
+
+TORVANE_TEST(CompartirDeleteTest)
+#include "CompartirDeleteTest.moc"
