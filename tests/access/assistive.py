@@ -91,11 +91,13 @@ class Listener:
 
 
 def catalogue_names():
-    """For each window what the catalogue calls it and its controls: no words for a person."""
+    """For each window what the catalogue calls it and its controls: no words for a person, but for one heading of
+    the gallery, which says "Format" in two languages."""
     names = {}
     with open(os.path.join(HERE, "../catalogue/controls.tsv"), encoding="utf-8") as table:
         for row in csv.DictReader(table, delimiter="\t", quoting=csv.QUOTE_NONE):
             names.setdefault(row["window"], {row["window"]}).add(row["control"])
+    names["Compartir"].discard("Format")
     return names
 
 

@@ -4,6 +4,7 @@
 say, everything that can be pressed is pressed, and each press does what a click does.
 Usage: walk_windows.py PROGRAM_FOLDER WORK_FOLDER, on a display and a session bus of their own (see walk)."""
 import os
+import struct
 import subprocess
 import sys
 import zipfile
@@ -19,6 +20,8 @@ QUESTION = "Are you sure you want to exit?"
 DATABASE = "Torvane 1.1 » OnLine DataBase"
 ENTRY = "OnLine DataBase ··· Entry"
 CHOICE = "Torvane 1.1 » Use ROM.TAG"
+GALLERY = "Torvane 1.1 » Screenshot gallery"
+ENLARGED = "Torvane 1.1 » Enlarged screenshot"
 COMPACT = "Torvane 1.1"
 SEARCH = "Torvane 1.1 » Advanced search"
 WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
@@ -359,6 +362,64 @@ def database(walk):
         program.window(MAIN)
 
 
+def fill_gallery(walk):
+    """Three pictures of 8 by 6 pixels; gives their folder."""
+    folder = os.path.join(walk.roms, "data", "screenshots")
+    os.makedirs(folder, exist_ok=True)
+    for name in os.listdir(folder):
+        os.remove(os.path.join(folder, name))
+    for name in ("one.bmp", "two.bmp", "three.bmp"):
+        with open(os.path.join(folder, name), "wb") as file:
+            header = struct.pack("<IIIIiiHHIIiiII", 54 + 144, 0, 54, 40, 8, 6, 1, 24, 0, 144, 0, 0, 0, 0)
+            file.write(b"BM" + header + bytes(144))
+    return folder
+
+
+def steps_through_gallery(walk, window):
+    check_equal([row.get_name() for row in rows(window)], ["one", "three", "two"])
+    find(window, "8x6 píxels", ("label",))
+    for words in ("Next screenshot", "Next screenshot", "Previous screenshot"):
+        walk.press(window, "Compartir", words)
+    wait_for("the second row", lambda: ["selected" in states(row) for row in rows(window)] == [False, True, False])
+
+
+def views_enlarged(walk, program, window):
+    walk.press(window, "Compartir", "Enlarge the screenshot")
+    view = program.window(ENLARGED)
+    walk.look(view, "AmpliCaptura")
+    for words in ("Zoom in", "Zoom out"):
+        walk.press(view, "AmpliCaptura", words)
+    walk.press(view, "AmpliCaptura", "Print the screenshot")
+    answer_box(program, "Screenshot gallery", "No")
+    walk.press(view, "AmpliCaptura", "Close window")
+    program.wait_gone(ENLARGED)
+
+
+def deletes_screenshot(walk, program, window, folder):
+    walk.press(window, "Compartir", "Delete the screenshot")
+    answer_box(program, "Torvane ··· Gallery", "Yes")
+    wait_for("two pictures", lambda: sorted(os.listdir(folder)) == ["one.bmp", "two.bmp"])
+    program.window(GALLERY)
+
+
+def gallery(walk):
+    walk.fill_library(["a.gb"])
+    folder = fill_gallery(walk)
+    with walk.start(Intro=0) as program:
+        walk.press(program.window(MAIN), "MainFrm", "Image gallery")
+        window = program.window(GALLERY)
+        walk.look(window, "Compartir")
+        walk.check("pictures are stepped through", steps_through_gallery, walk, window)
+        walk.check("a picture is enlarged", views_enlarged, walk, program, window)
+        walk.press(window, "Compartir", "Print the screenshot")
+        answer_box(program, "Impresión de Captura", "No")
+        walk.check("the window is minimised", minimises, walk, program, window, "Compartir", "Torvane 1.1")
+        walk.check("a picture is deleted", deletes_screenshot, walk, program, window, folder)
+        walk.press(program.window(GALLERY), "Compartir", "Close window")
+        program.wait_gone(GALLERY)
+        program.window(MAIN)
+
+
 def searches_list(walk, program):
     """By title the row is marked; by number, and to both ends, its game is selected."""
     window = program.window(MAIN)
@@ -416,6 +477,7 @@ def main():
     walk.check("the archive window", archive, walk)
     walk.check("the assistant", assistant, walk)
     walk.check("the database", database, walk)
+    walk.check("the gallery", gallery, walk)
     walk.check("the searches", searches, walk)
     return 0 if walk.report() else 1
 
