@@ -82,6 +82,7 @@ public:
         reportNames();
         reportLists();
         reportDatabase();
+        reportGallery();
         return m_report.allKept();
     }
 
@@ -298,6 +299,23 @@ private:
         const double empty = values.at("empty") / 1e6;
         m_report.row("The window with 10,000 entries against none", full / empty, 2,
                      format("%.1f ms from the click to the painted list against %.1f ms", full, empty));
+    }
+
+    void reportGallery() {
+        const Values values =
+            run({program("bench_gallery"), m_empty.folder, m_empty.configuration, std::to_string(rounds)},
+                m_empty.configuration);
+        const auto milliseconds = [&](const char* name) { return values.at(name) / 1e6; };
+        m_report.row("The gallery of 10,000 pictures", milliseconds("gallery") / milliseconds("bare"), 3,
+                     format("%.1f ms to the painted picture against %.1f ms of a bare window",
+                            milliseconds("gallery"), milliseconds("bare")));
+        m_report.row("A step to a JPEG of 12 megapixels", milliseconds("step") / milliseconds("decode"), 1.2,
+                     format("%.1f ms to the painted picture against %.1f ms of its plain decoding",
+                            milliseconds("step"), milliseconds("decode")));
+        m_report.row("Memory for these steps against one picture",
+                     values.at("memory-kB") / values.at("picture-kB"), 3,
+                     format("%.1f MB, decoded it has %.1f MB", values.at("memory-kB") / 1024,
+                            values.at("picture-kB") / 1024));
     }
 
     fs::path m_programs;
