@@ -41,8 +41,8 @@ inline bool press(QObject& object) {
     return isOffered;
 }
 
-/// What the catalogue calls a window and its controls: no words for a person, but for one heading of the gallery,
-/// which says "Format" in two languages.
+/// What the catalogue calls a window and its controls: no words for a person, but for one heading of the
+/// gallery, which says "Format" in two languages.
 inline QSet<QString> catalogueNames(const QString& window) {
     QSet<QString> names{window};
     for (const auto& row : tableRows(QStringLiteral(TORVANE_TESTS_DIR "/catalogue/controls.tsv"))) {
