@@ -5,7 +5,7 @@
 #include "core/Desk.h"
 #include "core/Globals.h"
 #include "core/Pieces.h"
-#include "core/SettingValues.h"
+#include "core/ScreenshotFolder.h"
 #include "gallery/PictureTexts.h"
 #include "gallery/ScreenshotRows.h"
 #include "gallery/ShownPicture.h"
@@ -56,8 +56,7 @@ void Compartir::setCaptions() {
 }
 
 void Compartir::listPictures() {
-    const QString usual = m.globals.libraryFolder() + QStringLiteral("\\data\\screenshots");
-    Capturas.openPath(TextSetting(m.runtime.settings, "Capturas", usual).value());
+    Capturas.openPath(screenshotFolder(m.runtime.settings, m.globals).value());
     Snap.setItems(std::make_shared<ScreenshotRows>(Capturas.names()));
     Snap.setCurrentRow(0);
     Snap_Click();
