@@ -81,7 +81,7 @@ private slots:
         } watched;
         watched.isOpen = [this] { return !isClosed() && chooser().isVisible(); };
         FakeWorld& world = opened->world;
-        Runtime runtime{watched, world.dialogs, world.browser, world.processes, world.settings, [] {}};
+        Runtime runtime = world.runtimeAsking(watched);
         publish(tetris);
         opened->program = std::make_unique<Program>(runtime, world.appPath());
         opened->program->start();

@@ -110,13 +110,7 @@ private slots:
                 return FakeMessages::MsgBox(text, flags, title);
             }
         } watching;
-        Runtime runtime{watching,
-                        opened->world.dialogs,
-                        opened->world.browser,
-                        opened->world.processes,
-                        opened->world.printer,
-                        opened->world.settings,
-                        [this] { ++opened->world.ends; }};
+        Runtime runtime = opened->world.runtimeAsking(watching);
         opened->games(1);
         opened->program = std::make_unique<Program>(runtime, opened->world.appPath());
         opened->program->start();

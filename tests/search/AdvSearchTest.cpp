@@ -239,13 +239,7 @@ private slots:
             }
         } watched;
         watched.isOpen = [this] { return isOpen(); };
-        Runtime runtime{watched,
-                        opened->world.dialogs,
-                        opened->world.browser,
-                        opened->world.processes,
-                        opened->world.printer,
-                        opened->world.settings,
-                        [] {}};
+        Runtime runtime = opened->world.runtimeAsking(watched);
         opened->program = std::make_unique<Program>(runtime, opened->world.appPath());
         opened->program->start();
         QVERIFY(QTest::qWaitForWindowExposed(&main()));

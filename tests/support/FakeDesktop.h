@@ -88,7 +88,12 @@ struct FakeDesktop {
     FakePrinter printer;
     Settings settings{folder.path(QStringLiteral("config"))};
     int ends = 0;
-    Runtime runtime{messages, dialogs, browser, processes, printer, settings, [this] { ++ends; }};
+    Runtime runtime = runtimeAsking(messages);
+
+    /// The same desktop with other message boxes.
+    Runtime runtimeAsking(MessageBoxes& boxes) {
+        return {boxes, dialogs, browser, processes, printer, settings, [this] { ++ends; }};
+    }
 };
 
 } // namespace torvane
