@@ -13,18 +13,18 @@ public:
         float height;      ///< of the window
         float titleHeight; ///< of what lies above the picture
     };
-    struct Place {
+    struct Bounds {
         float left = 0;
         float top = 0;
         float width = 0;
         float height = 0;
 
-        bool operator==(const Place&) const = default;
+        bool operator==(const Bounds&) const = default;
     };
 
     explicit Enlargement(const Room& room) : m_room(room) {}
 
-    const Place& place() const { return m_place; }
+    const Bounds& place() const { return m_place; }
     /// Begins anew with a picture's own size. Width and height are cut to the window's, each by itself: a
     /// larger picture changes its proportions. The result can be halved once, and no further.
     void show(float width, float height);
@@ -37,7 +37,7 @@ private:
     void resize(float width, float height);
 
     Room m_room;
-    Place m_place;
+    Bounds m_place;
     float m_minHeight = 0;
     QString m_minWidth = QStringLiteral("0"); // the text of a number, which has seven digits only
 };

@@ -12,7 +12,7 @@ class EnlargementTest : public QObject {
     Enlargement enlargement{room};
 
     bool isAt(float left, float top, float width, float height) const {
-        return enlargement.place() == Enlargement::Place{left, top, width, height};
+        return enlargement.place() == Enlargement::Bounds{left, top, width, height};
     }
 
 private slots:

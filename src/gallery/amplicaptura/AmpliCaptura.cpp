@@ -61,7 +61,7 @@ void AmpliCaptura::ChameleonButton4_Click() {
 }
 
 void AmpliCaptura::place() {
-    const Enlargement::Place& twips = m_enlargement.place();
+    const Enlargement::Bounds& twips = m_enlargement.place();
     IMG_BIG.setGeometry(pixels(twips.left), pixels(twips.top), pixels(twips.width), pixels(twips.height));
 }
 
