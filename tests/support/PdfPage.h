@@ -2,9 +2,10 @@
 // A PDF document of one page as a reader sees it, by the tools of poppler.
 #pragma once
 
+#include "CommandOutput.h"
+
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -18,18 +19,18 @@ public:
     static constexpr int density = 4;
 
     explicit PdfPage(const QString& path) : m_path(path) {
-        m_image.loadFromData(output({"pdftoppm", "-r", QByteArray::number(96 * density), path.toUtf8()}));
+        m_image.loadFromData(outputOf({"pdftoppm", "-r", QByteArray::number(96 * density), path.toUtf8()}));
     }
 
     bool isReadable() const { return !m_image.isNull(); }
     /// All text of the page, without line breaks at its end.
     QString text() const {
-        return QString::fromUtf8(output({"pdftotext", "-layout", m_path.toUtf8(), "-"})).trimmed();
+        return QString::fromUtf8(outputOf({"pdftotext", "-layout", m_path.toUtf8(), "-"})).trimmed();
     }
     /// In points.
     QSizeF size() const {
         static const QRegularExpression form(QStringLiteral("Page size: +([0-9.]+) x ([0-9.]+)"));
-        const auto found = form.match(QString::fromUtf8(output({"pdfinfo", m_path.toUtf8()})));
+        const auto found = form.match(QString::fromUtf8(outputOf({"pdfinfo", m_path.toUtf8()})));
         return {found.captured(1).toDouble(), found.captured(2).toDouble()};
     }
     /// The colour in the middle of a pixel of the design, counted from the paper's top left corner.
@@ -59,15 +60,6 @@ public:
 
 private:
     static constexpr QRgb white = 0xFFFFFFFF;
-
-    static QByteArray output(const QByteArrayList& command) {
-        QStringList words;
-        for (const QByteArray& word : command) words.append(QString::fromUtf8(word));
-        QProcess process;
-        process.start(words.takeFirst(), words);
-        process.waitForFinished();
-        return process.readAllStandardOutput();
-    }
 
     QString m_path;
     QImage m_image;

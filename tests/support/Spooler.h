@@ -3,10 +3,10 @@
 // children use instead of the system's. Its printers write what they print into files.
 #pragma once
 
+#include "CommandOutput.h"
 #include "TestFolder.h"
 
 #include <QElapsedTimer>
-#include <QProcess>
 
 namespace torvane {
 
@@ -28,7 +28,7 @@ public:
                         m_folder.path(QStringLiteral("root/cups-files.conf"))});
         QElapsedTimer clock;
         for (clock.start(); clock.elapsed() < 20000 && m_daemon.state() != QProcess::NotRunning;) {
-            if (run({"lpstat", "-r"}).contains("is running")) return true;
+            if (outputOf({"lpstat", "-r"}).contains("is running")) return true;
             m_daemon.waitForFinished(50);
         }
         return false;
@@ -47,16 +47,17 @@ public:
     bool addRawPrinter(const char* name) const { return add(name, {"-m", "raw"}); }
     /// With what it has printed.
     void removePrinter(const char* name) const {
-        run({"lpadmin", "-x", name});
+        outputOf({"lpadmin", "-x", name});
         QFile::remove(paperOf(name));
     }
-    void makeDefault(const char* name) const { run({"lpadmin", "-d", name}); }
-    void reject(const char* name) const { run({"cupsreject", name}); }
+    void makeDefault(const char* name) const { outputOf({"lpadmin", "-d", name}); }
+    void reject(const char* name) const { outputOf({"cupsreject", name}); }
 
     /// The file with what a printer has printed, once it has printed all; empty if it has printed nothing.
     QString printedBy(const char* name) const {
         QElapsedTimer clock;
-        for (clock.start(); clock.elapsed() < 20000 && !run({"lpstat", "-o"}).isEmpty();) QTest::qWait(50);
+        for (clock.start(); clock.elapsed() < 20000 && !outputOf({"lpstat", "-o"}).isEmpty();)
+            QTest::qWait(50);
         const QString file = paperOf(name);
         return QFile::exists(file) ? file : QString();
     }
@@ -79,18 +80,9 @@ private:
     }
     bool add(const char* name, const QByteArrayList& kind) const {
         const QByteArray device = "file://" + m_folder.native("paper/") + name + ".pdf";
-        run(QByteArrayList{"lpadmin", "-p", name, "-E", "-v", device} + kind);
-        return run({"lpstat", "-a", name}).contains("accepting");
+        outputOf(QByteArrayList{"lpadmin", "-p", name, "-E", "-v", device} + kind);
+        return outputOf({"lpstat", "-a", name}).contains("accepting");
     }
-    static QByteArray run(const QByteArrayList& command) {
-        QStringList words;
-        for (const QByteArray& word : command) words.append(QString::fromUtf8(word));
-        QProcess process;
-        process.start(words.takeFirst(), words);
-        process.waitForFinished();
-        return process.readAllStandardOutput();
-    }
-
     TestFolder m_folder;
     QProcess m_daemon;
 };
