@@ -180,6 +180,14 @@ private slots:
         QVERIFY(QFile::resize(path, qint64{2} << 30));
         QCOMPARE(loadFailure(path), number(RuntimeFailure::invalidPicture));
     }
+    void a_file_may_have_48_mebibytes_and_no_byte_more() {
+        constexpr qint64 most = 48 << 20;
+        const QString path = write("large.bmp", bmpBytes({8, 8}));
+        QVERIFY(QFile::resize(path, most));
+        QCOMPARE(PictureFile::load(path).size(), QSize(8, 8));
+        QVERIFY(QFile::resize(path, most + 1));
+        QCOMPARE(loadFailure(path), number(RuntimeFailure::outOfMemory));
+    }
     void a_missing_file_is_reported_by_its_name() {
         try {
             PictureFile::load(at("gone.jpg"));

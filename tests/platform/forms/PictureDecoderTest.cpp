@@ -2,6 +2,7 @@
 // From files to pixels: what is decoded, at which size, and what becomes of damaged files.
 #include "platform/forms/PictureDecoder.h"
 #include "platform/base/RuntimeFailure.h"
+#include "support/CommandOutput.h"
 #include "support/Failing.h"
 #include "support/PictureBytes.h"
 #include "support/TestMain.h"
@@ -42,6 +43,14 @@ class PictureDecoderTest : public QObject {
         QTest::addColumn<QByteArray>("bytes");
         for (const auto& [name, bytes] : corpus()) QTest::newRow(name) << bytes;
     }
+    // As a BMP.
+    static QByteArray convertedByNetpbm(const QImage& image) {
+        QByteArray pixels;
+        QBuffer buffer(&pixels);
+        buffer.open(QIODevice::WriteOnly);
+        image.save(&buffer, "PPM");
+        return outputOf({"ppmtobmp"}, pixels);
+    }
     static QImage image(const QByteArray& bytes) { return decoded(PictureFile(bytes)); }
 
 private slots:
@@ -77,6 +86,21 @@ private slots:
                      decoded(PictureFile(bmpBytes()), {0, 5});
                  }),
                  int{RuntimeFailure::invalidPicture});
+    }
+    void a_bmp_of_netpbm_has_every_pixel_data() {
+        QTest::addColumn<int>("colours");
+        for (const int colours : {1, 2, 5, 16, 200, 3000}) {
+            QTest::addRow("%d colours", colours) << colours;
+        }
+    }
+    // That is how emulators' screenshots become pictures that can be read here.
+    void a_bmp_of_netpbm_has_every_pixel() {
+        QFETCH(int, colours);
+        QImage screen(61, 53, QImage::Format_RGB32);
+        for (int i = 0; i < 61 * 53; ++i)
+            screen.setPixel(i % 61, i / 61, qRgb(i % colours, i % colours / 9, 77));
+        const QImage picture = image(convertedByNetpbm(screen));
+        QCOMPARE(picture.convertToFormat(QImage::Format_RGB32), screen);
     }
     void what_the_reader_cannot_decode_is_a_failure() {
         QByteArray bytes = jpegBytes({16, 16});
