@@ -22,6 +22,20 @@ class CompartirDeleteTest : public OpenedGallery {
         click(window().ChameleonButton10);
     }
     void deleteCurrent() { clickDelete(MsgBoxFlags::answerYes); }
+    // Does something the first time that the window serves events after the question.
+    void whenServed(const std::function<void()>& deed) {
+        messages().whileOpen = [this, deed] {
+            QMetaObject::invokeMethod(&window(), deed, Qt::QueuedConnection);
+        };
+    }
+    // Does something the first time that the window serves events after it has listed its pictures anew.
+    void whenServedAgain(const std::function<void()>& deed) {
+        whenServed([this, deed] {
+            Compartir* old = &window();
+            connect(&old->Snap.model(), &RowModel::modelReset, old,
+                    [old, deed] { QMetaObject::invokeMethod(old, deed, Qt::QueuedConnection); });
+        });
+    }
 
 private slots:
     void init() { start(); }
@@ -52,6 +66,38 @@ private slots:
         QCOMPARE(rows(), QStringList({u"a"_s, u"c"_s}));
         QCOMPARE(row(), 0);
         QCOMPARE(window().Format.Caption(), u"BitMaP"_s);
+    }
+    void the_user_sees_an_empty_list_then_the_new_one_then_the_new_window() {
+        openThree();
+        const Compartir* old = &window();
+        QList<int> counts;
+        const auto look = [&] { counts += &window() == old ? window().Snap.rowCount() : -1; };
+        whenServed(look);
+        deleteCurrent();
+        QCOMPARE(counts, QList<int>{0});
+        const Compartir* second = &window();
+        QVERIFY(second != old);
+        old = second;
+        whenServedAgain(look);
+        deleteCurrent();
+        QCOMPARE(counts, QList<int>({0, 1}));
+        QVERIFY(&window() != second);
+    }
+    void a_window_that_is_closed_meanwhile_stays_closed_data() {
+        QTest::addColumn<bool>("isListedAnew");
+        QTest::newRow("with an empty list") << false;
+        QTest::newRow("with the new list") << true;
+    }
+    void a_window_that_is_closed_meanwhile_stays_closed() {
+        QFETCH(bool, isListedAnew);
+        openThree();
+        const auto close = [this] { window().Unload(); };
+        isListedAnew ? whenServedAgain(close) : whenServed(close);
+        deleteCurrent();
+        QVERIFY(loaded<Compartir>() == nullptr);
+        QVERIFY(main().isVisible());
+        QCOMPARE(files(), QStringList({u"a.bmp"_s, u"c.bmp"_s}));
+        QCOMPARE(messages().boxes.size(), 1);
     }
     void the_main_window_stays_away_until_the_gallery_is_closed() {
         openThree();
@@ -98,11 +144,18 @@ private slots:
         QCOMPARE(opened->world.folder.read(u"elsewhere.bmp"_s), bmpBytes());
     }
     void a_name_of_any_bytes_is_deleted() {
-        opened->world.folder.writeNative(shots.toUtf8() + "/no\xFFutf8 .bmp", bmpBytes());
-        opened->world.folder.writeNative(shots.toUtf8() + "/no\xFEutf8 .bmp", bmpBytes());
+        const QByteArrayList names{"no\xFFutf8 .bmp", "no\xFEutf8 .bmp", "back\\slash.bmp", "100% <b>.bmp"};
+        for (const QByteArray& name : names) {
+            opened->world.folder.writeNative(shots.toUtf8() + '/' + name, bmpBytes());
+        }
         openGallery();
-        deleteCurrent();
-        QCOMPARE(rows().size(), 1);
+        for (auto left = names.size(); left > 0; --left) {
+            QCOMPARE(rows().size(), left);
+            deleteCurrent();
+            collectGone();
+        }
+        QVERIFY(std::filesystem::is_empty(opened->world.folder.native(shots.toUtf8()).toStdString()));
+        QCOMPARE(messages().boxes.size(), names.size());
     }
     void a_file_that_has_gone_is_reported_and_one_of_other_letters_stays() {
         openThree();

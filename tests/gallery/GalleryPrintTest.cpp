@@ -60,6 +60,16 @@ private slots:
         QCOMPARE(printer().pages.first().picture.size(), QSize(460, 265));
         QVERIFY(printer().pages.first().heading.contains(u"a.png "_s));
     }
+    void a_picture_is_printed_as_it_is_shown_whatever_has_become_of_its_file() {
+        openWith(u"a.bmp"_s, bmpBytes({20, 10}));
+        enlarge();
+        QVERIFY(QFile::remove(opened->world.folder.path(shot(u"a.bmp"_s))));
+        clickPrint();
+        clickPrintEnlarged();
+        QCOMPARE(printer().pages.size(), 2);
+        for (const PrintedPage& page : printer().pages) QCOMPARE(page.picture.size(), QSize(20, 10));
+        QCOMPARE(messages().boxes.size(), 2);
+    }
     void a_name_that_is_no_text_is_shown_as_far_as_it_is_one() {
         opened->world.folder.writeNative(shots.toUtf8() + "/no\xFFutf8.bmp", bmpBytes());
         openGallery();

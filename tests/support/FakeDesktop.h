@@ -18,9 +18,11 @@ struct FakeMessages : MessageBoxes {
     };
     QList<Box> boxes;
     int answer = MsgBoxFlags::answerOk;
+    std::function<void()> whileOpen = [] {};
 
     int MsgBox(const QString& text, int flags, const QString& title) override {
         boxes.append({text, flags, title});
+        whileOpen();
         return answer;
     }
     QString last() const { return boxes.isEmpty() ? QString() : boxes.last().text; }
