@@ -13,7 +13,7 @@ using namespace palette;
 
 namespace {
 
-constexpr auto window = "Aboutfrm";
+constexpr auto aboutWindow = "Aboutfrm";
 
 // The name is on the left, with no stars behind it, and a white rule is under it, so the mark stands on the
 // right, on that rule.
@@ -40,14 +40,14 @@ void mark(Panel& panel, const QRectF& area, const QRectF& name, qreal rule) {
 } // namespace
 
 QImage paintAboutfrm(const Workshop& shop) {
-    const QSize size = shop.catalogue.windowSize(window);
-    const QRectF screen = shop.catalogue.places(window, {"ShockwaveFlash1"}).first();
-    const QRectF rule = shop.catalogue.rect(window, "Label22");
-    const QRectF line = shop.catalogue.rect(window, "TVLabel1");
-    const QRectF button = shop.catalogue.rect(window, "ChameleonButton17");
+    const QSize size = shop.catalogue.windowSize(aboutWindow);
+    const QRectF screen = shop.catalogue.places(aboutWindow, {"ShockwaveFlash1"}).first();
+    const QRectF rule = shop.catalogue.rect(aboutWindow, "Label22");
+    const QRectF line = shop.catalogue.rect(aboutWindow, "TVLabel1");
+    const QRectF button = shop.catalogue.rect(aboutWindow, "ChameleonButton17");
     Panel panel(size, shop.scale);
     mark(panel, between(0, titleBandHeight, size.width(), screen.top() - 4),
-         shop.catalogue.united(window, {"Label2", "Label23"}), rule.top());
+         shop.catalogue.united(aboutWindow, {"Label2", "Label23"}), rule.top());
     panel.titleBand();
     panel.hairline(screen.top() - 4);
     panel.well(screen);

@@ -18,7 +18,7 @@ using namespace palette;
 
 namespace {
 
-constexpr auto window = "NewAssistant";
+constexpr auto assistantWindow = "NewAssistant";
 const QColor alarm(0xe0, 0x60, 0x5c);
 constexpr int markPixels = 16;
 
@@ -61,7 +61,7 @@ QRectF bedBeside(const QRectF& area) {
 
 // The scene reaches down to the control strip, which begins above the highest of its controls.
 QRectF sceneOf(const Workshop& shop, QSizeF size) {
-    return {0, 0, size.width(), shop.catalogue.united(window, {"FilePath", "Browse"}).top() - 5};
+    return {0, 0, size.width(), shop.catalogue.united(assistantWindow, {"FilePath", "Browse"}).top() - 5};
 }
 
 // The light that the mark casts along its line. It has no edge, because a line's words may be a little higher
@@ -80,7 +80,7 @@ void beam(QPainter& painter, const QRectF& area) {
 }
 
 void paintMark(Panel& panel, const Workshop& shop, const Mark& mark) {
-    const QRectF area = shop.catalogue.rect(window, mark.area);
+    const QRectF area = shop.catalogue.rect(assistantWindow, mark.area);
     const QRectF bed = bedBeside(area);
     beam(panel.painter(), area);
     panel.slot(bed);
@@ -97,8 +97,8 @@ void paintScene(Panel& panel, const Workshop& shop, const Page& page, const QRec
     painter.setClipRect(area);
     scene::landscape(painter, area, page.weather);
     panel.brush(area);
-    const QRectF words = shop.catalogue.rect(window, "Label1");
-    const qreal left = bedBeside(shop.catalogue.rect(window, "AddFile")).left() - 4.5;
+    const QRectF words = shop.catalogue.rect(assistantWindow, "Label1");
+    const qreal left = bedBeside(shop.catalogue.rect(assistantWindow, "AddFile")).left() - 4.5;
     scene::speechSheet(painter, {QPointF(left, words.top() - 8.5), words.bottomRight() + QPointF(10.5, 4.5)},
                        78, page.rim);
     const qreal height = area.height() - 17;
@@ -109,10 +109,10 @@ void paintScene(Panel& panel, const Workshop& shop, const Page& page, const QRec
 
 // On pages without a field or a button, a blank cover plate is in its place.
 void paintStrip(Panel& panel, const Workshop& shop, bool hasPathField) {
-    const QRectF path = shop.catalogue.rect(window, "FilePath");
-    const QRectF track = shop.catalogue.rect(window, "Pista");
+    const QRectF path = shop.catalogue.rect(assistantWindow, "FilePath");
+    const QRectF track = shop.catalogue.rect(assistantWindow, "Pista");
     panel.frame();
-    panel.seat({shop.catalogue.rect(window, "Browse")});
+    panel.seat({shop.catalogue.rect(assistantWindow, "Browse")});
     if (hasPathField) {
         panel.well(path);
     } else {
@@ -129,7 +129,8 @@ void paintStrip(Panel& panel, const Workshop& shop, bool hasPathField) {
 
 QImage paintAssistant(const Workshop& shop, AssistantPage number) {
     const Page page = pageOf(number);
-    const QSizeF size = shop.catalogue.rect(window, "One").size(); // less high than the window itself
+    const QSizeF size =
+        shop.catalogue.rect(assistantWindow, "One").size(); // less high than the window itself
     const QRectF area = sceneOf(shop, size);
     Panel panel(size.toSize(), shop.scale);
     paintScene(panel, shop, page, area);

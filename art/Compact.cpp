@@ -12,7 +12,7 @@ using namespace palette;
 
 namespace {
 
-constexpr auto window = "Torvette";
+constexpr auto compactWindow = "Torvette";
 
 // The strip is as high as its buttons, and its last row is the edge of the folded window.
 void strip(Panel& panel, const Catalogue& catalogue, const QRectF& area) {
@@ -22,7 +22,7 @@ void strip(Panel& panel, const Catalogue& catalogue, const QRectF& area) {
     fall.setColorAt(1, buttonBack.darker(112));
     panel.painter().fillRect(area, fall);
     panel.brush(area);
-    panel.well(catalogue.rect(window, "Label1"), buttonBack);
+    panel.well(catalogue.rect(compactWindow, "Label1"), buttonBack);
 }
 
 // The ground of the fold-out has the colour of its buttons' backs; it is a little lighter at the top.
@@ -37,7 +37,7 @@ void foldOutGround(Panel& panel, const QRectF& area) {
 
 // White words without a shadow need a darker ground than that of the buttons.
 void display(Panel& panel, const Catalogue& catalogue, const QRectF& area) {
-    const QRectF numbers = catalogue.united(window, {"Label4", "Label5"});
+    const QRectF numbers = catalogue.united(compactWindow, {"Label4", "Label5"});
     panel.tray(area, foldOut.darker(140));
     panel.groove(between(area.left() + 1, numbers.bottom() + 1, area.right() - 1, numbers.bottom() + 3));
 }
@@ -55,10 +55,10 @@ void column(Panel& panel, const QRectF& area) {
 QImage paintTorvette(const Workshop& shop) {
     const QStringList stripButtons = {"Edit_Menu", "chameleonButton1", "chameleonButton2", "ChameleonButton4",
                                       "chameleonButton3"};
-    const QRectF first = shop.catalogue.united(window, stripButtons);
-    const QRectF search = shop.catalogue.rect(window, "ChameleonButton6");
-    const QRectF pin = shop.catalogue.rect(window, "ChameleonButton7");
-    const QSizeF size(shop.catalogue.windowSize(window).width(), pin.bottom());
+    const QRectF first = shop.catalogue.united(compactWindow, stripButtons);
+    const QRectF search = shop.catalogue.rect(compactWindow, "ChameleonButton6");
+    const QRectF pin = shop.catalogue.rect(compactWindow, "ChameleonButton7");
+    const QSizeF size(shop.catalogue.windowSize(compactWindow).width(), pin.bottom());
     const QRectF open = between(0, first.bottom(), size.width(), size.height());
     Panel panel(size.toSize(), shop.scale);
     strip(panel, shop.catalogue, first);

@@ -13,8 +13,6 @@ using namespace palette;
 
 namespace {
 
-constexpr qreal frameWidth = 2;
-
 // The list, and below it the strip where the window shows that it is loading.
 void entryDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QRectF list = catalogue.rect(window, "ListView1");

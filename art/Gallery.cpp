@@ -17,8 +17,6 @@ using namespace palette;
 
 namespace {
 
-constexpr qreal frameWidth = 2;
-
 // Short grooves between two groups of buttons.
 void gap(Panel& panel, const QRectF& left, const QRectF& right) {
     constexpr int grooves = 3;

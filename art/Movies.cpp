@@ -12,7 +12,6 @@
 
 #include <cmath>
 #include <functional>
-#include <numbers>
 
 namespace torvane {
 
@@ -20,7 +19,6 @@ using namespace palette;
 
 namespace {
 
-constexpr qreal fullTurn = 2 * std::numbers::pi;
 constexpr int frameMilliseconds = 75; // 13 frames a second
 constexpr int framesOfIntro = 96;
 constexpr int framesOfBanner = 96;
@@ -43,7 +41,8 @@ void intro(QPainter& painter, const QRectF& area, qreal turn) {
     night::ridge(painter, area.adjusted(0, 84, 0, 0), middleHill, 9, 20);
     night::ridge(painter, area.adjusted(0, 102, 0, 0), nearHill, 3, 10);
     night::tor(painter, QPointF(122, 108), 9);
-    night::vane(painter, QPointF(120, 72), 42, fullTurn * turn + 0.35 * std::sin(2 * fullTurn * turn));
+    night::vane(painter, QPointF(120, 72), 42,
+                night::fullTurn * turn + 0.35 * std::sin(2 * night::fullTurn * turn));
 }
 
 // A standing stone in the shape of a cartridge, lit from the top left; `light` 0 to 1 is the lamp behind its
@@ -70,7 +69,9 @@ void stone(QPainter& painter, QPointF foot, qreal unit, qreal light) {
 }
 
 // The lamps light up one after the other from left to right, each for about a third of the loop.
-qreal lamp(qreal turn, qreal place) { return std::pow(0.5 + 0.5 * std::cos(fullTurn * (turn - place)), 3.0); }
+qreal lamp(qreal turn, qreal place) {
+    return std::pow(0.5 + 0.5 * std::cos(night::fullTurn * (turn - place)), 3.0);
+}
 
 void banner(QPainter& painter, const QRectF& area, qreal turn) {
     night::sky(painter, area);
@@ -88,7 +89,7 @@ void banner(QPainter& painter, const QRectF& area, qreal turn) {
     night::ridge(painter, area.adjusted(0, 52, 0, 0), nearHill, 3, 5);
     night::tor(painter, QPointF(404, 57), 5);
     night::vane(painter, QPointF(403, 37), 27,
-                0.9 * std::sin(fullTurn * turn) + 0.25 * std::sin(2 * fullTurn * turn));
+                0.9 * std::sin(night::fullTurn * turn) + 0.25 * std::sin(2 * night::fullTurn * turn));
 }
 
 QImage paintedFrame(const Movie& movie, int frame, int scale) {

@@ -10,7 +10,6 @@
 #include <QRadialGradient>
 
 #include <cmath>
-#include <numbers>
 #include <tuple>
 
 namespace torvane::night {
@@ -18,8 +17,6 @@ namespace torvane::night {
 using namespace palette;
 
 namespace {
-
-constexpr qreal fullTurn = 2 * std::numbers::pi;
 
 // The glow of a light: bright in the middle, fading to nothing at `radius`.
 void glow(QPainter& painter, QPointF centre, qreal radius, const QColor& colour) {

@@ -10,7 +10,12 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <numbers>
+
 namespace torvane::night {
+
+/// In radians.
+inline constexpr qreal fullTurn = 2 * std::numbers::pi;
 
 /// The sky's colours from top to bottom of `area`.
 void sky(QPainter& painter, const QRectF& area);

@@ -17,6 +17,9 @@ namespace torvane {
 /// The one corner radius, in logical pixels.
 inline constexpr qreal cornerRadius = 4;
 
+/// The lines of a window's edge together, in logical pixels.
+inline constexpr qreal frameWidth = 2;
+
 /// The height of a title band with its hairline, in logical pixels.
 inline constexpr int titleBandHeight = 21;
 

@@ -12,8 +12,6 @@ using namespace palette;
 
 namespace {
 
-constexpr qreal frameWidth = 2;
-
 // One way to a game: the sheet from the frame to the frame has the colour of the captions' opaque backs.
 void way(Panel& panel, qreal top, qreal bottom) {
     panel.tray(between(frameWidth, top, panel.width() - frameWidth, bottom), darkPanel);

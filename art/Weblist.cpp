@@ -12,8 +12,6 @@ using namespace palette;
 
 namespace {
 
-constexpr qreal frameWidth = 2;
-
 // The right half from top to bottom: the page, the buttons, the state and the two counts.
 void pageDeck(Panel& panel, const Catalogue& catalogue, const QString& window) {
     const QStringList buttons = {"ChameleonButton2", "chameleonButton4", "chameleonButton5"};

@@ -11,8 +11,6 @@
 namespace torvane {
 
 namespace {
-constexpr QRgb colourBits = 0xFFFFFF;
-
 struct Scan {
     QRgb mask;
     QRgb endOfImage;
@@ -26,7 +24,7 @@ struct Scan {
         int start = -1;
         int x = 0;
         for (; x < width; ++x) {
-            const QRgb pixel = pixels[x] & colourBits;
+            const QRgb pixel = pixels[x] & RGB_MASK;
             if (pixel == endOfImage) break;
             if (pixel == mask) {
                 close(start, x, y);
@@ -52,7 +50,7 @@ QImage contentOf(const Form& window) {
 QRegion shapeOf(const QImage& image, QRgb endOfImage) {
     if (image.isNull()) return {};
     const QImage plain = image.convertToFormat(QImage::Format_RGB32);
-    Scan scan{plain.pixel(0, 0) & colourBits, endOfImage & colourBits, {}};
+    Scan scan{plain.pixel(0, 0) & RGB_MASK, endOfImage & RGB_MASK, {}};
     for (int y = 0; y < plain.height(); ++y) {
         scan.row(reinterpret_cast<const QRgb*>(plain.constScanLine(y)), plain.width(), y);
     }

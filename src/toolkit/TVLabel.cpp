@@ -16,7 +16,7 @@ constexpr QPoint captionPlace(2, 2);
 constexpr QPoint shadowPlace(4, 4);
 constexpr int shadowHeight = 13;
 constexpr int padShift = -2; // the mouse label begins outside and so leaves the right edge free
-const auto defaultCaption = QStringLiteral("Label1");
+const auto newLabelCaption = QStringLiteral("Label1");
 } // namespace
 
 TVLabel::TVLabel(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
@@ -65,7 +65,7 @@ void TVLabel::ReadProperties(const PropertyBag& bag) {
     m_enabled = bag.ReadProperty(QStringLiteral("Enabled"), false);
     m_fontNote = bag.ReadProperty(QStringLiteral("Font"), Fonts::M8);
     m_appearance = bag.ReadProperty(QStringLiteral("Appearance"), 0);
-    m_caption = bag.ReadProperty(QStringLiteral("Caption"), defaultCaption);
+    m_caption = bag.ReadProperty(QStringLiteral("Caption"), newLabelCaption);
     m_backColor = bag.ReadProperty(QStringLiteral("BackColor"), restingBack);
     m_backStyle = bag.ReadProperty(QStringLiteral("BackStyle"), 1);
     m_borderStyle = bag.ReadProperty(QStringLiteral("BorderStyle"), 0);
@@ -78,7 +78,7 @@ void TVLabel::WriteProperties(PropertyBag& bag) const {
     bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, false);
     bag.WriteProperty(QStringLiteral("Font"), font(m_fontNote), font(Fonts::M8));
     bag.WriteProperty(QStringLiteral("Appearance"), m_appearance, 0);
-    bag.WriteProperty(QStringLiteral("Caption"), m_caption, defaultCaption);
+    bag.WriteProperty(QStringLiteral("Caption"), m_caption, newLabelCaption);
     bag.WriteProperty(QStringLiteral("BackColor"), m_backColor, restingBack);
     bag.WriteProperty(QStringLiteral("BackStyle"), m_backStyle, 1);
     bag.WriteProperty(QStringLiteral("BorderStyle"), m_borderStyle, 0);

@@ -7,9 +7,7 @@
 namespace torvane {
 
 namespace {
-constexpr QRgb colourBits = 0xFFFFFF;
-
-QRgb bitsOf(OleColour colour) { return Colours::toQColor(colour).rgb() & colourBits; }
+QRgb bitsOf(OleColour colour) { return Colours::toQColor(colour).rgb() & RGB_MASK; }
 
 QRgb blended(QRgb source, QRgb target) {
     const auto mix = [](int from, int onto) { return (2 * from + onto) / 3; };
@@ -23,16 +21,16 @@ bool isDark(QRgb colour) { return qRed(colour) + qGreen(colour) + qBlue(colour) 
 struct PixelRule {
     explicit PixelRule(const BlitRule& blit)
         : rule(blit), mask(blit.mask ? bitsOf(*blit.mask) : ~0U),
-          brush(blit.brush ? bitsOf(*blit.brush) | ~colourBits : 0) {}
+          brush(blit.brush ? bitsOf(*blit.brush) | ~RGB_MASK : 0) {}
 
     QRgb operator()(QRgb source, QRgb target) const {
-        if ((source & colourBits) == mask) return target;
+        if ((source & RGB_MASK) == mask) return target;
         if (rule.brush) return !rule.stencil || isDark(source) ? brush : target;
         if (rule.grey) {
             const int level = luminance(source);
             return qRgb(level, level, level);
         }
-        return rule.blend ? blended(source, target) : source | ~colourBits;
+        return rule.blend ? blended(source, target) : source | ~RGB_MASK;
     }
 
     const BlitRule& rule;

@@ -17,7 +17,7 @@ QString overName(const char* picture) {
 }
 constexpr int overTimerMilliseconds = 3;
 constexpr int arrowPointer = 1;
-constexpr int customScheme = 2;
+constexpr int customColorScheme = 2;
 } // namespace
 
 chameleonButton::chameleonButton(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
@@ -26,7 +26,7 @@ chameleonButton::chameleonButton(QWidget& parent, const char* name, const Design
     m_p.caption = QString::fromUtf8(look.caption);
     m_p.enabled = look.enabled;
     m_p.font = look.font;
-    m_p.colorScheme = customScheme;
+    m_p.colorScheme = customColorScheme;
     m_p.showFocusRect = look.showFocusRect;
     m_p.backColor = look.back;
     m_p.backOver = look.backOver.value_or(look.back);

@@ -12,14 +12,14 @@
 namespace torvane {
 
 namespace {
-const auto defaultCaption = QStringLiteral("Torvane");
-const auto defaultUrl = QStringLiteral("www.torvane.example");
+const auto newLinkCaption = QStringLiteral("Torvane");
+const auto newLinkUrl = QStringLiteral("www.torvane.example");
 constexpr OleColour hoverRed = 0x0000FF;
 const OleColour disabledText = Colours::system(17);
 } // namespace
 
 vbwHyperlink::vbwHyperlink(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
-    : Control(parent, name, rect), m_caption(defaultCaption), m_url(defaultUrl), m_foreColor(look.fore) {
+    : Control(parent, name, rect), m_caption(newLinkCaption), m_url(newLinkUrl), m_foreColor(look.fore) {
     takeFont(look.font);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -111,9 +111,9 @@ void vbwHyperlink::fitToCaption() {
 void vbwHyperlink::ReadProperties(const PropertyBag& bag) {
     m_hoverColour = bag.ReadProperty(QStringLiteral("HoverColour"), hoverRed);
     m_hoverUnderline = bag.ReadProperty(QStringLiteral("HoverUnderline"), true);
-    m_caption = bag.ReadProperty(QStringLiteral("Caption"), defaultCaption);
+    m_caption = bag.ReadProperty(QStringLiteral("Caption"), newLinkCaption);
     m_autoSize = bag.ReadProperty(QStringLiteral("AutoSize"), true);
-    m_url = bag.ReadProperty(QStringLiteral("URL"), defaultUrl);
+    m_url = bag.ReadProperty(QStringLiteral("URL"), newLinkUrl);
     takeFont(bag.ReadProperty(QStringLiteral("Font"), Fonts::M8));
     m_foreColor = bag.ReadProperty(QStringLiteral("ForeColor"), Colours::black);
     m_backColor = bag.ReadProperty(QStringLiteral("BackColor"), Colours::buttonFace);
@@ -125,9 +125,9 @@ void vbwHyperlink::WriteProperties(PropertyBag& bag) const {
     const auto font = [](const FontSpec& named) { return QVariant::fromValue(named); };
     bag.WriteProperty(QStringLiteral("HoverColour"), m_hoverColour, hoverRed);
     bag.WriteProperty(QStringLiteral("HoverUnderline"), m_hoverUnderline, true);
-    bag.WriteProperty(QStringLiteral("Caption"), m_caption, defaultCaption);
+    bag.WriteProperty(QStringLiteral("Caption"), m_caption, newLinkCaption);
     bag.WriteProperty(QStringLiteral("AutoSize"), m_autoSize, true);
-    bag.WriteProperty(QStringLiteral("URL"), m_url, defaultUrl);
+    bag.WriteProperty(QStringLiteral("URL"), m_url, newLinkUrl);
     bag.WriteProperty(QStringLiteral("Font"), font(fontSpec()), font(Fonts::M8));
     bag.WriteProperty(QStringLiteral("ForeColor"), m_foreColor, Colours::black);
     bag.WriteProperty(QStringLiteral("BackColor"), m_backColor, Colours::buttonFace);

@@ -10,8 +10,8 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-using Program = OpenedAssistant;
-using Scene = void (*)(Program&);
+using Opened = OpenedAssistant;
+using Scene = void (*)(Opened&);
 
 // Time does not count: what is being typed is typed to its end, and a hint goes.
 void letTimePass() {
@@ -37,7 +37,7 @@ void describe(QAccessibleInterface& part, const QString& indent, QStringList& st
 }
 
 // All that a user, the disk and the outside can tell of a program.
-QString storyOf(Program& opened) {
+QString storyOf(Opened& opened) {
     QStringList story;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         auto* form = qobject_cast<Form*>(window);
@@ -62,8 +62,8 @@ QString storyOf(Program& opened) {
     return story.join(u'\n').replace(opened.world.appPath(), u"HERE"_s);
 }
 
-std::unique_ptr<Program> arrange(Scene scene) {
-    auto opened = std::make_unique<Program>();
+std::unique_ptr<Opened> arrange(Scene scene) {
+    auto opened = std::make_unique<Opened>();
     scene(*opened);
     letTimePass();
     return opened;
@@ -99,11 +99,11 @@ void clickOn(Control& control) {
 }
 
 // The scenes: the states of the windows in which there are other things to press.
-void library(Program& opened) {
+void library(Opened& opened) {
     opened.games(30);
     opened.open();
 }
-void editing(Program& opened) {
+void editing(Opened& opened) {
     library(opened);
     click(opened.main().Edit_Menu);
     opened.main().EditID3Title.setText(u"Title"_s);
@@ -111,66 +111,66 @@ void editing(Program& opened) {
     opened.main().EditID3Info.setText(u"Info"_s);
     opened.world.messages.answer = MsgBoxFlags::answerYes;
 }
-void archive(Program& opened) {
+void archive(Opened& opened) {
     writeArchive(opened.world.folder.path(u"roms/game.zip"_s), {{u"game.gba"_s, "rom"}});
     opened.world.messages.answer = MsgBoxFlags::answerYes;
     opened.open();
 }
-void archiveWindow(Program& opened) {
+void archiveWindow(Opened& opened) {
     archive(opened);
     click(opened.main().Zipper);
 }
-void question(Program& opened) {
+void question(Opened& opened) {
     library(opened);
     click(opened.main().chameleonButton1);
 }
-void compact(Program& opened) {
+void compact(Opened& opened) {
     library(opened);
     opened.chooseRow(1);
     click(opened.main().ChameleonButton12);
     if (!QTest::qWaitForWindowExposed(opened.program->loaded<Torvette>())) qFatal("no compact window");
 }
-void compactOpen(Program& opened) {
+void compactOpen(Opened& opened) {
     compact(opened);
     click(opened.program->loaded<Torvette>()->ChameleonButton4);
 }
-void compactPinned(Program& opened) {
+void compactPinned(Opened& opened) {
     compactOpen(opened);
     click(opened.program->loaded<Torvette>()->ChameleonButton9);
 }
-void listSearch(Program& opened) {
+void listSearch(Opened& opened) {
     library(opened);
     click(opened.main().Searcher);
     opened.program->loaded<AdvSearch>()->CRYTextBox1.setText(u"g020"_s);
 }
-void webSearch(Program& opened) {
+void webSearch(Opened& opened) {
     library(opened);
     click(opened.main().chameleonButton6);
     opened.program->loaded<SearchROM>()->CRYTextBox1.setText(u"words"_s);
 }
-void firstStart(Program& opened) {
+void firstStart(Opened& opened) {
     opened.world.setSetting("Language", QString());
     opened.start();
     if (!QTest::qWaitForWindowExposed(opened.program->loaded<SelLangStartUp>())) qFatal("no window");
 }
-void languageChosen(Program& opened) {
+void languageChosen(Opened& opened) {
     firstStart(opened);
     letTimePass();
     click(opened.program->loaded<SelLangStartUp>()->Label6);
 }
-void welcome(Program& opened) { opened.openAssistant(); }
-void choice(Program& opened) {
+void welcome(Opened& opened) { opened.openAssistant(); }
+void choice(Opened& opened) {
     opened.openAssistant();
     opened.goToChoice();
     opened.dialogs().answer = opened.from();
     opened.original(u"new.gb"_s);
 }
-void file(Program& opened) {
+void file(Opened& opened) {
     opened.openAssistant();
     opened.goToFile();
     opened.dialogs().answer = opened.original(u"new.gb"_s);
 }
-void gallery(Program& opened) {
+void gallery(Opened& opened) {
     for (const char* name : {"a.bmp", "b.gif", "c.png"}) {
         opened.world.folder.write(u"roms/data/screenshots/"_s + QLatin1String(name),
                                   QLatin1String(name) == u"a.bmp"_s ? bmpBytes() : gifBytes());
@@ -179,11 +179,11 @@ void gallery(Program& opened) {
     opened.world.messages.answer = MsgBoxFlags::answerYes;
     click(opened.main().chameleonButton4);
 }
-void enlarged(Program& opened) {
+void enlarged(Opened& opened) {
     gallery(opened);
     click(opened.program->loaded<Compartir>()->ChameleonButton8);
 }
-void originals(Program& opened) {
+void originals(Opened& opened) {
     opened.openAssistant();
     opened.copyFile(opened.original(u"new.gb"_s));
 }

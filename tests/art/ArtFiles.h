@@ -37,6 +37,14 @@ inline QImage pixelsOf(const QString& path) {
     return image.convertToFormat(QImage::Format_ARGB32);
 }
 
+/// The pixels of a bound JPEG at a scale.
+inline QImage picture(const QString& name, int scale) {
+    return pixelsOf(scaled(":/art/" + name + ".jpg", scale));
+}
+
+/// A rectangle of the window in pixels of a picture at a scale.
+inline QRect device(const QRect& rect, int scale) { return {rect.topLeft() * scale, rect.size() * scale}; }
+
 inline int countOf(const QImage& image, QRgb colour) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {

@@ -19,13 +19,10 @@ constexpr QRect secondAnswer(262, 106, 195, 17);
 constexpr QRect pathField(4, 272, 364, 19);
 constexpr QRect list(4, 26, 543, 395);
 
-constexpr int noise = 10; // the accuracy of brightness in a JPEG
+constexpr int greyNoise = 10; // the accuracy of brightness in a JPEG
 constexpr int bright = 160;
 
-QImage picture(const QString& name, int scale) { return pixelsOf(scaled(":/art/" + name + ".jpg", scale)); }
 QImage page(const QString& name, int scale) { return picture("NewAssistant-" + name, scale); }
-
-QRect device(const QRect& rect, int scale) { return {rect.topLeft() * scale, rect.size() * scale}; }
 
 QList<int> greysOf(const QImage& image, const QRect& part) {
     QList<int> greys;
@@ -139,8 +136,8 @@ void PagesTest::the_path_field_is_in_a_well_where_it_is_shown() {
         const qreal floor = row(pathField.bottom() - 4);
         // The upper edge casts a shadow into a well, but shines on a cover plate.
         QCOMPARE(row(pathField.top() + 1) < floor - 5, isShown);
-        QVERIFY2(row(pathField.top() - 1) < floor - noise, "the cut around it");
-        if (isShown) QVERIFY2(row(pathField.bottom() + 2) > floor + noise, "the lit lower lip");
+        QVERIFY2(row(pathField.top() - 1) < floor - greyNoise, "the cut around it");
+        if (isShown) QVERIFY2(row(pathField.bottom() + 2) > floor + greyNoise, "the lit lower lip");
     }
 }
 
@@ -162,7 +159,7 @@ void PagesTest::turning_a_page_moves_neither_the_tor_nor_the_strip() {
         for (const QRect& part : {tor, voiceAndTrack, browse}) {
             for (const QString& name : pages) {
                 QVERIFY(widestDifference(page(name, scale), page("One", scale), device(part, scale)) <=
-                        2 * noise);
+                        2 * greyNoise);
             }
         }
     }
@@ -175,10 +172,10 @@ void PagesTest::the_list_of_the_zip_window_is_in_a_well() {
             return brightnessOf(window, device(QRect(x, y, width, height), scale));
         };
         const qreal floor = line(200, 200, 100, 100);
-        QVERIFY(line(20, list.top() - 1, 500, 1) < floor - noise);
-        QVERIFY(line(list.left() - 1, 40, 1, 360) < floor - noise);
-        QVERIFY(line(20, list.bottom() + 2, 500, 1) > floor + noise);
-        QVERIFY(line(list.right() + 2, 40, 1, 360) > floor + noise);
+        QVERIFY(line(20, list.top() - 1, 500, 1) < floor - greyNoise);
+        QVERIFY(line(list.left() - 1, 40, 1, 360) < floor - greyNoise);
+        QVERIFY(line(20, list.bottom() + 2, 500, 1) > floor + greyNoise);
+        QVERIFY(line(list.right() + 2, 40, 1, 360) > floor + greyNoise);
         QVERIFY2(line(0, 100, 1, 200) < 20, "the frame's dark line");
         QVERIFY2(line(20, 4, 480, 15) < 45, "the title band");
     }
@@ -192,10 +189,10 @@ void PagesTest::the_wait_panel_is_raised_over_the_list() {
             return brightnessOf(panel, device(QRect(x, y, width, height), scale));
         };
         const qreal face = part(8, 6, 220, 22);
-        QVERIFY(face > listGround + noise);
+        QVERIFY(face > listGround + greyNoise);
         QVERIFY2(face < 110, "white words need darker ground");
-        QVERIFY2(part(4, 1, 180, 1) > face + 2 * noise, "light from above");
-        QVERIFY2(part(60, 49, 180, 1) < face - noise, "shade below");
+        QVERIFY2(part(4, 1, 180, 1) > face + 2 * greyNoise, "light from above");
+        QVERIFY2(part(60, 49, 180, 1) < face - greyNoise, "shade below");
         QVERIFY2(part(0, 0, 243, 1) < face / 2, "the dark line around it");
         for (const QRect& words : {QRect(2, 3, 238, 28), QRect(4, 35, 211, 13)})
             QVERIFY(std::ranges::max(greysOf(panel, device(words, scale))) < 125);

@@ -25,11 +25,7 @@ const QString withoutTitleBand = "Torvette";
 constexpr int stripHeight = 23;
 // Labels whose upper edge is above a hairline, and the row below it where their letters begin.
 const QHash<QString, int> lettersBegin = {{"Torvette/Label3", 25}, {"Aboutfrm/Label23", 23}};
-constexpr int noise = 10; // the accuracy of a JPEG beside a sharp edge
-
-QImage picture(const QString& name, int scale) { return pixelsOf(scaled(":/art/" + name + ".jpg", scale)); }
-
-QRect device(const QRect& rect, int scale) { return {rect.topLeft() * scale, rect.size() * scale}; }
+constexpr int edgeNoise = 10; // the accuracy of a JPEG beside a sharp edge
 
 // In whole pixels, as a window rounds it.
 QRect rectOf(const Row& row) {
@@ -135,7 +131,7 @@ void WindowsTest::the_compact_window_is_a_strip_with_a_fold_out() {
         QVERIFY(distanceFrom(0xff7477a3U, window, device(column, scale)) <= nearly);
         QVERIFY2(row(0) < 20, "the frame");
         QVERIFY2(row(stripHeight - 1) < 40, "the edge of the folded window");
-        QVERIFY2(row(stripHeight) > row(stripHeight - 1) + 4 * noise, "the hairline under the strip");
+        QVERIFY2(row(stripHeight) > row(stripHeight - 1) + 4 * edgeNoise, "the hairline under the strip");
         QVERIFY2(row(window.height() / scale - 1) < 20, "the edge of the unfolded window");
     }
 }
@@ -148,7 +144,8 @@ void WindowsTest::the_enlarged_picture_has_a_dark_stage() {
             return brightnessOf(window, device(QRect(x, y, width, height), scale));
         };
         QVERIFY(brightnessOf(window, device(largest, scale)) < 60);
-        QVERIFY2(part(200, 160, 100, 100) > part(40, 340, 60, 40) + noise, "the light falls on the picture");
+        QVERIFY2(part(200, 160, 100, 100) > part(40, 340, 60, 40) + edgeNoise,
+                 "the light falls on the picture");
         QVERIFY2(part(20, 24, 460, 1) < part(20, 60, 460, 1) - 8, "the cut around the stage");
     }
 }
@@ -172,9 +169,9 @@ void WindowsTest::a_window_has_its_frame_and_its_title_band() {
         QVERIFY(part(0, 30, 1, free) < 20);
         QVERIFY(part(size.width() - 1, 30, 1, free) < 20);
         QVERIFY(part(0, size.height() - 1, size.width(), 1) < 20);
-        QVERIFY2(part(1, 30, 1, free) > part(0, 30, 1, free) + 2 * noise, "the light line inside");
+        QVERIFY2(part(1, 30, 1, free) > part(0, 30, 1, free) + 2 * edgeNoise, "the light line inside");
         QVERIFY2(part(20, 4, size.width() - 40, 15) < 45, "the title band");
-        QVERIFY2(part(20, 21, 100, 1) > part(20, 18, 100, 1) + 2 * noise, "its hairline");
+        QVERIFY2(part(20, 21, 100, 1) > part(20, 18, 100, 1) + 2 * edgeNoise, "its hairline");
     }
 }
 
@@ -196,10 +193,10 @@ void WindowsTest::every_list_and_field_is_in_a_well_of_its_colour() {
             return brightnessOf(window, device(QRect(x, rect.top() + 4, 1, rect.height() - 8), scale));
         };
         QVERIFY2(across(rect.top() - 1) < 40 && down(rect.left() - 1) < 40, "the cut around it");
-        QVERIFY2(across(rect.top()) < across(rect.bottom()) - noise, "the shadow of the upper edge");
-        QVERIFY2(down(rect.left()) < down(rect.right()) - noise, "the shadow of the left edge");
-        QVERIFY2(across(rect.bottom() + 2) > across(rect.bottom() + 1) + 2 * noise, "the lit lower lip");
-        QVERIFY2(down(rect.right() + 2) > down(rect.right() + 1) + 2 * noise, "the lit right lip");
+        QVERIFY2(across(rect.top()) < across(rect.bottom()) - edgeNoise, "the shadow of the upper edge");
+        QVERIFY2(down(rect.left()) < down(rect.right()) - edgeNoise, "the shadow of the left edge");
+        QVERIFY2(across(rect.bottom() + 2) > across(rect.bottom() + 1) + 2 * edgeNoise, "the lit lower lip");
+        QVERIFY2(down(rect.right() + 2) > down(rect.right() + 1) + 2 * edgeNoise, "the lit right lip");
         const QRect floor = rect.adjusted(8, 8, -4, -4);
         const int off = distanceFrom(backOf(row), window, device(floor, scale));
         QVERIFY2(off <= 4, qPrintable(QString::number(off)));
@@ -218,7 +215,7 @@ void WindowsTest::an_opaque_back_is_no_patch_on_the_panel() {
         // The panel has the colour a little beyond the control, too.
         const QRect around = device(aboveFields(rectOf(row).adjusted(0, 0, 1, 1), row["window"]), scale);
         const int off = distanceFrom(back, picture(row["window"], scale), around);
-        QVERIFY2(off <= noise, qPrintable(QString::number(off)));
+        QVERIFY2(off <= edgeNoise, qPrintable(QString::number(off)));
     }
 }
 
@@ -247,7 +244,7 @@ void WindowsTest::white_words_are_on_calm_dark_ground() {
 void WindowsTest::black_words_are_on_light_ground() {
     const QRect words(368, 120, 130, 13);
     for (int scale : {1, 2})
-        QVERIFY(distanceFrom(0xff808080U, picture("ConfGen", scale), device(words, scale)) <= noise);
+        QVERIFY(distanceFrom(0xff808080U, picture("ConfGen", scale), device(words, scale)) <= edgeNoise);
 }
 
 TORVANE_TEST(WindowsTest)

@@ -9,8 +9,6 @@
 using namespace torvane;
 
 namespace {
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
-
 // A line given as plain text in which "$" means the separator.
 QByteArray bytes(const char* text) { return QByteArray(text).replace('$', TagLine::separator); }
 

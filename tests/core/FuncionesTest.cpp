@@ -15,7 +15,6 @@ struct MainWindowRecord : MainWindowReach {
     void followLink(const QString& url) override { calls.append(QStringLiteral("link ") + url); }
     void pointGamesAtLibrary() override { calls.append(QStringLiteral("library")); }
 };
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
 } // namespace
 
 class FuncionesTest : public QObject {

@@ -17,7 +17,7 @@ namespace {
 const std::string awayFile = "elsewhere/away.gb";
 constexpr int letPass = 3;        // ms: the other program may be blocked until we have ended
 constexpr int longestWait = 5000; // ms: after that it counts as blocked for ever
-constexpr int mostCalls = 500;
+constexpr int mostMeetings = 500;
 
 struct Operation {
     std::string name;
@@ -180,7 +180,7 @@ std::vector<int> distances(bool isOneRewrite, bool brief) {
 // The two deeds before all pairs of calls that are so far apart.
 void meetInPairs(Rounds& meeting, const Deeds& deeds, const std::vector<int>& distances) {
     bool isMet = true;
-    for (int call = 1; isMet && call < mostCalls; ++call) {
+    for (int call = 1; isMet && call < mostMeetings; ++call) {
         isMet = false;
         for (const int later : distances) {
             if (!meeting.meetAt(deeds, call, later)) break;

@@ -13,8 +13,16 @@
 #include <string>
 #include <unistd.h>
 
-/// One run of a target; returns 0.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
+/// FUZZ_TARGET(NAME) { ... }: one run of a target on `data` of `size` bytes; returns 0. A fuzzer knows one
+/// target, by a name that libFuzzer gives; the program of the replays has them all.
+#ifdef TORVANE_FUZZER
+#define FUZZ_FUNCTION(name) LLVMFuzzerTestOneInput
+#else
+#define FUZZ_FUNCTION(name) replay_##name
+#endif
+#define FUZZ_TARGET(name)                                                                                    \
+    extern "C" int FUZZ_FUNCTION(name)(const uint8_t* data, size_t size);                                    \
+    int FUZZ_FUNCTION(name)(const uint8_t* data, size_t size)
 
 namespace torvane::fuzz {
 

@@ -72,7 +72,7 @@ void checkWay(const QString& name) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(command_line) {
     static const Scratch folder;
     Input input(data, size);
     const auto mask = static_cast<unsigned>(input.number(1 << lengths));

@@ -10,7 +10,7 @@
 using namespace torvane;
 using namespace torvane::fuzz;
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(emulators) {
     static const Scratch folder;
     static const bool isMade = std::filesystem::create_directory(folder.path() + "/emuladores");
     require(isMade, "there is a folder for the list");

@@ -144,7 +144,7 @@ void checkTotal(int count) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(game_list) {
     static const Scratch folder;
     static const QString path = QString::fromStdString(folder.path());
     Input input(data, size);

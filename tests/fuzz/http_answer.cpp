@@ -17,7 +17,7 @@ HttpAnswer answerFrom(const QByteArray& bytes, qsizetype blockSize) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(http_answer) {
     Input input(data, size);
     const int blockSize = input.byte() + 1;
     const QByteArray bytes = input.rest();

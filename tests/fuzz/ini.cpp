@@ -14,7 +14,7 @@ using namespace torvane;
 using namespace torvane::fuzz;
 
 namespace {
-struct Change {
+struct IniChange {
     QByteArray section, key, value;
 
     std::pair<std::string, std::string> place() const {
@@ -31,7 +31,7 @@ struct Change {
     }
 };
 
-void checkRead(const Change& at, const QByteArray& content) {
+void checkRead(const IniChange& at, const QByteArray& content) {
     const IniValues values = iniValues(content.toStdString());
     const auto found = values.find(at.place());
     const std::optional<QByteArray> value = IniFile::valueIn(content, at.section, at.key);
@@ -39,19 +39,19 @@ void checkRead(const Change& at, const QByteArray& content) {
     if (value) require(value->toStdString() == found->second, "a value is read unchanged");
 }
 
-void checkWrite(const Change& change, const QByteArray& content, const QByteArray& changed) {
+void checkWrite(const IniChange& change, const QByteArray& content, const QByteArray& changed) {
     IniValues expected = iniValues(content.toStdString());
     expected[change.place()] = change.value.toStdString();
     require(iniValues(changed.toStdString()) == expected, "one value is changed and all others are kept");
 }
 
 // The layout of a handwritten file may change with the first writes, but not after that.
-void checkBecomesStable(const Change& change, QByteArray content) {
+void checkBecomesStable(const IniChange& change, QByteArray content) {
     for (int i = 0; i < 3; ++i) content = change.appliedTo(content).value();
     require(change.appliedTo(content) == content, "writing the same changes no byte");
 }
 
-void checkFile(const Change& change, const QByteArray& content, const std::optional<QByteArray>& changed) {
+void checkFile(const IniChange& change, const QByteArray& content, const std::optional<QByteArray>& changed) {
     static const Scratch folder;
     static const QString path = QString::fromStdString(folder.path() + "/a.ini");
     folder.write("a.ini", content.toStdString());
@@ -65,9 +65,9 @@ void checkFile(const Change& change, const QByteArray& content, const std::optio
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(ini) {
     Input input(data, size);
-    const Change change{input.piece(), input.piece(), input.piece()};
+    const IniChange change{input.piece(), input.piece(), input.piece()};
     const bool writesOften = input.byte() % 4 == 3;
     const QByteArray content = input.rest();
     checkRead(change, content);

@@ -29,7 +29,7 @@ model::Filter filterIn(Input& input) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(online_db) {
     Input input(data, size);
     const std::string form = forms[static_cast<size_t>(input.byte()) % forms.size()];
     const model::Filter filter = filterIn(input);

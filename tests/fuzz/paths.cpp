@@ -108,7 +108,7 @@ QByteArray plain(const QByteArray& path) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(paths) {
     static const Tree tree;
     static const bool isSpelled = !Paths::applicationFolder().endsWith(QLatin1Char('/'));
     require(isSpelled, "the program's own folder has no separator at its end");

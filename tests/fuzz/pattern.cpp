@@ -53,7 +53,7 @@ bool expectedMatch(const QString& pattern, const QByteArray& name) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(pattern) {
     Input input(data, size);
     const QString pattern = NativeText::fromNative(input.piece());
     const QByteArray name = input.piece();

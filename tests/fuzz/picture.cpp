@@ -19,7 +19,7 @@ bool isLoaded(const QByteArray& bytes) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(picture) {
     const QByteArray bytes = Input(data, size).rest();
     const PictureShape shape = PictureShape::of(bytes);
     require(isLoaded(bytes) == shape.isPicture(), "what has a shape can be loaded");

@@ -19,7 +19,7 @@ using namespace torvane;
 using namespace torvane::fuzz;
 
 namespace {
-const QString application = QStringLiteral("Torvane");
+const QString saver = QStringLiteral("Torvane");
 const QString absent = QStringLiteral("(absent)");
 
 // Texts that the program can encounter: file names of any bytes, and paths of such names.
@@ -81,13 +81,13 @@ void checkStore(const Setting& setting, const QByteArray& content) {
     const std::string file = "Torvane/Torvane.conf";
     folder().write(file, content.toStdString());
     const bool isSaved =
-        ignoring([&] { settings().SaveSetting(application, setting.section, setting.key, setting.value); });
+        ignoring([&] { settings().SaveSetting(saver, setting.section, setting.key, setting.value); });
     require(isSaved == setting.in(content).has_value(), "the store takes the same values");
     require(folder().read(file) == setting.in(content).value_or(content).toStdString(), "it keeps the rest");
     const auto get = [&](const QString& name) {
         return settings().GetSetting(name, setting.section, setting.key, absent);
     };
-    require(!isSaved || get(application) == setting.value, "a saved setting comes back");
+    require(!isSaved || get(saver) == setting.value, "a saved setting comes back");
     require(get(QStringLiteral("Other")) == absent, "applications are kept apart");
 }
 
@@ -124,7 +124,7 @@ void checkFileOf(const QString& name) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(settings) {
     Input input(data, size);
     const bool areNames = input.byte() % 2 != 0;
     const Setting setting{textOf(input, areNames), textOf(input, areNames), textOf(input, areNames)};

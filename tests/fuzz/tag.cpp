@@ -17,9 +17,9 @@ using namespace torvane::fuzz;
 
 namespace {
 constexpr std::array<const char*, 4> names = {"game.gb", "game.zip", "game", "game.rev.zip"};
-constexpr int mostInFront = 2100; // tags are only read from files of at least 2048 bytes
+constexpr int mostBeforeTag = 2100; // tags are only read from files of at least 2048 bytes
 
-struct Panel : GamePanel {
+struct ShownPanel : GamePanel {
     QString missing, format;
     bool isTagged = false;
     RomTagRecord shown;
@@ -88,7 +88,7 @@ void checkField(const QString& shown, const std::string& stored) {
     require(CodePage1252::toBytes(shown).toStdString() == stored, "a field is shown unchanged");
 }
 
-void checkShown(const ID3& id3, const Panel& panel, const std::string& file, const std::string& name) {
+void checkShown(const ID3& id3, const ShownPanel& panel, const std::string& file, const std::string& name) {
     const Expected expected = expectedOf(file);
     const RomTagRecord& tag = id3.RomTag;
     const reference::Tag fields = expected.tag.value_or(reference::Tag{});
@@ -105,21 +105,21 @@ void checkShown(const ID3& id3, const Panel& panel, const std::string& file, con
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(tag) {
     static const Scratch folder;
     static const Globals globals{{}, {}, {}, languageFileIn(folder), {}};
     static const LanguageTables language(globals);
     static NoMessages messages;
     Input input(data, size);
     const std::string name = names[static_cast<size_t>(input.byte()) % names.size()];
-    const std::string front(static_cast<size_t>(input.number(mostInFront)), 'r');
+    const std::string front(static_cast<size_t>(input.number(mostBeforeTag)), 'r');
     const QByteArray end = input.rest();
     checkPieces(end);
     const std::string file = front + end.toStdString();
     folder.write(name, file);
     ID3 id3(globals, language, messages);
     id3.RomTag.Format = QStringLiteral("Former");
-    Panel panel;
+    ShownPanel panel;
     const QString path = QString::fromStdString(folder.path() + '/' + name);
     id3.ReadRomTag(path, panel);
     checkShown(id3, panel, file, name);

@@ -23,7 +23,7 @@ struct Messages : MessageBoxes {
     }
 };
 
-struct Panel : GamePanel {
+struct UnusedPanel : GamePanel {
     bool isTagged = false;
     void showTag(const RomTagRecord&) override { isTagged = true; }
     void showNoTag(const QString&) override {}
@@ -109,7 +109,7 @@ bool isPlain(const Fields& fields) {
 void checkRead(const Case& saved, const std::string& after) {
     const std::string window = after.substr(after.size() - 1025, 1024);
     if (!isPlain(saved.fields) || reference::cut(window, reference::marker).size() != 2) return;
-    Panel panel;
+    UnusedPanel panel;
     saved.id3.ReadRomTag(saved.path, panel);
     require(panel.isTagged, "a saved tag is found");
     const RomTagRecord& read = saved.id3.RomTag;
@@ -132,7 +132,7 @@ std::optional<std::string> run(const Case& one, int operation) {
 QString text(const QByteArray& bytes) { return CodePage1252::fromBytes(bytes); }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(tag_writes) {
     static const Scratch folder;
     static const Globals globals{QString::fromStdString(folder.path()), {}, {}, {}, {}};
     static const LanguageTables language(globals);

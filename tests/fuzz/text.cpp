@@ -42,7 +42,7 @@ void checkFileName(QByteArrayView bytes, QStringView text) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(text) {
     const QByteArrayView bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     QString text(static_cast<qsizetype>(size / 2), Qt::Uninitialized);
     if (!text.isEmpty()) std::memcpy(text.data(), data, size / 2 * 2);

@@ -37,9 +37,9 @@ void checkName(const QByteArray& entry) {
     }
 }
 
-class Target {
+class UnpackedFolder {
 public:
-    Target() {
+    UnpackedFolder() {
         std::filesystem::create_directory(path());
         m_unzip.setFolder(QString::fromStdString(path()) + QLatin1Char('\\'));
         m_unzip.setArchive(QString::fromStdString(m_around.path() + "/archive"));
@@ -76,8 +76,8 @@ private:
 };
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static Target target;
+FUZZ_TARGET(unzip) {
+    static UnpackedFolder target;
     Input input(data, size);
     const bool isArchive = input.byte() % 2 == 1;
     isArchive ? target.check(input.rest()) : checkName(input.rest());

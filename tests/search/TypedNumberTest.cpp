@@ -14,7 +14,6 @@ namespace {
 std::optional<int> failureOfReading(const QString& text) {
     return failureOf([&] { (void)TypedNumber::read(text); });
 }
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
 } // namespace
 
 class TypedNumberTest : public QObject {

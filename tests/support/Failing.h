@@ -22,6 +22,9 @@ std::optional<int> failureOf(Statement&& statement) {
     return std::nullopt;
 }
 
+/// A number to compare with that of failureOf().
+inline std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
+
 /// While it lives, no file of this process can grow beyond a size in bytes, as if the disk were full.
 class FullDisk {
 public:

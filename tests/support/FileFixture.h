@@ -10,7 +10,6 @@
 
 namespace torvane {
 
-inline std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
 /// The result of failureOf for a statement that does not fail.
 inline const std::optional<int> nothing;
 

@@ -32,6 +32,8 @@ inline Fetched fetched(Inet& inet, const QString& address) {
     }
 }
 
+constexpr int deviceError = RuntimeFailure::deviceError;
+
 /// Limits that a test can wait for.
 constexpr TransferLimits smallLimits{.silenceMilliseconds = 300, .bytes = 1 << 20, .redirects = 5};
 

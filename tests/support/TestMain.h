@@ -55,10 +55,10 @@ int runTestWithoutApplication(int argc, char** argv) {
 
 #define TORVANE_TEST_ENTRY(Class, function)                                                                  \
     namespace {                                                                                              \
-    const torvane::TestEntry testEntry(Class::staticMetaObject, function);                                   \
+    const torvane::TestEntry Class##Entry(Class::staticMetaObject, function);                                \
     }
 
-/// Registers a test class that needs windows.
+/// Registers a test class, named without namespaces, that needs windows.
 #define TORVANE_TEST(Class) TORVANE_TEST_ENTRY(Class, (torvane::runTest<Class, QApplication>))
 /// Registers a test class that needs an event loop and no window.
 #define TORVANE_GUILESS_TEST(Class) TORVANE_TEST_ENTRY(Class, (torvane::runTest<Class, QCoreApplication>))

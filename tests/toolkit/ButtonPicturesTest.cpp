@@ -29,13 +29,6 @@ ButtonFace overPictureBlock(int type) {
     return face;
 }
 
-int pixelsIn(const QImage& image, OleColour colour) {
-    int count = 0;
-    for (int x = 0; x < image.width(); ++x) {
-        for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == colour;
-    }
-    return count;
-}
 } // namespace
 
 class ButtonPicturesTest : public QObject {

@@ -1,45 +1,17 @@
 // SPDX-License-Identifier: MIT
 // When a skinned button paints, its outline on a window, and what shows through it.
-#include "PanelForm.h"
+#include "OneButtonForm.h"
+#include "PaintCounter.h"
 #include "support/TestMain.h"
-#include "toolkit/chameleonButton.h"
 
 using namespace torvane;
-
-namespace {
-constexpr OleColour face = 0x644D4E;
-
-struct ButtonForm : PanelForm {
-    chameleonButton button{
-        *this,
-        "chameleonButton1",
-        {20, 20, 100, 30},
-        {.type = 7, .back = face, .backOver = 0x808080, .fore = Colours::white, .caption = "&Salir"}};
-
-    QImage picture() { return button.grab().toImage(); }
-};
-
-struct PaintCounter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* event) override {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    }
-};
-
-QPixmap filled(int width, int height, QColor colour) {
-    QPixmap picture(width, height);
-    picture.fill(colour);
-    return picture;
-}
-} // namespace
 
 class ButtonSurfaceTest : public QObject {
     Q_OBJECT
 
 private slots:
     void disabled_refresh_holds_all_paints_back_until_refresh() {
-        ButtonForm form;
+        OneButtonForm form;
         const QImage before = form.picture();
         form.button.DisableRefresh();
         form.button.setBackColor(0x102030);
@@ -50,7 +22,7 @@ private slots:
     }
 
     void disabled_refresh_shows_what_was_set_before_it_and_not_what_came_after() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setBackColor(0x102030);
         form.button.DisableRefresh();
         form.button.setBackColor(0x405060);
@@ -58,7 +30,7 @@ private slots:
     }
 
     void a_hidden_button_does_not_paint_and_catches_up_when_shown() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         form.button.hide();
         form.button.setBackColor(0x102030);
@@ -67,7 +39,7 @@ private slots:
     }
 
     void a_button_without_height_takes_everything_quietly() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.resize(100, 0);
         form.button.setBackColor(0x102030);
         form.button.resize(100, 30);
@@ -75,7 +47,7 @@ private slots:
     }
 
     void changes_of_one_turn_are_painted_once() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         QCoreApplication::processEvents();
         PaintCounter counter;
@@ -88,7 +60,7 @@ private slots:
     }
 
     void what_does_not_show_paints_nothing() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         QCoreApplication::processEvents();
         PaintCounter counter;
@@ -102,7 +74,7 @@ private slots:
     }
 
     void refresh_is_on_the_screen_before_it_returns() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         QCoreApplication::processEvents();
         PaintCounter counter;
@@ -112,14 +84,14 @@ private slots:
     }
 
     void refresh_keeps_a_pressed_look() {
-        ButtonForm form;
+        OneButtonForm form;
         QTest::keyPress(&form.button, Qt::Key_Space);
         form.button.Refresh();
         COMPARE_PIXEL(form.picture(), 0, 0, 0x240D0EU); // face - 64
     }
 
     void a_new_size_and_the_next_show_lift_a_pressed_look() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         QTest::keyPress(&form.button, Qt::Key_Space);
         COMPARE_PIXEL(form.picture(), 0, 0, 0x240D0EU); // face - 64
@@ -132,7 +104,7 @@ private slots:
     }
 
     void a_hidden_button_keeps_its_last_picture() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         const QImage before = form.picture();
         form.button.hide();
@@ -141,7 +113,7 @@ private slots:
     }
 
     void soft_bevel_shows_at_once_and_in_every_shade() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setButtonType(6);
         form.button.setBackColor(0x808080);
         COMPARE_PIXEL(form.picture(), 0, 0, 0xA7A7A7U); // 128 + 31 + 8
@@ -150,13 +122,13 @@ private slots:
     }
 
     void deep_face_of_type_3_follows_its_own_rule() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setButtonType(3);
         COMPARE_PIXEL(form.picture(), 50, 1, 0x7D7D7EU); // blue 100 + 100 x 48 / 192
     }
 
     void default_mark_frames_type_2_at_once() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setButtonType(2);
         form.button.setShowFocusRect(true);
         COMPARE_PIXEL(form.picture(), 0, 0, 0x937C7DU);
@@ -165,7 +137,7 @@ private slots:
     }
 
     void special_effect_shows_at_once() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCaption(QString());
         form.button.setPictureNormal(filled(16, 16, Qt::red)); // centred: 42 to 58, 7 to 23
         COMPARE_PIXEL(form.picture(), 58, 23, face);
@@ -174,7 +146,7 @@ private slots:
     }
 
     void picture_goes_to_its_place_and_under_the_caption() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCaption(QStringLiteral("I"));
         form.button.setUseGreyscale(false);
         form.button.setPictureNormal(filled(16, 16, Qt::red));
@@ -191,7 +163,7 @@ private slots:
     }
 
     void picture_beside_a_caption_of_blanks_is_centred() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCaption(QStringLiteral("   "));
         form.button.setUseGreyscale(false);
         form.button.setPictureNormal(filled(16, 16, Qt::red));
@@ -201,7 +173,7 @@ private slots:
     }
 
     void mask_colour_shows_at_once() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCaption(QString());
         form.button.setUseGreyscale(false);
         form.button.setPictureNormal(filled(16, 16, Qt::red));
@@ -211,7 +183,7 @@ private slots:
     }
 
     void outline_is_a_mask_only_where_it_is_no_rectangle() {
-        ButtonForm form;
+        OneButtonForm form;
         QVERIFY(form.button.mask().isEmpty());
         form.button.setButtonType(14);
         QCOMPARE(form.button.mask(), BuildRegion(14, {100, 30}));
@@ -224,7 +196,7 @@ private slots:
     }
 
     void cut_corners_show_the_window() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setButtonType(14);
         form.showAndWait();
         const QImage image = form.grab().toImage();
@@ -235,7 +207,7 @@ private slots:
     }
 
     void type_11_shows_what_lay_under_it() {
-        ButtonForm form;
+        OneButtonForm form;
         form.setPicture(filled(400, 300, QColor(1, 2, 3)));
         form.button.setButtonType(11);
         COMPARE_PIXEL(form.picture(), 2, 2, 0x030201U);
@@ -246,7 +218,7 @@ private slots:
     }
 
     void type_11_looks_anew_at_each_show() {
-        ButtonForm form;
+        OneButtonForm form;
         form.setPicture(filled(400, 300, QColor(1, 2, 3)));
         form.button.setButtonType(11);
         form.showAndWait();

@@ -2,6 +2,7 @@
 // Three skinned buttons on a shown window, and ways to send the first one the mouse.
 #pragma once
 
+#include "PaintCounter.h"
 #include "PanelForm.h"
 #include "toolkit/chameleonButton.h"
 
@@ -48,23 +49,6 @@ struct ButtonForm : PanelForm {
         QCursor::setPos(first.mapToGlobal(place));
         QCoreApplication::processEvents();
         send(QEvent::MouseMove, place, Qt::NoButton, held);
-    }
-};
-
-/// How many pixels of a colour an image has.
-inline int pixelsIn(const QImage& image, OleColour colour) {
-    int count = 0;
-    for (int x = 0; x < image.width(); ++x) {
-        for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == colour;
-    }
-    return count;
-}
-
-struct PaintCounter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* event) override {
-        paints += event->type() == QEvent::Paint;
-        return false;
     }
 };
 

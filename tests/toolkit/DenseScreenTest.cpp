@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The skinned button on a screen with two dots to the pixel: sharp lines and letters, the same places.
-#include "PanelForm.h"
+#include "OneButtonForm.h"
 #include "support/TestMain.h"
-#include "toolkit/chameleonButton.h"
 
 #include <QApplication>
 
 using namespace torvane;
 
 namespace {
-constexpr OleColour face = 0x644D4E;
-constexpr OleColour highlight = 0x937C7D;
-
 QImage pictureOf(chameleonButton& button) {
     QImage image = button.grab().toImage();
     image.setDevicePixelRatio(1.0);
@@ -42,7 +38,7 @@ private slots:
         chameleonButton button(form, "button", {20, 20, 100, 30}, {.type = 7, .back = face});
         const QImage image = pictureOf(button);
         QCOMPARE(image.size(), QSize(200, 60));
-        COMPARE_PIXEL(image, 1, 1, highlight);
+        COMPARE_PIXEL(image, 1, 1, faceHighlight);
         COMPARE_PIXEL(image, 2, 2, face);
         QVERIFY(!hasFineDots(image));
     }

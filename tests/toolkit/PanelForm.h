@@ -30,6 +30,15 @@ inline OleColour colourAt(const QImage& image, int x, int y) {
     return static_cast<OleColour>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16);
 }
 
+/// How many pixels of a colour an image has.
+inline int pixelsIn(const QImage& image, OleColour colour) {
+    int count = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) count += colourAt(image, x, y) == colour;
+    }
+    return count;
+}
+
 /// Words that are told in hexadecimal when they differ.
 inline QByteArray hex(OleColour colour) { return QByteArray::number(colour, 16).rightJustified(6, '0'); }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The skinned button's properties and what they show.
 #include "toolkit/chameleonButton.h"
-#include "PanelForm.h"
+#include "OneButtonForm.h"
 #include "WithoutPictures.h"
 #include "support/TestMain.h"
 
@@ -10,27 +10,6 @@
 
 using namespace torvane;
 
-namespace {
-constexpr OleColour face = 0x644D4E;
-constexpr OleColour highlight = 0x937C7D;
-
-struct ButtonForm : PanelForm {
-    chameleonButton button{
-        *this,
-        "chameleonButton1",
-        {20, 20, 100, 30},
-        {.type = 7, .back = face, .backOver = 0x808080, .fore = Colours::white, .caption = "&Salir"}};
-
-    QImage picture() { return button.grab().toImage(); }
-};
-
-QPixmap filled(int width, int height, QColor colour) {
-    QPixmap picture(width, height);
-    picture.fill(colour);
-    return picture;
-}
-} // namespace
-
 class chameleonButtonTest : public QObject {
     Q_OBJECT
 
@@ -38,7 +17,7 @@ private slots:
     void initTestCase() { removePictures(); }
 
     void design_gives_what_every_button_of_the_program_has() {
-        ButtonForm form;
+        OneButtonForm form;
         const chameleonButton& button = form.button;
         QCOMPARE(button.objectName(), QStringLiteral("chameleonButton1"));
         QCOMPARE(button.geometry(), QRect(20, 20, 100, 30));
@@ -71,7 +50,7 @@ private slots:
     }
 
     void the_words_of_a_button_are_its_caption_without_the_access_mark() {
-        ButtonForm form;
+        OneButtonForm form;
         QCOMPARE(form.button.accessibleRole(), QAccessible::Button);
         QCOMPARE(form.button.accessibleText(), QStringLiteral("Salir"));
         form.button.setCaption(QString());
@@ -79,7 +58,7 @@ private slots:
     }
 
     void saved_state_is_applied_on_reading() {
-        ButtonForm form;
+        OneButtonForm form;
         PropertyBag bag;
         form.button.WriteProperties(bag);
         bag.WriteProperty(QStringLiteral("TX"), QStringLiteral("&Nuevo"));
@@ -95,7 +74,7 @@ private slots:
     }
 
     void colours_are_painted_when_they_change() {
-        ButtonForm form;
+        OneButtonForm form;
         COMPARE_PIXEL(form.picture(), 2, 2, face);
         form.button.setBackColor(0x102030);
         COMPARE_PIXEL(form.picture(), 2, 2, 0x102030U);
@@ -105,7 +84,7 @@ private slots:
     }
 
     void text_properties_lay_the_caption_out_anew() {
-        ButtonForm form;
+        OneButtonForm form;
         QImage before = form.picture();
         const auto changed = [&] {
             const QImage now = form.picture();
@@ -130,14 +109,14 @@ private slots:
     }
 
     void caption_as_wide_as_the_button_stays_inside() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCaption(QStringLiteral("Una leyenda que no cabe en una sola línea"));
         const QImage image = form.picture();
-        for (int x = 0; x < 99; ++x) COMPARE_PIXEL(image, x, 0, highlight);
+        for (int x = 0; x < 99; ++x) COMPARE_PIXEL(image, x, 0, faceHighlight);
     }
 
     void picture_appears_beside_the_caption_and_over_picture_only_under_the_mouse() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setUseGreyscale(false);
         form.button.setCaption(QString());
         form.button.setPictureNormal(filled(16, 16, Qt::red));
@@ -151,7 +130,7 @@ private slots:
     }
 
     void mask_colour_can_be_changed_and_left_out() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setUseGreyscale(false);
         form.button.setCaption(QString());
         form.button.setPictureNormal(filled(16, 16, QColor(0xC0, 0xC0, 0xC0)));
@@ -164,7 +143,7 @@ private slots:
     }
 
     void disabled_look_holds_even_if_pressed() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setEnabled(false);
         const QImage disabled = form.picture();
         form.button.setCheckBoxBehaviour(true);
@@ -174,8 +153,8 @@ private slots:
     }
 
     void a_button_that_is_disabled_as_a_plain_widget_is_disabled_in_every_way() {
-        ButtonForm form;
-        ButtonForm other;
+        OneButtonForm form;
+        OneButtonForm other;
         other.button.setEnabled(false);
         QWidget& plain = form.button;
         plain.setEnabled(false);
@@ -190,8 +169,8 @@ private slots:
     }
 
     void a_button_that_is_disabled_while_its_window_is_looks_so_afterwards() {
-        ButtonForm form;
-        ButtonForm other;
+        OneButtonForm form;
+        OneButtonForm other;
         other.button.setEnabled(false);
         form.picture();
         form.setEnabled(false);
@@ -202,7 +181,7 @@ private slots:
     }
 
     void a_disabled_button_is_not_painted_while_painting_is_not_allowed() {
-        ButtonForm form;
+        OneButtonForm form;
         const QImage before = form.picture();
         form.button.DisableRefresh();
         form.button.setEnabled(false);
@@ -212,8 +191,8 @@ private slots:
     }
 
     void a_font_that_is_set_as_on_a_plain_widget_lays_the_caption_out_anew() {
-        ButtonForm form;
-        ButtonForm other;
+        OneButtonForm form;
+        OneButtonForm other;
         other.button.setFontSpec({FontSpec::Verdana, 12, true});
         QWidget& plain = form.button;
         plain.setFont(other.button.font());
@@ -221,7 +200,7 @@ private slots:
     }
 
     void a_disabled_window_does_not_give_its_buttons_the_disabled_look() {
-        ButtonForm form;
+        OneButtonForm form;
         const QImage before = form.picture();
         static_cast<QWidget&>(form).setEnabled(false);
         QCOMPARE(form.picture(), before);
@@ -229,7 +208,7 @@ private slots:
     }
 
     void value_presses_a_check_box_button() {
-        ButtonForm form;
+        OneButtonForm form;
         const QImage normal = form.picture();
         form.button.setValue(true);
         QCOMPARE(form.picture(), normal);
@@ -238,7 +217,7 @@ private slots:
     }
 
     void a_value_that_is_set_is_painted_in_the_last_state() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCheckBoxBehaviour(true);
         const QImage normal = form.picture();
         QTest::mousePress(&form.button, Qt::LeftButton);
@@ -250,7 +229,7 @@ private slots:
     }
 
     void a_button_that_was_checked_stays_down_until_it_is_painted_in_another_state() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCheckBoxBehaviour(true);
         const QImage normal = form.picture();
         form.button.setValue(true);
@@ -263,13 +242,13 @@ private slots:
     }
 
     void scheme_4_takes_the_windows_back_colour() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setColorScheme(4);
         COMPARE_PIXEL(form.picture(), 2, 2, PanelForm::back);
     }
 
     void pointer_and_hand() {
-        ButtonForm form;
+        OneButtonForm form;
         QCOMPARE(form.button.cursor().shape(), Qt::ArrowCursor);
         form.button.setHandPointer(true);
         QCOMPARE(form.button.MousePointer(), 99);
@@ -287,14 +266,14 @@ private slots:
     }
 
     void pointer_number_0_is_the_windows_own() {
-        ButtonForm form;
+        OneButtonForm form;
         form.setCursor(Qt::CrossCursor);
         form.button.setMousePointer(0);
         QCOMPARE(form.button.cursor().shape(), Qt::CrossCursor);
     }
 
     void a_larger_font_is_centred_anew() {
-        ButtonForm form;
+        OneButtonForm form;
         form.button.setCaption(QStringLiteral("H"));
         form.button.setFontSize(16);
         const QImage image = form.picture();
@@ -313,7 +292,7 @@ private slots:
     }
 
     void tool_tip_is_shown_as_plain_text() {
-        ButtonForm form;
+        OneButtonForm form;
         form.showAndWait();
         form.button.setToolTip(QStringLiteral("<b>Borrar</b>"));
         QHelpEvent help(QEvent::ToolTip, {5, 5}, form.button.mapToGlobal(QPoint(5, 5)));

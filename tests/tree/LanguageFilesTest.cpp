@@ -252,5 +252,6 @@ private slots:
 
 } // namespace torvane
 
-TORVANE_APPLESS_TEST(torvane::LanguageFilesTest)
+using torvane::LanguageFilesTest;
+TORVANE_APPLESS_TEST(LanguageFilesTest)
 #include "LanguageFilesTest.moc"

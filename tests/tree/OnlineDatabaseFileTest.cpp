@@ -20,19 +20,19 @@ constexpr int longestInfo = 125; // what the main window's field holds
 const QByteArrayList consoles = {"byn", "color", "advance"};
 const QByteArray demoCompany = "Torvane Demo";
 
-struct Entry {
+struct DemoEntry {
     QByteArray system, title, company, date, info, kind, author;
 };
 
 // Control characters have no place in a text, and five bytes mean nothing in the code page.
-bool isForeign(char c) {
+bool isForeignInRow(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte < 0x20 || byte == 0x7F || byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 ||
            byte == 0x9D;
 }
 
 // The sort key: the console in the order of the list, then the title without regard to case.
-std::pair<qsizetype, QString> placeOf(const Entry& entry) {
+std::pair<qsizetype, QString> placeOf(const DemoEntry& entry) {
     return {consoles.indexOf(entry.system), QString::fromLatin1(entry.title).toLower()};
 }
 } // namespace
@@ -42,13 +42,13 @@ class OnlineDatabaseFileTest : public QObject {
 
     QByteArray bytes;
     QByteArrayList lines;
-    QList<Entry> entries;
+    QList<DemoEntry> entries;
 
     // The titles of the entries at fault.
     template <typename Fault>
     QString titlesWith(Fault fault) const {
         QStringList titles;
-        for (const Entry& entry : entries)
+        for (const DemoEntry& entry : entries)
             if (fault(entry)) titles.append(QString::fromLatin1(entry.title));
         return titles.join('\n');
     }
@@ -74,7 +74,7 @@ private slots:
 
     void every_byte_is_a_character_of_code_page_1252() {
         for (const QByteArray& line : std::as_const(lines))
-            QVERIFY2(std::none_of(line.begin(), line.end(), isForeign), line);
+            QVERIFY2(std::none_of(line.begin(), line.end(), isForeignInRow), line);
     }
 
     void accents_are_not_written_in_utf_8() {
@@ -94,13 +94,13 @@ private slots:
     }
 
     void every_entry_names_its_console_kind_and_author() {
-        QCOMPARE(titlesWith([](const Entry& e) { return !consoles.contains(e.system); }), QString());
-        QCOMPARE(titlesWith([](const Entry& e) { return e.kind != "SYSTEM" || e.author != "torvane"; }),
+        QCOMPARE(titlesWith([](const DemoEntry& e) { return !consoles.contains(e.system); }), QString());
+        QCOMPARE(titlesWith([](const DemoEntry& e) { return e.kind != "SYSTEM" || e.author != "torvane"; }),
                  QString());
     }
 
     void every_date_is_a_day_written_as_day_month_year() {
-        QCOMPARE(titlesWith([](const Entry& e) {
+        QCOMPARE(titlesWith([](const DemoEntry& e) {
                      const QDate date = QDate::fromString(QString::fromLatin1(e.date), "d/M/yyyy");
                      return !date.isValid() || date < QDate(2026, 1, 1);
                  }),
@@ -108,7 +108,7 @@ private slots:
     }
 
     void every_info_is_a_sentence_that_fits_into_its_field() {
-        QCOMPARE(titlesWith([](const Entry& e) {
+        QCOMPARE(titlesWith([](const DemoEntry& e) {
                      return e.info.size() < 40 || e.info.size() > longestInfo || !e.info.endsWith('.') ||
                             !QChar::isUpper(static_cast<unsigned char>(e.info[0]));
                  }),
@@ -116,13 +116,13 @@ private slots:
     }
 
     void titles_and_companies_are_short_enough_to_be_read_in_the_list() {
-        QCOMPARE(titlesWith([](const Entry& e) { return e.title.size() > 60 || e.company.size() > 30; }),
+        QCOMPARE(titlesWith([](const DemoEntry& e) { return e.title.size() > 60 || e.company.size() > 30; }),
                  QString());
     }
 
     void no_game_is_there_twice() {
         QSet<QByteArray> seen;
-        QCOMPARE(titlesWith([&](const Entry& e) {
+        QCOMPARE(titlesWith([&](const DemoEntry& e) {
                      const QByteArray id = e.system + separator + e.title.toLower();
                      const bool twice = seen.contains(id);
                      seen.insert(id);
@@ -133,7 +133,7 @@ private slots:
 
     void no_sentence_is_there_twice() {
         QSet<QByteArray> seen;
-        QCOMPARE(titlesWith([&](const Entry& e) {
+        QCOMPARE(titlesWith([&](const DemoEntry& e) {
                      const bool twice = seen.contains(e.info);
                      seen.insert(e.info);
                      return twice;
@@ -148,7 +148,7 @@ private slots:
 
     void all_consoles_are_well_represented() {
         QHash<QByteArray, int> published;
-        for (const Entry& entry : std::as_const(entries))
+        for (const DemoEntry& entry : std::as_const(entries))
             if (entry.company != demoCompany) ++published[entry.system];
         for (const QByteArray& console : consoles) QVERIFY2(published.value(console) >= 50, console);
         QVERIFY(entries.size() - 4 >= 150);
@@ -164,7 +164,7 @@ private slots:
     void the_demo_games_are_there_under_their_own_names() {
         QFETCH(QByteArray, system);
         const QByteArray title = QTest::currentDataTag();
-        QVERIFY(std::any_of(entries.cbegin(), entries.cend(), [&](const Entry& e) {
+        QVERIFY(std::any_of(entries.cbegin(), entries.cend(), [&](const DemoEntry& e) {
             return e.title == title && e.system == system && e.company == demoCompany;
         }));
         // The build gives the games these names.
@@ -176,5 +176,6 @@ private slots:
 
 } // namespace torvane
 
-TORVANE_APPLESS_TEST(torvane::OnlineDatabaseFileTest)
+using torvane::OnlineDatabaseFileTest;
+TORVANE_APPLESS_TEST(OnlineDatabaseFileTest)
 #include "OnlineDatabaseFileTest.moc"

@@ -7,7 +7,7 @@
 namespace torvane {
 
 namespace {
-constexpr qsizetype blockSize = 1 << 17;
+constexpr qsizetype unpackedBlock = 1 << 17;
 // DOS attributes.
 constexpr zip_uint32_t folderAttribute = 0x10;
 constexpr zip_uint32_t labelAttribute = 0x08;
@@ -18,7 +18,8 @@ struct FileCloser {
 } // namespace
 
 Archive::Archive(const QString& path, qint64 mostEntries, Pulse& pulse)
-    : m_bytes(path, mostEntries, pulse), m_zip(nullptr, zip_discard), m_block(blockSize, Qt::Uninitialized) {
+    : m_bytes(path, mostEntries, pulse), m_zip(nullptr, zip_discard),
+      m_block(unpackedBlock, Qt::Uninitialized) {
     const bool isOpen = open() || (m_bytes.patchDirectory() && open());
     if (!isOpen || count() > mostEntries) throw RuntimeFailure(RuntimeFailure::pathAccess);
     m_bytes.directoryIsRead();
@@ -78,7 +79,8 @@ bool Archive::read(qint64 index, const std::function<bool(QByteArrayView)>& take
     if (!file) return false;
     // libzip verifies checksums, but not every size.
     for (qint64 left = claimedSize(index);;) {
-        const zip_int64_t got = zip_fread(file.get(), m_block.data(), static_cast<zip_uint64_t>(blockSize));
+        const zip_int64_t got =
+            zip_fread(file.get(), m_block.data(), static_cast<zip_uint64_t>(unpackedBlock));
         if (got <= 0) return got == 0 && left == 0;
         left -= got;
         if (!take(QByteArrayView(m_block).first(got))) return false;

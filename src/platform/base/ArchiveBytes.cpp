@@ -8,7 +8,7 @@
 namespace torvane {
 
 namespace {
-constexpr qint64 blockSize = 1 << 16;
+constexpr qint64 archiveBlock = 1 << 16;
 // The size of a directory: for each entry 46 bytes, a name of up to 255 and some extra fields; plus the
 // search for its end.
 constexpr qint64 bytesPerEntry = 512;
@@ -101,7 +101,7 @@ void ArchiveBytes::patch(char* data, qint64 count) const {
 // Entries that are read in order, with their headers, come from successive blocks.
 QByteArrayView ArchiveBytes::bytesHere() {
     if (m_position < m_blockStart || m_position >= m_blockStart + m_block.size()) {
-        m_block = m_file.readAt(m_position, blockSize);
+        m_block = m_file.readAt(m_position, archiveBlock);
         m_blockStart = m_position;
     }
     return QByteArrayView(m_block).sliced(m_position - m_blockStart);

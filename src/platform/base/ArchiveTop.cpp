@@ -7,13 +7,13 @@
 namespace torvane {
 
 namespace {
-struct Place {
+struct EntryPlace {
     QByteArrayView folder; ///< the first folder of the path
     QByteArrayView rest;   ///< the path after it
     bool isAtTop;
 };
 
-Place placeOf(QByteArrayView entry) {
+EntryPlace entryPlaceOf(QByteArrayView entry) {
     while (entry.startsWith("./")) entry = entry.sliced(2);
     const qsizetype slash = entry.indexOf('/');
     if (slash < 0) return {{}, entry, true};
@@ -43,7 +43,7 @@ void ArchiveTop::lookAt(const Archive& archive, qint64 index) {
         const QByteArray file = EntryName::sanitized(name);
         return !file.isEmpty() && m_isWanted(file) && archive.kind(index) == Archive::Kind::file;
     };
-    const Place place = placeOf(entry);
+    const EntryPlace place = entryPlaceOf(entry);
     const bool isFolder = !place.isAtTop || archive.kind(index) == Archive::Kind::folder;
     const QString folder = keyOf(place.isAtTop ? place.rest : place.folder);
     if (isFolder && !folder.isEmpty()) m_folders.insert(folder);
@@ -57,7 +57,7 @@ void ArchiveTop::lookAt(const Archive& archive, qint64 index) {
 }
 
 QByteArray ArchiveTop::fileName(QByteArrayView entry) const {
-    const Place place = placeOf(entry);
+    const EntryPlace place = entryPlaceOf(entry);
     const QByteArray name = EntryName::sanitized(place.rest);
     if (place.isAtTop || name.isEmpty()) return name;
     return m_folders.contains(keyOf(place.folder)) && m_isWanted(name) ? name : QByteArray();

@@ -11,7 +11,7 @@
 namespace torvane {
 
 namespace {
-constexpr qint64 blockSize = 1 << 16;
+constexpr qint64 directoryBlock = 1 << 16;
 
 constexpr char entrySign[] = "PK\1\2";
 constexpr qsizetype flagsOffset = 8;
@@ -64,7 +64,7 @@ private:
     // At most `count` bytes; valid until the next call.
     QByteArrayView bytesAt(qint64 place, qint64 count) {
         if (place < m_blockStart || place + count > m_blockStart + m_block.size()) {
-            m_block = m_file.readAt(place, std::max(blockSize, count));
+            m_block = m_file.readAt(place, std::max(directoryBlock, count));
             m_blockStart = place;
         }
         const QByteArrayView rest = QByteArrayView(m_block).sliced(place - m_blockStart);

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace torvane {
 
@@ -14,7 +15,6 @@ constexpr int smallRowHeight = 18;
 constexpr int headerHeight = 20;
 constexpr OleColour headerBack = 0x644D4E;
 constexpr int columnStep = 40; // pixels a key or a step of the wheel scrolls sideways
-constexpr int wheelStep = 120; // eighths of a degree, see QWheelEvent
 
 RowLook rowLookOf(const ColumnListView::Look& look) {
     return {.height = smallRowHeight,
@@ -62,7 +62,7 @@ void ColumnListView::scrollColumns(int pixels) {
 
 void ColumnListView::wheelEvent(QWheelEvent* event) {
     const int sideways = event->angleDelta().x();
-    if (sideways != 0) scrollColumns(-sideways * columnStep / wheelStep);
+    if (sideways != 0) scrollColumns(-sideways * columnStep / QWheelEvent::DefaultDeltasPerStep);
     RowList::wheelEvent(event);
 }
 

@@ -3,6 +3,7 @@
 #include "PagePdf.h"
 #include "../base/RuntimeFailure.h"
 #include "Fonts.h"
+#include "FormDesign.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -16,7 +17,6 @@ namespace torvane {
 
 namespace {
 constexpr int twipsPerInch = 1440;
-constexpr int twipsPerPixel = 15;
 constexpr double usualMargin = 18; // in points: a quarter of an inch
 
 // Lines of text that are wider than this are printed smaller.

@@ -6,13 +6,13 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <algorithm>
 
 namespace torvane {
 
 namespace {
 constexpr int rowsPerWheelStep = 3;
-constexpr int wheelStep = 120; // eighths of a degree, see QWheelEvent
 constexpr quint64 typeAheadMilliseconds = 1000;
 } // namespace
 
@@ -126,8 +126,8 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void RowList::wheelEvent(QWheelEvent* event) {
     m_wheelRest += event->angleDelta().y() * rowsPerWheelStep;
-    const int steps = m_wheelRest / wheelStep;
-    m_wheelRest -= steps * wheelStep;
+    const int steps = m_wheelRest / QWheelEvent::DefaultDeltasPerStep;
+    m_wheelRest -= steps * QWheelEvent::DefaultDeltasPerStep;
     if (steps != 0) scrollRows(-steps);
     event->accept();
 }

@@ -7,11 +7,11 @@
 using namespace torvane;
 
 namespace {
-const QByteArray rom = "rom bytes";
-const QByteArray line("ID3TAG\xA7"
-                      "a\0b\xA7\r\n",
-                      13);
-const AppendNote::Content game{"a.gb", rom.size(), line};
+const QByteArray notedRom = "rom bytes";
+const QByteArray notedLine("ID3TAG\xA7"
+                           "a\0b\xA7\r\n",
+                           13);
+const AppendNote::Content notedGame{"a.gb", notedRom.size(), notedLine};
 } // namespace
 
 class AppendNoteTest : public FileFixture {
@@ -34,7 +34,7 @@ class AppendNoteTest : public FileFixture {
         write("note", bytes);
         return AppendNote::read(Handle(::open(folder->native("note").constData(), O_RDONLY)));
     }
-    bool cutBack(const AppendNote::Content& content = game) const {
+    bool cutBack(const AppendNote::Content& content = notedGame) const {
         return AppendNote::cutBack(Handle(::open(folder->native("a.gb").constData(), O_RDWR)), content);
     }
 
@@ -46,7 +46,7 @@ private slots:
 
     void a_note_is_hidden_in_the_folder_until_the_append_is_done() {
         {
-            const AppendNote note(*open, game);
+            const AppendNote note(*open, notedGame);
             const QStringList names = folder->entries();
             QCOMPARE(names.size(), 1);
             QVERIFY(HiddenFile::isOfKind(HiddenFile::appendNote, names[0].toLatin1()));
@@ -58,12 +58,12 @@ private slots:
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<qint64>("length");
         QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("game") << game.name << game.length << game.bytes;
-        QTest::newRow("name of any bytes") << QByteArray("\xF1\n\\%s \x01") << qint64(0) << line;
-        QTest::newRow("longest name") << QByteArray(255, 'n') << qint64(1) << line;
-        QTest::newRow("huge file") << game.name << (qint64(1) << 40) << line;
-        QTest::newRow("nothing appended") << game.name << game.length << QByteArray();
-        QTest::newRow("much appended") << game.name << game.length << QByteArray(2 << 20, 'x');
+        QTest::newRow("game") << notedGame.name << notedGame.length << notedGame.bytes;
+        QTest::newRow("name of any bytes") << QByteArray("\xF1\n\\%s \x01") << qint64(0) << notedLine;
+        QTest::newRow("longest name") << QByteArray(255, 'n') << qint64(1) << notedLine;
+        QTest::newRow("huge file") << notedGame.name << (qint64(1) << 40) << notedLine;
+        QTest::newRow("nothing appended") << notedGame.name << notedGame.length << QByteArray();
+        QTest::newRow("much appended") << notedGame.name << notedGame.length << QByteArray(2 << 20, 'x');
     }
     void a_note_is_read_as_it_was_written() {
         QFETCH(QByteArray, name);
@@ -76,7 +76,7 @@ private slots:
         QCOMPARE(content->bytes, bytes);
     }
     void a_note_that_is_damaged_at_any_byte_is_rejected() {
-        const QByteArray whole = noteBytes(game);
+        const QByteArray whole = noteBytes(notedGame);
         QVERIFY(readNote(whole).has_value());
         for (qsizetype i = 0; i < whole.size(); ++i) {
             for (const int mask : {0x01, 0x80, 0xFF}) {
@@ -87,7 +87,7 @@ private slots:
         }
     }
     void a_note_that_is_cut_or_longer_is_rejected() {
-        const QByteArray whole = noteBytes(game);
+        const QByteArray whole = noteBytes(notedGame);
         for (qsizetype length = 0; length < whole.size(); ++length) {
             QVERIFY(!readNote(whole.first(length)).has_value());
             QVERIFY(!readNote(whole.first(length) + QByteArray(whole.size() - length, '\0')).has_value());
@@ -101,10 +101,10 @@ private slots:
     }
     void a_note_that_leads_out_of_its_folder_is_rejected() {
         QFETCH(QByteArray, name);
-        QVERIFY(!readNote(noteBytes({name, 1, line})).has_value());
+        QVERIFY(!readNote(noteBytes({name, 1, notedLine})).has_value());
     }
     void a_note_with_a_length_below_0_is_rejected() {
-        QVERIFY(!readNote(noteBytes({"a.gb", -1, line})).has_value());
+        QVERIFY(!readNote(noteBytes({"a.gb", -1, notedLine})).has_value());
     }
     void a_huge_file_is_no_note_and_does_not_exhaust_memory() {
         write("note", "");
@@ -113,57 +113,57 @@ private slots:
     }
 
     void recovery_keeps_a_whole_line_and_cuts_every_part_of_one() {
-        for (qsizetype length = 0; length <= line.size(); ++length) {
-            write("a.gb", rom + line.first(length));
-            QVERIFY(AppendNote::recover(*open, game));
-            QCOMPARE(read("a.gb"), length == line.size() ? rom + line : rom);
+        for (qsizetype length = 0; length <= notedLine.size(); ++length) {
+            write("a.gb", notedRom + notedLine.first(length));
+            QVERIFY(AppendNote::recover(*open, notedGame));
+            QCOMPARE(read("a.gb"), length == notedLine.size() ? notedRom + notedLine : notedRom);
         }
     }
     void recovery_cuts_zeros_that_replace_bytes_of_the_line() {
-        for (qsizetype hole = 0; hole < line.size(); ++hole) {
-            QByteArray withHole = line;
+        for (qsizetype hole = 0; hole < notedLine.size(); ++hole) {
+            QByteArray withHole = notedLine;
             withHole[hole] = '\0';
-            if (withHole == line) continue;
-            write("a.gb", rom + withHole);
-            QVERIFY(AppendNote::recover(*open, game));
-            QCOMPARE(read("a.gb"), rom);
-            write("a.gb", rom + QByteArray(hole + 1, '\0'));
-            QVERIFY(AppendNote::recover(*open, game));
-            QCOMPARE(read("a.gb"), rom);
+            if (withHole == notedLine) continue;
+            write("a.gb", notedRom + withHole);
+            QVERIFY(AppendNote::recover(*open, notedGame));
+            QCOMPARE(read("a.gb"), notedRom);
+            write("a.gb", notedRom + QByteArray(hole + 1, '\0'));
+            QVERIFY(AppendNote::recover(*open, notedGame));
+            QCOMPARE(read("a.gb"), notedRom);
         }
     }
     void recovery_keeps_what_another_program_wrote_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray();
-        QTest::newRow("shorter") << rom.chopped(1);
-        QTest::newRow("as long") << QByteArray(rom.size(), '\0');
-        QTest::newRow("other bytes after it") << rom + "X";
-        QTest::newRow("half a line and other bytes") << rom + line.first(5) + "X";
-        QTest::newRow("a line and more") << rom + line + line.first(1);
-        QTest::newRow("a line and a zero") << rom + line + '\0';
-        QTest::newRow("as many other bytes") << rom + QByteArray(line.size(), 'X');
+        QTest::newRow("shorter") << notedRom.chopped(1);
+        QTest::newRow("as long") << QByteArray(notedRom.size(), '\0');
+        QTest::newRow("other bytes after it") << notedRom + "X";
+        QTest::newRow("half a line and other bytes") << notedRom + notedLine.first(5) + "X";
+        QTest::newRow("a line and more") << notedRom + notedLine + notedLine.first(1);
+        QTest::newRow("a line and a zero") << notedRom + notedLine + '\0';
+        QTest::newRow("as many other bytes") << notedRom + QByteArray(notedLine.size(), 'X');
     }
     void recovery_keeps_what_another_program_wrote() {
         QFETCH(QByteArray, bytes);
         write("a.gb", bytes);
-        QVERIFY(AppendNote::recover(*open, game));
+        QVERIFY(AppendNote::recover(*open, notedGame));
         QCOMPARE(read("a.gb"), bytes);
         QVERIFY(cutBack());
         QCOMPARE(read("a.gb"), bytes);
     }
     void cutting_back_removes_a_whole_line_too() {
-        for (qsizetype length = 0; length <= line.size(); ++length) {
-            write("a.gb", rom + line.first(length));
+        for (qsizetype length = 0; length <= notedLine.size(); ++length) {
+            write("a.gb", notedRom + notedLine.first(length));
             QVERIFY(cutBack());
-            QCOMPARE(read("a.gb"), rom);
+            QCOMPARE(read("a.gb"), notedRom);
         }
     }
     void cutting_back_reports_what_can_not_be_cut_without_failing() {
-        write("a.gb", rom + line);
+        write("a.gb", notedRom + notedLine);
         const Handle reading(::open(folder->native("a.gb").constData(), O_RDONLY));
-        QVERIFY(!AppendNote::cutBack(reading, game));
-        QVERIFY(!AppendNote::cutBack(Handle(), game));
-        QCOMPARE(read("a.gb"), rom + line);
+        QVERIFY(!AppendNote::cutBack(reading, notedGame));
+        QVERIFY(!AppendNote::cutBack(Handle(), notedGame));
+        QCOMPARE(read("a.gb"), notedRom + notedLine);
     }
     void a_missing_file_needs_no_recovery_data() {
         QTest::addColumn<QByteArray>("kind");
@@ -172,22 +172,22 @@ private slots:
     }
     void a_missing_file_needs_no_recovery() {
         QFETCH(QByteArray, kind);
-        const QByteArray half = rom + line.first(3);
+        const QByteArray half = notedRom + notedLine.first(3);
         write("elsewhere.gb", half);
         if (kind == "folder") folder->makeFolder(QStringLiteral("a.gb"));
         if (kind == "link") softLink("elsewhere.gb", "a.gb");
         if (kind == "pipe") QCOMPARE(mkfifo(folder->native("a.gb").constData(), 0600), 0);
-        QVERIFY(AppendNote::recover(*open, game));
+        QVERIFY(AppendNote::recover(*open, notedGame));
         QCOMPARE(read("elsewhere.gb"), half);
     }
     void a_read_only_file_can_not_be_recovered() {
-        write("a.gb", rom + line.first(3));
+        write("a.gb", notedRom + notedLine.first(3));
         setMode("a.gb", 0444);
         {
             const OrdinaryUser user;
-            QVERIFY(!AppendNote::recover(*open, game));
+            QVERIFY(!AppendNote::recover(*open, notedGame));
         }
-        QCOMPARE(read("a.gb"), rom + line.first(3));
+        QCOMPARE(read("a.gb"), notedRom + notedLine.first(3));
     }
 };
 

@@ -9,7 +9,6 @@ using namespace torvane;
 
 namespace {
 using Value = std::optional<QByteArray>;
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
 } // namespace
 
 Q_DECLARE_METATYPE(Value)

@@ -8,10 +8,6 @@
 
 using namespace torvane;
 
-namespace {
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
-} // namespace
-
 class NumberTextTest : public QObject {
     Q_OBJECT
 

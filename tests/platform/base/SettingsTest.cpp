@@ -14,7 +14,6 @@ namespace {
 const QString app = QStringLiteral("Torvane");
 const QString config = QStringLiteral("Config");
 const QString absent = QStringLiteral("(absent)");
-std::optional<int> number(RuntimeFailure::Number value) { return static_cast<int>(value); }
 } // namespace
 
 class SettingsTest : public QObject {

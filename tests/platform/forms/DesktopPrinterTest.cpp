@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr std::optional<int> printerFailure = RuntimeFailure::printer;
 // Of the printer's paper, in pixels of the design.
-constexpr QPoint corner(24, 48);
+constexpr QPoint printedCorner(24, 48);
 } // namespace
 
 class DesktopPrinterTest : public QObject {
@@ -28,12 +28,12 @@ class DesktopPrinterTest : public QObject {
         const PdfPage paper(file);
         QVERIFY2(paper.isReadable(), qPrintable(file));
         QCOMPARE(paper.text(), page.heading);
-        QVERIFY(paper.shows(picture, corner + QPoint(20, 20)));
-        const QRect heading = paper.inked({0, 0, paper.paper().width(), corner.y() + 20});
-        QVERIFY(heading.left() >= corner.x() && heading.left() <= corner.x() + 2);
-        QVERIFY(heading.top() >= corner.y() && heading.height() >= 8);
+        QVERIFY(paper.shows(picture, printedCorner + QPoint(20, 20)));
+        const QRect heading = paper.inked({0, 0, paper.paper().width(), printedCorner.y() + 20});
+        QVERIFY(heading.left() >= printedCorner.x() && heading.left() <= printedCorner.x() + 2);
+        QVERIFY(heading.top() >= printedCorner.y() && heading.height() >= 8);
         QCOMPARE(paper.inked(paper.paper()) | heading, paper.inked(paper.paper()));
-        QCOMPARE(paper.inked(paper.paper()).bottom(), corner.y() + 20 + 143);
+        QCOMPARE(paper.inked(paper.paper()).bottom(), printedCorner.y() + 20 + 143);
     }
 
 private slots:

@@ -11,8 +11,6 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int deviceError = RuntimeFailure::deviceError;
-
 QByteArray redirectTo(const QString& target, const QByteArray& status = "302 Found") {
     return answerOf("<h1>Moved</h1>", status, "Location: " + target.toUtf8() + "\r\n");
 }

@@ -7,7 +7,6 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int deviceError = RuntimeFailure::deviceError;
 constexpr int invalidCall = RuntimeFailure::invalidCall;
 
 QByteArray everyByte() {

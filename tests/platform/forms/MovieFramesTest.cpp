@@ -2,6 +2,7 @@
 // The frames of moving pictures: their order and time, and what is kept of them.
 #include "platform/forms/MovieFrames.h"
 #include "support/GifMovie.h"
+#include "support/IntroMovie.h"
 #include "support/TestMain.h"
 
 using namespace torvane;
@@ -9,11 +10,6 @@ using namespace torvane;
 namespace {
 const QColor red{0xFF, 0, 0};
 const QColor blue{0, 0, 0xFF};
-
-QByteArray introBytes() {
-    QFile file(QStringLiteral(TORVANE_ART_TREE_DIR "/data/intro.dat"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QColor corner(const MovieFrames::Frame& frame) {
     return frame.image.isNull() ? QColor() : frame.image.pixelColor(0, 0);

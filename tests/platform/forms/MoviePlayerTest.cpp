@@ -4,6 +4,7 @@
 #include "platform/forms/Panel.h"
 #include "support/FakeWorld.h"
 #include "support/GifMovie.h"
+#include "support/IntroMovie.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 
@@ -18,20 +19,13 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-QByteArray pngBytes() {
+QByteArray redPng() {
     QImage image(4, 4, QImage::Format_RGB32);
     image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     image.save(&buffer, "PNG");
     return bytes;
-}
-
-const QByteArray intro = QByteArrayLiteral(TORVANE_ART_TREE_DIR "/data/intro.dat");
-
-QByteArray introBytes() {
-    QFile file(QFile::decodeName(intro));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // A player on a screen of any density.
@@ -144,7 +138,7 @@ private slots:
         QVERIFY(player->isPlaying());
     }
     void the_intro_an_animated_webp_is_played() {
-        QVERIFY(play(QFile::decodeName(intro)));
+        QVERIFY(play(introPath));
         QVERIFY(player->isPlaying());
         QVERIFY(!isEmpty());
         const QImage first = imageOf(*player);
@@ -159,7 +153,7 @@ private slots:
     void a_movie_is_told_by_its_content_and_not_by_its_name() {
         QVERIFY(play(twoColours(), u"movie.png"_s));
         QVERIFY(player->isPlaying());
-        QVERIFY(play(pngBytes(), u"picture.gif"_s));
+        QVERIFY(play(redPng(), u"picture.gif"_s));
         QVERIFY(!player->isPlaying());
         QVERIFY(isEmpty());
     }
@@ -211,7 +205,7 @@ private slots:
     }
     void a_twin_that_is_no_movie_is_not_played() {
         player->density = 2;
-        world->folder.write(u"movie@2x.dat"_s, pngBytes());
+        world->folder.write(u"movie@2x.dat"_s, redPng());
         QVERIFY(play(gifHead() + gifFrame(0) + ';'));
         QTRY_COMPARE(seen(), red);
     }
@@ -226,14 +220,14 @@ private slots:
     void the_intro_is_shown_dot_for_dot_on_any_screen_data() {
         QTest::addColumn<qreal>("density");
         QTest::addColumn<QString>("frames");
-        QTest::newRow("plain") << 1.0 << QFile::decodeName(intro);
+        QTest::newRow("plain") << 1.0 << introPath;
         QTest::newRow("dense") << 2.0 << QStringLiteral(TORVANE_ART_TREE_DIR "/data/intro@2x.dat");
     }
     void the_intro_is_shown_dot_for_dot_on_any_screen() {
         QFETCH(qreal, density);
         QFETCH(QString, frames);
         player->density = density;
-        QVERIFY(play(QFile::decodeName(intro)));
+        QVERIFY(play(introPath));
         QTRY_VERIFY(!isEmpty());
         const QImage seenFrame = imageOf(*player);
         QCOMPARE(seenFrame.size(), QSize(192, 122) * density);
@@ -245,7 +239,7 @@ private slots:
         const QByteArray webp = introBytes();
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("text") << QByteArray("just a text\r\n");
-        QTest::newRow("a picture of another kind") << pngBytes();
+        QTest::newRow("a picture of another kind") << redPng();
         QTest::newRow("mark of a GIF alone") << QByteArray("GIF89a");
         QTest::newRow("GIF without a picture") << gifHead();
         QTest::newRow("GIF with an end but no picture") << gifHead() + ';';
