@@ -11,6 +11,15 @@
 
 namespace torvane {
 
+/// A picture as a BMP, which keeps its pixels.
+inline QByteArray bmpOf(const QImage& image) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "BMP")) qFatal("can't make a picture");
+    return bytes;
+}
+
 /// A picture of four fields, each in another shade of the colour, in Qt's name of a format.
 inline QByteArray pictureBytes(const char* format, QSize size = {160, 144}, QColor colour = Qt::red) {
     QImage image(size, QImage::Format_RGB32);

@@ -4,7 +4,6 @@
 #include "core/Globals.h"
 #include "core/Pieces.h"
 #include "gallery/ShownPicture.h"
-#include "platform/forms/PictureDecoder.h"
 
 #include <QWheelEvent>
 #include <utility>
@@ -76,7 +75,7 @@ void AmpliCaptura::ChameleonButton2_Click() {
     const int answer =
         m.runtime.messages.MsgBox(text("advice"), MsgBoxFlags::question | MsgBoxFlags::yesNo, text("title"));
     if (answer != MsgBoxFlags::answerYes) return;
-    m.runtime.print({{}, QPixmap::fromImage(decoded(IMG_BIG.source())), {100, 100}},
+    m.runtime.print({{}, IMG_BIG.source(), {100, 100}},
                     {.title = text("title"),
                      .filter = QStringLiteral("PDF|*.pdf"),
                      .fileName = firstPiece(m_fileName) + QStringLiteral(".pdf")});

@@ -11,7 +11,6 @@
 #include "gallery/ShownPicture.h"
 #include "platform/base/File.h"
 #include "platform/base/NativeText.h"
-#include "platform/forms/PictureDecoder.h"
 
 namespace torvane {
 
@@ -132,7 +131,7 @@ void Compartir::ChameleonButton9_Click() {
                                                  MsgBoxFlags::question | MsgBoxFlags::yesNo,
                                                  QStringLiteral("Impresión de Captura"));
     if (answer != MsgBoxFlags::answerYes) return;
-    m.runtime.print({headingOf(name), QPixmap::fromImage(decoded(Image1.source())), {300, 300}},
+    m.runtime.print({headingOf(name), Image1.source(), {300, 300}},
                     {.title = text("gallerytitle"),
                      .filter = QStringLiteral("PDF|*.pdf"),
                      .fileName = firstPiece(Capturas.FileName()) + QStringLiteral(".pdf")});

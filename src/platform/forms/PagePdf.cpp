@@ -4,6 +4,7 @@
 #include "../base/RuntimeFailure.h"
 #include "Fonts.h"
 #include "FormDesign.h"
+#include "PictureDecoder.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -11,12 +12,14 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QtMath>
 #include <algorithm>
 
 namespace torvane {
 
 namespace {
 constexpr int twipsPerInch = 1440;
+constexpr int twipsPerPoint = 20;
 constexpr double usualMargin = 18; // in points: a quarter of an inch
 
 // Lines of text that are wider than this are printed smaller.
@@ -29,10 +32,24 @@ QFont headingFont(const QString& heading, double width) {
     return font;
 }
 
-void paint(QPainter& painter, const PrintedPage& page, QSizeF room) {
+// The size in pixels from the corner of the picture to that of the paper: what is beyond would cost memory
+// and make the document longer.
+QSize roomForPicture(QPoint pictureAt, const QPageLayout& layout) {
+    const QMarginsF margins = layout.margins(QPageLayout::Point);
+    const QSizeF paper = layout.fullRect(QPageLayout::Point).size();
+    const QSizeF room = (paper - QSizeF(margins.left(), margins.top())) * twipsPerPoint;
+    return {qCeil((room.width() - pictureAt.x()) / twipsPerPixel),
+            qCeil((room.height() - pictureAt.y()) / twipsPerPixel)};
+}
+
+QImage pictureOn(const PrintedPage& page, const QPageLayout& layout) {
+    const QSize room = roomForPicture(page.pictureAt, layout);
+    return page.picture.isNull() || room.isEmpty() ? QImage() : decodedCorner(page.picture, room);
+}
+
+void paint(QPainter& painter, const PrintedPage& page, const QImage& picture, QSizeF room) {
     painter.setRenderHint(QPainter::LosslessImageRendering); // else Qt would turn the picture into a JPEG
-    painter.drawPixmap(QRectF(page.pictureAt, page.picture.deviceIndependentSize() * twipsPerPixel),
-                       page.picture, page.picture.rect());
+    painter.drawImage(QRectF(page.pictureAt, QSizeF(picture.size() * twipsPerPixel)), picture);
     painter.setFont(headingFont(page.heading, room.width()));
     painter.drawText(QRectF(QPointF(0, 0), room), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
                      page.heading);
@@ -40,6 +57,8 @@ void paint(QPainter& painter, const PrintedPage& page, QSizeF room) {
 } // namespace
 
 QByteArray pdfOf(const PrintedPage& page, const QPageLayout& layout) {
+    if (!layout.isValid()) throw RuntimeFailure(RuntimeFailure::printer);
+    const QImage picture = pictureOn(page, layout);
     QByteArray document;
     QBuffer buffer(&document);
     buffer.open(QIODevice::WriteOnly);
@@ -47,10 +66,10 @@ QByteArray pdfOf(const PrintedPage& page, const QPageLayout& layout) {
     writer.setTitle(QGuiApplication::applicationDisplayName());
     writer.setResolution(twipsPerInch); // the painter's unit is the twip
     QPainter painter;
-    if (!layout.isValid() || !writer.setPageLayout(layout) || !painter.begin(&writer)) {
+    if (!writer.setPageLayout(layout) || !painter.begin(&writer)) {
         throw RuntimeFailure(RuntimeFailure::printer);
     }
-    paint(painter, page, layout.paintRect(QPageLayout::Point).size() * (twipsPerInch / 72));
+    paint(painter, page, picture, layout.paintRect(QPageLayout::Point).size() * twipsPerPoint);
     painter.end();
     return document;
 }

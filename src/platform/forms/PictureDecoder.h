@@ -12,6 +12,7 @@ namespace torvane {
 /// by direction; both in pixels. A GIF gives its first frame. Fails with invalidPicture if the reader can't
 /// make them, or if there is no picture.
 QImage decoded(const PictureFile& picture, QSize shown);
-QImage decoded(const PictureFile& picture);
+/// The same in its own size: of a picture that is larger than some room the top left part that fits.
+QImage decodedCorner(const PictureFile& picture, QSize room);
 
 } // namespace torvane

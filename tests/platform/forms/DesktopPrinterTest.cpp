@@ -4,16 +4,40 @@
 #include "platform/forms/PagePdf.h"
 #include "support/Failing.h"
 #include "support/PdfPage.h"
+#include "support/PictureBytes.h"
 #include "support/Spooler.h"
 #include "support/TestMain.h"
 
+#include <QLocalServer>
+#include <QPushButton>
+
 using namespace torvane;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 constexpr std::optional<int> printerFailure = RuntimeFailure::printer;
 // Of the printer's paper, in pixels of the design.
 constexpr QPoint printedCorner(24, 48);
+
+// While it lives, the spooler is one that accepts connections and never answers.
+class SilentSpooler {
+public:
+    SilentSpooler() {
+        qputenv("CUPS_SERVER", m_folder.native("socket"));
+        m_isOn = m_server.listen(m_folder.path(u"socket"_s));
+    }
+    ~SilentSpooler() { qputenv("CUPS_SERVER", m_usual); }
+    SilentSpooler(const SilentSpooler&) = delete;
+    SilentSpooler& operator=(const SilentSpooler&) = delete;
+    bool wasAsked() const { return m_isOn && m_server.hasPendingConnections(); }
+
+private:
+    TestFolder m_folder;
+    QLocalServer m_server;
+    QByteArray m_usual = qgetenv("CUPS_SERVER");
+    bool m_isOn = false;
+};
 } // namespace
 
 class DesktopPrinterTest : public QObject {
@@ -22,7 +46,7 @@ class DesktopPrinterTest : public QObject {
     std::unique_ptr<Spooler> spooler;
     DesktopPrinter printer;
     const QImage picture = motley(160, 144);
-    const PrintedPage page{u"Torvane [Señor.jpg]"_s, QPixmap::fromImage(picture), {300, 300}};
+    const PrintedPage page{u"Torvane [Señor.jpg]"_s, PictureFile(bmpOf(picture)), {300, 300}};
 
     void requireMeasures(const QString& file) {
         const PdfPage paper(file);
@@ -48,8 +72,10 @@ private slots:
     void init() {
         if (spooler) {
             for (const char* name : {"first", "second", "raw"}) spooler->removePrinter(name);
-        } else if (QByteArray(QTest::currentTestFunction()) !=
-                   "heading_and_picture_are_measured_on_the_paper") {
+        } else if (!QByteArrayList{"heading_and_picture_are_measured_on_the_paper",
+                                   "a_spooler_that_never_answers_fails_in_time",
+                                   "while_the_spooler_keeps_silent_events_are_served_and_clicks_are_dropped"}
+                        .contains(QTest::currentTestFunction())) {
             QSKIP("No spooler can be started here.");
         }
     }
@@ -119,6 +145,42 @@ private slots:
         qputenv("PATH", path);
         QCOMPARE(failure, printerFailure);
     }
+    void without_the_command_that_prints_there_is_no_printer() {
+        QVERIFY(spooler->addPrinter("first"));
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nowhere");
+        const bool isThere = printer.isThere();
+        qputenv("PATH", path);
+        QVERIFY(!isThere);
+    }
+    void a_spooler_that_never_answers_fails_in_time() {
+        const SilentSpooler silent;
+        DesktopPrinter impatient(200ms);
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(failureOf([&] { impatient.isThere(); }), printerFailure);
+        QCOMPARE(failureOf([&] { impatient.print(page); }), printerFailure);
+        QVERIFY2(clock.elapsed() < 10000, qPrintable(QString::number(clock.elapsed())));
+        QVERIFY(silent.wasAsked());
+    }
+    void while_the_spooler_keeps_silent_events_are_served_and_clicks_are_dropped() {
+        const SilentSpooler silent;
+        QPushButton button;
+        button.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        QSignalSpy clicks(&button, &QPushButton::clicked);
+        bool isServed = false;
+        QTimer::singleShot(50ms, this, [&] {
+            isServed = true;
+            QTest::mouseClick(button.windowHandle(), Qt::LeftButton);
+        });
+        QCOMPARE(failureOf([&] { DesktopPrinter(300ms).isThere(); }), printerFailure);
+        QCoreApplication::processEvents();
+        QVERIFY(isServed);
+        QCOMPARE(clicks.count(), 0);
+        QTest::mouseClick(button.windowHandle(), Qt::LeftButton);
+        QCOMPARE(clicks.count(), 1);
+    }
     // The next two leave no spooler for others.
     void a_full_spool_fails() {
         spooler->stop();
@@ -128,7 +190,7 @@ private slots:
         }
         QVERIFY(spooler->addPrinter("first"));
         QCOMPARE(failureOf([&] {
-                     printer.print({{}, QPixmap::fromImage(motley(240, 160)), {}});
+                     printer.print({{}, PictureFile(bmpOf(motley(240, 160))), {}});
                  }),
                  printerFailure);
     }

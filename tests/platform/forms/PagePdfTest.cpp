@@ -4,6 +4,7 @@
 #include "support/Failing.h"
 #include "support/FakeDesktop.h"
 #include "support/PdfPage.h"
+#include "support/PictureBytes.h"
 #include "support/TestMain.h"
 
 using namespace torvane;
@@ -28,7 +29,7 @@ class PagePdfTest : public QObject {
         return PdfPage(pdf());
     }
     static PrintedPage pageOf(const QString& heading, const QImage& picture, QPoint at = {300, 300}) {
-        return {heading, QPixmap::fromImage(picture), at};
+        return {heading, picture.isNull() ? PictureFile() : PictureFile(bmpOf(picture)), at};
     }
 
 private slots:
@@ -90,11 +91,17 @@ private slots:
         QVERIFY(page.shows(picture.copy(0, 0, 700, 1000), {margin + 20, margin + 20}));
         QVERIFY(qAbs(page.size().width() - 595) < 1);
     }
-    void a_picture_for_dense_screens_has_its_design_size() {
-        QPixmap picture = QPixmap::fromImage(motley(20, 20));
-        picture.setDevicePixelRatio(2);
-        const PdfPage page = saved({{}, picture, {300, 300}});
-        QCOMPARE(page.inked(page.paper()), QRect(margin + 20, margin + 20, 10, 10));
+    void what_of_a_picture_does_not_fit_the_paper_is_not_in_the_document() {
+        // A4 has 794 by 1123 pixels.
+        saved(pageOf({}, motley(750, 1079)));
+        const qint64 fitting = QFileInfo(pdf()).size();
+        saved(pageOf({}, motley(4000, 2500)));
+        const qint64 cut = QFileInfo(pdf()).size();
+        QVERIFY2(cut < fitting * 11 / 10, qPrintable(QString::number(cut)));
+    }
+    void a_picture_beyond_the_paper_leaves_it_empty() {
+        const PdfPage page = saved(pageOf({}, motley(10, 10), {30000, 300}));
+        QVERIFY(page.isReadable() && page.inked(page.paper()).isEmpty());
     }
     void a_page_without_picture_and_heading_is_empty() {
         const PdfPage page = saved({});

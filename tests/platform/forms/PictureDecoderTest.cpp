@@ -28,8 +28,9 @@ QList<std::pair<const char*, QByteArray>> corpus() {
 void checkFate(const QByteArray& bytes) {
     try {
         const PictureFile picture(bytes);
-        QCOMPARE(decoded(picture).size(), picture.size());
+        QCOMPARE(decoded(picture, picture.size()).size(), picture.size());
         QCOMPARE(decoded(picture, {5, 4}).size(), picture.size().boundedTo({5, 4}));
+        QCOMPARE(decodedCorner(picture, {5, 4}).size(), picture.size().boundedTo({5, 4}));
     } catch (const RuntimeFailure& failure) {
         QCOMPARE(failure.number(), RuntimeFailure::invalidPicture);
     }
@@ -51,7 +52,10 @@ class PictureDecoderTest : public QObject {
         image.save(&buffer, "PPM");
         return outputOf({"ppmtobmp"}, pixels);
     }
-    static QImage image(const QByteArray& bytes) { return decoded(PictureFile(bytes)); }
+    static QImage image(const QByteArray& bytes) {
+        const PictureFile picture(bytes);
+        return decoded(picture, picture.size());
+    }
 
 private slots:
     void a_picture_has_its_own_size_and_colours_data() {
@@ -80,8 +84,18 @@ private slots:
             QCOMPARE(decoded(picture, {800, 600}).size(), QSize(80, 60));
         }
     }
+    void a_corner_has_the_pixels_of_the_whole_picture() {
+        for (const QByteArray& bytes : {jpegBytes({80, 60}), gifBytes({80, 60}), bmpBytes({80, 60})}) {
+            const PictureFile picture(bytes);
+            const QImage whole = image(bytes);
+            for (const QSize room : {QSize(45, 35), QSize(1, 60), QSize(500, 1), QSize(500, 500)}) {
+                const QSize size = room.boundedTo(whole.size());
+                QCOMPARE(decodedCorner(picture, room), whole.copy({{0, 0}, size}));
+            }
+        }
+    }
     void no_picture_and_no_room_are_failures() {
-        QCOMPARE(failureOf([] { decoded(PictureFile()); }), int{RuntimeFailure::invalidPicture});
+        QCOMPARE(failureOf([] { decoded(PictureFile(), {5, 5}); }), int{RuntimeFailure::invalidPicture});
         QCOMPARE(failureOf([] {
                      decoded(PictureFile(bmpBytes()), {0, 5});
                  }),
