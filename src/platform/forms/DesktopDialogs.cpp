@@ -8,12 +8,15 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QMessageBox>
+#include <QTextBoundaryFinder>
 #include <QUrl>
 
 namespace torvane {
 
 namespace {
 constexpr int iconMask = 0x70;
+constexpr int longestWord = 40;
+constexpr QChar invisibleBlank(0x200B);
 
 QMessageBox::Icon iconOf(int flags) {
     switch (flags & iconMask) {
@@ -23,6 +26,25 @@ QMessageBox::Icon iconOf(int flags) {
     case MsgBoxFlags::information: return QMessageBox::Information;
     default: return QMessageBox::NoIcon;
     }
+}
+
+// A box wraps its lines at blanks alone, and would be as wide as the longest word in it. The name of a file
+// may be wider than the screen: it gets places to wrap that nobody sees.
+QString wrappable(const QString& text) {
+    QString wrapped;
+    int wordLength = 0;
+    qsizetype from = 0;
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
+    for (qsizetype to = letters.toNextBoundary(); to > from; to = letters.toNextBoundary()) {
+        wordLength = text[from].isSpace() ? 0 : wordLength + 1;
+        if (wordLength > longestWord) {
+            wrapped += invisibleBlank;
+            wordLength = 1;
+        }
+        wrapped += QStringView(text).sliced(from, to - from);
+        from = to;
+    }
+    return wrapped;
 }
 
 void follow(DesktopLanguage* language) {
@@ -35,7 +57,7 @@ int DesktopMessageBoxes::MsgBox(const QString& text, int flags, const QString& t
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
-    box.setText(text);
+    box.setText(wrappable(text));
     box.setIcon(iconOf(flags));
     const bool asks = (flags & 0xF) == MsgBoxFlags::yesNo;
     box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);

@@ -102,6 +102,24 @@ private slots:
         DesktopMessageBoxes().MsgBox(text, 64);
         QVERIFY(looked);
     }
+    void a_long_word_makes_no_box_wider_than_the_screen_data() {
+        QTest::addColumn<QString>("word");
+        QTest::newRow("letters") << QString(255, u'W');
+        QTest::newRow("beyond 16 bits") << u"\U0001F3AE"_s.repeated(120);
+        QTest::newRow("letters with accents of their own") << u"e\u0301"_s.repeated(200);
+    }
+    void a_long_word_makes_no_box_wider_than_the_screen() {
+        QFETCH(QString, word);
+        const QString text = u"the name "_s + word + u".bmp. OK?"_s;
+        whenShown<QMessageBox>([&](QMessageBox& box) {
+            QVERIFY2(box.width() < 700, qPrintable(QString::number(box.width())));
+            QCOMPARE(box.text().remove(QChar(0x200B)), text);
+            QVERIFY(!box.text().contains(u"\u200B\u0301"_s));
+            box.accept();
+        });
+        DesktopMessageBoxes().MsgBox(text, 36);
+        QVERIFY(looked);
+    }
     void a_box_bears_the_title_or_else_the_applications_name() {
         QApplication::setApplicationDisplayName(u"Torvane"_s);
         const auto titled = [](const QString& title) {
