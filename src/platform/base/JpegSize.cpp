@@ -3,6 +3,8 @@
 #include "PictureBytes.h"
 #include "PictureShape.h"
 
+#include <algorithm>
+
 namespace torvane {
 
 namespace {
@@ -24,6 +26,10 @@ enum Mark {
 // few kilobytes could keep a reader busy for minutes.
 constexpr int mostScans = 20;
 
+// Of a picture in several scans, or in one that is to be refined, the reader keeps all samples, of two bytes
+// each, whatever the size at which it is shown. Two screens of 4K in three components have fewer.
+constexpr qint64 mostKeptSamples = 50'000'000;
+
 bool isFrame(int mark) {
     return mark >= startOfFrame && mark <= 0xCF && mark != huffmanTables && mark != extensions &&
            mark != arithmeticTables;
@@ -44,27 +50,46 @@ int nextMark(PictureBytes& bytes) {
     return 0;
 }
 
-QSize frameSize(PictureBytes& bytes) {
+struct Frame {
+    QSize size;
+    qint64 samples = 0; // of all components
+    bool isRefined = false;
+};
+
+Frame readFrame(PictureBytes& bytes, int mark) {
     bytes.skip(1); // the depth
     const int height = bytes.highFirst();
-    return {bytes.highFirst(), height};
+    const QSize size(bytes.highFirst(), height);
+    qint64 all = 0; // samples in the smallest part of the picture that has whole samples of each component
+    int widest = 1;
+    int highest = 1;
+    for (int components = bytes.byte(); components > 0; --components) {
+        bytes.skip(1); // the name
+        const int factors = bytes.byte();
+        bytes.skip(1); // the table
+        widest = std::max(widest, factors >> 4);
+        highest = std::max(highest, factors & 0xF);
+        all += qint64{factors >> 4} * (factors & 0xF);
+    }
+    return {size, qint64{size.width()} * size.height() * all / (widest * highest), (mark & 3) == 2};
 }
 } // namespace
 
 QSize jpegSize(QByteArrayView all) {
     PictureBytes bytes(all);
-    QSize size;
+    Frame frame;
     int scans = 0;
     for (int mark = nextMark(bytes); mark != endOfPicture; mark = nextMark(bytes)) {
         if (bytes.isCut()) return {};
         if (isWithoutLength(mark)) continue;
         const qsizetype start = bytes.place();
         const int length = bytes.highFirst();
-        if (isFrame(mark)) size = size.isValid() ? QSize() : frameSize(bytes);
+        if (isFrame(mark)) frame = frame.size.isValid() ? Frame() : readFrame(bytes, mark);
         if (mark == startOfScan && ++scans > mostScans) return {};
         bytes.skip(start + length - bytes.place());
     }
-    return scans > 0 ? size : QSize();
+    const bool isKept = scans > 1 || frame.isRefined;
+    return scans == 0 || (isKept && frame.samples > mostKeptSamples) ? QSize() : frame.size;
 }
 
 } // namespace torvane

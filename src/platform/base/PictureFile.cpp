@@ -6,8 +6,9 @@
 namespace torvane {
 
 namespace {
-// With the largest decoded picture and what its reader needs this stays below 256 MiB.
-constexpr qint64 largestFile = 48 << 20;
+// The gallery has up to three at hand: one shown, one shown enlarged, and one being read. With what a reader
+// needs the program stays below 256 MiB. A screen of 4K as a BMP has 24 MiB.
+constexpr qint64 largestFile = 28 << 20;
 constexpr qint64 signatureLength = 10;
 
 [[noreturn]] void failAsNoPicture() { throw RuntimeFailure(RuntimeFailure::invalidPicture); }

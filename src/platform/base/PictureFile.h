@@ -18,7 +18,7 @@ public:
     /// included, for what is cut off, and for what is too large (see PictureShape).
     explicit PictureFile(const QByteArray& bytes);
     /// The picture of the file at a spelled path, judged by its content. Fails like the constructor, with
-    /// outOfMemory above 48 MiB, and with the numbers of File. Of what is no picture only the beginning is
+    /// outOfMemory above 28 MiB, and with the numbers of File. Of what is no picture only the beginning is
     /// read.
     static PictureFile load(const QString& path);
 

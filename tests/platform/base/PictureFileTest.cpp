@@ -167,6 +167,41 @@ private slots:
         QVERIFY(PictureShape::of(withScans(20)).isPicture());
         QVERIFY(!PictureShape::of(withScans(21)).isPicture());
     }
+    void a_jpeg_of_which_its_reader_would_keep_too_much_is_refused_data() {
+        QTest::addColumn<int>("frame");
+        QTest::addColumn<QByteArray>("factors"); // of each component, across and down
+        QTest::addColumn<int>("scans");
+        QTest::addColumn<int>("height");
+        QTest::addColumn<bool>("isPicture");
+        const QByteArray colours("\x11\x11\x11");
+        const QByteArray inks("\x11\x11\x11\x11");
+        QTest::newRow("two screens of 4K, refined") << 0xC2 << colours << 9 << 3318 << true;
+        QTest::newRow("three components, refined") << 0xC2 << colours << 9 << 4000 << false;
+        QTest::newRow("three components in one scan") << 0xC0 << colours << 1 << 4000 << true;
+        QTest::newRow("three components in scans of their own") << 0xC0 << colours << 3 << 4000 << false;
+        QTest::newRow("colours in less detail, refined")
+            << 0xC2 << QByteArray("\x22\x11\x11") << 9 << 4000 << true;
+        QTest::newRow("four components in one scan") << 0xC0 << inks << 1 << 4000 << true;
+        QTest::newRow("four components in scans of their own") << 0xC0 << inks << 4 << 4000 << false;
+        QTest::newRow("four components, refined") << 0xC2 << inks << 9 << 4000 << false;
+        QTest::newRow("four components, refined in one scan") << 0xC2 << inks << 1 << 4000 << false;
+        QTest::newRow("four components of fewer pixels") << 0xC2 << inks << 9 << 2500 << true;
+        QTest::newRow("two of four components in less detail")
+            << 0xC2 << QByteArray("\x22\x11\x11\x22") << 9 << 4000 << true;
+    }
+    void a_jpeg_of_which_its_reader_would_keep_too_much_is_refused() {
+        QFETCH(int, frame);
+        QFETCH(QByteArray, factors);
+        QFETCH(int, scans);
+        QFETCH(int, height);
+        QByteArray bytes = QByteArray::fromHex("ffd8ff") + static_cast<char>(frame) + '\0' +
+                           static_cast<char>(8 + 3 * factors.size()) + '\x08' +
+                           static_cast<char>(height / 256) + static_cast<char>(height % 256) +
+                           QByteArray::fromHex("1388") + static_cast<char>(factors.size());
+        for (const char factor : factors) bytes += QByteArray("\x01") + factor + '\0';
+        bytes += QByteArray::fromHex("ffda0002").repeated(scans) + QByteArray::fromHex("ffd9");
+        QTEST(PictureShape::of(bytes).isPicture(), "isPicture");
+    }
     void a_file_of_two_gibibytes_is_not_read() {
         const QString path = write("large.jpg", jpegBytes());
         QVERIFY(QFile::resize(path, qint64{2} << 30));
@@ -180,8 +215,8 @@ private slots:
         QVERIFY(QFile::resize(path, qint64{2} << 30));
         QCOMPARE(loadFailure(path), number(RuntimeFailure::invalidPicture));
     }
-    void a_file_may_have_48_mebibytes_and_no_byte_more() {
-        constexpr qint64 most = 48 << 20;
+    void a_file_may_have_28_mebibytes_and_no_byte_more() {
+        constexpr qint64 most = 28 << 20;
         const QString path = write("large.bmp", bmpBytes({8, 8}));
         QVERIFY(QFile::resize(path, most));
         QCOMPARE(PictureFile::load(path).size(), QSize(8, 8));
