@@ -131,7 +131,7 @@ has_box() {
     local WINDOW X Y WIDTH HEIGHT SCREEN
     eval "$(xdotool getactivewindow getwindowgeometry --shell)"
     [ "$(xdotool getwindowpid "$WINDOW")" = "$program_pid" ] &&
-        ! sizes_of_windows | grep -qx "$WIDTH $HEIGHT"
+        ! sizes_of_windows | grep -x "$WIDTH $HEIGHT" >/dev/null # -q would end the writer early, and fail by that
 }
 wait_box() { wait_until 10 has_box && settle; }
 wait_no_box() { wait_until 10 '! has_box' && settle; }
