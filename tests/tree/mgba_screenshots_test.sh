@@ -9,7 +9,7 @@ gallery=$dir/roms/data/screenshots
 
 # An empty gallery, the pictures red.png and blue.png, and the tools of a Debian system: all, or without netpbm.
 fresh_gallery() { # [without-netpbm]
-    local tool tools=(mktemp mv rm rmdir find tr cat cp chmod)
+    local tool tools=(mktemp mv rm rmdir mkdir find tr cat cp chmod)
     fresh
     mkdir -p "$gallery"
     [[ ${1-} == without-netpbm ]] || tools+=(pngtopnm ppmtobmp)
@@ -126,6 +126,18 @@ test_a_broken_picture_is_kept_as_it_is() {
     expect errors '' "$errors"
 }
 
+test_a_converter_that_fails_is_not_believed() {
+    fresh_gallery
+    emulator 'cp "$1/red.png" g-0.png'
+    pngtopnm "$dir/blue.png" >"$dir/blue.pnm"
+    rm "$dir/bin/pngtopnm"
+    printf '#!/bin/sh\ncat "%s"\nexit 1\n' "$dir/blue.pnm" >"$dir/bin/pngtopnm"
+    chmod +x "$dir/bin/pngtopnm"
+    play /g.gb
+    expect gallery g-0.png "$(laid)"
+    cmp -s "$gallery/g-0.png" "$dir/red.png" || fail 'another picture'
+}
+
 test_a_full_disk_loses_no_picture() {
     fresh_gallery
     emulator 'cp "$1/red.png" g-0.png'
@@ -177,13 +189,13 @@ test_a_gallery_that_goes_away_does_no_harm() {
 }
 
 # Starts a game that takes a picture and then runs for ten seconds; returns when the picture is there. Sets
-# $playing and $script_pid.
+# $playing, whose status is that of the script, and $script_pid.
 start_long_game() {
     fresh_gallery
     ln -s "$(command -v sleep)" "$dir/bin/"
     emulator 'trap "exit 7" TERM; cp "$1/red.png" g-0.png; echo $$ >"$1/emulator"
         n=0; while [ $n -lt 200 ]; do sleep 0.05; n=$((n + 1)); done'
-    play /g.gb 2>/dev/null &
+    (play /g.gb; exit "$status") 2>/dev/null &
     playing=$!
     until [[ -s $dir/emulator ]] || ! kill -0 "$playing" 2>/dev/null; do sleep 0.02; done
     script_pid=$(ps -o ppid= -p "$(<"$dir/emulator")" | tr -d ' ')
@@ -195,6 +207,7 @@ test_a_signal_ends_the_game_and_keeps_its_pictures() {
         start_long_game
         kill -s "$signal" "$script_pid"
         wait "$playing"
+        expect "status after $signal" 7 "$?"
         expect "gallery after $signal" g-0.bmp "$(laid)"
         ! kill -0 "$(<"$dir/emulator")" 2>/dev/null || fail "$signal left the emulator running"
     done
@@ -229,6 +242,65 @@ test_a_link_in_the_gallery_is_no_folder_of_pictures() {
     emulator ''
     play /g.gb
     [[ -f $dir/private/g-0.png ]] || fail 'a picture was taken from behind a link'
+}
+
+# A program mv that runs COMMANDS before the real one; $4 is the target.
+replace_mv() { # COMMANDS
+    rm "$dir/bin/mv"
+    printf '#!/bin/sh\n%s\nexec %s "$@"\n' "$1" "$(command -v mv)" >"$dir/bin/mv"
+    chmod +x "$dir/bin/mv"
+}
+
+test_a_name_that_another_game_takes_at_the_same_time_is_not_replaced() {
+    local taken='[ "${4##*/}" != g-0.bmp ] || [ -e "$4" ] ||' way
+    for way in 'echo other >"$4"' 'mkdir "$4"' '{ echo other >"$4"; exit 1; }'; do
+        fresh_gallery
+        emulator 'cp "$1/red.png" g-100.png'
+        replace_mv "$taken $way"
+        play /g.gb
+        expect "gallery after $way" $'g-0.bmp\ng-1.bmp' "$(laid)"
+        [[ -d $gallery/g-0.bmp ]] || expect "content after $way" other "$(<"$gallery/g-0.bmp")"
+        expect_pixels g-1.bmp red.png
+    done
+}
+
+test_what_cannot_be_moved_appears_after_the_next_game() {
+    fresh_gallery
+    emulator 'cp "$1/red.png" g-0.png'
+    replace_mv 'exit 1'
+    play /g.gb
+    expect 'pictures before' '' "$(laid | grep -v '^\.mgba-')"
+    ln -sf "$(command -v mv)" "$dir/bin/mv"
+    emulator ''
+    play /other.gb
+    expect gallery g-0.bmp "$(laid)"
+    expect_pixels g-0.bmp red.png
+}
+
+test_an_empty_name_of_a_folder_is_none() {
+    fresh_gallery
+    emulator 'cp "$1/red.png" g-0.png'
+    play /g.gb TORVANE_SCREENSHOTS=
+    expect gallery g-0.bmp "$(laid)"
+}
+
+test_the_script_can_be_started_in_its_own_folder() {
+    fresh_gallery
+    emulator 'cp "$1/red.png" g-0.png'
+    (cd "$dir/emuladores" && env -i PATH="$dir/bin" /bin/sh mgba.sh /g.gb)
+    expect gallery g-0.bmp "$(laid)"
+}
+
+test_the_name_of_the_galleries_folder_may_look_like_one_of_a_game() {
+    local chosen=$dir/.mgba-999999999-abcdef/pictures own
+    fresh_gallery
+    own=$chosen/.mgba-$$-abcdef
+    mkdir -p "$own"
+    cp "$dir/blue.png" "$own/h-0.png"
+    emulator 'cp "$1/red.png" g-0.png'
+    play /g.gb TORVANE_SCREENSHOTS="$chosen"
+    [[ -f $chosen/g-0.bmp ]] || fail 'no picture'
+    [[ -f $own/h-0.png ]] || fail 'a picture of a game that is being played was taken'
 }
 
 run_tests
