@@ -78,18 +78,19 @@ Frame readFrame(PictureBytes& bytes, int mark) {
 QSize jpegSize(QByteArrayView all) {
     PictureBytes bytes(all);
     Frame frame;
+    int frames = 0;
     int scans = 0;
     for (int mark = nextMark(bytes); mark != endOfPicture; mark = nextMark(bytes)) {
         if (bytes.isCut()) return {};
         if (isWithoutLength(mark)) continue;
         const qsizetype start = bytes.place();
         const int length = bytes.highFirst();
-        if (isFrame(mark)) frame = frame.size.isValid() ? Frame() : readFrame(bytes, mark);
+        if (isFrame(mark) && ++frames == 1) frame = readFrame(bytes, mark);
         if (mark == startOfScan && ++scans > mostScans) return {};
         bytes.skip(start + length - bytes.place());
     }
     const bool isKept = scans > 1 || frame.isRefined;
-    return scans == 0 || (isKept && frame.samples > mostKeptSamples) ? QSize() : frame.size;
+    return frames != 1 || scans == 0 || (isKept && frame.samples > mostKeptSamples) ? QSize() : frame.size;
 }
 
 } // namespace torvane
