@@ -158,6 +158,17 @@ private slots:
         openGallery();
         QCOMPARE(window().Image1.notice(), u"Aquesta captura no es pot mostrar"_s);
     }
+    void a_step_to_a_png_that_has_gone_says_so() {
+        openWith(pngBytes(), u"b.png"_s);
+        QVERIFY(QFile::remove(opened->world.folder.path(shot(u"b.png"_s))));
+        next();
+        QCOMPARE(labels(), QStringList({u"Portable Network Graphics"_s, u"460x265 píxels"_s, u"0KB"_s}));
+        QVERIFY(hasNotice());
+    }
+    void a_folder_without_pictures_is_no_bad_picture() {
+        openGallery();
+        QCOMPARE(window().Image1.notice(), QString());
+    }
 };
 
 TORVANE_TEST(CompartirBadPicturesTest)

@@ -69,6 +69,14 @@ private slots:
         enlargement.zoomOut();
         QVERIFY(isAt(3750, 3157.5F, 0, 0));
     }
+    void the_lowest_width_has_seven_digits_only() {
+        enlargement.show(7199.9995F, 100); // half of it is 3600 in seven digits
+        enlargement.zoomOut();
+        QCOMPARE(enlargement.place().height, 100.0F);
+        enlargement.show(7199, 100);
+        enlargement.zoomOut();
+        QCOMPARE(enlargement.place().height, 50.0F);
+    }
 };
 
 TORVANE_APPLESS_TEST(EnlargementTest)

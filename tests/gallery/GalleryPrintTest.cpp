@@ -141,6 +141,28 @@ private slots:
         QCOMPARE(messages().boxes.size(), 2);
         QCOMPARE(opened->world.ends, 0);
     }
+    void both_windows_ask_for_a_pdf_by_their_titles() {
+        openWith(u"a.one.bmp"_s);
+        printer().exists = false;
+        clickPrint();
+        enlarge();
+        clickPrintEnlarged();
+        const auto& asked = opened->world.dialogs.questions;
+        QCOMPARE(asked.size(), 2);
+        QCOMPARE(asked[0].title, text("gallerytitle"));
+        QCOMPARE(asked[1].title, text("title"));
+        for (const FileQuestion& question : asked) {
+            QCOMPARE(question.filter, u"PDF|*.pdf"_s);
+            QCOMPARE(question.fileName, u"a.pdf"_s);
+        }
+    }
+    void the_enlarged_view_prints_all_of_a_picture_that_is_shown_smaller() {
+        openWith(u"a.bmp"_s, bmpBytes({900, 700}));
+        enlarge();
+        click(view().ChameleonButton4);
+        clickPrintEnlarged();
+        QCOMPARE(printer().pages.first().picture.size(), QSize(900, 700));
+    }
 };
 
 TORVANE_TEST(GalleryPrintTest)
