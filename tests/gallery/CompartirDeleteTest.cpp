@@ -189,6 +189,12 @@ private slots:
         QVERIFY(loaded<AmpliCaptura>() == nullptr);
         QVERIFY(window().isVisible());
     }
+    void only_a_yes_deletes() {
+        openThree();
+        for (const int answer : {0, MsgBoxFlags::answerOk, MsgBoxFlags::answerNo}) clickDelete(answer);
+        QCOMPARE(messages().boxes.size(), 3);
+        QCOMPARE(files().size(), 3);
+    }
 };
 
 TORVANE_TEST(CompartirDeleteTest)
