@@ -27,10 +27,15 @@ public:
     QString text() const {
         return QString::fromUtf8(outputOf({"pdftotext", "-layout", m_path.toUtf8(), "-"})).trimmed();
     }
+    /// That of the document.
+    QString title() const {
+        static const QRegularExpression form(QStringLiteral("Title: +(.*)"));
+        return form.match(info()).captured(1);
+    }
     /// In points.
     QSizeF size() const {
         static const QRegularExpression form(QStringLiteral("Page size: +([0-9.]+) x ([0-9.]+)"));
-        const auto found = form.match(QString::fromUtf8(outputOf({"pdfinfo", m_path.toUtf8()})));
+        const auto found = form.match(info());
         return {found.captured(1).toDouble(), found.captured(2).toDouble()};
     }
     /// The colour in the middle of a pixel of the design, counted from the paper's top left corner.
@@ -60,6 +65,8 @@ public:
 
 private:
     static constexpr QRgb white = 0xFFFFFFFF;
+
+    QString info() const { return QString::fromUtf8(outputOf({"pdfinfo", m_path.toUtf8()})); }
 
     QString m_path;
     QImage m_image;

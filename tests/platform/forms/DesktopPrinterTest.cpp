@@ -38,6 +38,21 @@ private:
     QByteArray m_usual = qgetenv("CUPS_SERVER");
     bool m_isOn = false;
 };
+
+// While it lives, a script is what the program finds as the spooler's command.
+struct InsteadOfLp {
+    explicit InsteadOfLp(const QByteArray& script) {
+        folder.write(u"lp"_s, "#!/bin/sh\n" + script + '\n');
+        folder.setMode(u"lp"_s, 0755);
+        qputenv("PATH", folder.native("") + ':' + path);
+    }
+    ~InsteadOfLp() { qputenv("PATH", path); }
+    InsteadOfLp(const InsteadOfLp&) = delete;
+    InsteadOfLp& operator=(const InsteadOfLp&) = delete;
+
+    TestFolder folder;
+    const QByteArray path = qgetenv("PATH");
+};
 } // namespace
 
 class DesktopPrinterTest : public QObject {
@@ -180,6 +195,22 @@ private slots:
         QCOMPARE(clicks.count(), 0);
         QTest::mouseClick(button.windowHandle(), Qt::LeftButton);
         QCOMPARE(clicks.count(), 1);
+    }
+    void the_command_gets_the_printer_the_name_of_the_program_and_the_paper() {
+        QVERIFY(spooler->addPrinter("first") && spooler->addPrinter("second", "A5"));
+        spooler->makeDefault("second");
+        QGuiApplication::setApplicationDisplayName(u"Señor Program"_s);
+        const InsteadOfLp command("printf '%s\\n' \"$@\" >\"${0%/*}/words\"; cat >\"${0%/*}/page.pdf\"");
+        printer.print(page);
+        QCOMPARE(command.folder.read(u"words"_s), "-d\nsecond\n-t\nSeñor Program\n-o\nmedia=A5\n");
+        QCOMPARE(PdfPage(command.folder.path(u"page.pdf"_s)).text(), page.heading);
+    }
+    void a_command_that_breaks_off_fails() {
+        QVERIFY(spooler->addPrinter("first"));
+        for (const char* end : {"cat >/dev/null; exit 1", "cat >/dev/null; kill -9 $$"}) {
+            const InsteadOfLp command(end);
+            QCOMPARE(failureOf([&] { printer.print(page); }), printerFailure);
+        }
     }
     // The next two leave no spooler for others.
     void a_full_spool_fails() {

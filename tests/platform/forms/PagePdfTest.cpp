@@ -103,6 +103,12 @@ private slots:
         const PdfPage page = saved(pageOf({}, motley(10, 10), {30000, 300}));
         QVERIFY(page.isReadable() && page.inked(page.paper()).isEmpty());
     }
+    void all_of_a_picture_for_dense_screens_is_printed() {
+        const QImage blocks = motley(10, 10);
+        QPixmap picture = QPixmap::fromImage(blocks.scaled(20, 20));
+        picture.setDevicePixelRatio(2);
+        QVERIFY(saved({{}, picture, {300, 300}}).shows(blocks, {margin + 20, margin + 20}));
+    }
     void a_page_without_picture_and_heading_is_empty() {
         const PdfPage page = saved({});
         QVERIFY(page.isReadable());
@@ -115,6 +121,11 @@ private slots:
     }
     void an_invalid_layout_is_a_failure_of_the_printer() {
         QCOMPARE(failureOf([] { pdfOf({}, {}); }), std::optional<int>(RuntimeFailure::printer));
+    }
+
+    void a_saved_document_bears_the_name_of_the_program() {
+        QGuiApplication::setApplicationDisplayName(u"Señor Program"_s);
+        QCOMPARE(saved({}).title(), u"Señor Program"_s);
     }
 
     void with_a_printer_nothing_is_asked() {
