@@ -189,6 +189,22 @@ private slots:
         QVERIFY(loaded<AmpliCaptura>() == nullptr);
         QVERIFY(window().isVisible());
     }
+    void a_window_that_is_closed_while_it_asks_deletes_nothing() {
+        openThree();
+        messages().whileOpen = [this] { window().Unload(); };
+        deleteCurrent();
+        QCOMPARE(files().size(), 3);
+        QVERIFY(loaded<Compartir>() == nullptr && main().isVisible());
+    }
+    void a_window_that_is_closed_meanwhile_reports_nothing() {
+        openThree();
+        whenServed([this] {
+            window().Unload();
+            opened->world.setSetting("Capturas", opened->world.appPath() + u"\\nowhere"_s);
+        });
+        deleteCurrent();
+        QCOMPARE(messages().boxes.size(), 1);
+    }
     void only_a_yes_deletes() {
         openThree();
         for (const int answer : {0, MsgBoxFlags::answerOk, MsgBoxFlags::answerNo}) clickDelete(answer);

@@ -136,13 +136,6 @@ private slots:
         QTEST(PictureShape::of(bmpWith(packing, packing == 1 ? 8 : 4, pixels)).isPicture(), "isWhole");
     }
 
-    void a_file_of_48_mebibytes_is_read_and_a_longer_one_is_not() {
-        const QString path = write("large.bmp", bmpBytes({8, 8}));
-        QVERIFY(QFile::resize(path, qint64{48} << 20));
-        QCOMPARE(PictureFile::load(path).size(), QSize(8, 8));
-        QVERIFY(QFile::resize(path, (qint64{48} << 20) + 1));
-        QCOMPARE(failureOf([&] { PictureFile::load(path); }), number(RuntimeFailure::outOfMemory));
-    }
     void content_that_is_no_picture_is_reported_by_the_name_of_its_file() {
         try {
             PictureFile::load(write("bad.jpg", "no picture"));
