@@ -43,7 +43,7 @@ QByteArray bmpWith(int packing, int depth, const QByteArray& rest) {
     qToLittleEndian(packing, head.data() + 30);
     return head + rest;
 }
-QByteArray hex(const char* digits) { return QByteArray::fromHex(digits); }
+QByteArray bytesOfHex(const char* digits) { return QByteArray::fromHex(digits); }
 } // namespace
 
 class PictureFormatsTest : public FileFixture {
@@ -55,12 +55,12 @@ private slots:
     void marks_of_a_jpeg_do_not_change_its_size_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("progressive") << progressiveJpeg();
-        QTest::newRow("mark for private use") << beforeScan(hex("FF01"));
-        QTest::newRow("fill bytes") << beforeScan(hex("FFFF"));
-        QTest::newRow("restart in the scan") << withinScan(hex("FFD3FF00"));
-        QTest::newRow("stuffed byte in the scan") << withinScan(hex("FF00FF00"));
-        QTest::newRow("arithmetic tables") << beforeScan(hex("FFCC000601020304"));
-        QTest::newRow("reserved mark") << beforeScan(hex("FFC8000601020304"));
+        QTest::newRow("mark for private use") << beforeScan(bytesOfHex("FF01"));
+        QTest::newRow("fill bytes") << beforeScan(bytesOfHex("FFFF"));
+        QTest::newRow("restart in the scan") << withinScan(bytesOfHex("FFD3FF00"));
+        QTest::newRow("stuffed byte in the scan") << withinScan(bytesOfHex("FF00FF00"));
+        QTest::newRow("arithmetic tables") << beforeScan(bytesOfHex("FFCC000601020304"));
+        QTest::newRow("reserved mark") << beforeScan(bytesOfHex("FFC8000601020304"));
     }
     void marks_of_a_jpeg_do_not_change_its_size() {
         QFETCH(QByteArray, bytes);
@@ -103,12 +103,12 @@ private slots:
     }
     void tables_and_extensions_before_the_pixels_of_a_gif_are_passed() {
         const QByteArray screen = "GIF89a" +
-                                  hex("0500030081" // 5 x 3, 4 colours
-                                      "0000") +
+                                  bytesOfHex("0500030081" // 5 x 3, 4 colours
+                                             "0000") +
                                   QByteArray(12, ',');
-        const QByteArray comment = hex("21FE") + "\x03one\x05three" + '\0';
-        const QByteArray frame = hex("2C00000000050003008202440100").chopped(4) + QByteArray(24, '\0');
-        const QByteArray bytes = screen + comment + comment + frame + hex("0202440100");
+        const QByteArray comment = bytesOfHex("21FE") + "\x03one\x05three" + '\0';
+        const QByteArray frame = bytesOfHex("2C00000000050003008202440100").chopped(4) + QByteArray(24, '\0');
+        const QByteArray bytes = screen + comment + comment + frame + bytesOfHex("0202440100");
         QCOMPARE(PictureShape::of(bytes).size, QSize(5, 3));
         QVERIFY(!PictureShape::of(bytes.chopped(1)).isPicture());
     }
@@ -122,13 +122,13 @@ private slots:
         QTest::addColumn<int>("packing");
         QTest::addColumn<QByteArray>("pixels");
         QTest::addColumn<bool>("isWhole");
-        QTest::newRow("run") << 1 << hex("0401 0001") << true;
-        QTest::newRow("run of colour 1") << 1 << hex("0101 0401") << false;
-        QTest::newRow("move") << 1 << hex("0002 0101 0001") << true;
-        QTest::newRow("move that looks like the end") << 1 << hex("0002 0001") << false;
-        QTest::newRow("literal bytes") << 1 << hex("0003 010203 00 0001") << true;
-        QTest::newRow("literal halves") << 2 << hex("0005 123450 00 0001") << true;
-        QTest::newRow("literal that looks like the end") << 1 << hex("0004 00010001") << false;
+        QTest::newRow("run") << 1 << bytesOfHex("0401 0001") << true;
+        QTest::newRow("run of colour 1") << 1 << bytesOfHex("0101 0401") << false;
+        QTest::newRow("move") << 1 << bytesOfHex("0002 0101 0001") << true;
+        QTest::newRow("move that looks like the end") << 1 << bytesOfHex("0002 0001") << false;
+        QTest::newRow("literal bytes") << 1 << bytesOfHex("0003 010203 00 0001") << true;
+        QTest::newRow("literal halves") << 2 << bytesOfHex("0005 123450 00 0001") << true;
+        QTest::newRow("literal that looks like the end") << 1 << bytesOfHex("0004 00010001") << false;
     }
     void packed_pixels_count_up_to_the_mark_of_their_end() {
         QFETCH(int, packing);

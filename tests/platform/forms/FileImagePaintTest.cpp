@@ -11,7 +11,7 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int density = 2; // dots of the screen for each pixel of the design, in each direction
+constexpr int dotsPerPixel = 2; // dots of the screen for each pixel of the design, in each direction
 }
 
 class FileImagePaintTest : public QObject {
@@ -29,12 +29,13 @@ class FileImagePaintTest : public QObject {
     // What is on the screen by now, without a request to paint it.
     QColor onScreen(int x, int y) const {
         const QImage screen = form->screen()->grabWindow(form->winId()).toImage();
-        return screen.pixelColor(density * x, density * y);
+        return screen.pixelColor(dotsPerPixel * x, dotsPerPixel * y);
     }
     // Whether an image shows a picture dot for dot, each of them as a square.
     bool isSharp(const FileImage& image, const QImage& picture) const {
         const QRect place = image.geometry();
-        const QImage shown = imageOf(*form).copy(QRect(place.topLeft() * density, place.size() * density));
+        const QImage shown =
+            imageOf(*form).copy(QRect(place.topLeft() * dotsPerPixel, place.size() * dotsPerPixel));
         return shown == picture.scaled(shown.size());
     }
     // The lines of a notice, by the height of its dark band on a white picture.
@@ -42,7 +43,7 @@ class FileImagePaintTest : public QObject {
         constexpr int lineHeight = 13;
         int dark = 0;
         for (int y = 0; y < image.height(); ++y) dark += image.pixelColor(1, y).lightness() < 100;
-        return dark / density / lineHeight;
+        return dark / dotsPerPixel / lineHeight;
     }
 
 public:
