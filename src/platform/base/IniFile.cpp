@@ -89,7 +89,19 @@ std::optional<QByteArray> value(const QString& file, const QByteArray& section, 
 
 void setValue(const QString& file, const QByteArray& section, const QByteArray& key,
               const QByteArray& value) {
-    SafeFile::replace(file, withValue(contentToChange(file), section, key, value));
+    setValues(file, section, {{key, value}});
+}
+
+void setValues(const QString& file, const QByteArray& section,
+               const QList<std::pair<QByteArray, QByteArray>>& values) {
+    QByteArray content = contentToChange(file);
+    bool isChanged = false;
+    for (const auto& [key, value] : values) {
+        if (valueIn(content, section, key) == value) continue;
+        content = withValue(content, section, key, value);
+        isChanged = true;
+    }
+    if (isChanged) SafeFile::replace(file, content);
 }
 
 std::optional<QByteArray> valueIn(const QByteArray& content, const QByteArray& section,

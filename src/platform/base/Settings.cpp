@@ -30,10 +30,17 @@ QString Settings::GetSetting(const QString& application, const QString& section,
 
 void Settings::SaveSetting(const QString& application, const QString& section, const QString& key,
                            const QString& value) {
+    SaveSettings(application, section, {{key, value}});
+}
+
+void Settings::SaveSettings(const QString& application, const QString& section,
+                            const QList<std::pair<QString, QString>>& values) {
     const QString file = fileOf(application);
     const QByteArray folder = Paths::real(file.first(file.lastIndexOf(QLatin1Char('/'))));
     Folder::make(folder);
-    IniFile::setValue(file, section.toUtf8(), key.toUtf8(), SettingLine::of(value));
+    QList<std::pair<QByteArray, QByteArray>> lines;
+    for (const auto& [key, value] : values) lines.append({key.toUtf8(), SettingLine::of(value)});
+    IniFile::setValues(file, section.toUtf8(), lines);
 }
 
 int Settings::toNumber(const QString& text) { return NumberText::toInteger(text.toUtf8()); }

@@ -3,7 +3,9 @@
 // case. One INI file per application in the user's configuration folder.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <utility>
 
 namespace torvane {
 
@@ -15,9 +17,13 @@ public:
     /// The stored text; `absent` if there is no such key. An unreadable file counts as empty.
     QString GetSetting(const QString& application, const QString& section, const QString& key,
                        const QString& absent) const;
-    /// Creates or replaces the value at once; fails if it can't be stored.
+    /// Creates or replaces the value at once; fails if it can't be stored. Writes nothing if it is stored
+    /// already.
     void SaveSetting(const QString& application, const QString& section, const QString& key,
                      const QString& value);
+    /// The same for several keys, each with its value: stores all of them at once, or none.
+    void SaveSettings(const QString& application, const QString& section,
+                      const QList<std::pair<QString, QString>>& values);
 
     /// The file of an application: `Torvane/Torvane.conf` in the configuration folder for `Torvane`.
     QString fileOf(const QString& application) const;

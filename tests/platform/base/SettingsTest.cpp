@@ -54,6 +54,28 @@ private slots:
         set("Intro", QStringLiteral("1"));
         QCOMPARE(get("Intro"), QStringLiteral("1"));
     }
+    void several_values_are_stored_at_once_or_not_at_all() {
+        set("Old", QStringLiteral("1"));
+        settings->SaveSettings(app, config,
+                               {{QStringLiteral("Old"), QStringLiteral("2")},
+                                {QStringLiteral("New"), QStringLiteral(" a\nb ")}});
+        QCOMPARE(get("Old"), QStringLiteral("2"));
+        QCOMPARE(get("New"), QStringLiteral(" a\nb "));
+        const QString impossible = QStringLiteral("a=b");
+        QVERIFY(failureOf([&] {
+                    settings->SaveSettings(
+                        app, config,
+                        {{QStringLiteral("Old"), QStringLiteral("3")}, {impossible, QStringLiteral("4")}});
+                }).has_value());
+        QCOMPARE(get("Old"), QStringLiteral("2"));
+    }
+    void what_is_stored_already_is_not_written_again() {
+        folder->write(QStringLiteral("config/Torvane/Torvane.conf"), "[config]\r\nzip=1\r\n\r\n; mine");
+        set("zip", QStringLiteral("1"));
+        settings->SaveSettings(app, config, {});
+        QCOMPARE(folder->read(QStringLiteral("config/Torvane/Torvane.conf")),
+                 QByteArray("[config]\r\nzip=1\r\n\r\n; mine"));
+    }
     void application_section_and_key_are_compared_without_regard_to_case() {
         set("zip", QStringLiteral("1"));
         QCOMPARE(settings->GetSetting(QStringLiteral("TORVANE"), QStringLiteral("config"),
