@@ -14,4 +14,8 @@ void CompactWindowReach::refresh() {
     });
 }
 
+void CompactWindowReach::takeCorner() {
+    if (isShown()) window()->takeCorner();
+}
+
 } // namespace torvane

@@ -13,6 +13,7 @@ public:
 
     bool isShown() const override;
     void refresh() override;
+    void takeCorner() override;
 
 private:
     Torvette* window() const { return m_windows.slot<Torvette>().ifLoaded(); }

@@ -65,4 +65,8 @@ void MainWindowShelf::followLink(const QString& url) {
 
 void MainWindowShelf::pointGamesAtLibrary() { window().Games.setPath(m_globals.libraryFolder()); }
 
+void MainWindowShelf::setTrayPicture(const QString& path) { window().TrayIcon1.setPicture(path); }
+
+void MainWindowShelf::setTrayShown(bool shown) { window().TrayIcon1.setShown(shown); }
+
 } // namespace torvane

@@ -5,10 +5,11 @@
 #include "Windows.h"
 #include "core/Funciones.h"
 #include "core/GameShelf.h"
+#include "core/TraySign.h"
 
 namespace torvane {
 
-class MainWindowShelf : public GameShelf, public MainWindowReach {
+class MainWindowShelf : public GameShelf, public MainWindowReach, public TraySign {
 public:
     MainWindowShelf(Windows& windows, const Globals& globals) : m_windows(windows), m_globals(globals) {}
 
@@ -31,6 +32,10 @@ public:
     // MainWindowReach
     void followLink(const QString& url) override;
     void pointGamesAtLibrary() override;
+
+    // TraySign
+    void setTrayPicture(const QString& path) override;
+    void setTrayShown(bool shown) override;
 
 private:
     MainFrm& window();

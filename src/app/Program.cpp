@@ -13,7 +13,7 @@ Program::Program(Runtime& programRuntime, const QString& applicationFolder)
       shell(runtime.processes, [this] { return screenshotFolder(runtime.settings, globals).value(); }),
       id3(globals, language, runtime.messages), desk(*this),
       foreground(*this), services{runtime, desk,      shelf,     compact, foreground, globals, language,
-                                  hosts,   funciones, emulators, shell,   id3,        shown},
+                                  hosts,   funciones, emulators, shell,   id3,        shown,   shelf},
       windows(services, [this](Window window) { desk.unloaded(window); }) {
     runtime.failureText = [this](const RuntimeFailure& failure) {
         return FailureTexts(language).of(failure);

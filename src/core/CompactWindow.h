@@ -15,6 +15,9 @@ public:
     /// The selection or the library has changed: shows the selected game's name and data. Failures are
     /// reported here and reach no caller. Does nothing while the window is not loaded.
     virtual void refresh() = 0;
+    /// Moves it to the corner of the setting. Does nothing unless it is on screen. Fails if the setting is no
+    /// number.
+    virtual void takeCorner() = 0;
 };
 
 } // namespace torvane

@@ -17,6 +17,7 @@ class ID3;
 class LanguageTables;
 class ShellAndClose;
 struct ShownPicture;
+class TraySign;
 
 struct Services {
     Runtime& runtime;
@@ -32,6 +33,7 @@ struct Services {
     ShellAndClose& shell;
     ID3& id3;
     ShownPicture& shown;
+    TraySign& tray;
 };
 
 } // namespace torvane

@@ -6,6 +6,7 @@
 #include "core/Hosts.h"
 #include "core/Pieces.h"
 #include "core/SettingValues.h"
+#include "core/TraySign.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "platform/base/File.h"
 
@@ -97,8 +98,7 @@ void MainFrm::setUpTray() {
     Settings& settings = m.runtime.settings;
     ignoring([&] {
         const QString number = TextSetting(settings, "Icon", QStringLiteral("0")).value();
-        TrayIcon1.setPicture(m.globals.AppPath + QStringLiteral("\\data\\tray\\") + number +
-                             QStringLiteral(".dat"));
+        TrayIcon1.setPicture(TraySign::pictureFile(m.globals, number));
     });
     ignoring([&] { TrayIcon1.setShown(FlagSetting(settings, "Tray", true).value()); });
 }

@@ -28,6 +28,9 @@ public:
     /// Shows the data of the selected game. Fails if its file can't be opened; size and number stay those of
     /// the previous game then.
     void ROMData();
+    /// Moves to the corner of the screen that the setting names; a number that names none leaves the window
+    /// where it is. Fails if the setting is no number.
+    void takeCorner();
 
 protected:
     /// Closing via the window manager goes back to the main window, too.
@@ -54,7 +57,6 @@ private:
     void showStep();
     void setFolded(bool folded);
     void setPinned(bool pinned);
-    void takeCorner();
     void takePin();
     void snap();
     void addGames(const QString& path);
