@@ -124,9 +124,11 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
     for (const char* icon : {"search-24", "apply-24", "yes-24", "no-24"})
         row(QString(icon) + ".png", "PNG", {24, 24});
     for (const char* icon :
-         {"launch-32", "open-zip-32", "console-advance-32", "console-gameboy-32", "console-color-32",
-          "console-archive-32", "console-unknown-32", "image-jpg-32", "image-gif-32", "image-bmp-32",
-          "image-png-32", "web-system-32", "web-perso-32", "cursor-hand", "cursor-link"}) {
+         {"launch-32",          "open-zip-32",      "add-games-32",       "options-32",
+          "languages-32",       "internet-32",      "update-32",          "console-advance-32",
+          "console-gameboy-32", "console-color-32", "console-archive-32", "console-unknown-32",
+          "image-jpg-32",       "image-gif-32",     "image-bmp-32",       "image-png-32",
+          "web-system-32",      "web-perso-32",     "cursor-hand",        "cursor-link"}) {
         row(QString(icon) + ".png", "PNG", {32, 32});
     }
     for (int number = 0; number < 7; ++number) row(QString("tray-%1-16.png").arg(number), "PNG", {16, 16});
@@ -162,7 +164,8 @@ void ArtworkTest::a_masked_icon_is_opaque_on_its_mask_colour_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QRgb>("mask");
     for (const char* icon :
-         {"compact-16", "close-16", "minimise-16", "print-band-16", "zoom-in-band-16", "zoom-out-band-16"})
+         {"compact-16", "close-16", "minimise-16", "print-band-16", "zoom-in-band-16", "zoom-out-band-16",
+          "return-16", "add-games-32", "options-32", "languages-32", "internet-32", "update-32"})
         QTest::newRow(icon) << icon << silver;
     for (const char* icon :
          {"archive-16",      "refresh-16",    "search-16",          "up-16",           "down-16",

@@ -82,6 +82,8 @@ void IconGroundsTest::no_two_buttons_of_a_window_look_alike_data() {
     QTest::newRow("Compartir") << QStringList{"previous-16", "next-16", "zoom-in-16", "print-16",
                                               "delete-16"};
     QTest::newRow("URL") << QStringList{"delete-16", "add-16", "download-16"};
+    QTest::newRow("ConfigNew") << QStringList{"add-games-32", "options-32", "languages-32", "internet-32",
+                                              "update-32"};
     QTest::newRow("kinds of pages") << QStringList{"web-system-32", "web-perso-32"};
     QTest::newRow("kinds of pictures")
         << QStringList{"image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32"};
