@@ -60,6 +60,9 @@ constexpr std::array ways = {
     Way{Window::Menuing, Window::TorvMsg, Opening::aboveFace, Return::nobody},
     Way{Window::EditDB, Window::DB_Info, Opening::heldByOpener, Return::nobody},
     Way{Window::EditDB, Window::Form2, Opening::heldByOpener, Return::nobody},
+    Way{Window::ConfigNew, Window::NewAssistant, Opening::aboveOpener, Return::nobody},
+    Way{Window::ConfigNew, Window::ConfGen, Opening::aboveOpener, Return::nobody},
+    Way{Window::ConfigNew, Window::SelLang, Opening::aboveOpener, Return::nobody},
     Way{Window::Compartir, Window::AmpliCaptura, Opening::heldByOpener, Return::nobody},
     Way{Window::Compartir, Window::Compartir, Opening::anew, Return::mainWindow},
 };
@@ -144,14 +147,16 @@ bool TorvaneDesk::isReplaced() const {
     });
 }
 
+// A window manager forgets an owner that is hidden, and takes notice of it only when an owned window appears.
 void TorvaneDesk::raiseOwned(Window owner) {
     Windows& windows = m_program.windows;
     for (const Way& way : ways) {
         if (way.from != owner || m_cameBy[placeOf(way.to)] != &way) continue;
         Form* owned = windows.ifLoaded(way.to);
-        if (isAboveOpener(way) && owned != nullptr && owned->isVisible()) {
-            owned->Show(windows.ifLoaded(owner));
-        }
+        if (!isAboveOpener(way) || owned == nullptr || !owned->isVisible()) continue;
+        owned->Hide();
+        owned->Show(windows.ifLoaded(owner));
+        raiseOwned(way.to);
     }
 }
 
@@ -165,7 +170,11 @@ void TorvaneDesk::unloadHeld(Window opener) {
 void TorvaneDesk::unloaded(Window window) {
     unloadHeld(window);
     const Way* way = std::exchange(m_cameBy[placeOf(window)], nullptr);
-    if (way == nullptr || way->comesBack == Return::nobody) return;
+    if (way == nullptr) return;
+    if (way->comesBack == Return::nobody) {
+        handOver(window, way->from, Heir::opener);
+        return activateTool(way->from);
+    }
     ForegroundWindows& foreground = m_program.foreground;
     const bool staysCompact =
         way->comesBack == Return::mainUnlessCompact && foreground.face() == Window::Torvette;
@@ -173,17 +182,24 @@ void TorvaneDesk::unloaded(Window window) {
                         : staysCompact                     ? Window::Torvette
                                                            : Window::MainFrm;
     if (!staysCompact) foreground.show(back);
-    handOver(window, back);
+    handOver(window, back, Heir::face);
     raiseOwned(back);
+}
+
+// Window managers give the focus back to windows of the task bar, and to no others.
+void TorvaneDesk::activateTool(Window window) {
+    Form* opener = m_program.windows.ifLoaded(window);
+    if (opener != nullptr && opener->isVisible() && !opener->design().inTaskBar) opener->activateWindow();
 }
 
 // Without an owner they could get lost among the windows of other programs: they have no place in the task
 // bar.
-void TorvaneDesk::handOver(Window owner, Window heir) {
+void TorvaneDesk::handOver(Window owner, Window heir, Heir kind) {
     Windows& windows = m_program.windows;
     for (const Way& way : ways) {
         const Way*& cameBy = m_cameBy[placeOf(way.to)];
-        const bool isOwned = way.from == owner ? isAboveOpener(way) : way.opening == Opening::aboveFace;
+        const bool isOfFace = kind == Heir::face && way.opening == Opening::aboveFace;
+        const bool isOwned = way.from == owner ? isAboveOpener(way) : isOfFace;
         if (!isOwned || cameBy != &way) continue;
         if (const Way* ofHeir = wayBetween(heir, way.to)) cameBy = ofHeir;
         Form* owned = windows.ifLoaded(way.to);

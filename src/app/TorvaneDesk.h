@@ -38,8 +38,15 @@ private:
     void raiseOwned(Window owner);
     /// Closes the windows that go when their opener goes.
     void unloadHeld(Window opener);
-    /// Gives what belonged to a window that has gone to the one that comes back.
-    void handOver(Window owner, Window heir);
+    /// Who gets what belonged to a window that has gone.
+    enum class Heir {
+        opener, ///< of that window
+        face,   ///< the main or compact window that comes back, which also gets what belongs to what is on
+                ///< screen
+    };
+    void handOver(Window owner, Window heir, Heir kind);
+    /// Gives the focus to a window that is on screen without a place in the task bar.
+    void activateTool(Window window);
     /// Loads the window that the start shows.
     Form* loadFirst(Window first);
     /// Selects the first game, whatever is wrong with it.

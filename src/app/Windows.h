@@ -15,6 +15,8 @@
 #include "mainwindow/Torvette.h"
 #include "search/advsearch/AdvSearch.h"
 #include "search/searchrom/SearchROM.h"
+#include "settings/confgen/ConfGen.h"
+#include "settings/confignew/ConfigNew.h"
 #include "tagdb/dbinfo/DB_Info.h"
 #include "tagdb/editdb/EditDB.h"
 #include "toolkit/torvmsg/TorvMsg.h"
@@ -22,7 +24,8 @@
 
 namespace torvane {
 
-using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
-                          DB_Info, Form2, Torvette, SearchROM, AdvSearch, Compartir, AmpliCaptura>;
+using Windows =
+    WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB, DB_Info,
+              Form2, Torvette, SearchROM, AdvSearch, Compartir, AmpliCaptura, ConfigNew, ConfGen>;
 
 } // namespace torvane

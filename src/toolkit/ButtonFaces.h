@@ -90,6 +90,17 @@ constexpr ButtonLook tab(const char* caption) {
             .caption = caption,
             .font = V8b};
 }
+/// A button of the control panel, of a plain desktop's colours, with a picture at its left.
+constexpr ButtonLook soft(const char* caption, const char* picture, OleColour back = 0xD8E9EC) {
+    return {.type = 14,
+            .fx = 2,
+            .back = back,
+            .fore = 0x800000,
+            .mask = 0xC0C0C0,
+            .caption = caption,
+            .picture = picture,
+            .softBevel = true};
+}
 /// An answer to the program's own question.
 constexpr ButtonLook answer(const char* caption, OleColour backOver) {
     return {.type = 6,

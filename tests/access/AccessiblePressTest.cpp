@@ -148,6 +148,17 @@ void webSearch(Opened& opened) {
     click(opened.main().chameleonButton6);
     opened.program->loaded<SearchROM>()->CRYTextBox1.setText(u"words"_s);
 }
+void controlPanel(Opened& opened) {
+    opened.world.folder.write(u"data/site/tv_version.txt"_s, "[Torvane]\r\nLastVersion=2.0\r\n");
+    library(opened);
+    opened.world.messages.answer = MsgBoxFlags::answerYes;
+    click(opened.main().chameleonButton8);
+}
+void generalOptions(Opened& opened) {
+    controlPanel(opened);
+    opened.dialogs().answer = opened.from() + u"/Este Directorio"_s;
+    click(opened.program->loaded<ConfigNew>()->chameleonButton3);
+}
 void firstStart(Opened& opened) {
     opened.world.setSetting("Language", QString());
     opened.start();
@@ -209,6 +220,8 @@ private slots:
         QTest::newRow("compact, pinned") << Scene(compactPinned) << u"Torvette"_s << 6;
         QTest::newRow("search in the list") << Scene(listSearch) << u"AdvSearch"_s << 2;
         QTest::newRow("search in the web") << Scene(webSearch) << u"SearchROM"_s << 2;
+        QTest::newRow("control panel") << Scene(controlPanel) << u"ConfigNew"_s << 4;
+        QTest::newRow("general options") << Scene(generalOptions) << u"ConfGen"_s << 4;
         QTest::newRow("first start") << Scene(firstStart) << u"SelLangStartUp"_s << 3;
         QTest::newRow("language chosen") << Scene(languageChosen) << u"SelLangStartUp"_s << 3;
         QTest::newRow("welcome") << Scene(welcome) << u"NewAssistant"_s << 3;

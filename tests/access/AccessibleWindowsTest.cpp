@@ -140,6 +140,8 @@ private slots:
         QCOMPARE(nameOf(*opened->program->load<AmpliCaptura>()), u"Torvane 1.1 » Enlarged screenshot"_s);
         QCOMPARE(nameOf(*opened->program->load<SearchROM>()), u"Torvane 1.1 » Search for a ROM"_s);
         QCOMPARE(nameOf(*opened->program->load<AdvSearch>()), u"Torvane 1.1 » Advanced search"_s);
+        QCOMPARE(nameOf(*opened->program->load<ConfigNew>()), u"Configuration"_s);
+        QCOMPARE(nameOf(*opened->program->load<ConfGen>()), u"Torvane 1.1 » General settings"_s);
         click(opened->main().chameleonButton1);
         QCOMPARE(nameOf(*opened->program->loaded<TorvMsg>()), u"Are you sure you want to exit?"_s);
         reopenIn("cat");
@@ -177,6 +179,9 @@ private slots:
         QCOMPARE(nameOf(gallery.ChameleonButton8), u"Enlarge the screenshot"_s);
         QCOMPARE(nameOf(gallery.ChameleonButton9), u"Print the screenshot"_s);
         QCOMPARE(nameOf(gallery.ChameleonButton10), u"Delete the screenshot"_s);
+        ConfGen& options = *opened->program->load<ConfGen>();
+        QCOMPARE(nameOf(options.chameleonButton1), u"Close window"_s);
+        QCOMPARE(nameOf(options.Picture1), u"Choose a colour for the Torvane Agent"_s);
         AmpliCaptura& enlarged = *opened->program->load<AmpliCaptura>();
         QCOMPARE(nameOf(enlarged.ChameleonButton2), u"Print the screenshot"_s);
         QCOMPARE(nameOf(enlarged.ChameleonButton3), u"Zoom in"_s);

@@ -260,7 +260,7 @@ private slots:
         row("chameleonButton5", "Aboutfrm", false);
         row("chameleonButton6", "SearchROM", true);
         row("chameleonButton7", "URL", false);
-        row("chameleonButton8", "ConfigNew", false);
+        row("chameleonButton8", "ConfigNew", true);
         row("ChameleonButton12", "Torvette", true);
         row("Searcher", "AdvSearch", true);
         row("Zipper", "ZIP_Viewer", true);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "TestFolder.h"
+#include "platform/base/RuntimeFailure.h"
 #include "platform/forms/Runtime.h"
 
 #include <functional>
@@ -31,6 +32,7 @@ struct FakeMessages : MessageBoxes {
 struct FakeDialogs : FileDialogs {
     QList<FileQuestion> questions;
     QString answer;
+    int failures = 0; ///< so many of the next questions fail
 
     QString showOpen(const FileQuestion& question) override { return ask(question); }
     QString showSave(const FileQuestion& question) override { return ask(question); }
@@ -39,6 +41,7 @@ struct FakeDialogs : FileDialogs {
 private:
     QString ask(const FileQuestion& question) {
         questions.append(question);
+        if (failures > 0 && failures-- > 0) throw RuntimeFailure(RuntimeFailure::deviceError);
         return answer;
     }
 };
