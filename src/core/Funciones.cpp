@@ -40,6 +40,7 @@ void Funciones::sweepLeftovers() {
     const QString library = m_parts.globals.libraryFolder();
     const QString cutOff = unfinished(m_parts.settings).value();
     Leftovers::sweep(m_parts.globals.AppPath);
+    Leftovers::sweep(m_parts.globals.AppPath + QStringLiteral("\\data"));
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
     ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });

@@ -205,7 +205,7 @@ private slots:
     }
     void leftovers_are_removed_beside_the_program_and_from_library_backups_and_settings() {
         QStringList paths;
-        for (const char* place : {"program", "program/roms", "program/roms/data/backup"})
+        for (const char* place : {"program", "program/data", "program/roms", "program/roms/data/backup"})
             paths << folder->write(QString::fromLatin1(place) + QStringLiteral("/.torvane-abcdef"), "x");
         paths << configuration->write(QStringLiteral("Torvane/.torvane-abcdef"), "x");
         funciones->sweepLeftovers();

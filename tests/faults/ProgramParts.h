@@ -7,6 +7,7 @@
 #include "catalogue/AddNewROM.h"
 #include "catalogue/ID3.h"
 #include "core/Funciones.h"
+#include "settings/VersionFile.h"
 
 namespace torvane::faults {
 
@@ -38,6 +39,7 @@ public:
     Funciones funciones;
     ID3 id3;
     AddNewROM adding;
+    VersionFile versions;
 };
 
 /// What the program does at its next start with leftovers of the last run.

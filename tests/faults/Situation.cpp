@@ -3,6 +3,7 @@
 #include "Situation.h"
 #include "TagBytes.h"
 #include "platform/base/SafeFile.h"
+#include "settings/GeneralOptions.h"
 
 #include <array>
 
@@ -14,6 +15,10 @@ constexpr std::array<const char*, 4> standingNames = {"nothing there", "shorter"
 const std::string sourceFile = "incoming/new.gb";
 const std::string libraryCopy = "program/roms/new.gb";
 const std::string outsideCopy = "elsewhere/game.gb";
+
+constexpr const char* savingSetting = "SaveSetting";
+constexpr const char* storingOptions = "all general options";
+constexpr const char* storingVersion = "version file";
 
 class Maker {
 public:
@@ -54,7 +59,7 @@ public:
         return made;
     }
     Situation saveSetting() {
-        Situation made = common("SaveSetting", settingsFile);
+        Situation made = common(savingSetting, settingsFile);
         const qsizetype length = lengthBy(300);
         made.before[settingsFile].bytes.append("Player = " + QByteArray(length, 'p') + "\n");
         if (m_standing == Standing::none) made.before.erase(settingsFile);
@@ -63,6 +68,28 @@ public:
             set(settings, "Player", QString(300, QLatin1Char('n')));
         };
         made.fresh = settingsAfter(made.before, made.run);
+        return made;
+    }
+    Situation storeOptions() {
+        Situation made = common(storingOptions, settingsFile);
+        made.before[settingsFile].bytes.append(
+            "Icon = 3\nMini = x\nPlayer = " + QByteArray(lengthBy(300), 'p') + "\n");
+        if (m_standing == Standing::none) made.before.erase(settingsFile);
+        made.old = in(made.before, settingsFile);
+        made.run = [&settings = m_parts.settings] { GeneralOptions(settings).storeAll(); };
+        made.fresh = settingsAfter(made.before, made.run);
+        return made;
+    }
+    Situation storeVersion() {
+        Situation made = common(storingVersion, versionFile);
+        made.before["program/data/other.dat"] = {"kept", {}};
+        const QByteArray body = "[Torvane]\r\nLastVersion=" + QByteArray(300, '2') + "\r\n";
+        if (m_standing != Standing::none) {
+            made.before[versionFile] = {TagBytes::image(lengthBy(body.size() + 2), 7), withMode(0664)};
+        }
+        made.old = in(made.before, versionFile);
+        made.fresh = body + "\r\n";
+        made.run = [&versions = m_parts.versions, body] { versions.write(body); };
         return made;
     }
     Situation copyOut() {
@@ -205,6 +232,10 @@ private:
 };
 } // namespace
 
+bool isOnSmallFile(const std::string& operation) {
+    return operation == savingSetting || operation == storingOptions || operation == storingVersion;
+}
+
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
                                   const Standings& standings) {
     std::vector<Situation> all;
@@ -215,6 +246,8 @@ std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsize
         all.push_back(make.append());
         all.push_back(make.save());
         all.push_back(make.saveSetting());
+        all.push_back(make.storeOptions());
+        all.push_back(make.storeVersion());
         all.push_back(make.copyOut());
         all.push_back(make.copyIn());
     }

@@ -44,6 +44,7 @@ struct Situation {
 inline const std::string gameFile = "program/roms/game.gb";
 inline const std::string backupFile = "program/roms/data/backup/game.gb";
 inline const std::string settingsFile = "config/Torvane/Torvane.conf";
+inline const std::string versionFile = "program/data/version.dat";
 
 /// What is where an operation writes.
 enum class Standing { none, shorter, equal, longer };
@@ -52,6 +53,8 @@ inline const Standings everyStanding = {Standing::none, Standing::shorter, Stand
 inline const Standings extremes = {Standing::none, Standing::longer};
 inline const Standings onlyLonger = {Standing::longer};
 
+/// Whether an operation is on a file that is as large beside a large game as beside a small one.
+bool isOnSmallFile(const std::string& operation);
 /// All operations on images of a size in bytes, each in all these situations. They use the workshop and the
 /// parts, which must outlive them.
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,

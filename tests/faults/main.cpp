@@ -67,8 +67,7 @@ private:
 
     void strikeAll(Runner& runner, qsizetype size, const Standings& standings) {
         for (const Situation& situation : situations(m_workshop, m_parts, size, standings)) {
-            // A settings file beside a large game is no larger than beside a small one.
-            if (situation.operation == "SaveSetting" && size >= mebibyte) continue;
+            if (isOnSmallFile(situation.operation) && size >= mebibyte) continue;
             runner.run(situation, {});
             strikeEveryCall(runner, situation, !m_isLong);
         }
