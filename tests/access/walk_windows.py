@@ -25,6 +25,8 @@ ENLARGED = "Torvane 1.1 » Enlarged screenshot"
 COMPACT = "Torvane 1.1"
 SEARCH = "Torvane 1.1 » Advanced search"
 WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
+PANEL = "Configuration"
+OPTIONS = "Torvane 1.1 » General settings"
 LANGUAGES = "Idioma · Llengua · Language"
 
 
@@ -468,6 +470,55 @@ def searches(walk):
         walk.check("the web is searched", searches_web, walk, program, opened)
 
 
+def changes_options(walk, program, panel):
+    """Each option is used; the store has it at once. The folder is shown and chosen."""
+    walk.press(panel, "ConfigNew", "General settings")
+    window = program.window(OPTIONS)
+    walk.look(window, "ConfGen")
+    for words, role, line in (("Red", "radio button", "Icon = 3"), ("Top left", "radio button", "Mini = 0"),
+                              ("Show the Torvane Agent in the tray", "check box", "Tray = 0"),
+                              ("Always on top", "check box", "OnTop = 1"),
+                              ("Show the intro at startup", "check box", "Intro = 1"),
+                              ("Start directly in Torvette mode", "check box", "Start = 1")):
+        do_action(find(window, words, (role,)), "Toggle")
+        wait_for(line, lambda line=line: line in program.settings())
+    walk.press(window, "ConfGen", "Show selected folder")
+    answer_box(program, "Torvane 1.1", "OK")
+    walk.press(window, "ConfGen", "Select…")
+    answer_dialog(program, "Selecciona Directorio", os.path.join(walk.outside, "Este Directorio"), "Save")
+    wait_for("the folder", lambda: f"Capturas = {walk.outside}/" in program.settings())
+    walk.press(window, "ConfGen", "Close")
+    program.wait_gone(OPTIONS)
+    walk.press(panel, "ConfigNew", "General settings")
+    walk.press(program.window(OPTIONS), "ConfGen", "Close window")
+    program.wait_gone(OPTIONS)
+
+
+def checks_version(walk, program, panel):
+    walk.press(panel, "ConfigNew", "Check for updates")
+    answer_box(program, "Torvane » Updater", "OK")
+
+
+def opens_assistant(walk, program, panel):
+    walk.press(panel, "ConfigNew", "ROM assistant")
+    walk.press(program.window(ASSISTANT), "NewAssistant", "Exit")
+    program.wait_gone(ASSISTANT)
+
+
+def settings(walk):
+    walk.fill_library(["a.gb"])
+    with walk.start(Intro=0) as program:
+        walk.press(program.window(MAIN), "MainFrm", "Configuration")
+        panel = program.window(PANEL)
+        walk.look(panel, "ConfigNew")
+        walk.check("options are changed", changes_options, walk, program, panel)
+        walk.check("the version is checked", checks_version, walk, program, panel)
+        walk.check("the assistant is opened", opens_assistant, walk, program, panel)
+        walk.press(panel, "ConfigNew", "Back")
+        program.wait_gone(PANEL)
+        program.window(MAIN)
+
+
 def main():
     walk = Walk(*sys.argv[1:3])
     walk.check("the first start asks for the language", first_start, walk)
@@ -479,6 +530,7 @@ def main():
     walk.check("the database", database, walk)
     walk.check("the gallery", gallery, walk)
     walk.check("the searches", searches, walk)
+    walk.check("the settings", settings, walk)
     return 0 if walk.report() else 1
 
 

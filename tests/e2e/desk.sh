@@ -89,18 +89,18 @@ sizes_of_windows() { awk -F'\t' -v s="$desk_scale" '{ print $3 * s, $4 * s }' "$
 # The program's visible window of that name as "id left top width height"; the windows all differ in size. The
 # compact window has two: folded and open.
 window_place() {
-    local folded open=''
+    local folded open='' id size
     folded=$(size_of "$1")
     [ "$1" = Torvette ] && open=$(open_size)
-    xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
+    read -r id size < <(xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
         awk -F= -v folded="$folded" -v open="$open" '
             { value[$1] = $2; size = value["WIDTH"] " " value["HEIGHT"] }
-            $1 == "HEIGHT" && (size == folded || size == open) {
-                print value["WINDOW"], value["X"], value["Y"], size
-                found = 1
-                exit
-            }
-            END { exit !found }'
+            $1 == "HEIGHT" && (size == folded || size == open) { print value["WINDOW"], size; exit }') || return 1
+    # What xdotool says of the place of a window with a border is wrong.
+    xwininfo -id "$id" 2>/dev/null | awk -v id="$id" -v size="$size" '
+        /Absolute upper-left X/ { x = $NF }
+        /Absolute upper-left Y/ { print id, x, $NF, size; found = 1; exit }
+        END { exit !found }'
 }
 window_id() {
     local place
