@@ -3,12 +3,28 @@
 #include "GeneralOptions.h"
 #include "core/Globals.h"
 #include "core/SettingValues.h"
+#include "platform/base/File.h"
+#include "platform/base/IniFile.h"
 #include "platform/base/RuntimeFailure.h"
+#include "platform/base/SettingLine.h"
 
 namespace torvane {
 
 namespace {
-QString keyOf(const GeneralOption& option) { return QString::fromLatin1(option.key); }
+// A store that can't be read must not count as an empty one here: its values would be overwritten.
+QByteArray contentOf(const Settings& settings) {
+    try {
+        return File::contentOf(settings.fileOf(Config::application));
+    } catch (const RuntimeFailure& failure) {
+        if (failure.number() != RuntimeFailure::fileNotFound) throw;
+        return {};
+    }
+}
+
+QString textIn(const QByteArray& content, const GeneralOption& option) {
+    const auto line = IniFile::valueIn(content, Config::section.toUtf8(), option.key);
+    return line ? SettingLine::textOf(*line) : QString();
+}
 } // namespace
 
 int GeneralOptions::valueOf(const GeneralOption& option, const QString& stored) {
@@ -29,7 +45,11 @@ void GeneralOptions::set(const GeneralOption& option, int value) const {
 
 void GeneralOptions::storeAll() const {
     QList<std::pair<QString, QString>> values;
-    for (const GeneralOption& option : all) values.append({keyOf(option), QString::number(value(option))});
+    const QByteArray content = contentOf(m_settings);
+    for (const GeneralOption& option : all) {
+        const int value = valueOf(option, textIn(content, option));
+        values.append({QString::fromLatin1(option.key), QString::number(value)});
+    }
     m_settings.SaveSettings(Config::application, Config::section, values);
 }
 

@@ -36,7 +36,7 @@ public:
     /// Stores a value at once; fails if it can't be kept.
     void set(const GeneralOption& option, int value) const;
     /// Stores the present values of all options, in one write, or in none if they are stored in this form
-    /// already. Fails as `set` does: then the store is as it was.
+    /// already. Fails if the store can't be read or written: then it is as it was.
     void storeAll() const;
 
     /// The value that a stored text gives.

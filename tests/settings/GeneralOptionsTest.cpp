@@ -106,6 +106,16 @@ private slots:
         QCOMPARE(after.st_ino, before.st_ino);
         QCOMPARE(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
     }
+    void storing_all_over_a_store_that_cannot_be_read_fails_and_overwrites_nothing() {
+        folder->write(QLatin1String(file), "[Config]\nIcon = 3\nMini = 0\n");
+        folder->setMode(u"config/Torvane"_s, 0777);
+        folder->setMode(QLatin1String(file), 0222);
+        {
+            const OrdinaryUser user;
+            QVERIFY(failureOf([&] { Options(*settings).storeAll(); }).has_value());
+        }
+        QCOMPARE(bytes(), "[Config]\nIcon = 3\nMini = 0\n"_ba);
+    }
     void storing_all_on_a_full_disk_stores_none_and_loses_nothing_data() {
         QTest::addColumn<int>("room");
         for (const int room : {0, 1, 60}) QTest::addRow("%d bytes", room) << room;
