@@ -17,15 +17,17 @@
 #include "search/searchrom/SearchROM.h"
 #include "settings/confgen/ConfGen.h"
 #include "settings/confignew/ConfigNew.h"
+#include "settings/sellang/SelLang.h"
 #include "tagdb/dbinfo/DB_Info.h"
 #include "tagdb/editdb/EditDB.h"
+#include "toolkit/aboutfrm/Aboutfrm.h"
 #include "toolkit/torvmsg/TorvMsg.h"
 #include "zipviewer/ZIP_Viewer.h"
 
 namespace torvane {
 
-using Windows =
-    WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB, DB_Info,
-              Form2, Torvette, SearchROM, AdvSearch, Compartir, AmpliCaptura, ConfigNew, ConfGen>;
+using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
+                          DB_Info, Form2, Torvette, SearchROM, AdvSearch, Compartir, AmpliCaptura, ConfigNew,
+                          ConfGen, SelLang, Aboutfrm>;
 
 } // namespace torvane

@@ -41,6 +41,7 @@ void Funciones::sweepLeftovers() {
     const QString cutOff = unfinished(m_parts.settings).value();
     Leftovers::sweep(m_parts.globals.AppPath);
     Leftovers::sweep(m_parts.globals.AppPath + QStringLiteral("\\data"));
+    Leftovers::sweep(m_parts.globals.AppPath + QStringLiteral("\\data\\lang"));
     Leftovers::sweep(library);
     Leftovers::sweep(library + QStringLiteral("\\data\\backup"));
     ignoring([&] { Leftovers::sweep(folderOf(Paths::real(m_parts.settings.fileOf(Config::application)))); });

@@ -35,8 +35,9 @@ public:
     /// Asks for a target and copies a game out of the library; nothing happens if none is given. A file of
     /// the target's name is replaced. Fails, with the target as it was, if the copy can't be made whole.
     void CopyRom(const QString& sourcePath, const QString& fileName);
-    /// Removes what a killed run left beside the program, among its data, in the library, beside the
-    /// settings, or in the folder that it was copying a game to (see Leftovers). Never fails.
+    /// Removes what a killed run left beside the program, among its data and the language files, in the
+    /// library, beside the settings, or in the folder that it was copying a game to (see Leftovers). Never
+    /// fails.
     void sweepLeftovers();
     /// Deletes a file for good and points the list of games at the library again.
     void DeleteRom(const QString& path);

@@ -56,6 +56,7 @@ QString storyOf(Opened& opened) {
     story += opened.world.browser.urls;
     story += u"pages %1, screenshots %2"_s.arg(opened.world.printer.pages.size())
                  .arg(opened.world.folder.entries(u"roms/data/screenshots"_s).join(u' '));
+    story += opened.world.folder.entries(u"data/lang"_s);
     story += u"ends %1, language %2"_s.arg(opened.world.ends).arg(opened.world.setting("Language"));
     story += opened.library();
     story.sort();
@@ -159,6 +160,18 @@ void generalOptions(Opened& opened) {
     opened.dialogs().answer = opened.from() + u"/Este Directorio"_s;
     click(opened.program->loaded<ConfigNew>()->chameleonButton3);
 }
+void languages(Opened& opened) {
+    library(opened);
+    opened.world.messages.answer = MsgBoxFlags::answerYes;
+    opened.dialogs().answer = opened.world.folder.write(u"outside/own.tvl"_s, "[FileInfo]\r\n");
+    opened.program->desk.go(Window::ConfigNew, Window::SelLang);
+    const FileList& list = opened.program->loaded<SelLang>()->File1;
+    click(list, list.rowRect(0).center());
+}
+void about(Opened& opened) {
+    library(opened);
+    click(opened.main().chameleonButton5);
+}
 void firstStart(Opened& opened) {
     opened.world.setSetting("Language", QString());
     opened.start();
@@ -222,6 +235,8 @@ private slots:
         QTest::newRow("search in the web") << Scene(webSearch) << u"SearchROM"_s << 2;
         QTest::newRow("control panel") << Scene(controlPanel) << u"ConfigNew"_s << 4;
         QTest::newRow("general options") << Scene(generalOptions) << u"ConfGen"_s << 4;
+        QTest::newRow("languages") << Scene(languages) << u"SelLang"_s << 5;
+        QTest::newRow("about") << Scene(about) << u"Aboutfrm"_s << 2;
         QTest::newRow("first start") << Scene(firstStart) << u"SelLangStartUp"_s << 3;
         QTest::newRow("language chosen") << Scene(languageChosen) << u"SelLangStartUp"_s << 3;
         QTest::newRow("welcome") << Scene(welcome) << u"NewAssistant"_s << 3;

@@ -142,6 +142,8 @@ private slots:
         QCOMPARE(nameOf(*opened->program->load<AdvSearch>()), u"Torvane 1.1 » Advanced search"_s);
         QCOMPARE(nameOf(*opened->program->load<ConfigNew>()), u"Configuration"_s);
         QCOMPARE(nameOf(*opened->program->load<ConfGen>()), u"Torvane 1.1 » General settings"_s);
+        QCOMPARE(nameOf(*opened->program->load<SelLang>()), u"Torvane 1.1 » Select language"_s);
+        QCOMPARE(nameOf(*opened->program->load<Aboutfrm>()), u"About Torvane v1.1"_s);
         click(opened->main().chameleonButton1);
         QCOMPARE(nameOf(*opened->program->loaded<TorvMsg>()), u"Are you sure you want to exit?"_s);
         reopenIn("cat");
@@ -186,6 +188,8 @@ private slots:
         QCOMPARE(nameOf(enlarged.ChameleonButton2), u"Print the screenshot"_s);
         QCOMPARE(nameOf(enlarged.ChameleonButton3), u"Zoom in"_s);
         QCOMPARE(nameOf(enlarged.ChameleonButton4), u"Zoom out"_s);
+        QCOMPARE(nameOf(opened->program->load<SelLang>()->File1), u"Language files"_s);
+        QCOMPARE(nameOf(opened->program->load<Aboutfrm>()->ShockwaveFlash1), u"Credits"_s);
         reopenIn("esp");
         QCOMPARE(nameOf(opened->main().chameleonButton1), u"Cerrar la ventana"_s);
         QCOMPARE(nameOf(opened->main().EditID3Title), u"Título del juego"_s);

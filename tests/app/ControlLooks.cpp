@@ -111,7 +111,7 @@ void compareImage(const Image& image, CatalogueNotes& notes) {
     const QSize icon = notes.takeSize(u"icon"_s);
     const QSize jpeg = notes.takeSize(u"JPEG"_s);
     const QSize bitmap = notes.takeSize(u"bitmap"_s);
-    notes.take(u"24-bit"_s);
+    for (const QString& depth : {u"24-bit"_s, u"8-bit"_s}) notes.take(depth); // that of the file
     // The mouse never reaches an image, so its pointer has no picture.
     notes.take(u"hand cursor icon"_s);
     const bool isStretched = notes.take(u"stretched"_s);

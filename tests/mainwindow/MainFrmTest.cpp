@@ -257,7 +257,7 @@ private slots:
         };
         row("chameleonButton3", "EditDB", true);
         row("chameleonButton4", "Compartir", true);
-        row("chameleonButton5", "Aboutfrm", false);
+        row("chameleonButton5", "Aboutfrm", true);
         row("chameleonButton6", "SearchROM", true);
         row("chameleonButton7", "URL", false);
         row("chameleonButton8", "ConfigNew", true);
@@ -283,7 +283,7 @@ private slots:
             if (window->isVisible() && window != &main) others.append(window->objectName());
         }
         QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
-        const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette", "Compartir"};
+        const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette", "Compartir", "Aboutfrm"};
         QCOMPARE(main.isVisible(), !replacing.contains(opens));
     }
     void the_tools_of_the_list_and_of_the_window_are_enabled() {
