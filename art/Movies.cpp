@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The two loops: the vane on its tor in the night, and the ridge with cartridge stones under the northern
-// lights. All motion ends where it began, and nothing changes faster than about once a second.
+// The loops: the vane on its tor in the night, the ridge with cartridge stones under the northern lights, and
+// the credits. All motion ends where it began, and nothing changes faster than about once a second.
 #include "Movies.h"
 
+#include "Credits.h"
 #include "Night.h"
 #include "Palette.h"
 #include "Panel.h"
@@ -19,7 +20,8 @@ using namespace palette;
 
 namespace {
 
-constexpr int frameMilliseconds = 75; // 13 frames a second
+constexpr int frameMilliseconds = 75;    // 13 frames a second
+constexpr int creditsMilliseconds = 100; // ten: little moves there
 constexpr int framesOfIntro = 96;
 constexpr int framesOfBanner = 96;
 
@@ -28,7 +30,8 @@ struct Movie {
     QString target; // the file of the loop, relative to the output folder
     QSize size;
     int frames;
-    int quality;
+    int milliseconds; // of each frame
+    QString packing;  // options of img2webp
     std::function<void(QPainter&, const QRectF&, qreal turn)> scene;
 };
 
@@ -102,10 +105,7 @@ QImage paintedFrame(const Movie& movie, int frame, int scale) {
 }
 
 void paintMovie(const Output& output, const Movie& movie, int scale) {
-    // Every frame is complete: partial frames would leave old blocks visible in the soft light of the sky.
-    QString arguments = QString("-loop 0 -kmin 0 -kmax 1 -lossy -q %1 -m 4 -d %2\n")
-                            .arg(movie.quality)
-                            .arg(frameMilliseconds);
+    QString arguments = QString("-loop 0 %1 -d %2\n").arg(movie.packing).arg(movie.milliseconds);
     for (int frame = 0; frame < movie.frames; ++frame) {
         const QString file =
             scaledName(QString("frames/%1-%2.png").arg(movie.name).arg(frame, 3, 10, QChar('0')), scale);
@@ -116,13 +116,31 @@ void paintMovie(const Output& output, const Movie& movie, int scale) {
     output.text(scaledName(movie.name + ".args", scale), arguments);
 }
 
+// Every frame is complete: partial frames would leave old blocks visible in the soft light of the sky.
+QString lossy(int quality) { return QString("-kmin 0 -kmax 1 -lossy -q %1 -m 4").arg(quality); }
+
+// Letters stay sharp, and each frame has only what changes.
+const QString lossless = "-kmax 0 -lossless -q 75 -m 4";
+
 } // namespace
 
-void paintMovies(const Output& output) {
-    for (int scale : {1, 2}) {
-        paintMovie(output, {"intro", "tree/data/intro.dat", {192, 122}, framesOfIntro, 88, intro}, scale);
-        paintMovie(output, {"banner", "tree/data/site/banner.swf", {468, 60}, framesOfBanner, 80, banner},
-                   scale);
+void paintMovies(const Output& output, const Credits& credits) {
+    const auto creditsScene = [&credits](QPainter& painter, const QRectF& area, qreal turn) {
+        credits.paint(painter, area, turn);
+    };
+    const QList<Movie> movies{
+        {"intro", "tree/data/intro.dat", {192, 122}, framesOfIntro, frameMilliseconds, lossy(88), intro},
+        {"banner",
+         "tree/data/site/banner.swf",
+         {468, 60},
+         framesOfBanner,
+         frameMilliseconds,
+         lossy(80),
+         banner},
+        {"credits", "tree/data/credits.dat", Credits::size, credits.frames(), creditsMilliseconds, lossless,
+         creditsScene}};
+    for (const Movie& movie : movies) {
+        for (int scale : {1, 2}) paintMovie(output, movie, scale);
     }
 }
 

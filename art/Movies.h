@@ -6,9 +6,10 @@
 
 namespace torvane {
 
-/// Draws all frames of the intro (192x122) and the banner (468x60) into frames/, at 1x and at 2x. Writes
-/// intro.args, intro@2x.args, banner.args and banner@2x.args for img2webp, which must run in the output
-/// folder.
-void paintMovies(const Output& output);
+class Credits;
+
+/// Draws all frames of the intro (192x122), the banner (468x60) and the credits (431x333) into frames/, at 1x
+/// and at 2x. Writes NAME.args and NAME@2x.args of each for img2webp, which must run in the output folder.
+void paintMovies(const Output& output, const Credits& credits);
 
 } // namespace torvane

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The painter: renders every picture of the program at build time.
-// Arguments: the folder of the catalogue's tables, the folder of the sources, the output folder.
+// Arguments: the folder of the catalogue's tables, the folder of the sources, the table of the libraries, the
+// output folder.
 #include "Backgrounds.h"
 #include "Catalogue.h"
+#include "Credits.h"
 #include "Icons.h"
 #include "Movies.h"
 #include "Output.h"
@@ -72,17 +74,17 @@ int main(int argc, char* argv[]) {
     printMessage = qInstallMessageHandler(noteMessage);
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    if (arguments.size() != 4) {
-        std::fputs("usage: torvane_art_painter CATALOGUE SOURCES OUTPUT\n", stderr);
+    if (arguments.size() != 5) {
+        std::fputs("usage: torvane_art_painter CATALOGUE SOURCES LIBRARIES OUTPUT\n", stderr);
         return 2;
     }
     try {
         const Catalogue catalogue(arguments[1]);
-        Output output(arguments[3]);
+        Output output(arguments[4]);
         paintBackgrounds(catalogue, arguments[2], output);
         paintIcons(catalogue, arguments[2], output);
         paintTray(arguments[2], output);
-        paintMovies(output);
+        paintMovies(output, Credits(arguments[3], TORVANE_VERSION));
         output.resourceList();
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "torvane_art_painter: %s\n", failure.what());

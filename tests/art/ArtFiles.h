@@ -45,6 +45,16 @@ inline QImage picture(const QString& name, int scale) {
 /// A rectangle of the window in pixels of a picture at a scale.
 inline QRect device(const QRect& rect, int scale) { return {rect.topLeft() * scale, rect.size() * scale}; }
 
+/// The mean difference in brightness between two pictures of the same scene, 0 to 255.
+inline qreal differenceOf(const QImage& one, const QImage& other) {
+    const QImage fitted = other.scaled(one.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    qint64 sum = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) sum += qAbs(qGray(one.pixel(x, y)) - qGray(fitted.pixel(x, y)));
+    }
+    return qreal(sum) / (one.width() * one.height());
+}
+
 inline int countOf(const QImage& image, QRgb colour) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {

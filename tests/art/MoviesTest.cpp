@@ -25,16 +25,6 @@ struct Loop {
     }
 };
 
-// The mean difference in brightness between two pictures of the same scene, 0 to 255.
-qreal differenceOf(const QImage& one, const QImage& other) {
-    const QImage fitted = other.scaled(one.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    qint64 sum = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) sum += qAbs(qGray(one.pixel(x, y)) - qGray(fitted.pixel(x, y)));
-    }
-    return qreal(sum) / (one.width() * one.height());
-}
-
 } // namespace
 
 class MoviesTest : public QObject {
