@@ -17,6 +17,7 @@ namespace {
 constexpr int iconMask = 0x70;
 constexpr int longestWord = 40;
 constexpr QChar invisibleBlank(0x200B);
+constexpr qsizetype longestText = 1500; // characters: of more, a screen may not show the button below
 
 QMessageBox::Icon iconOf(int flags) {
     switch (flags & iconMask) {
@@ -47,6 +48,11 @@ QString wrappable(const QString& text) {
     return wrapped;
 }
 
+// Texts come out of files, too: Qt would lay out a million characters, and the button would be out of reach.
+QString cutToScreen(const QString& text) {
+    return text.size() <= longestText ? text : text.first(longestText) + QChar(0x2026);
+}
+
 void follow(DesktopLanguage* language) {
     if (language != nullptr) language->follow();
 }
@@ -57,7 +63,7 @@ int DesktopMessageBoxes::MsgBox(const QString& text, int flags, const QString& t
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
-    box.setText(wrappable(text));
+    box.setText(wrappable(cutToScreen(text)));
     box.setIcon(iconOf(flags));
     const bool asks = (flags & 0xF) == MsgBoxFlags::yesNo;
     box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);

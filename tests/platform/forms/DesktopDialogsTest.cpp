@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 #include <array>
@@ -118,6 +119,18 @@ private slots:
             box.accept();
         });
         DesktopMessageBoxes().MsgBox(text, 36);
+        QVERIFY(looked);
+    }
+    void a_text_of_any_length_leaves_the_button_in_reach() {
+        const QString text(1 << 20, u'W');
+        whenShown<QMessageBox>([&](QMessageBox& box) {
+            QVERIFY(box.text().size() < 10'000);
+            QVERIFY(box.text().startsWith(u"WWWW"_s) && box.text().endsWith(u'…'));
+            const QRect screen = box.screen()->geometry();
+            QVERIFY(box.width() <= screen.width() && box.height() <= screen.height());
+            box.accept();
+        });
+        DesktopMessageBoxes().MsgBox(text, 64);
         QVERIFY(looked);
     }
     void a_box_bears_the_title_or_else_the_applications_name() {
