@@ -3,17 +3,7 @@
 #pragma once
 
 #include "OpenedProgram.h"
-#include "platform/forms/ColumnListView.h"
-#include "platform/forms/ToggleControl.h"
-#include "toolkit/ButtonLayout.h"
-#include "toolkit/TVLabel.h"
-
-#include <QAbstractButton>
-#include <QFontMetrics>
-#include <QHeaderView>
-#include <QPainter>
-#include <QTableView>
-#include <algorithm>
+#include "WholeCaption.h"
 
 namespace torvane {
 
@@ -25,16 +15,16 @@ public:
         m_captions = 0;
         for (const Label* label : form.findChildren<Label*>()) {
             if (fromFiles.contains(label->objectName()) || !isOn(form, *label)) continue;
-            count(*label, label->Caption(), isWhole(*label));
+            count(*label, label->Caption(), WholeCaption::isWhole(*label));
         }
         for (const chameleonButton* button : form.findChildren<chameleonButton*>()) {
-            if (isOn(form, *button)) count(*button, button->Caption(), isWhole(*button));
+            if (isOn(form, *button)) count(*button, button->Caption(), WholeCaption::isWhole(*button));
         }
         for (const ToggleControl* toggle : form.findChildren<ToggleControl*>()) {
-            if (isOn(form, *toggle)) count(*toggle, toggle->Caption(), isWhole(*toggle));
+            if (isOn(form, *toggle)) count(*toggle, toggle->Caption(), WholeCaption::isWhole(*toggle));
         }
         for (const TVLabel* label : form.findChildren<TVLabel*>()) {
-            if (isOn(form, *label)) count(*label, label->Caption(), isWhole(*label));
+            if (isOn(form, *label)) count(*label, label->Caption(), WholeCaption::isWhole(*label));
         }
         for (const ColumnListView* list : form.findChildren<ColumnListView*>()) checkHeaders(*list);
         return m_captions;
@@ -43,57 +33,6 @@ public:
     QStringList found;
 
 private:
-    /// The part of a control inside its container.
-    static QRect shownPart(const QWidget& control) {
-        return control.geometry().intersected(control.parentWidget()->rect()).translated(-control.pos());
-    }
-    /// The text flags with which a label is drawn, but without clipping.
-    static int drawnLike(Qt::Alignment alignment) {
-        return static_cast<int>(alignment | Qt::AlignTop) | Qt::TextWordWrap | Qt::TextDontClip;
-    }
-    /// Whether a label's caption, drawn without clipping, has all its ink inside the visible part of the
-    /// label.
-    static bool isWhole(const Label& control) {
-        constexpr int margin = 300;
-        QImage paper(control.size() + QSize(2 * margin, 2 * margin), QImage::Format_RGB32);
-        paper.fill(Qt::white);
-        QPainter painter(&paper);
-        painter.translate(margin, margin);
-        painter.setFont(control.font());
-        painter.drawText(control.rect().translated(control.inset(), 0), drawnLike(control.alignment()),
-                         control.Caption());
-        painter.fillRect(shownPart(control), Qt::white);
-        painter.end();
-        // The remaining ink is outside; a trace of grey at an edge is no missing part of a letter.
-        const auto* pixels = reinterpret_cast<const QRgb*>(paper.constBits());
-        return std::all_of(pixels, pixels + qsizetype{paper.width()} * paper.height(),
-                           [](QRgb pixel) { return qGray(pixel) > 160; });
-    }
-    /// A button: text and picture side by side, both inside it.
-    static bool isWhole(const chameleonButton& button) {
-        const QFontMetrics metrics(button.font());
-        const QSize picture = button.PictureNormal().isNull()
-                                  ? QSize(0, 0)
-                                  : button.PictureNormal().deviceIndependentSize().toSize();
-        ButtonLayout layout;
-        LayoutCaption(
-            layout, {button.size(), picture, static_cast<PicturePlace>(button.PicturePosition()), false},
-            [&](int width) {
-                return metrics.boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, button.Caption()).size();
-            });
-        const QRect inside = button.rect().adjusted(1, 1, -1, -1);
-        const bool textFits = inside.contains(layout.captionMoved) &&
-                              layout.caption.width() >= metrics.horizontalAdvance(button.Caption().trimmed());
-        return textFits && (picture.isEmpty() || inside.contains(layout.picture));
-    }
-    static bool isWhole(const ToggleControl& toggle) {
-        const auto* button = toggle.findChild<QAbstractButton*>();
-        return button->sizeHint().width() <= toggle.width();
-    }
-    static bool isWhole(const TVLabel& label) {
-        constexpr int shadowEnd = 4; // the shadow begins this many pixels further right
-        return QFontMetrics(label.font()).horizontalAdvance(label.Caption()) + shadowEnd <= label.width();
-    }
     static bool isOn(const QWidget& form, const QWidget& control) {
         return isSeen(control) &&
                form.rect().intersects(QRect(control.mapTo(&form, QPoint()), control.size()));
@@ -104,7 +43,7 @@ private:
         const QHeaderView& header = *view->horizontalHeader();
         for (int column = 0; column < header.count(); ++column) {
             const QString text = list.model().headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-            count(list, text, header.sectionSizeHint(column) <= header.sectionSize(column));
+            count(list, text, WholeCaption::isWhole(header, column));
         }
     }
     void count(const QWidget& control, const QString& text, bool isWhole) {
