@@ -17,6 +17,7 @@ public:
 
     /// The spelled path of a file of the workshop.
     QString spelled(const std::string& relative) const;
+    const Globals& globals() const { return m_globals; }
     /// The user's answer to the question where to copy a game to.
     void answer(const QString& path) { m_answer = path; }
 

@@ -4,6 +4,7 @@
 #include "TagBytes.h"
 #include "platform/base/SafeFile.h"
 #include "settings/GeneralOptions.h"
+#include "settings/LanguageFiles.h"
 
 #include <array>
 
@@ -15,6 +16,8 @@ constexpr std::array<const char*, 4> standingNames = {"nothing there", "shorter"
 const std::string sourceFile = "incoming/new.gb";
 const std::string libraryCopy = "program/roms/new.gb";
 const std::string outsideCopy = "elsewhere/game.gb";
+const std::string newLanguage = "incoming/lang_eng.tvl";
+const std::string languageCopy = "program/data/lang/lang_eng.tvl";
 
 constexpr const char* savingSetting = "SaveSetting";
 constexpr const char* storingOptions = "all general options";
@@ -113,6 +116,15 @@ public:
         Situation made = copy("copy into the library", sourceFile, libraryCopy);
         made.run = [from = m_parts.spelled(sourceFile), to = m_parts.spelled(libraryCopy)] {
             SafeFile::copy(from, to);
+        };
+        return made;
+    }
+
+    Situation addLanguage() {
+        Situation made = copy("language file added", newLanguage, languageCopy);
+        made.before["program/data/lang/lang_esp.tvl"] = {"kept", {}};
+        made.run = [&globals = m_parts.globals(), from = m_parts.spelled(newLanguage)] {
+            LanguageFiles::add(globals, from);
         };
         return made;
     }
@@ -250,6 +262,7 @@ std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsize
         all.push_back(make.storeVersion());
         all.push_back(make.copyOut());
         all.push_back(make.copyIn());
+        all.push_back(make.addLanguage());
     }
     return all;
 }
