@@ -27,6 +27,7 @@ SEARCH = "Torvane 1.1 » Advanced search"
 WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
 PANEL = "Configuration"
 OPTIONS = "Torvane 1.1 » General settings"
+ABOUT = "About Torvane v1.1"
 LANGUAGES = "Idioma · Llengua · Language"
 
 
@@ -519,6 +520,25 @@ def settings(walk):
         program.window(MAIN)
 
 
+def reports_bug(walk, window, opened):
+    walk.press(window, "Aboutfrm", "Report the bug")
+    wait_for("an address", lambda: os.path.exists(opened))
+    check_equal(os.path.basename(content(opened).decode()), "torvane-section-bugcenter.html")
+
+
+def about(walk):
+    walk.fill_library(["a.gb"])
+    opened = record_addresses(walk)
+    with walk.start(Intro=0) as program:
+        walk.press(program.window(MAIN), "MainFrm", "About…")
+        window = program.window(ABOUT)
+        walk.look(window, "Aboutfrm")
+        walk.check("the page for bugs opens", reports_bug, walk, window, opened)
+        walk.press(window, "Aboutfrm", "Close window")
+        program.wait_gone(ABOUT)
+        program.window(MAIN)
+
+
 def main():
     walk = Walk(*sys.argv[1:3])
     walk.check("the first start asks for the language", first_start, walk)
@@ -531,6 +551,7 @@ def main():
     walk.check("the gallery", gallery, walk)
     walk.check("the searches", searches, walk)
     walk.check("the settings", settings, walk)
+    walk.check("the about window", about, walk)
     return 0 if walk.report() else 1
 
 
