@@ -65,7 +65,6 @@ constexpr std::array ways = {
     Way{Window::ConfigNew, Window::SelLang, Opening::aboveOpener, Return::nobody},
     Way{Window::Compartir, Window::AmpliCaptura, Opening::heldByOpener, Return::nobody},
     Way{Window::Compartir, Window::Compartir, Opening::anew, Return::mainWindow},
-    Way{Window::ConfigNew, Window::SelLang, Opening::aboveOpener, Return::nobody},
 };
 
 constexpr bool isAboveOpener(const Way& way) {
