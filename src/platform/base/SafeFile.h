@@ -50,9 +50,10 @@ public:
     QByteArray readAt(qint64 position, qint64 count) const { return bytesOf(m_file, position, count); }
     /// The open file, for reading.
     const Handle& file() const { return m_file; }
-    /// Keeps the present file under its name in a folder, which is made if necessary; replaces what is kept
-    /// there. It is a second link, or a copy with the same permissions where links are impossible.
-    void keepBackup(const QString& folder) const;
+    /// Keeps the present file in a folder, which is made if necessary, under a name, or its own if that is
+    /// empty; replaces what is kept there. It is a second link, or a copy with the same permissions where
+    /// links are impossible.
+    void keepBackup(const QString& folder, const QByteArray& name = {}) const;
     /// Replaces the content of the file by the concatenated pieces.
     void commit(std::initializer_list<QByteArrayView> pieces) const { commit(0, pieces); }
     /// The same, but keeps the first `kept` bytes of the file, which may be any number of gigabytes, before
@@ -61,8 +62,8 @@ public:
 
 private:
     bool isUntouched(const Folder& folder, const QByteArray& name) const;
-    bool keepLink(const Folder& keeping) const;
-    void keepCopy(const Folder& keeping) const;
+    bool keepLink(const Folder& keeping, const QByteArray& name) const;
+    void keepCopy(const Folder& keeping, const QByteArray& name) const;
     void exchange(HiddenFile& fresh) const;
     void restore(HiddenFile& fresh, struct stat put, const std::function<int(unsigned)>& rename) const;
 

@@ -50,15 +50,16 @@ bool Change::isUntouched(const Folder& folder, const QByteArray& name) const {
     return folder.stat(name, now) && isSameState(now, m_before);
 }
 
-void Change::keepBackup(const QString& folderPath) const {
+void Change::keepBackup(const QString& folderPath, const QByteArray& name) const {
     const QByteArray path = Paths::real(folderPath);
     Folder::make(path);
     const Folder keeping(path);
-    if (!keepLink(keeping)) keepCopy(keeping);
+    const QByteArray& keptName = name.isEmpty() ? m_place.name : name;
+    if (!keepLink(keeping, keptName)) keepCopy(keeping, keptName);
 }
 
 // False if no link can be made.
-bool Change::keepLink(const Folder& keeping) const {
+bool Change::keepLink(const Folder& keeping, const QByteArray& name) const {
     // What another program has just written may not be synced yet, and nobody else will sync it.
     if (uninterrupted([this] { return fsync(m_file.number()); }) != 0) failWithErrno();
     HiddenFile kept(keeping, HiddenFile::replacement);
@@ -69,11 +70,11 @@ bool Change::keepLink(const Folder& keeping) const {
     });
     if (linked != 0) return false;
     if (!isUntouched(keeping, kept.name())) failAsChanged();
-    nameKept(keeping, kept, m_place.name);
+    nameKept(keeping, kept, name);
     return true;
 }
 
-void Change::keepCopy(const Folder& keeping) const {
+void Change::keepCopy(const Folder& keeping, const QByteArray& name) const {
     HiddenFile kept(keeping, HiddenFile::replacement);
     kept.copyFrom(m_file, m_before.st_size);
     FileRights::give(kept.handle(), &m_before);
@@ -81,7 +82,7 @@ void Change::keepCopy(const Folder& keeping) const {
     futimens(kept.handle().number(), times);
     kept.sync();
     if (!isUntouched(m_folder, m_place.name)) failAsChanged();
-    nameKept(keeping, kept, m_place.name);
+    nameKept(keeping, kept, name);
 }
 
 void Change::commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) const {

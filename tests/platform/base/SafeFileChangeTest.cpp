@@ -230,6 +230,16 @@ private slots:
         QCOMPARE(read("data/backup/a.gb"), QByteArray("former"));
         expectNames({QStringLiteral("a.gb")}, "data/backup");
     }
+    void it_is_kept_under_another_name_beside_the_file() {
+        for (const char* bytes : {"second", "third"}) {
+            const Change change(at("a.gb"));
+            change.keepBackup(folder->path(), "a.bak");
+            change.commit({bytes});
+        }
+        QCOMPARE(read("a.gb"), QByteArray("third"));
+        QCOMPARE(read("a.bak"), QByteArray("second"));
+        expectNames({QStringLiteral("a.bak"), QStringLiteral("a.gb")});
+    }
     void names_that_differ_only_in_case_are_kept_apart() {
         write("A.gb", "other game");
         for (const char* name : {"a.gb", "A.gb"}) Change(at(name)).keepBackup(folder->path() + kept);
