@@ -5,6 +5,7 @@
 #include "platform/forms/FileList.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/ListBox.h"
 #include "platform/forms/Panel.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
@@ -107,6 +108,12 @@ void compareFileList(const FileList& list, CatalogueNotes& notes) {
     QCOMPARE(list.Pattern(), pattern.isEmpty() ? u"*.*"_s : pattern);
 }
 
+void compareListBox(const ListBox& list, CatalogueNotes& notes) {
+    COMPARE_FONT(list.fontSpec(), notes.takeFont().value_or(Fonts::M8));
+    COMPARE_COLOUR(list.look().fore, notes.takeColours(u"fore"_s).plain, Colours::windowText);
+    COMPARE_COLOUR(list.look().back, notes.takeColours(u"back"_s).plain, Colours::windowBack);
+}
+
 void compareImage(const Image& image, CatalogueNotes& notes) {
     const QSize icon = notes.takeSize(u"icon"_s);
     const QSize jpeg = notes.takeSize(u"JPEG"_s);
@@ -156,6 +163,8 @@ void compareLook(const QObject& part, CatalogueNotes& notes) {
         compareToggle(*toggle, notes);
     } else if (const auto* list = qobject_cast<const FileList*>(&part)) {
         compareFileList(*list, notes);
+    } else if (const auto* items = qobject_cast<const ListBox*>(&part)) {
+        compareListBox(*items, notes);
     } else if (const auto* image = qobject_cast<const Image*>(&part)) {
         compareImage(*image, notes);
     } else {
