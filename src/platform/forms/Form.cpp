@@ -31,6 +31,12 @@ void giveNativeState(QWidget& window) {
     QWindow* handle = window.windowHandle();
     if (window.isVisible() || handle == nullptr) return;
     const Qt::WindowStates wanted = window.windowState() & ~Qt::WindowActive;
+    // On X11 a window that was minimised once, and brought back by the window manager, still has the hint to
+    // appear as an icon when it is shown again. Qt takes that back only with a change of the state.
+    const bool mayHaveHint = QGuiApplication::platformName() == QStringLiteral("xcb");
+    if (mayHaveHint && !wanted.testFlag(Qt::WindowMinimized)) {
+        handle->setWindowStates(wanted | Qt::WindowMinimized);
+    }
     if (handle->windowStates() != wanted) handle->setWindowStates(wanted);
 }
 } // namespace
