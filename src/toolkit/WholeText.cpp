@@ -13,6 +13,9 @@ constexpr FontSpec smallType{FontSpec::Verdana, 6.75};
 constexpr int slack = 5; // pixels that the field needs besides its lines
 // Characters that no label has room for: such texts need no measuring.
 constexpr qsizetype neverFits = 2000;
+// What the field shows of a text at most: without blanks, a text a hundred times as long takes minutes to lay
+// out.
+constexpr qsizetype longestShown = 10'000;
 
 bool isOneLine(const Label& label) { return label.height() < 2 * QFontMetrics(label.font()).height(); }
 
@@ -25,7 +28,7 @@ QRect placeFor(const Label& label) {
 }
 } // namespace
 
-WholeText::WholeText(Label& label, Label& shadow, Control& heading)
+WholeText::WholeText(Label& label, Label* shadow, Control& heading)
     : QWidget(label.parentWidget()), m_label(label), m_shadow(shadow) {
     setGeometry(placeFor(label));
     m_field.setGeometry(rect());
@@ -57,10 +60,10 @@ bool WholeText::isTooLong() const {
 
 void WholeText::follow() {
     const bool isLong = isTooLong();
-    m_field.setPlainText(isLong ? m_label.Caption() : QString());
+    m_field.setPlainText(isLong ? m_label.Caption().left(longestShown) : QString());
     setVisible(isLong);
     m_label.setVisible(!isLong);
-    m_shadow.setVisible(!isLong);
+    if (m_shadow != nullptr) m_shadow->setVisible(!isLong);
 }
 
 } // namespace torvane
