@@ -3,7 +3,42 @@
 #include "MainWindowShelf.h"
 #include "platform/forms/Screen.h"
 
+#include <QTimer>
+#include <QWindow>
+
 namespace torvane {
+
+namespace {
+// Minimises a window that has just been shown, as soon as it has appeared. It goes with the window.
+class Minimiser : public QObject {
+public:
+    explicit Minimiser(Form& window) : QObject(&window), m_window(window) {
+        window.windowHandle()->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Expose && m_window.windowHandle()->isExposed()) {
+            m_window.windowHandle()->removeEventFilter(this);
+            QTimer::singleShot(0, this, [this] {
+                if (m_window.isVisible()) m_window.setWindowStateWord(Form::minimised);
+                deleteLater();
+            });
+        }
+        return false;
+    }
+
+private:
+    Form& m_window;
+};
+
+// A window that appears is activated, which brings it back if it has been minimised before.
+void minimiseOnceShown(Form& window) {
+    if (!window.isVisible() || window.windowHandle()->isExposed()) {
+        window.setWindowStateWord(Form::minimised);
+    } else {
+        new Minimiser(window);
+    }
+}
+} // namespace
 
 MainFrm& MainWindowShelf::window() {
     MainFrm* window = m_windows.slot<MainFrm>().load();
@@ -38,6 +73,10 @@ void MainWindowShelf::openSearchWeb() { window().OpenSearchWeb(); }
 
 void MainWindowShelf::restoreWindow() {
     if (MainFrm* window = m_windows.slot<MainFrm>().ifLoaded()) window->setWindowStateWord(Form::normal);
+}
+
+void MainWindowShelf::minimiseWindow() {
+    if (MainFrm* window = m_windows.slot<MainFrm>().ifLoaded()) minimiseOnceShown(*window);
 }
 
 int MainWindowShelf::rowOf(const QString& title) { return window().rowOf(title); }

@@ -21,6 +21,7 @@ public:
     void launch() override;
     void openSearchWeb() override;
     void restoreWindow() override;
+    void minimiseWindow() override;
     QRect screen() override;
     int rowOf(const QString& title) override;
     void markRow(int row) override;

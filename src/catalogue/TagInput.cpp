@@ -2,6 +2,7 @@
 // The filter of entered text, and today's date.
 #include "TagInput.h"
 #include "TagLine.h"
+#include "core/LineText.h"
 #include "platform/base/CodePage1252.h"
 
 #include <QDate>
@@ -14,18 +15,7 @@ namespace {
 QByteArray stored(const QString& value) { return value.isEmpty() ? " " : CodePage1252::toBytes(value); }
 } // namespace
 
-QString storable(const QString& entered) {
-    QString kept;
-    for (const QChar c : entered) {
-        const bool breaksLine = c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line;
-        if (breaksLine || c.category() == QChar::Separator_Paragraph) {
-            kept += QLatin1Char(' ');
-        } else if (c != QChar(u'§') && CodePage1252::holds(QStringView(&c, 1))) {
-            kept += c;
-        }
-    }
-    return kept;
-}
+QString storable(const QString& entered) { return lineText(entered).remove(QChar(u'§')); }
 
 bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize) {
     // The reader sees 1024 bytes, which end before the last byte of the file, a part of the line end.

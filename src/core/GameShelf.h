@@ -16,8 +16,8 @@ struct SelectedGame {
     QString title;  ///< as the panel shows it: the tag's, or the text that says that there is none
 };
 
-/// All operations but `refresh`, `tagChanged`, `setTakesInput` and `restoreWindow` load the main window if it
-/// is not there.
+/// All operations but `refresh`, `tagChanged`, `setTakesInput`, `restoreWindow` and `minimiseWindow` load the
+/// main window if it is not there.
 class GameShelf {
 public:
     virtual ~GameShelf() = default;
@@ -38,6 +38,9 @@ public:
     /// Gives the main window back its place on the screen if it is minimised; a hidden one stays hidden. Does
     /// nothing while there is no main window.
     virtual void restoreWindow() = 0;
+    /// Minimises the main window, so that what it has started is in front. Does nothing while there is no
+    /// main window.
+    virtual void minimiseWindow() = 0;
     /// The whole screen that the main window is on, or was on when it was hidden, in device-independent
     /// pixels.
     virtual QRect screen() = 0;
