@@ -65,6 +65,9 @@ constexpr std::array ways = {
     Way{Window::ConfigNew, Window::SelLang, Opening::aboveOpener, Return::nobody},
     Way{Window::Compartir, Window::AmpliCaptura, Opening::heldByOpener, Return::nobody},
     Way{Window::Compartir, Window::Compartir, Opening::anew, Return::mainWindow},
+    Way{Window::URL, Window::AddPersonalWeb, Opening::heldByOpener, Return::nobody},
+    Way{Window::URL, Window::URL, Opening::anew, Return::mainWindow},
+    Way{Window::AddPersonalWeb, Window::URL, Opening::anew, Return::mainWindow},
 };
 
 constexpr bool isAboveOpener(const Way& way) {

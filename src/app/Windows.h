@@ -22,12 +22,14 @@
 #include "tagdb/editdb/EditDB.h"
 #include "toolkit/aboutfrm/Aboutfrm.h"
 #include "toolkit/torvmsg/TorvMsg.h"
+#include "weblinks/addpersonalweb/AddPersonalWeb.h"
+#include "weblinks/url/URL.h"
 #include "zipviewer/ZIP_Viewer.h"
 
 namespace torvane {
 
 using Windows = WindowSet<Menuing, SelLangStartUp, Splash, MainFrm, TorvMsg, NewAssistant, ZIP_Viewer, EditDB,
                           DB_Info, Form2, Torvette, SearchROM, AdvSearch, Compartir, AmpliCaptura, ConfigNew,
-                          ConfGen, SelLang, Aboutfrm>;
+                          ConfGen, SelLang, Aboutfrm, URL, AddPersonalWeb>;
 
 } // namespace torvane

@@ -144,6 +144,8 @@ private slots:
         QCOMPARE(nameOf(*opened->program->load<ConfGen>()), u"Torvane 1.1 » General settings"_s);
         QCOMPARE(nameOf(*opened->program->load<SelLang>()), u"Torvane 1.1 » Select language"_s);
         QCOMPARE(nameOf(*opened->program->load<Aboutfrm>()), u"About Torvane v1.1"_s);
+        QCOMPARE(nameOf(*opened->program->load<URL>()), u"Torvane 1.1 » Web directory"_s);
+        QCOMPARE(nameOf(*opened->program->load<AddPersonalWeb>()), u"Torvane 1.1 » Add a personal link"_s);
         click(opened->main().chameleonButton1);
         QCOMPARE(nameOf(*opened->program->loaded<TorvMsg>()), u"Are you sure you want to exit?"_s);
         reopenIn("cat");
@@ -190,6 +192,11 @@ private slots:
         QCOMPARE(nameOf(enlarged.ChameleonButton4), u"Zoom out"_s);
         QCOMPARE(nameOf(opened->program->load<SelLang>()->File1), u"Language files"_s);
         QCOMPARE(nameOf(opened->program->load<Aboutfrm>()->ShockwaveFlash1), u"Credits"_s);
+        QCOMPARE(nameOf(opened->program->load<URL>()->ListView1), u"List of web pages"_s);
+        QCOMPARE(nameOf(opened->program->load<URL>()->chameleonButton1), u"Close window"_s);
+        AddPersonalWeb& page = *opened->program->load<AddPersonalWeb>();
+        QCOMPARE(nameOf(page.Text2), u"Page name"_s);
+        QCOMPARE(nameOf(page.Text1), u"Page address (URL)"_s);
         reopenIn("esp");
         QCOMPARE(nameOf(opened->main().chameleonButton1), u"Cerrar la ventana"_s);
         QCOMPARE(nameOf(opened->main().EditID3Title), u"Título del juego"_s);

@@ -259,7 +259,7 @@ private slots:
         row("chameleonButton4", "Compartir", true);
         row("chameleonButton5", "Aboutfrm", true);
         row("chameleonButton6", "SearchROM", true);
-        row("chameleonButton7", "URL", false);
+        row("chameleonButton7", "URL", true);
         row("chameleonButton8", "ConfigNew", true);
         row("ChameleonButton12", "Torvette", true);
         row("Searcher", "AdvSearch", true);
@@ -283,7 +283,7 @@ private slots:
             if (window->isVisible() && window != &main) others.append(window->objectName());
         }
         QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
-        const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette", "Compartir", "Aboutfrm"};
+        const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette", "Compartir", "Aboutfrm", "URL"};
         QCOMPARE(main.isVisible(), !replacing.contains(opens));
     }
     void the_tools_of_the_list_and_of_the_window_are_enabled() {

@@ -6,15 +6,16 @@
 
 namespace torvane {
 
-/// A program folder with the real language files and an empty library, on a fake desktop.
+/// A program folder with the real language files and web lists and an empty library, on a fake desktop.
 struct FakeWorld : FakeDesktop {
     FakeWorld() {
         folder.makeFolder(QStringLiteral("roms"));
         folder.makeFolder(QStringLiteral("data/lang"));
         folder.makeFolder(QStringLiteral("data/tray"));
-        for (const char* code : {"esp", "cat", "eng"}) {
-            const QString name = QStringLiteral("/data/lang/lang_%1.tvl").arg(QLatin1String(code));
-            QFile::copy(QStringLiteral(TORVANE_TREE_DIR) + name, folder.path() + name);
+        for (const char* name :
+             {"lang/lang_esp.tvl", "lang/lang_cat.tvl", "lang/lang_eng.tvl", "url.dat", "url_perso.dat"}) {
+            const QString path = QStringLiteral("/data/") + QLatin1String(name);
+            QFile::copy(QStringLiteral(TORVANE_TREE_DIR) + path, folder.path() + path);
         }
         folder.write(QStringLiteral("emuladores/emus.dat"), "mGBA#\\mgba.sh\r\n");
     }
