@@ -8,6 +8,7 @@
 #include "catalogue/ID3.h"
 #include "core/Funciones.h"
 #include "settings/VersionFile.h"
+#include "weblinks/WebLists.h"
 
 namespace torvane::faults {
 
@@ -41,6 +42,7 @@ public:
     ID3 id3;
     AddNewROM adding;
     VersionFile versions;
+    WebLists webLists;
 };
 
 /// What the program does at its next start with leftovers of the last run.

@@ -22,6 +22,10 @@ const std::string languageCopy = "program/data/lang/lang_eng.tvl";
 constexpr const char* savingSetting = "SaveSetting";
 constexpr const char* storingOptions = "all general options";
 constexpr const char* storingVersion = "version file";
+constexpr const char* addingPage = "page added to the web list";
+constexpr const char* deletingPage = "page deleted from the web list";
+constexpr const char* updatingPages = "web list updated";
+constexpr qsizetype pagesSize = 3000;
 
 class Maker {
 public:
@@ -128,6 +132,32 @@ public:
         };
         return made;
     }
+    Situation addPage() {
+        Situation made = onPages(addingPage, ownPages);
+        made.fresh = made.old.value_or(QByteArray()) + "\r\nname;address;perso\r\n";
+        made.run = [&lists = m_parts.webLists] {
+            lists.add(QStringLiteral("name"), QStringLiteral("address"));
+        };
+        return made;
+    }
+    Situation deletePage() {
+        Situation made = onPages(deletingPage, ownPages);
+        const bool hasBackup = m_standing == Standing::longer;
+        if (hasBackup) made.before[ownPagesBackup] = {QByteArray(5000, 'b'), {}};
+        const Content backup = hasBackup ? Content(made.before[ownPagesBackup].bytes) : Content();
+        made.run = [&lists = m_parts.webLists] { lists.remove("name;address;perso"); };
+        made.asides[ownPagesBackup] = {{backup, made.old}, {backup, made.old}, {made.old}};
+        made.treasures = {{*made.old, {ownPages, ownPagesBackup}}};
+        made.fresh = pagesBefore() + "\r\n" + pagesAfter() + "\r\n";
+        return made;
+    }
+    Situation updatePages() {
+        Situation made = onPages(updatingPages, sharedPages);
+        const QByteArray body = TagBytes::image(pagesSize, 6);
+        made.fresh = body + "\r\n";
+        made.run = [&lists = m_parts.webLists, body] { lists.replaceShared(body); };
+        return made;
+    }
 
     Situation import(const char* operation, int count, bool deletesOriginals) {
         Situation made = common(operation, imported("program/roms/", 0));
@@ -229,6 +259,18 @@ private:
         return made;
     }
 
+    QByteArray pagesBefore() const { return TagBytes::image(lengthBy(pagesSize), 4); }
+    QByteArray pagesAfter() const { return "\r\n" + TagBytes::image(lengthBy(pagesSize), 5); }
+
+    Situation onPages(const char* operation, const std::string& file) const {
+        Situation made = common(operation, file);
+        made.before["program/data/other.dat"] = {"kept", {}};
+        if (m_standing != Standing::none)
+            made.before[file] = {pagesBefore() + "name;address;perso" + pagesAfter(), withMode(0664)};
+        made.old = in(made.before, file);
+        return made;
+    }
+
     // The layout of the settings file is up to SimpleIni: the expected content comes from a run without
     // faults.
     Content settingsAfter(const Tree& before, const std::function<void()>& change) const {
@@ -245,7 +287,8 @@ private:
 } // namespace
 
 bool isOnSmallFile(const std::string& operation) {
-    return operation == savingSetting || operation == storingOptions || operation == storingVersion;
+    return operation == savingSetting || operation == storingOptions || operation == storingVersion ||
+           operation == addingPage || operation == deletingPage || operation == updatingPages;
 }
 
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
@@ -263,6 +306,9 @@ std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsize
         all.push_back(make.copyOut());
         all.push_back(make.copyIn());
         all.push_back(make.addLanguage());
+        all.push_back(make.addPage());
+        if (standing != Standing::none) all.push_back(make.deletePage());
+        all.push_back(make.updatePages());
     }
     return all;
 }

@@ -45,6 +45,9 @@ inline const std::string gameFile = "program/roms/game.gb";
 inline const std::string backupFile = "program/roms/data/backup/game.gb";
 inline const std::string settingsFile = "config/Torvane/Torvane.conf";
 inline const std::string versionFile = "program/data/version.dat";
+inline const std::string sharedPages = "program/data/url.dat";
+inline const std::string ownPages = "program/data/url_perso.dat";
+inline const std::string ownPagesBackup = "program/data/url_perso.bak";
 
 /// What is where an operation writes.
 enum class Standing { none, shorter, equal, longer };
