@@ -4,6 +4,7 @@
 
 #include "Mouse.h"
 #include "Repaints.h"
+#include "Samples.h"
 #include "app/Program.h"
 #include "art/ArtResources.h"
 #include "platform/base/NativeProcess.h"
@@ -34,15 +35,27 @@ struct ProgramUnderBench {
         return *window;
     }
 
-    /// The database window, opened by the button of the main window, when its list has been painted. The
-    /// host's folder must have a file.
-    EditDB& openedDatabase() {
-        click(program.loaded<MainFrm>()->chameleonButton3);
-        EditDB& window = *program.loaded<EditDB>();
+    /// A window with a list, opened by its button of the main window, when the list has been painted.
+    template <typename W>
+    W& opened(chameleonButton MainFrm::*button) {
+        click(program.loaded<MainFrm>()->*button);
+        W& window = *program.loaded<W>();
         Repaints repaints(window.ListView1);
         window.ListView1.update();
         repaints.awaitOne();
         return window;
+    }
+    /// The database window; the host's folder must have a file.
+    EditDB& openedDatabase() { return opened<EditDB>(&MainFrm::chameleonButton3); }
+    /// The nanoseconds until a window with so many rows is painted. It is closed again.
+    template <typename W>
+    std::int64_t timeToOpen(chameleonButton MainFrm::*button, int rows) {
+        W* window = nullptr;
+        const std::int64_t time = timeOf([&] { window = &opened<W>(button); });
+        mustHold(window->ListView1.rowCount() == rows);
+        window->Unload();
+        QApplication::processEvents();
+        return time;
     }
 
     DesktopMessageBoxes messages;

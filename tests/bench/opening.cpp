@@ -3,64 +3,25 @@
 // with an empty one in turns, and measures the time from the click to the painted list.
 // Usage: bench_opening PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS
 // Prints the medians of "empty" and "full" in nanoseconds.
-#include "Clock.h"
 #include "DatabaseFile.h"
+#include "Openings.h"
 #include "ProgramUnderBench.h"
+#include "Samples.h"
 
-#include <QApplication>
-#include <algorithm>
-#include <cinttypes>
-#include <cstdlib>
 #include <filesystem>
-#include <vector>
 
 namespace torvane::bench {
 
 namespace {
-constexpr int entries = 10000;
-
-class Opening {
-public:
-    Opening(ProgramUnderBench& bench, const std::string& programFolder)
-        : m_bench(bench), m_site(programFolder + "/data/site") {
-        std::filesystem::create_directories(m_site);
-    }
-
-    /// Nanoseconds until the list of so many entries is painted.
-    std::int64_t take(int lines) {
-        makeDatabase(m_site + "/online_db.txt", lines);
-        const std::int64_t start = wallClock();
-        EditDB& window = m_bench.openedDatabase();
-        const std::int64_t time = wallClock() - start;
-        if (window.ListView1.rowCount() != lines) _exit(3);
-        window.Unload();
-        QApplication::processEvents();
-        return time;
-    }
-
-private:
-    ProgramUnderBench& m_bench;
-    std::string m_site;
-};
-
-std::int64_t median(std::vector<std::int64_t> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-int runOpening(const char* programFolder, const char* configurationFolder, int rounds) {
-    ProgramUnderBench bench(programFolder, configurationFolder);
+int runOpening(const std::string& programFolder, const char* configurationFolder, int rounds) {
+    ProgramUnderBench bench(programFolder.c_str(), configurationFolder);
     bench.startedMainWindow();
-    Opening opening(bench, programFolder);
-    opening.take(entries);
-    std::vector<std::int64_t> empty;
-    std::vector<std::int64_t> full;
-    for (int round = 0; round < rounds; ++round) {
-        empty.push_back(opening.take(0));
-        full.push_back(opening.take(entries));
-    }
-    std::printf("empty %" PRId64 "\nfull %" PRId64 "\n", median(empty), median(full));
-    std::fflush(nullptr);
+    const std::string site = programFolder + "/data/site";
+    std::filesystem::create_directories(site);
+    printOpenings(rounds, {.few = 0, .many = 10000}, [&](int entries) {
+        makeDatabase(site + "/online_db.txt", entries);
+        return bench.timeToOpen<EditDB>(&MainFrm::chameleonButton3, entries);
+    });
     _exit(0);
 }
 } // namespace
