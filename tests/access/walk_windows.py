@@ -28,6 +28,8 @@ WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
 PANEL = "Configuration"
 OPTIONS = "Torvane 1.1 » General settings"
 ABOUT = "About Torvane v1.1"
+WEB_LIST = "Torvane 1.1 » Web directory"
+NEW_PAGE = "Torvane 1.1 » Add a personal link"
 LANGUAGES = "Idioma · Llengua · Language"
 
 
@@ -539,6 +541,54 @@ def about(walk):
         program.window(MAIN)
 
 
+def adds_web_page(walk, program, window):
+    walk.press(window, "URL", "Add a link")
+    dialog = program.window(NEW_PAGE)
+    walk.look(dialog, "AddPersonalWeb")
+    walk.press(dialog, "AddPersonalWeb", "Cancel")
+    program.wait_gone(NEW_PAGE)
+    walk.press(window, "URL", "Add a link")
+    dialog = program.window(NEW_PAGE)
+    fill_in(dialog, "Page name", "My page")
+    fill_in(dialog, "Page address (URL)", "http://mine.example/")
+    walk.press(dialog, "AddPersonalWeb", "Add")
+    program.wait_gone(NEW_PAGE)
+
+
+def deletes_web_page(walk, program, window):
+    """The page is the last row; its address is shown before it goes."""
+    page = rows(window)[-1]
+    check_equal(page.get_name(), "My page")
+    do_action(page, "Toggle")
+    find(window, "http://mine.example/")
+    walk.press(window, "URL", "Delete the link")
+    answer_box(program, "Torvane", "OK")
+    pages = os.path.join(walk.copy, "data", "url_perso.dat")
+    wait_for("a list without the page", lambda: b"My page" not in content(pages))
+
+
+def web_list(walk):
+    walk.fill_library(["a.gb"])
+    opened = record_addresses(walk)
+    with walk.start(Intro=0) as program:
+        walk.press(program.window(MAIN), "MainFrm", "Web directory")
+        window = program.window(WEB_LIST)
+        walk.look(window, "URL")
+        walk.check("a page is added", adds_web_page, walk, program, window)
+        walk.check("a page is deleted", deletes_web_page, walk, program, program.window(WEB_LIST))
+        walk.press(program.window(WEB_LIST), "URL", "Look for new links")
+        answer_box(program, "Torvane", "OK")
+        window = program.window(WEB_LIST)
+        find(window, "0023")
+        walk.press(window, "URL", "Close window")
+        program.wait_gone(WEB_LIST)
+        walk.press(program.window(MAIN), "MainFrm", "Web directory")
+        program.window(WEB_LIST)
+        subprocess.run(["xdotool", "key", "Return"], check=True)
+        wait_for("an address", lambda: os.path.exists(opened))
+        check_equal(content(opened).decode(), "https://gbdev.io/pandocs/")
+
+
 def main():
     walk = Walk(*sys.argv[1:3])
     walk.check("the first start asks for the language", first_start, walk)
@@ -552,6 +602,7 @@ def main():
     walk.check("the searches", searches, walk)
     walk.check("the settings", settings, walk)
     walk.check("the about window", about, walk)
+    walk.check("the web list", web_list, walk)
     return 0 if walk.report() else 1
 
 
