@@ -103,12 +103,6 @@ private slots:
         const PdfPage page = saved(pageOf({}, motley(10, 10), {30000, 300}));
         QVERIFY(page.isReadable() && page.inked(page.paper()).isEmpty());
     }
-    void all_of_a_picture_for_dense_screens_is_printed() {
-        const QImage blocks = motley(10, 10);
-        QPixmap picture = QPixmap::fromImage(blocks.scaled(20, 20));
-        picture.setDevicePixelRatio(2);
-        QVERIFY(saved({{}, picture, {300, 300}}).shows(blocks, {margin + 20, margin + 20}));
-    }
     void a_page_without_picture_and_heading_is_empty() {
         const PdfPage page = saved({});
         QVERIFY(page.isReadable());
