@@ -3,11 +3,13 @@
 #include "DesktopDialogs.h"
 #include "../base/Paths.h"
 #include "FileNameDialog.h"
+#include "Form.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTextBoundaryFinder>
 #include <QUrl>
 
@@ -56,11 +58,28 @@ QString cutToScreen(const QString& text) {
 void follow(DesktopLanguage* language) {
     if (language != nullptr) language->follow();
 }
+
+// The window that a dialog belongs to, which has the focus again when the dialog is gone.
+class Asker {
+public:
+    Asker() : m_window(QApplication::activeWindow()) {}
+    ~Asker() {
+        if (auto* form = qobject_cast<Form*>(m_window.data())) form->takeFocusOfClosed();
+    }
+    Asker(const Asker&) = delete;
+    Asker& operator=(const Asker&) = delete;
+
+    QWidget* window() const { return m_window; }
+
+private:
+    QPointer<QWidget> m_window;
+};
 } // namespace
 
 int DesktopMessageBoxes::MsgBox(const QString& text, int flags, const QString& title) {
     follow(m_language);
-    QMessageBox box(QApplication::activeWindow());
+    const Asker asker;
+    QMessageBox box(asker.window());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
     box.setText(wrappable(cutToScreen(text)));
@@ -88,17 +107,20 @@ QStringList DesktopFileDialogs::nameFilters(const QString& filter) {
 
 QString DesktopFileDialogs::showOpen(const FileQuestion& question) {
     follow(m_language);
-    return FileNameDialog(QApplication::activeWindow(), question, QFileDialog::AcceptOpen).ask();
+    const Asker asker;
+    return FileNameDialog(asker.window(), question, QFileDialog::AcceptOpen).ask();
 }
 
 QString DesktopFileDialogs::showSave(const FileQuestion& question) {
     follow(m_language);
-    return FileNameDialog(QApplication::activeWindow(), question, QFileDialog::AcceptSave).ask();
+    const Asker asker;
+    return FileNameDialog(asker.window(), question, QFileDialog::AcceptSave).ask();
 }
 
 QString DesktopFileDialogs::showFolder(const FileQuestion& question) {
     follow(m_language);
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    const Asker asker;
+    QFileDialog dialog(asker.window(), question.title);
     dialog.setOption(QFileDialog::DontUseNativeDialog); // see FileNameDialog
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

@@ -16,7 +16,8 @@
 namespace torvane {
 
 namespace {
-constexpr int ownerDelay = 300; // ms that a window waits for its owner
+constexpr int ownerDelay = 300;  // ms that a window waits for its owner
+constexpr int focusDelay = 1000; // ms in which a window manager moves the focus of a closed window
 
 Qt::WindowFlags flagsOf(const FormDesign& design) {
     // A tool window is what X11 window managers leave out of the task bar.
@@ -105,6 +106,21 @@ void Form::bringToFront() {
     if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
+}
+
+// As long as the closed window seems to have the focus, Qt would set it without a word to the window manager,
+// which then gives it to another window. So this waits until the window manager has done so.
+void Form::takeFocusOfClosed() {
+    if (!isVisible() || m_design.inTaskBar) return;
+    const QWindow* focused = QGuiApplication::focusWindow();
+    if (focused == nullptr || !windowHandle()->isAncestorOf(focused)) return activateWindow();
+    auto* wait = new QObject(this);
+    QTimer::singleShot(focusDelay, wait, &QObject::deleteLater);
+    const auto takeIt = [this, wait](const QWindow* now) {
+        wait->deleteLater();
+        if (now == nullptr || now == windowHandle()->transientParent()) activateWindow();
+    };
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, wait, takeIt, Qt::SingleShotConnection);
 }
 
 void Form::Unload() {

@@ -33,10 +33,11 @@ public:
     void Hide();
     /// Brings a window that is shown in front of all others, out of the task bar if it is minimised.
     void bringToFront();
+    /// Takes the focus of an owned window that has closed: window managers think of the task bar's alone.
+    void takeFocusOfClosed();
     /// Closes the window for good: it is hidden, runs its last handler and lets its owner drop it.
     void Unload();
-    /// Whether it has been closed for good: then a handler that has let events through ends without another
-    /// word.
+    /// Whether it has been closed for good: then a handler that has let events through just ends.
     bool isUnloaded() const { return m_unloaded; }
     /// Deletes the window when no handler of it runs any more.
     void goWhenUnused();
