@@ -1,33 +1,15 @@
 // SPDX-License-Identifier: MIT
 // An option button over Qt's radio button, and the groups.
 #include "OptionButton.h"
+#include "QuietToggle.h"
 
 #include <QButtonGroup>
 #include <QRadioButton>
-#include <QScopedValueRollback>
 
 namespace torvane {
 
 namespace {
-// Assistive tools toggle a radio button without a click.
-class Radio : public QRadioButton {
-public:
-    /// Changes the choice in a way that is reported otherwise.
-    template <typename Change>
-    void quietly(Change&& change) {
-        const QScopedValueRollback quiet(m_isQuiet, true);
-        change();
-    }
-    bool isQuiet() const { return m_isQuiet; }
-
-protected:
-    void nextCheckState() override {
-        quietly([this] { QRadioButton::nextCheckState(); });
-    }
-
-private:
-    bool m_isQuiet = false;
-};
+using Radio = QuietToggle<QRadioButton>;
 
 // Each button lies in a control of its own, so that Qt's own grouping by parents would find no group.
 QButtonGroup& groupOf(QWidget& container) {

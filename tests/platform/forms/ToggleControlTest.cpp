@@ -262,6 +262,19 @@ private slots:
         click(form->system);
         QCOMPARE(clicks.size(), 2);
     }
+    void a_box_that_assistive_tools_toggle_is_clicked_once() {
+        QSignalSpy clicks(&form->clear, &CheckBox::Click);
+        QAccessible::queryAccessibleInterface(&within(form->clear))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+        QCOMPARE(form->clear.Value(), 1);
+        QCOMPARE(clicks.size(), 1);
+        click(form->clear);
+        QCOMPARE(form->clear.Value(), 0);
+        QCOMPARE(clicks.size(), 2);
+        form->clear.setValue(1);
+        QCOMPARE(clicks.size(), 3);
+    }
     void assistive_tools_can_press() {
         QSignalSpy clicks(&form->system, &OptionButton::Click);
         QAccessible::queryAccessibleInterface(&within(form->clear))
