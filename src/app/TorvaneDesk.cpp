@@ -37,7 +37,8 @@ struct Way {
 };
 
 namespace {
-// Rows for windows that are not in the list of windows (Windows.h) have no effect until they are.
+static_assert(Windows::count == windowCount, "a window is missing in Windows.h");
+
 constexpr std::array ways = {
     Way{Window::MainFrm, Window::NewAssistant, Opening::aboveOpener, Return::nobody},
     Way{Window::MainFrm, Window::TorvMsg, Opening::aboveOpener, Return::nobody},
@@ -99,11 +100,9 @@ const Way* wayBetween(Window from, Window to) {
 constexpr size_t placeOf(Window window) { return static_cast<size_t>(window); }
 } // namespace
 
-bool TorvaneDesk::exists(Window window) const { return Windows::has(window); }
-
 void TorvaneDesk::go(Window from, Window to, const QStringList& subject) {
     const Way* way = wayBetween(from, to);
-    if (way == nullptr || !exists(to)) return;
+    if (way == nullptr) return;
     if (open(*way)) m_program.windows.take(to, subject);
 }
 
@@ -176,7 +175,8 @@ void TorvaneDesk::unloaded(Window window) {
     if (way == nullptr) return;
     if (way->comesBack == Return::nobody) {
         handOver(window, way->from, Heir::opener);
-        return activateTool(way->from);
+        if (Form* opener = m_program.windows.ifLoaded(way->from)) opener->takeFocusOfClosed();
+        return;
     }
     ForegroundWindows& foreground = m_program.foreground;
     const bool staysCompact =
@@ -187,12 +187,6 @@ void TorvaneDesk::unloaded(Window window) {
     if (!staysCompact) foreground.show(back);
     handOver(window, back, Heir::face);
     raiseOwned(back);
-}
-
-// Window managers give the focus back to windows of the task bar, and to no others.
-void TorvaneDesk::activateTool(Window window) {
-    Form* opener = m_program.windows.ifLoaded(window);
-    if (opener != nullptr && opener->isVisible() && !opener->design().inTaskBar) opener->activateWindow();
 }
 
 // Without an owner they could get lost among the windows of other programs: they have no place in the task
@@ -254,7 +248,7 @@ Form* TorvaneDesk::loadFirst(Window first) {
 
 Window TorvaneDesk::firstWindow() const {
     const bool compact = NumberSetting(m_program.runtime.settings, "Start", 0).value() == 1;
-    return compact && exists(Window::Torvette) ? Window::Torvette : Window::MainFrm;
+    return compact ? Window::Torvette : Window::MainFrm;
 }
 
 void TorvaneDesk::endProgram() { m_program.runtime.end(); }

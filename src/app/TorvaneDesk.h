@@ -16,7 +16,6 @@ class TorvaneDesk : public Desk {
 public:
     explicit TorvaneDesk(Program& program) : m_program(program) {}
 
-    bool exists(Window window) const override;
     void go(Window from, Window to, const QStringList& subject = {}) override;
     void startApplication() override;
     void introEnded() override;
@@ -46,7 +45,6 @@ private:
     };
     void handOver(Window owner, Window heir, Heir kind);
     /// Gives the focus to a window that is on screen without a place in the task bar.
-    void activateTool(Window window);
     /// Loads the window that the start shows.
     Form* loadFirst(Window first);
     /// Selects the first game, whatever is wrong with it.

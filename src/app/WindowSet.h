@@ -27,9 +27,9 @@ public:
         return std::get<FormSlot<T>>(m_slots);
     }
 
-    /// Whether the list has a window of that name.
-    static constexpr bool has(Window id) { return ((W::id == id) || ...); }
-    /// The window of that name, created if need be; null if there is none or if it unloaded itself at once.
+    static constexpr int count = sizeof...(W);
+
+    /// The window of that name, created if need be; null if it unloaded itself at once.
     Form* load(Window id) {
         Form* form = nullptr;
         ((W::id == id ? void(form = slot<W>().load()) : void()), ...);

@@ -13,8 +13,6 @@ class Desk {
 public:
     virtual ~Desk() = default;
 
-    /// Whether the program has such a window; a button that opens none is disabled.
-    virtual bool exists(Window window) const = 0;
     /// One window opens another, in the way that the desk's table gives for the two; without a row for them
     /// nothing happens. When the opened window unloads, the desk brings back the one that the row names.
     /// `subject` is what the opened window is to work on, in the order that its `take` documents.

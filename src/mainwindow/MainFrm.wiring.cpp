@@ -42,8 +42,8 @@ void MainFrm::wireTools() {
     opens(chameleonButton8, Window::ConfigNew);
     opens(ChameleonButton12, Window::Torvette);
     opens(Searcher, Window::AdvSearch);
+    Zipper.setEnabled(true);
     for (chameleonButton* button : {&Zipper, &ChameleonButton13}) {
-        button->setEnabled(true);
         wire(*button, &chameleonButton::Click, &MainFrm::Zipper_Click);
     }
     wireActions();
@@ -73,7 +73,6 @@ void MainFrm::wireActions() {
 }
 
 void MainFrm::opens(chameleonButton& button, Window window) {
-    button.setEnabled(m.desk.exists(window));
     wire(button, &chameleonButton::Click, [this, window] { m.desk.go(id, window); });
 }
 

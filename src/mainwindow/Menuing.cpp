@@ -23,7 +23,7 @@ Menuing::Menuing(const Services& services) : MenuingDesign(services.runtime), m(
 }
 
 void Menuing::orders(MenuEntry& entry, const std::function<void()>& action) {
-    m_orders.append({&entry, true});
+    m_orders.append(&entry);
     wire(entry, &MenuEntry::Click, [this, action] {
         if (m.foreground.takesOrders()) action();
     });
@@ -31,12 +31,11 @@ void Menuing::orders(MenuEntry& entry, const std::function<void()>& action) {
 
 void Menuing::opens(MenuEntry& entry, Window window) {
     orders(entry, [this, window] { m.desk.go(id, window); });
-    m_orders.last().exists = m.desk.exists(window);
 }
 
 void Menuing::refresh() {
     const bool takesOrders = m.foreground.takesOrders();
-    for (const Order& order : m_orders) order.entry->setEnabled(takesOrders && order.exists);
+    for (MenuEntry* entry : m_orders) entry->setEnabled(takesOrders);
     end.setEnabled(m.foreground.canAsk());
 }
 

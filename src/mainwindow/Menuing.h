@@ -34,11 +34,7 @@ private:
     void end_Click();
 
     const Services& m;
-    struct Order {
-        MenuEntry* entry;
-        bool exists; // whether there is anything to open
-    };
-    QList<Order> m_orders; // the entries that work on the main or the compact window
+    QList<MenuEntry*> m_orders; // the entries that work on the main or the compact window
 };
 
 } // namespace torvane

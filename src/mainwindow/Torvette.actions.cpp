@@ -58,7 +58,6 @@ void Torvette::wireButtons() {
     wire(chameleonButton3, &chameleonButton::Click, [this] { Unload(); });
     wire(ChameleonButton4, &chameleonButton::Click, [this] { setFolded(false); });
     wire(ChameleonButton10, &chameleonButton::Click, [this] { setFolded(true); });
-    ChameleonButton6.setEnabled(m.desk.exists(Window::AdvSearch));
     wire(ChameleonButton6, &chameleonButton::Click, [this] { m.desk.go(id, Window::AdvSearch); });
     wire(ChameleonButton7, &chameleonButton::Click, [this] { setPinned(false); });
     wire(ChameleonButton9, &chameleonButton::Click, [this] { setPinned(true); });

@@ -45,12 +45,14 @@ private slots:
         program().desk.go(Window::Splash, Window::NewAssistant);
         QVERIFY(program().loaded<NewAssistant>() == nullptr);
     }
-    void a_way_to_a_window_that_is_not_built_leaves_the_opener_on_screen() {
+    void the_start_makes_no_window_but_the_menu_and_the_main_one() {
         opened->games(1);
         opened->open();
-        program().desk.go(Window::MainFrm, Window::SelLang);
-        program().desk.go(Window::MainFrm, Window::ConfGen);
-        QVERIFY(opened->main().isVisible());
+        QStringList made;
+        Windows::forEach([&]<typename W>() {
+            if (const Form* form = program().windows.ifLoaded(W::id)) made += form->objectName();
+        });
+        QCOMPARE(made, QStringList({QStringLiteral("Menuing"), QStringLiteral("MainFrm")}));
     }
     void the_main_window_is_hidden_while_the_archive_window_is_open_and_then_comes_back() {
         writeArchive(opened->world.folder.path(QStringLiteral("roms/a.zip")),

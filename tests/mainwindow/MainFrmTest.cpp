@@ -248,41 +248,38 @@ private slots:
         QCOMPARE(main.Label13.Caption(), QStringLiteral("» Game list"));
         QVERIFY(!main.displayer.Enabled());
     }
-    void a_tool_opens_its_window_or_is_disabled_data() {
+    void a_tool_opens_its_window_data() {
         QTest::addColumn<QByteArray>("button");
         QTest::addColumn<QByteArray>("opens");
-        QTest::addColumn<bool>("isBuilt");
-        const auto row = [](const char* button, const char* opens, bool isBuilt) {
-            QTest::newRow(button) << QByteArray(button) << QByteArray(opens) << isBuilt;
+        const auto row = [](const char* button, const char* opens) {
+            QTest::newRow(button) << QByteArray(button) << QByteArray(opens);
         };
-        row("chameleonButton3", "EditDB", true);
-        row("chameleonButton4", "Compartir", true);
-        row("chameleonButton5", "Aboutfrm", true);
-        row("chameleonButton6", "SearchROM", true);
-        row("chameleonButton7", "URL", true);
-        row("chameleonButton8", "ConfigNew", true);
-        row("ChameleonButton12", "Torvette", true);
-        row("Searcher", "AdvSearch", true);
-        row("Zipper", "ZIP_Viewer", true);
-        row("ChameleonButton13", "ZIP_Viewer", true);
-        row("chameleonButton1", "TorvMsg", true);
+        row("chameleonButton3", "EditDB");
+        row("chameleonButton4", "Compartir");
+        row("chameleonButton5", "Aboutfrm");
+        row("chameleonButton6", "SearchROM");
+        row("chameleonButton7", "URL");
+        row("chameleonButton8", "ConfigNew");
+        row("ChameleonButton12", "Torvette");
+        row("Searcher", "AdvSearch");
+        row("Zipper", "ZIP_Viewer");
+        row("ChameleonButton13", "ZIP_Viewer");
+        row("chameleonButton1", "TorvMsg");
     }
-    void a_tool_opens_its_window_or_is_disabled() {
+    void a_tool_opens_its_window() {
         QFETCH(QByteArray, button);
         QFETCH(QByteArray, opens);
-        QFETCH(bool, isBuilt);
         writeArchive(opened->world.folder.path(QStringLiteral("roms/a.zip")),
                      {{QStringLiteral("m.gb"), "x"}});
         MainFrm& main = opened->open();
         auto* tool = main.findChild<chameleonButton*>(QString::fromLatin1(button));
-        QCOMPARE(tool->Enabled(), isBuilt);
-        QCOMPARE(tool->isEnabled(), isBuilt);
+        QVERIFY(tool->Enabled() && tool->isEnabled());
         click(*tool);
         QStringList others;
         for (const QWidget* window : QApplication::topLevelWidgets()) {
             if (window->isVisible() && window != &main) others.append(window->objectName());
         }
-        QCOMPARE(others, isBuilt ? QStringList{QString::fromLatin1(opens)} : QStringList());
+        QCOMPARE(others, QStringList{QString::fromLatin1(opens)});
         const QByteArrayList replacing{"ZIP_Viewer", "EditDB", "Torvette", "Compartir", "Aboutfrm", "URL"};
         QCOMPARE(main.isVisible(), !replacing.contains(opens));
     }

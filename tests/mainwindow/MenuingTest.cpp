@@ -85,22 +85,6 @@ private slots:
         loaded<EditDB>()->Unload();
         QVERIFY(main().isVisible());
     }
-    void an_entry_whose_window_is_not_built_is_disabled_and_leaves_the_main_window_on_screen_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("window");
-        QTest::newRow("gallery") << u"capturesgallery"_s << static_cast<int>(Window::Compartir);
-        QTest::newRow("about") << u"about"_s << static_cast<int>(Window::Aboutfrm);
-    }
-    void an_entry_whose_window_is_not_built_is_disabled_and_leaves_the_main_window_on_screen() {
-        QFETCH(QString, name);
-        QFETCH(int, window);
-        openWithGames(1);
-        MenuEntry& entry = *menuing().findChild<MenuEntry*>(name);
-        const bool isBuilt = opened->program->desk.exists(static_cast<Window>(window));
-        QCOMPARE(offers(entry), isBuilt);
-        chooseBlindly(entry);
-        QCOMPARE(main().isVisible(), !isBuilt);
-    }
     void the_settings_entry_hides_the_main_window_reports_a_missing_object_and_brings_it_back() {
         struct Watching : FakeMessages {
             MainFrm* window = nullptr;

@@ -107,12 +107,11 @@ private slots:
         QCOMPARE(ownerOf(*loaded<NewAssistant>()), panel().windowHandle());
         QCOMPARE(ownerOf(window()), panel().windowHandle());
     }
-    void the_languages_open_as_soon_as_there_is_a_window_for_them() {
+    void the_languages_open_above_the_panel() {
         openPanel();
-        const bool isBuilt = opened->program->desk.exists(Window::SelLang);
-        QCOMPARE(panel().chameleonButton4.Enabled(), isBuilt);
         click(panel().chameleonButton4);
-        QCOMPARE(opened->program->windows.ifLoaded(Window::SelLang) != nullptr, isBuilt);
+        QVERIFY(loaded<SelLang>() != nullptr && loaded<SelLang>()->isVisible() && panel().isVisible());
+        QCOMPARE(ownerOf(*loaded<SelLang>()), panel().windowHandle());
     }
     void the_button_of_the_services_to_come_does_nothing() {
         openPanel();

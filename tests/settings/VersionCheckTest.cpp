@@ -182,6 +182,22 @@ private slots:
         expectNothingNew();
         QVERIFY(window().isVisible());
     }
+    void a_second_press_starts_no_check_after_another_window_was_closed() {
+        const WebServer silent([&](QTcpSocket&, const QByteArray&) {
+            click(panel().chameleonButton6);
+            if (loaded<ConfGen>() != nullptr) window().close();
+        });
+        useServer(silent);
+        openOptions();
+        TransferLimits limits = panel().Inet1.limits();
+        limits.silenceMilliseconds = 300;
+        panel().Inet1.setLimits(limits);
+        check();
+        QTRY_VERIFY(loaded<ConfGen>() == nullptr);
+        for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+        QCOMPARE(silent.requests.size(), 1);
+        QCOMPARE(messages().boxes.size(), 0);
+    }
 };
 
 TORVANE_TEST(VersionCheckTest)

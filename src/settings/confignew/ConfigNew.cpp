@@ -46,7 +46,6 @@ void ConfigNew::wireControls() {
 }
 
 void ConfigNew::opens(chameleonButton& button, Window window) {
-    button.setEnabled(m.desk.exists(window));
     wire(button, &chameleonButton::Click, [this, window] { m.desk.go(id, window); });
 }
 
@@ -78,8 +77,9 @@ void ConfigNew::chameleonButton6_Click() {
     const Answer answer = fetch();
     m_escape.setEnabled(true);
     load.setVisible(false);
-    // The click that has ended the download is still to come: it must not be dropped.
-    if (answer.isCancelled) return;
+    // What has ended the download is still to come and must not be dropped. It comes now, while another press
+    // of this button does nothing.
+    if (answer.isCancelled) return pumpEvents();
     HeldInput::dropWaiting();
     if (isUnloaded()) return;
     answer.body ? check(*answer.body) : reportFetchFailure();
