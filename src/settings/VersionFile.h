@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The newest version, as the update server tells it: a small file in INI form, of which the last one is kept
-// as
-// "\data\version.dat". Owned by the control panel.
+// The newest version, as the update server reports it: a small file in INI form, of which the last one is
+// kept as "\data\version.dat". Owned by the control panel.
 #pragma once
 
 #include "core/Globals.h"
@@ -13,7 +12,7 @@ public:
     explicit VersionFile(const Globals& globals) : m_globals(globals) {}
 
     /// The longest body that is fetched, in bytes: of a longer file nothing would be read.
-    static constexpr qint64 longestBody = 4 << 20;
+    static constexpr qint64 longestBody = (4 << 20) - 2; // its line end comes on top
 
     /// The spelled path of the file.
     QString path() const { return m_globals.AppPath + QStringLiteral("\\data\\version.dat"); }

@@ -17,6 +17,8 @@ QByteArray wholeOf(const SafeFile::Change& change) {
 
 void appendTo(const QString& path, const QByteArray& line) {
     const SafeFile::Change change(path);
+    if (change.length() + line.size() > WebLists::mostBytes)
+        throw RuntimeFailure(RuntimeFailure::outOfMemory);
     change.commit(change.length(), {line});
 }
 } // namespace

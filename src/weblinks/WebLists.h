@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The two files of web pages: the shared list, "\data\url.dat", which a download replaces, and the user's
-// own,
-// "\data\url_perso.dat". Owned by the windows that read and change them. Every failure names the file.
+// own, "\data\url_perso.dat". Owned by the windows that read and change them. Every failure names the file.
 #pragma once
 
 #include "WebEntries.h"
@@ -14,8 +13,10 @@ namespace torvane {
 
 class WebLists {
 public:
-    /// A list of more bytes is not read, and not written after a download.
+    /// A list of more bytes is not read, and nothing makes one that long.
     static constexpr qint64 mostBytes = qint64{8} << 20;
+    /// A download of more bytes is refused: a line end follows it in the file.
+    static constexpr qint64 mostDownloaded = mostBytes - 2;
 
     struct Reading {
         std::shared_ptr<const WebEntries> entries;
@@ -31,7 +32,8 @@ public:
     /// Replaces the shared list by a body of any bytes and a line end. On a failure the old file stays whole.
     void replaceShared(QByteArray body) const;
     /// Adds a line after an empty one to the user's own list, which is made if there is none. Characters
-    /// outside code page 1252 become "?". On a failure the old file stays whole.
+    /// outside code page 1252 become "?". Fails with outOfMemory if the list would become too long. On a
+    /// failure the old file stays whole.
     void add(const QString& name, const QString& address) const;
     /// Cuts the first occurrence of a line out of the user's own list (see WebFields::without), with a line
     /// end after each of the two parts. The whole file is kept as "\data\url_perso.bak" before, replacing the

@@ -139,6 +139,19 @@ private slots:
         QCOMPARE(window().Check1.Value(), 0);
         QCOMPARE(world().setting("Icon"), u"0"_s);
     }
+    void a_store_that_cannot_be_read_is_reported_and_never_overwritten() {
+        openOptions();
+        const QByteArray before = settingsBytes();
+        world().folder.setMode(u"config/Torvane"_s, 0777);
+        world().folder.setMode(u"config/Torvane/Torvane.conf"_s, 0222);
+        {
+            const OrdinaryUser user;
+            mark(colour(3));
+        }
+        world().folder.setMode(u"config/Torvane/Torvane.conf"_s, 0644);
+        expectReported(1, u"Torvane.conf"_s);
+        QCOMPARE(settingsBytes(), before);
+    }
 };
 
 TORVANE_TEST(ConfGenFilesTest)

@@ -210,6 +210,15 @@ private slots:
         clickDelete(MsgBoxFlags::answerYes);
         QCOMPARE(entries().size(), 3);
     }
+    void after_a_failed_addition_the_list_is_read_again() {
+        openLanguages();
+        choose(u"lang_cat.tvl"_s);
+        write(u"meanwhile.tvl"_s, fileOf("M"));
+        add(spelled(u"lang_cat.tvl"_s));
+        QCOMPARE(messages().boxes.size(), 1);
+        QCOMPARE(rows().size(), 4);
+        QCOMPARE(window().File1.ListIndex(), -1);
+    }
 };
 
 TORVANE_TEST(SelLangAddTest)

@@ -239,6 +239,17 @@ private slots:
         QCOMPARE(rows(), QStringList());
         QCOMPARE(messages().boxes.size(), 0);
     }
+    void the_window_is_there_until_the_box_is_answered_even_for_a_file_that_has_gone() {
+        openLanguages();
+        choose(u"lang_cat.tvl"_s);
+        QVERIFY(QFile::remove(opened->world.folder.path(files + u"/lang_cat.tvl"_s)));
+        bool wasThere = false;
+        messages().whileOpen = [&] { wasThere = loaded<SelLang>() != nullptr && window().isVisible(); };
+        clickLoad();
+        QVERIFY(wasThere && loaded<SelLang>() == nullptr);
+        QCOMPARE(messages().last(), QString());
+        QCOMPARE(opened->world.setting("Language"), spelled(u"lang_cat.tvl"_s));
+    }
 };
 
 TORVANE_TEST(SelLangTest)

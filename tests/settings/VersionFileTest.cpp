@@ -110,6 +110,10 @@ private slots:
         globals.setVersion(QStringLiteral(TORVANE_VERSION));
         QCOMPARE(read(shared.readAll()), globals.VersionText);
     }
+    void the_longest_body_is_read_whole() {
+        const QByteArray head = "[Torvane]\r\nLastVersion=2.0\r\n;";
+        QCOMPARE(read(head + QByteArray(VersionFile::longestBody - head.size(), 'x')), u"2.0"_s);
+    }
 };
 
 TORVANE_APPLESS_TEST(VersionFileTest)

@@ -140,6 +140,11 @@ private slots:
         checkFails("(70)");
         QCOMPARE(personal(), mine + yours);
     }
+    void what_follows_the_third_field_stays() {
+        openList({}, "A;http://a;perso;more\r\n" + mine);
+        clickDelete();
+        QCOMPARE(personal(), "\r\n;more\r\n" + mine + "\r\n");
+    }
 };
 
 TORVANE_TEST(URLDeleteTest)

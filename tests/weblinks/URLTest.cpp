@@ -261,6 +261,19 @@ private slots:
         QCOMPARE(boxes(), QStringList());
         QVERIFY(window().isVisible());
     }
+    void closing_it_enables_the_main_window_again() {
+        openList(pandocs);
+        main().setEnabled(false);
+        click(window().chameleonButton1);
+        QVERIFY(main().isVisible() && main().isEnabled());
+    }
+    void a_browser_that_cannot_be_started_is_passed_over() {
+        opened->world.browser.found = false;
+        openList(pandocs);
+        openRow(0);
+        QCOMPARE(boxes(), QStringList());
+        QVERIFY(loaded<URL>() == nullptr && main().isVisible());
+    }
 };
 
 TORVANE_TEST(URLTest)

@@ -216,6 +216,7 @@ private slots:
     void clicks_wait_for_the_end() {
         updateWhile([&] { openRow(1); }, pandocs);
         QTRY_COMPARE(urls(), QStringList{u"http://mine.example/"_s});
+        QCOMPARE(boxes(), QStringList{newestText});
     }
     void closed_meanwhile_it_goes_at_once_without_a_word_data() {
         QTest::addColumn<QByteArray>("how");
@@ -234,15 +235,35 @@ private slots:
         QCOMPARE(boxes(), QStringList());
         QCOMPARE(shared(), pandocs);
     }
-    void two_clicks_on_the_button_are_one_update_after_the_other() {
-        publish(pandocs + emulator);
-        openList(pandocs);
-        postClick(window().chameleonButton5);
+    void a_second_click_waits_for_the_end_of_the_first_update() {
+        int asked = 0;
+        qsizetype boxesBefore = -1;
+        const WebServer server([&](QTcpSocket& client, const QByteArray&) {
+            if (++asked == 1) {
+                click(window().chameleonButton5);
+            } else {
+                boxesBefore = boxes().size();
+            }
+            client.write(answerOf(pandocs));
+            client.disconnectFromHost();
+        });
+        updateFrom(server);
+        QTRY_COMPARE(boxes(), QStringList(2, newestText));
+        QCOMPARE(asked, 2);
+        QCOMPARE(boxesBefore, 1);
+    }
+    void a_list_that_its_line_end_makes_too_large_is_a_failure() {
+        publish(QByteArray(WebLists::mostBytes - 1, 'x'));
+        openList(pandocs, mine);
         clickUpdate();
-        QTRY_COMPARE(shared(), pandocs + emulator + "\r\n");
-        QCoreApplication::processEvents();
-        for (const QString& box : boxes()) QCOMPARE(box, text("updatefinished"));
-        checkIsUsable();
+        checkFailed();
+    }
+    void the_largest_list_that_can_be_read_again_is_taken() {
+        publish(pandocs + QByteArray(WebLists::mostBytes - 2 - pandocs.size(), 'x'));
+        openList(emulator, mine);
+        clickUpdate();
+        QCOMPARE(boxes(), QStringList{text("updatefinished")});
+        QCOMPARE(rows().first(), u"Pan Docs"_s);
     }
 
     // Bad days of the disk

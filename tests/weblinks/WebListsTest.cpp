@@ -144,11 +144,14 @@ private slots:
         QVERIFY(read(ownFile).endsWith("\r\n\xD1"
                                        "and\xFA \x80;http://a/\xE1;perso\r\n"));
     }
-    void a_file_of_any_size_gets_its_addition() {
+    void an_addition_that_would_make_the_list_unreadable_is_refused() {
         QFile sparse(at(ownFile));
-        QVERIFY(sparse.resize(20 << 20));
-        lists().add(u"n"_s, u"a"_s);
-        QCOMPARE(infoOf(ownFile).st_size, (20 << 20) + 13);
+        QVERIFY(sparse.resize(WebLists::mostBytes - 12)); // the addition has 13 bytes
+        QCOMPARE(addFailure(), number(RuntimeFailure::outOfMemory));
+        QCOMPARE(infoOf(ownFile).st_size, WebLists::mostBytes - 12);
+        QVERIFY(sparse.resize(WebLists::mostBytes - 13));
+        QCOMPARE(addFailure(), std::nullopt);
+        QVERIFY(isWhole());
     }
     void a_private_file_stays_private() {
         setMode(ownFile, 0600);

@@ -37,6 +37,8 @@ struct FileQuestion {
     QString filter;      ///< pairs "text|pattern;pattern", joined by "|"
     int filterIndex = 1; ///< the pair that is selected at first, counted from 1
     QString fileName;    ///< proposed bare name or spelled path
+    /// Nothing will be written: showSave takes a file that is there without asking whether to replace it.
+    bool isForFolder = false;
 };
 
 /// The open and save dialogs: block until the user has answered.
@@ -45,8 +47,8 @@ public:
     virtual ~FileDialogs() = default;
     /// The spelled path of an existing file; empty if the user cancelled.
     virtual QString showOpen(const FileQuestion& question) = 0;
-    /// The spelled path to write to, existing (the user has agreed to replace it) or not; empty if the user
-    /// cancelled.
+    /// The spelled path to write to, existing (the user has agreed to replace it, unless it is asked for the
+    /// folder) or not; empty if the user cancelled.
     virtual QString showSave(const FileQuestion& question) = 0;
     /// The spelled path of an existing folder; empty if the user cancelled. Only the question's title is
     /// used.

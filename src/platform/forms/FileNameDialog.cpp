@@ -34,7 +34,7 @@ bool isThere(const QByteArray& path, bool& isFolder) {
 } // namespace
 
 FileNameDialog::FileNameDialog(QWidget* parent, const FileQuestion& question, AcceptMode mode)
-    : QFileDialog(parent, question.title) {
+    : QFileDialog(parent, question.title), m_asksToReplace(mode == AcceptSave && !question.isForFolder) {
     // A desktop's own dialog would follow the desktop's language, and carries names as UTF-8 alone.
     setOption(DontUseNativeDialog);
     setOption(DontConfirmOverwrite); // accept() asks, in plain text
@@ -88,7 +88,7 @@ void FileNameDialog::accept() {
     const QByteArray path = literal.isEmpty() ? QFile::encodeName(selectedFiles().value(0)) : literal;
     bool isFolder = false;
     const bool exists = isThere(path, isFolder);
-    if (exists && !isFolder && acceptMode() == AcceptSave && !mayReplace(path)) return;
+    if (exists && !isFolder && m_asksToReplace && !mayReplace(path)) return;
     m_chosen = path;
     if (literal.isEmpty() || (!exists && acceptMode() == AcceptOpen)) {
         QFileDialog::accept();

@@ -20,7 +20,8 @@ public:
     QString ask();
 
 protected:
-    /// Takes the name. In a save dialog asks before a file is replaced; a folder is entered.
+    /// Takes the name. In a save dialog asks before a file is replaced, unless only its folder is wanted; a
+    /// folder is entered.
     void accept() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -29,6 +30,7 @@ private:
     QByteArray literalPath() const;
     bool mayReplace(const QByteArray& path);
 
+    bool m_asksToReplace;
     QByteArray m_proposed; // the bytes of the proposed name
     QString m_shown;       // what the name field shows for them
     QByteArray m_chosen;

@@ -153,7 +153,8 @@ QString ConfGen::askForFolder() {
     const QString folder = chosenFolder(m.runtime.settings, QStringLiteral("C:\\")).value();
     return Dlg.ShowSave({.title = QStringLiteral("Selecciona Directorio"),
                          .filter = {},
-                         .fileName = FolderChoice::proposal(folder, homeFolder())});
+                         .fileName = FolderChoice::proposal(folder, homeFolder()),
+                         .isForFolder = true});
 }
 
 } // namespace torvane

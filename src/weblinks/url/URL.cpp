@@ -37,7 +37,7 @@ void URL::wireControls() {
 
 void URL::Load() {
     Inet::Limits limits = Inet1.limits();
-    limits.bytes = WebLists::mostBytes;
+    limits.bytes = WebLists::mostDownloaded;
     Inet1.setLimits(limits);
     setCaptions();
     ListView1.setFocus();

@@ -186,6 +186,22 @@ private slots:
         });
         QCOMPARE(chosen, at("a.zip"));
     }
+    void where_only_the_folder_counts_a_file_that_is_there_is_taken_without_a_question() {
+        folder->writeNative("shot.png", "picture");
+        QTimer::singleShot(0, this, [this] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog != nullptr);
+            type(*dialog, u"shot.png"_s);
+            QTimer::singleShot(0, this, [] { // a question would wait for ever
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
+            });
+            pressSave(*dialog);
+            if (dialog->isVisible()) dialog->reject();
+        });
+        const FileQuestion question{
+            .title = u"x"_s, .filter = {}, .fileName = at("Este Directorio"), .isForFolder = true};
+        QCOMPARE(DesktopFileDialogs().showSave(question), at("shot.png"));
+    }
 };
 
 TORVANE_TEST(FileNameDialogTest)
