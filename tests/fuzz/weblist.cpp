@@ -63,7 +63,7 @@ void checkEntered(const QByteArray& entered) {
 }
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(weblist) {
     Input input(data, size);
     const auto chosen = static_cast<size_t>(input.byte());
     checkEntered(input.piece());

@@ -75,5 +75,6 @@ private slots:
 
 } // namespace torvane
 
-TORVANE_APPLESS_TEST(torvane::WebListFilesTest)
+using torvane::WebListFilesTest;
+TORVANE_APPLESS_TEST(WebListFilesTest)
 #include "WebListFilesTest.moc"
