@@ -27,7 +27,7 @@ SEARCH = "Torvane 1.1 » Advanced search"
 WEB_SEARCH = "Torvane 1.1 » Search for a ROM"
 PANEL = "Configuration"
 OPTIONS = "Torvane 1.1 » General settings"
-CHOICE = "Torvane 1.1 » Select language"
+LANGUAGE_CHOICE = "Torvane 1.1 » Select language"
 ABOUT = "About Torvane v1.1"
 WEB_LIST = "Torvane 1.1 » Web directory"
 NEW_PAGE = "Torvane 1.1 » Add a personal link"
@@ -516,7 +516,7 @@ def chooses_language(walk, program, panel):
     with open(os.path.join(walk.outside, "own.tvl"), "wb") as file:
         file.write(b"[FileInfo]\r\nhisname=My\r\nlangname=own\r\n")
     walk.press(panel, "ConfigNew", "Languages")
-    window = program.window(CHOICE)
+    window = program.window(LANGUAGE_CHOICE)
     walk.look(window, "SelLang")
     walk.press(window, "SelLang", "Add")
     answer_dialog(program, "Torvane 1.1 » LangFile Loader", os.path.join(walk.outside, "own.tvl"), "Open")
@@ -530,13 +530,13 @@ def chooses_language(walk, program, panel):
     wait_for("an address", lambda: os.path.exists(opened))
     check_equal(os.path.basename(content(opened).decode()), "index-section-tv_langfiles.html")
     walk.press(window, "SelLang", "Close window")
-    program.wait_gone(CHOICE)
+    program.wait_gone(LANGUAGE_CHOICE)
     walk.press(panel, "ConfigNew", "Languages")
-    window = program.window(CHOICE)
+    window = program.window(LANGUAGE_CHOICE)
     do_action(rows(window)[1], "Toggle")
     walk.press(window, "SelLang", "Load")
     answer_box(program, "LangFile Loaded", "OK")
-    program.wait_gone(CHOICE)
+    program.wait_gone(LANGUAGE_CHOICE)
     wait_for("the language", lambda: "lang_eng.tvl" in program.settings())
 
 

@@ -22,7 +22,7 @@ start_display() {
     unset WAYLAND_DISPLAY
     openbox >/dev/null 2>&1 &
     desk_openbox=$!
-    wait_until 10 "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'" || { echo "openbox did not start" >&2; return 1; }
+    wait_until 30 "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'" || { echo "openbox did not start" >&2; return 1; }
     xsetroot -solid '#20242e' || true
     # Letters that the keyboard lacks would be put on it for each stroke, and lost on a busy machine.
     xmodmap -e 'keycode 248 = ntilde Ntilde' -e 'keycode 249 = uacute Uacute' || true
@@ -99,7 +99,7 @@ window_place() {
     # What xdotool says of the place of a window with a border is wrong.
     xwininfo -id "$id" 2>/dev/null | awk -v id="$id" -v size="$size" '
         /Absolute upper-left X/ { x = $NF }
-        /Absolute upper-left Y/ { print id, x, $NF, size; found = 1; exit }
+        /Absolute upper-left Y/ { print id, x, $NF, size; found = 1 }
         END { exit !found }'
 }
 window_id() {

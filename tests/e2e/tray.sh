@@ -1,12 +1,14 @@
 # SPDX-License-Identifier: MIT
 # A tray of the old kind (XEmbed), the program's icon in it, and its menu. Sourced after desk.sh.
 
-# The icon's place on the screen as "left top width height"; what a tray has taken lies deeper than other windows.
+# Readers read to the end: one that leaves early would end the writer with a signal, which counts as a failure.
+
+# The icon's place on the screen as "left top width height"; smaller than any window of that title.
 icon_place() {
     xwininfo -root -tree | awk '
         $2 ~ /^"Torvane":$/ && match($0, /[0-9]+x[0-9]+[+-][0-9]+[+-][0-9]+ +[+-][0-9]+[+-][0-9]+$/) {
             split(substr($0, RSTART), at, /[x+ ]+/)
-            if (at[1] > 10) { print at[5], at[6], at[1], at[2]; found = 1; exit }
+            if (at[1] > 10 && at[1] < 100 && !found) { print at[5], at[6], at[1], at[2]; found = 1 }
         }
         END { exit !found }'
 }
@@ -32,10 +34,9 @@ menu_place() {
     xdotool search --onlyvisible --class torvane getwindowgeometry --shell %@ 2>/dev/null |
         awk -F= -v sizes="$(sizes_of_windows | tr '\n' ';')" '
             { value[$1] = $2 }
-            $1 == "HEIGHT" && $2 > 60 && index(";" sizes, ";" value["WIDTH"] " " $2 ";") == 0 {
+            !found && $1 == "HEIGHT" && $2 > 60 && index(";" sizes, ";" value["WIDTH"] " " $2 ";") == 0 {
                 print value["X"], value["Y"], value["WIDTH"], $2
                 found = 1
-                exit
             }
             END { exit !found }'
 }
