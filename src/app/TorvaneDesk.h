@@ -44,7 +44,6 @@ private:
                 ///< screen
     };
     void handOver(Window owner, Window heir, Heir kind);
-    /// Gives the focus to a window that is on screen without a place in the task bar.
     /// Loads the window that the start shows.
     Form* loadFirst(Window first);
     /// Selects the first game, whatever is wrong with it.

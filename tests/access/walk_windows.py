@@ -291,6 +291,20 @@ def short_database(walk):
             file.write(b"byn\xa7" + title + b"\xa7Acme\xa722/11/2026\xa7What it is\xa7USER\xa7somebody\r\n")
 
 
+def opens_tool(walk, program, words, title, name):
+    """Presses a button of the main window, and looks at the window that it opens, `name` in the catalogue."""
+    walk.press(program.window(MAIN), "MainFrm", words)
+    window = program.window(title)
+    walk.look(window, name)
+    return window
+
+
+def check_page(opened, name):
+    """The browser gets the page of that file name; `opened` is where it writes addresses to."""
+    wait_for("an address", lambda: os.path.exists(opened))
+    check_equal(os.path.basename(content(opened).decode()), name)
+
+
 def record_addresses(walk):
     """Gives the file that the program's browser writes addresses to."""
     folder = os.path.join(walk.outside, "bin")
@@ -348,8 +362,7 @@ def uses_entry(walk, program, window):
 
 def publishes(walk, window, opened):
     walk.press(window, "EditDB", "Publish a ROM.TAG")
-    wait_for("an address", lambda: os.path.exists(opened))
-    check_equal(os.path.basename(content(opened).decode()), "modules-name-online_db-file-input_db.html")
+    check_page(opened, "modules-name-online_db-file-input_db.html")
 
 
 def database(walk):
@@ -412,9 +425,7 @@ def gallery(walk):
     walk.fill_library(["a.gb"])
     folder = fill_gallery(walk)
     with walk.start(Intro=0) as program:
-        walk.press(program.window(MAIN), "MainFrm", "Image gallery")
-        window = program.window(GALLERY)
-        walk.look(window, "Compartir")
+        window = opens_tool(walk, program, "Image gallery", GALLERY, "Compartir")
         walk.check("pictures are stepped through", steps_through_gallery, walk, window)
         walk.check("a picture is enlarged", views_enlarged, walk, program, window)
         walk.press(window, "Compartir", "Print the screenshot")
@@ -461,8 +472,7 @@ def searches_web(walk, program, opened):
             "two words")
     walk.press(search, "SearchROM", "Search")
     program.wait_gone(WEB_SEARCH)
-    wait_for("an address", lambda: os.path.exists(opened))
-    check_equal(os.path.basename(content(opened).decode()), "modules-name-Edonkey-d_op-search-query.html")
+    check_page(opened, "modules-name-Edonkey-d_op-search-query.html")
 
 
 def searches(walk):
@@ -527,8 +537,7 @@ def chooses_language(walk, program, panel):
     answer_box(program, "Torvane 1.1", "Yes")
     wait_for("the file's end", lambda: not os.path.exists(added))
     walk.press(window, "SelLang", "More languages")
-    wait_for("an address", lambda: os.path.exists(opened))
-    check_equal(os.path.basename(content(opened).decode()), "index-section-tv_langfiles.html")
+    check_page(opened, "index-section-tv_langfiles.html")
     walk.press(window, "SelLang", "Close window")
     program.wait_gone(LANGUAGE_CHOICE)
     walk.press(panel, "ConfigNew", "Languages")
@@ -543,9 +552,7 @@ def chooses_language(walk, program, panel):
 def settings(walk):
     walk.fill_library(["a.gb"])
     with walk.start(Intro=0) as program:
-        walk.press(program.window(MAIN), "MainFrm", "Configuration")
-        panel = program.window(PANEL)
-        walk.look(panel, "ConfigNew")
+        panel = opens_tool(walk, program, "Configuration", PANEL, "ConfigNew")
         walk.check("options are changed", changes_options, walk, program, panel)
         walk.check("the version is checked", checks_version, walk, program, panel)
         walk.check("the assistant is opened", opens_assistant, walk, program, panel)
@@ -557,17 +564,14 @@ def settings(walk):
 
 def reports_bug(walk, window, opened):
     walk.press(window, "Aboutfrm", "Report the bug")
-    wait_for("an address", lambda: os.path.exists(opened))
-    check_equal(os.path.basename(content(opened).decode()), "torvane-section-bugcenter.html")
+    check_page(opened, "torvane-section-bugcenter.html")
 
 
 def about(walk):
     walk.fill_library(["a.gb"])
     opened = record_addresses(walk)
     with walk.start(Intro=0) as program:
-        walk.press(program.window(MAIN), "MainFrm", "About…")
-        window = program.window(ABOUT)
-        walk.look(window, "Aboutfrm")
+        window = opens_tool(walk, program, "About…", ABOUT, "Aboutfrm")
         walk.check("the page for bugs opens", reports_bug, walk, window, opened)
         walk.press(window, "Aboutfrm", "Close window")
         program.wait_gone(ABOUT)
@@ -604,9 +608,7 @@ def web_list(walk):
     walk.fill_library(["a.gb"])
     opened = record_addresses(walk)
     with walk.start(Intro=0) as program:
-        walk.press(program.window(MAIN), "MainFrm", "Web directory")
-        window = program.window(WEB_LIST)
-        walk.look(window, "URL")
+        window = opens_tool(walk, program, "Web directory", WEB_LIST, "URL")
         walk.check("a page is added", adds_web_page, walk, program, window)
         walk.check("a page is deleted", deletes_web_page, walk, program, program.window(WEB_LIST))
         walk.press(program.window(WEB_LIST), "URL", "Look for new links")

@@ -33,7 +33,7 @@ public:
     void Hide();
     /// Brings a window that is shown in front of all others, out of the task bar if it is minimised.
     void bringToFront();
-    /// Takes the focus of an owned window that has closed: window managers think of the task bar's alone.
+    /// Takes the focus of an owned window that has closed. Needs no call for windows of the task bar.
     void takeFocusOfClosed();
     /// Closes the window for good: it is hidden, runs its last handler and lets its owner drop it.
     void Unload();
