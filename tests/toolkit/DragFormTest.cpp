@@ -43,6 +43,14 @@ QPoint placeOf(const QWidget& window) {
     return {number("X"), number("Y")};
 }
 
+// The window manager takes the pointer some time after the press, and sees no move that came before that: so
+// the hand trembles a bit.
+QPoint placeAfterMove(const QWidget& window, QPoint pointer) {
+    moveTo(pointer + QPoint(1, 1));
+    moveTo(pointer);
+    return placeOf(window);
+}
+
 // Whether the window manager takes care of windows: it needs a moment to begin.
 bool isManaged() {
     QWidget probe;
@@ -78,10 +86,8 @@ private slots:
         moveTo(hold);
         hand({QStringLiteral("mousedown"), QStringLiteral("1")});
         QTRY_VERIFY(form.isPressed);
-        for (const QPoint by : {QPoint(10, 5), QPoint(60, 40)}) {
-            moveTo(hold + by);
-            QTRY_COMPARE(placeOf(form), QPoint(100, 100) + by);
-        }
+        for (const QPoint by : {QPoint(10, 5), QPoint(60, 40)})
+            QTRY_COMPARE(placeAfterMove(form, hold + by), QPoint(100, 100) + by);
         hand({QStringLiteral("mouseup"), QStringLiteral("1")});
         QTRY_COMPARE(form.pos(), QPoint(160, 140));
         moveTo(hold);
