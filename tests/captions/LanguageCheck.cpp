@@ -128,7 +128,14 @@ QStringList LanguageCheck::tooLong(const Texts& texts) {
     return faults;
 }
 
+// Two files of one language differ in few texts.
 bool LanguageCheck::isWhole(const Caption& caption, const QString& words) {
+    const QStringList key{caption.window, caption.control, words};
+    const auto known = m_whole.constFind(key);
+    return known != m_whole.constEnd() ? *known : *m_whole.insert(key, measure(caption, words));
+}
+
+bool LanguageCheck::measure(const Caption& caption, const QString& words) {
     const auto form = m_forms.find(caption.window);
     if (form == m_forms.end()) qFatal("no such window: %s", qPrintable(caption.window));
     auto* part = form->second->findChild<QWidget*>(caption.control.section(QLatin1Char('#'), 0, 0));

@@ -37,11 +37,13 @@ private:
     Texts textsOf(const QByteArray& bytes, QStringList& faults) const;
     QStringList tooLong(const Texts& texts);
     bool isWhole(const Caption& caption, const QString& words);
+    bool measure(const Caption& caption, const QString& words);
 
     FakeDesktop m_desktop;
     std::map<QString, std::unique_ptr<Form>> m_forms;
     QHash<QString, QString> m_names; // the keys that windows ask for, as they spell them, by those of Texts
     QList<Caption> m_captions;
+    QHash<QStringList, bool> m_whole; // what has been measured: by window, control and words
 };
 
 } // namespace torvane
