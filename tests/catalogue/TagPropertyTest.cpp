@@ -15,8 +15,8 @@
 using namespace torvane;
 
 namespace {
-constexpr int usualTags = 100'000;
-constexpr int files = 2000; // each is synced four times
+constexpr int usualTags = 50'000;
+constexpr int files = 1000; // each is synced four times
 
 int tagCount() {
     const int wanted = qEnvironmentVariableIntValue("TORVANE_TAGS");

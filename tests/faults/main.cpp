@@ -6,13 +6,16 @@
 //   kills   (long only) 10,000 kills at random instants
 // Prints violations and a table in Markdown; ends with 0 if there were none, 1 if there were, 2 if it could
 // not be tried. TORVANE_FAULTS_FOLDER names a folder to work in; by default that is in memory if possible.
+// TORVANE_FAULTS_OPERATIONS, a regular expression, leaves out all operations that it does not match.
 #include "EveryCall.h"
 #include "OtherRounds.h"
 #include "PowerLoss.h"
 #include "RandomKills.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <regex>
 #include <set>
 #include <sys/stat.h>
 
@@ -37,6 +40,18 @@ public:
     }
 
 private:
+    std::vector<Situation> situations(qsizetype size, const Standings& standings) {
+        return chosen(faults::situations(m_workshop, m_parts, size, standings));
+    }
+    std::vector<Situation> imports(qsizetype size, const Standings& standings, bool isLarge) {
+        return chosen(faults::imports(m_workshop, m_parts, size, standings, isLarge));
+    }
+    std::vector<Situation> chosen(std::vector<Situation> all) const {
+        std::erase_if(all,
+                      [this](const Situation& one) { return !std::regex_match(one.operation, m_chosen); });
+        return all;
+    }
+
     void calls() {
         Runner runner(m_workshop, m_tally);
         strikeAll(runner, 32 * kibibyte, m_isLong ? everyStanding : extremes);
@@ -52,21 +67,21 @@ private:
     void strikeTwo(Runner& runner) {
         const std::set<std::string> operations = {"StripRomTag", "AppendRomTag", "SaveRomTag"};
         const Standings& standings = m_isLong ? extremes : onlyLonger;
-        for (const Situation& situation : situations(m_workshop, m_parts, 4 * kibibyte, standings)) {
+        for (const Situation& situation : situations(4 * kibibyte, standings)) {
             if (operations.count(situation.operation) == 0) continue;
             strikeEveryTwoCalls(runner, situation, !m_isLong);
         }
     }
 
     void strikeImports(Runner& runner, qsizetype size, const Standings& standings, bool isLarge) {
-        for (const Situation& situation : imports(m_workshop, m_parts, size, standings, isLarge)) {
+        for (const Situation& situation : imports(size, standings, isLarge)) {
             runner.run(situation, {});
             strikeEveryCall(runner, situation, !m_isLong);
         }
     }
 
     void strikeAll(Runner& runner, qsizetype size, const Standings& standings) {
-        for (const Situation& situation : situations(m_workshop, m_parts, size, standings)) {
+        for (const Situation& situation : situations(size, standings)) {
             if (isOnSmallFile(situation.operation) && size >= mebibyte) continue;
             runner.run(situation, {});
             strikeEveryCall(runner, situation, !m_isLong);
@@ -75,14 +90,12 @@ private:
 
     void power() {
         const qsizetype uneven = 4 * kibibyte + 300; // so that an appended line crosses more disk blocks
-        failPowerIn(situations(m_workshop, m_parts, uneven, everyStanding), m_isLong);
-        failPowerIn(situations(m_workshop, m_parts, 32 * kibibyte, m_isLong ? everyStanding : onlyLonger),
-                    false);
-        failPowerIn(imports(m_workshop, m_parts, kibibyte, m_isLong ? everyStanding : extremes, false),
-                    false);
+        failPowerIn(situations(uneven, everyStanding), m_isLong);
+        failPowerIn(situations(32 * kibibyte, m_isLong ? everyStanding : onlyLonger), false);
+        failPowerIn(imports(kibibyte, m_isLong ? everyStanding : extremes, false), false);
         if (!m_isLong) return;
-        failPowerIn(situations(m_workshop, m_parts, 4 * kibibyte, everyStanding), false);
-        failPowerIn(imports(m_workshop, m_parts, kibibyte, extremes, true), false);
+        failPowerIn(situations(4 * kibibyte, everyStanding), false);
+        failPowerIn(imports(kibibyte, extremes, true), false);
     }
 
     void failPowerIn(const std::vector<Situation>& all, bool alsoAfterFaults) {
@@ -93,11 +106,10 @@ private:
     }
 
     void kills() {
-        auto all = situations(m_workshop, m_parts, 32 * kibibyte, extremes);
-        for (const Situation& one : situations(m_workshop, m_parts, 8 * mebibyte, extremes))
-            all.push_back(one);
+        auto all = situations(32 * kibibyte, extremes);
+        for (const Situation& one : situations(8 * mebibyte, extremes)) all.push_back(one);
         for (const bool isLarge : {false, true}) {
-            const auto games = imports(m_workshop, m_parts, 32 * kibibyte, extremes, isLarge);
+            const auto games = imports(32 * kibibyte, extremes, isLarge);
             all.insert(all.end(), games.begin(), games.end());
         }
         killAtRandom(m_workshop, m_tally, all, 10'000);
@@ -107,6 +119,12 @@ private:
     Workshop m_workshop;
     ProgramParts m_parts{m_workshop};
     Tally m_tally;
+    std::regex m_chosen = chosenByUser();
+
+    static std::regex chosenByUser() {
+        const char* given = std::getenv("TORVANE_FAULTS_OPERATIONS");
+        return std::regex(given ? given : ".*");
+    }
 };
 } // namespace
 
