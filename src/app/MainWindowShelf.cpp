@@ -85,8 +85,6 @@ void MainWindowShelf::markRow(int row) { window().ListView1.markRow(row); }
 
 float MainWindowShelf::listPage() { return static_cast<float>(window().Picture2.height()); }
 
-float MainWindowShelf::listTop() { return window().ListView1.Top(); }
-
 void MainWindowShelf::setListTop(float pixels) { window().ListView1.setTopForCurrent(pixels); }
 
 QRect MainWindowShelf::screen() { return Screen::geometryOf(window()); }

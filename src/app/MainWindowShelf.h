@@ -26,7 +26,6 @@ public:
     int rowOf(const QString& title) override;
     void markRow(int row) override;
     float listPage() override;
-    float listTop() override;
     void setListTop(float pixels) override;
     void setTakesInput(bool takes) override;
 

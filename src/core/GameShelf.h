@@ -52,9 +52,8 @@ public:
     virtual void markRow(int row) = 0;
     /// The height of a page of the list, in pixels.
     virtual float listPage() = 0;
-    /// The upper edge of the list within its panel, in pixels, as it was last set. If the marked row would be
-    /// out of sight there, the user sees it all the same.
-    virtual float listTop() = 0;
+    /// Sets the upper edge of the list within its panel, in pixels. If the marked row would be out of sight
+    /// there, the user sees it all the same.
     virtual void setListTop(float pixels) = 0;
     /// Keeps the main window from taking input while a question is open, or lets it take input again if the
     /// user can see it. Does nothing while there is no main window.

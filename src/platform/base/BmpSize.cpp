@@ -50,7 +50,7 @@ bool reachesEnd(PictureBytes& bytes, bool areNibbles) {
         const int count = bytes.byte();
         const int code = bytes.byte();
         if (count != 0 || code == endOfLine) continue;
-        if (code == endOfPicture) return !bytes.isCut();
+        if (code == endOfPicture) return true;
         if (code == move) {
             bytes.skip(2);
         } else {
