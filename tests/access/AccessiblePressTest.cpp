@@ -36,7 +36,7 @@ void describe(QAccessibleInterface& part, const QString& indent, QStringList& st
     }
 }
 
-// All that a user, the disk and the outside can tell of a program.
+// All that a press changes: on the screen, on the disk and outside of the program.
 QString storyOf(Opened& opened) {
     QStringList story;
     for (QWidget* window : QApplication::topLevelWidgets()) {

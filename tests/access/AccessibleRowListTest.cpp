@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A list as an assistive tool finds it on its window. What Qt's view inside tells is in RowListAccessTest.
+// A list as an assistive tool finds it on its window. What Qt's view inside reports is in RowListAccessTest.
 #include "platform/forms/ColumnListView.h"
 #include "platform/forms/ListView.h"
 #include "support/AccessibleTree.h"

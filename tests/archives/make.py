@@ -206,11 +206,11 @@ LIST = [
      {**ALL, "ro.gb": b"rom"}),
     # False values about the data.
     ("crc", "a checksum is wrong", archive(E("a.gb", LONG, crc=1), E("b.gb", LONG, DEFLATED, crc=1), GAME), ALL),
-    ("size-larger", "sizes are told too large", archive(
+    ("size-larger", "sizes are given too large", archive(
         E("a.gb", LONG, DEFLATED, size=900), E("b.gb", LONG, size=900), GAME), ALL),
-    ("size-smaller", "sizes are told too small", archive(
+    ("size-smaller", "sizes are given too small", archive(
         E("a.gb", LONG, DEFLATED, size=10), E("b.gb", LONG, DEFLATED, size=0), GAME), ALL),
-    ("packed-larger", "packed sizes reach behind the end; a deflated one ends by itself", archive(
+    ("packed-larger", "packed sizes reach beyond the end; a deflated one ends by itself", archive(
         E("a.gb", LONG, DEFLATED, packed_size=1 << 30), E("b.gb", LONG, packed_size=1 << 30), GAME), {**ALL, "a.gb": LONG}),
     ("packed-smaller", "packed sizes cut what comes", archive(
         E("a.gb", LONG, DEFLATED, packed_size=100), E("b.gb", LONG, packed_size=100), GAME), ALL),
@@ -222,10 +222,10 @@ LIST = [
         E("b.gb", LONG, BZIP2, raw=packed(LONG, BZIP2)[:-60]), GAME), ALL),
     ("endless-nothing", "a packed stream of empty blocks", archive(
         E("a.gb", b"a", DEFLATED, raw=b"\0\0\0\xff\xff" * 2000), GAME), ALL),
-    ("local-name", "the header before the data tells another name", archive(
+    ("local-name", "the header before the data has another name", archive(
         E("a.gb", local_name_bytes=b"../out.gb"), E("b.gb", local_name_bytes=b""), GAME),
      {**ALL, "a.gb": b"rom", "b.gb": b"rom"}),
-    ("local-lies", "the header before the data tells other sizes", archive(
+    ("local-lies", "the header before the data has other sizes", archive(
         E("a.gb", LONG, DEFLATED, local_size=1, local_packed_size=1, local_crc=1), GAME), {**ALL, "a.gb": LONG}),
     ("local-missing", "there is no header where an entry is to begin", archive(
         E("a.gb", offset=3), E("b.gb", offset=0x7FFFFFFF), E("c.gb", offset=0xFFFFFFFE), GAME), ALL),
@@ -234,10 +234,10 @@ LIST = [
      {"a.gb": LONG, "b.gb": LONG}),
     ("inside-out", "an entry reaches over the directory to the end", archive(
         E("a.gb", b"rom", packed_size=400, size=400), GAME), ALL),
-    ("descriptor", "nothing: sizes stand behind the data", archive(
+    ("descriptor", "nothing: sizes are after the data", archive(
         E("a.gb", LONG, DEFLATED, flags=DESCRIPTOR, local_crc=0, local_size=0, local_packed_size=0,
           behind=descriptor(LONG)), GAME), {**ALL, "a.gb": LONG}),
-    ("descriptor-lies", "what stands behind the data is wrong", archive(
+    ("descriptor-lies", "what is after the data is wrong", archive(
         E("a.gb", LONG, flags=DESCRIPTOR, behind=descriptor(b"", 1)), GAME), {**ALL, "a.gb": LONG}),
     ("claims-4g", "an entry calls itself 4 GiB large", archive(E("a.gb", LONG, DEFLATED, size=0xFFFFFFFE), GAME), ALL),
     ("claims-8e", "an entry calls itself larger than any disk", archive(
@@ -250,7 +250,7 @@ LIST = [
     ("methods", "entries are packed in rare ways", archive(
         E("shrunk", method=1), E("imploded", method=6), E("deflate64", method=9), E("ppmd", method=98),
         E("zstd", method=93), E("unknown", method=77), E("lzma.gb", LONG, LZMA), E("xz", method=95), GAME), ALL),
-    ("method-lies", "stored is told as deflated, and the other way", archive(
+    ("method-lies", "stored is declared as deflated, and the other way", archive(
         E("a.gb", LONG, method=STORED, raw=packed(LONG, DEFLATED)), E("b.gb", LONG, DEFLATED, raw=LONG), GAME), ALL),
     # Several disks, long archives.
     ("disks", "it is one of several disks", archive(GAME, disk=1), {}),
@@ -259,8 +259,8 @@ LIST = [
     ("zip64", "nothing: records of 64 bits", archive(
         GAME, E("b.gb", LONG, DEFLATED, size=0xFFFFFFFF, packed_size=0xFFFFFFFF,
                 extra=sizes64(len(LONG), len(packed(LONG, DEFLATED)))), zip64={}), {**ALL, "b.gb": LONG}),
-    ("zip64-count", "it tells of more entries than there are bytes", archive(GAME, zip64={"count": 1 << 40}), {}),
-    ("zip64-many", "it tells of a million entries", archive(GAME, zip64={"count": 1_000_000}), {}),
+    ("zip64-count", "it claims more entries than there are bytes", archive(GAME, zip64={"count": 1 << 40}), {}),
+    ("zip64-many", "it claims a million entries", archive(GAME, zip64={"count": 1_000_000}), {}),
     ("zip64-place", "its record of 64 bits lies nowhere", archive(GAME, zip64={"record": 1 << 62}), {}),
     ("zip64-minus", "its record of 64 bits lies before the beginning", archive(GAME, zip64={"record": 2**64 - 8}), {}),
     ("zip64-field", "a field of 64 bits is too short", archive(
@@ -270,22 +270,22 @@ LIST = [
      {**ALL, "a.gb": LOCATOR, "b.gb": LOCATOR + end(1, 1, 1)}),
     ("locators-data", "nothing: a game holds signs of locators and ends in one", archive(
         GAME, E("a.gb", b"PK\6\7" * 99)), {**ALL, "a.gb": b"PK\6\7" * 99}),
-    ("locator-many", "nothing: a game tells of a million entries where no archive ends", archive(
+    ("locator-many", "nothing: a game claims a million entries where no archive ends", archive(
         E("a.gb", MANY), E("b.gb", LOCATOR), GAME), {**ALL, "a.gb": MANY, "b.gb": LOCATOR}),
     # The directory and its end.
-    ("count-larger", "it tells of more entries than it has", archive(GAME, count=9), {}),
-    ("count-smaller", "it tells of fewer entries than it has", archive(GAME, E("b.gb"), count=1), {}),
+    ("count-larger", "it claims more entries than it has", archive(GAME, count=9), {}),
+    ("count-smaller", "it claims fewer entries than it has", archive(GAME, E("b.gb"), count=1), {}),
     ("directory-place", "its directory lies elsewhere", archive(GAME, offset=3), {}),
     ("directory-behind", "its directory reaches over its end", archive(GAME, size=5000), {}),
-    ("directory-short", "its directory is told too small", archive(GAME, size=20), {}),
-    ("extra-behind", "extra fields reach behind the directory", archive(
+    ("directory-short", "its directory is given too small", archive(GAME, size=20), {}),
+    ("extra-behind", "extra fields reach beyond the directory", archive(
         GAME, E("a.gb", extra=struct.pack("<HH", 0xCAFE, 0xFFFF))), {}),
-    ("comment-long", "its comment is told too long", archive(GAME, comment=b"c", comment_length=500), [{}, ALL]),
+    ("comment-long", "its comment is given too long", archive(GAME, comment=b"c", comment_length=500), [{}, ALL]),
     ("comment-end", "its comment holds another end", archive(GAME, comment=end(0, 0, 0)), [{}, ALL]),
-    ("behind", "garbage stands behind it", archive(GAME, tail=b"\0garbage" * 40), ALL),
+    ("behind", "garbage follows it", archive(GAME, tail=b"\0garbage" * 40), ALL),
     ("in-front", "nothing: a program stands in front", archive(GAME, prefix=b"#!/bin/sh\nexit\n"), ALL),
     ("in-front-unminded", "a program stands in front that no place takes into account", b"MZ" + SOUND, {}),
-    ("two-archives", "an archive stands behind another one", SOUND + archive(E("b.gb"), shift=len(SOUND)),
+    ("two-archives", "an archive follows another one", SOUND + archive(E("b.gb"), shift=len(SOUND)),
      [{"b.gb": b"rom"}, ALL]),
     ("within", "nothing: an archive lies in an archive", archive(E("in.zip", SOUND)), {"in.zip": SOUND},
      "nothingWanted"),

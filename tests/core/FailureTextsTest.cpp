@@ -24,7 +24,7 @@ class FailureTextsTest : public FileFixture {
             QStringLiteral(TORVANE_TREE_DIR "/data/lang/lang_%1.tvl").arg(QLatin1String(code));
     }
     // What a user is shown of a failed action; empty if it does not fail.
-    QString told(const std::function<void()>& action) const {
+    QString reported(const std::function<void()>& action) const {
         try {
             action();
         } catch (const RuntimeFailure& failure) {
@@ -32,7 +32,7 @@ class FailureTextsTest : public FileFixture {
         }
         return {};
     }
-    QString toldOf(RuntimeFailure::Number number) const {
+    QString reportOf(RuntimeFailure::Number number) const {
         return texts.of(RuntimeFailure(number).about(QStringLiteral("C:\\roms/a b.gb")));
     }
 
@@ -43,11 +43,11 @@ private slots:
     }
 
     void a_text_has_the_bare_name_the_reason_and_the_number() {
-        QCOMPARE(toldOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: the disk is full (61)"));
+        QCOMPARE(reportOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: the disk is full (61)"));
         use("esp");
-        QCOMPARE(toldOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: el disco está lleno (61)"));
+        QCOMPARE(reportOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: el disco está lleno (61)"));
         use("cat");
-        QCOMPARE(toldOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: el disc és ple (61)"));
+        QCOMPARE(reportOf(RuntimeFailure::diskFull), QStringLiteral("a b.gb: el disc és ple (61)"));
     }
     void a_folder_that_is_spelled_with_its_separator_is_named_too() {
         const RuntimeFailure failure(RuntimeFailure::pathNotFound);
@@ -85,8 +85,8 @@ private slots:
         QCOMPARE(QSet<QString>(all.begin(), all.end()).size(), 3);
     }
     void a_number_without_words_has_its_own_text() {
-        QCOMPARE(toldOf(RuntimeFailure::overflow), QStringLiteral("a b.gb: Overflow (6)"));
-        QCOMPARE(toldOf(RuntimeFailure::subscript), QStringLiteral("a b.gb: Subscript out of range (9)"));
+        QCOMPARE(reportOf(RuntimeFailure::overflow), QStringLiteral("a b.gb: Overflow (6)"));
+        QCOMPARE(reportOf(RuntimeFailure::subscript), QStringLiteral("a b.gb: Subscript out of range (9)"));
     }
     void a_failure_about_no_file_has_the_text_of_the_error_box() {
         QCOMPARE(texts.of(RuntimeFailure(RuntimeFailure::subscript)),
@@ -95,7 +95,7 @@ private slots:
     void a_name_of_any_bytes_is_shown() {
         const QString path = folder->writeNative("%1 \xFF\\(9).gb", "rom");
         QCOMPARE(
-            told([&] { ID3::StripRomTag(path); }),
+            reported([&] { ID3::StripRomTag(path); }),
             QStringLiteral("%1 \uFFFD\\(9).gb: its ROM.TAG can’t be understood, so it stays as it was (9)"));
     }
     void a_file_that_is_named_keeps_its_name() {
@@ -119,49 +119,49 @@ private slots:
         QFETCH(int, number);
         const QString path = write("a.gb", bytes);
         QCOMPARE(
-            told([&] { ID3::StripRomTag(path); }),
+            reported([&] { ID3::StripRomTag(path); }),
             QStringLiteral("a.gb: its ROM.TAG can’t be understood, so it stays as it was (%1)").arg(number));
         const QString longer = write("b.gb", QByteArray(2048, 'r') + bytes);
         ID3 id3(globals, language, messages);
         QCOMPARE(
-            told([&] { id3.ReplaceRomTag(longer, {}, {}, {}, {}); }),
+            reported([&] { id3.ReplaceRomTag(longer, {}, {}, {}, {}); }),
             QStringLiteral("b.gb: its ROM.TAG can’t be understood, so it stays as it was (%1)").arg(number));
         if (!bytes.contains("ID3TAG")) return;
         QCOMPARE(
-            told([&] { id3.SaveRomTag(path, [] {}); }),
+            reported([&] { id3.SaveRomTag(path, [] {}); }),
             QStringLiteral("a.gb: its ROM.TAG can’t be understood, so it stays as it was (%1)").arg(number));
     }
     void a_missing_game_is_named_by_every_action() {
         const QString gone = at("gone.gb");
         const QString expected = QStringLiteral("gone.gb: it doesn’t exist (53)");
         ID3 id3(globals, language, messages);
-        QCOMPARE(told([&] { ID3::StripRomTag(gone); }), expected);
-        QCOMPARE(told([&] { id3.SaveRomTag(gone, [] {}); }), expected);
-        QCOMPARE(told([&] { id3.AppendRomTag(gone); }), expected);
-        QCOMPARE(told([&] { id3.ReplaceRomTag(gone, {}, {}, {}, {}); }), expected);
-        QCOMPARE(told([&] { (void)id3.HasRomTag(gone); }), expected);
-        QCOMPARE(told([&] { File::remove(gone); }), expected);
-        QCOMPARE(told([&] { SafeFile::copy(gone, at("copy.gb")); }), expected);
-        QCOMPARE(told([&] { FileCopies(folder->path(), [] {}).add(gone, QStringLiteral("copy.gb")); }),
+        QCOMPARE(reported([&] { ID3::StripRomTag(gone); }), expected);
+        QCOMPARE(reported([&] { id3.SaveRomTag(gone, [] {}); }), expected);
+        QCOMPARE(reported([&] { id3.AppendRomTag(gone); }), expected);
+        QCOMPARE(reported([&] { id3.ReplaceRomTag(gone, {}, {}, {}, {}); }), expected);
+        QCOMPARE(reported([&] { (void)id3.HasRomTag(gone); }), expected);
+        QCOMPARE(reported([&] { File::remove(gone); }), expected);
+        QCOMPARE(reported([&] { SafeFile::copy(gone, at("copy.gb")); }), expected);
+        QCOMPARE(reported([&] { FileCopies(folder->path(), [] {}).add(gone, QStringLiteral("copy.gb")); }),
                  expected);
     }
     void a_copy_that_has_no_place_names_its_target() {
         const QString source = write("a.gb", "rom");
-        QCOMPARE(told([&] { SafeFile::copy(source, at("gone/b.gb")); }),
+        QCOMPARE(reported([&] { SafeFile::copy(source, at("gone/b.gb")); }),
                  QStringLiteral("gone: it doesn’t exist (53)"));
-        QCOMPARE(told([&] { SafeFile::copy(source, source); }),
+        QCOMPARE(reported([&] { SafeFile::copy(source, source); }),
                  QStringLiteral("a.gb: a file can’t be copied onto itself (70)"));
         folder->makeFolder(QStringLiteral("c.gb"));
         QCOMPARE(
-            told([&] { SafeFile::copy(source, at("c.gb")); }),
+            reported([&] { SafeFile::copy(source, at("c.gb")); }),
             QStringLiteral("c.gb: it is no ordinary file, or it is on a disk that can’t be written to (75)"));
     }
     void a_full_disk_names_the_file_that_was_written() {
         const QString source = write("a.gb", QByteArray(5000, 'r'));
         const FullDisk full(100);
-        QCOMPARE(told([&] { SafeFile::copy(source, at("b.gb")); }),
+        QCOMPARE(reported([&] { SafeFile::copy(source, at("b.gb")); }),
                  QStringLiteral("b.gb: the disk is full (61)"));
-        QCOMPARE(told([&] { SafeFile::replace(at("c.gb"), QByteArray(5000, 'r')); }),
+        QCOMPARE(reported([&] { SafeFile::replace(at("c.gb"), QByteArray(5000, 'r')); }),
                  QStringLiteral("c.gb: the disk is full (61)"));
     }
     void a_game_that_another_program_writes_to_says_so() {
@@ -169,7 +169,7 @@ private slots:
                                            "3\xA7\r\n");
         QFile other(path);
         QVERIFY(other.open(QIODevice::Append));
-        QCOMPARE(told([&] { ID3::StripRomTag(path); }),
+        QCOMPARE(reported([&] { ID3::StripRomTag(path); }),
                  QStringLiteral("a.gb: another program is writing to it (70)"));
     }
     void a_game_that_changes_meanwhile_says_so() {
@@ -182,7 +182,7 @@ private slots:
             write("a.gb", "other");
             change.commit({"ours"});
         };
-        QCOMPARE(told([&] { aboutFile(path, replaced); }),
+        QCOMPARE(reported([&] { aboutFile(path, replaced); }),
                  QStringLiteral("a.gb: another program has just changed it (70)"));
     }
 };

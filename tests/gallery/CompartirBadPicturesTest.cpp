@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The gallery with files that can't be shown: a click keeps what there was, a step describes the file beside
-// the picture before it, and a notice tells the user in both cases.
+// the picture before it, and a notice says so in both cases.
 #include "support/OpenedGallery.h"
 #include "support/TestMain.h"
 

@@ -114,7 +114,7 @@ private slots:
         check();
         expectNothingNew(2);
     }
-    void the_failure_is_told_in_the_language() {
+    void the_failure_is_reported_in_the_language() {
         world().useLanguage("cat");
         openPanel();
         check();

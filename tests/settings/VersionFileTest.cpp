@@ -104,7 +104,7 @@ private slots:
         globals.setVersion(u"3.0"_s);
         QVERIFY(!file.isNews(u"1.9.5"_s));
     }
-    void the_file_in_the_tree_tells_this_version() {
+    void the_file_in_the_tree_has_this_version() {
         QFile shared(QStringLiteral(TORVANE_TREE_DIR "/data/site/tv_version.txt"));
         QVERIFY(shared.open(QIODevice::ReadOnly));
         globals.setVersion(QStringLiteral(TORVANE_VERSION));

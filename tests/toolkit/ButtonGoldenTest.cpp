@@ -38,8 +38,8 @@ const GroupPictures& picturesOf(const SheetGroup& group) {
     return known[group.name] = pictures;
 }
 
-QString told(const PixelDifference& difference) {
-    const QString colours = QStringLiteral("%1 in place of %2")
+QString inWords(const PixelDifference& difference) {
+    const QString colours = QStringLiteral("%1 instead of %2")
                                 .arg(QColor(difference.painted).name(), QColor(difference.wanted).name());
     return QStringLiteral("%1 pixels differ, the first at (%2, %3): %4")
         .arg(difference.count)
@@ -101,7 +101,7 @@ private slots:
         QVERIFY2(pictures.golden.rect().contains(area),
                  qPrintable(QStringLiteral("no such cell in the golden image") + whereToLook(shown)));
         const PixelDifference difference = differenceIn(area, pictures.golden, pictures.painted);
-        QVERIFY2(difference.count == 0, qPrintable(told(difference) + whereToLook(shown)));
+        QVERIFY2(difference.count == 0, qPrintable(inWords(difference) + whereToLook(shown)));
     }
 
     // What a person sees in the sheet program is what these images hold.
@@ -123,7 +123,7 @@ private slots:
         const QImage& golden = picturesOf(shown).golden;
         QCOMPARE(image.size(), golden.size());
         const PixelDifference difference = differenceIn(golden.rect(), golden, image);
-        QVERIFY2(difference.count == 0, qPrintable(told(difference)));
+        QVERIFY2(difference.count == 0, qPrintable(inWords(difference)));
     }
 
     void cleanupTestCase() { m_sheet.reset(); }

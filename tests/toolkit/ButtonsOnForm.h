@@ -44,7 +44,7 @@ struct ButtonForm : PanelForm {
     void release(Qt::MouseButton button = Qt::LeftButton, QPoint place = middle) {
         send(QEvent::MouseButtonRelease, place, button, Qt::NoButton);
     }
-    /// The pointer goes to a place, seen from the first button, and tells it.
+    /// Moves the pointer to a place, counted from the first button, which gets the event.
     void point(QPoint place, Qt::MouseButtons held = Qt::NoButton) {
         QCursor::setPos(first.mapToGlobal(place));
         QCoreApplication::processEvents();

@@ -39,7 +39,7 @@ inline int pixelsIn(const QImage& image, OleColour colour) {
     return count;
 }
 
-/// Words that are told in hexadecimal when they differ.
+/// Colours as six hexadecimal digits, so that a failed comparison shows them.
 inline QByteArray hex(OleColour colour) { return QByteArray::number(colour, 16).rightJustified(6, '0'); }
 
 } // namespace torvane

@@ -230,7 +230,7 @@ private slots:
                  sameByRight.value(language + '=' + other).join('\n'));
     }
 
-    // The windows put the sign "»" behind these texts by themselves.
+    // The windows add the sign "»" after these texts by themselves.
     void no_text_brings_the_sign_that_its_window_appends() {
         for (const char* id : {"about/report", "mainmenu/editid3", "mainmenu/gamelist", "mainmenu/listupdate",
                                "mainmenu/search", "mainmenu/zipnav"})

@@ -159,7 +159,7 @@ void RowList::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-// Keys tell when they were pressed, so that a busy moment of the program is no pause in typing.
+// Key events have the time of the press, so that a busy moment of the program is no pause in typing.
 void RowList::typeAhead(const QKeyEvent& event) {
     if (event.timestamp() - m_typedAt > typeAheadMilliseconds) m_typed.clear();
     m_typedAt = event.timestamp();

@@ -236,8 +236,8 @@ private slots:
     void an_index_outside_of_the_list_fails_as_an_invalid_property_value_data() {
         QTest::addColumn<int>("files");
         QTest::addColumn<int>("index");
-        QTest::newRow("behind the last") << 3 << 3;
-        QTest::newRow("far behind") << 3 << 2000000000;
+        QTest::newRow("after the last") << 3 << 3;
+        QTest::newRow("far after it") << 3 << 2000000000;
         QTest::newRow("before none") << 3 << -2;
         QTest::newRow("first of an empty list") << 0 << 0;
     }

@@ -19,7 +19,7 @@ using namespace torvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-// A window that records what its handlers are asked, and fails where it is told to.
+// A window that records what its handlers are asked, and fails on request.
 class Probe : public TestForm {
     Q_OBJECT
 
@@ -308,12 +308,12 @@ private slots:
         QCOMPARE(image.tabIndex(), -1);
         QCOMPARE(last.tabIndex(), 4);
     }
-    void assistive_tools_are_told_the_role_and_the_text_of_a_control() {
-        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&form->button);
-        QVERIFY(told != nullptr);
-        QCOMPARE(told->role(), QAccessible::Button); // the form hears of its click
+    void assistive_tools_get_the_role_and_the_text_of_a_control() {
+        QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&form->button);
+        QVERIFY(seen != nullptr);
+        QCOMPARE(seen->role(), QAccessible::Button); // the form hears of its click
         form->button.setCaption(u"Salir"_s);
-        QCOMPARE(told->text(QAccessible::Name), u"Salir"_s);
+        QCOMPARE(seen->text(QAccessible::Name), u"Salir"_s);
     }
     void a_timer_ticks_while_it_is_enabled() {
         Timer timer(*form, "timer", 5, false);

@@ -61,7 +61,7 @@ public:
     }
 
 private:
-    // The length tells where the movie ends, and the asking side hangs up: a server that hangs up first looks
+    // The length says where the movie ends, and the client hangs up: a server that hangs up first looks
     // like a broken line now and then, and is asked once more.
     void answer(QTcpSocket& socket) {
         if (!socket.peek(socket.bytesAvailable()).endsWith("\r\n\r\n")) return; // the rest is on its way

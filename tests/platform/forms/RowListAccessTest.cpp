@@ -93,14 +93,14 @@ private slots:
         QVERIFY(focus->state().focused);
     }
     void selecting_a_row_is_a_click_on_it_data() {
-        QTest::addColumn<int>("former");
+        QTest::addColumn<int>("previous");
         QTest::newRow("none was the current one") << -1;
         QTest::newRow("another was the current one") << 2;
     }
     void selecting_a_row_is_a_click_on_it() {
-        QFETCH(int, former);
+        QFETCH(int, previous);
         for (RowList* list : {static_cast<RowList*>(games.get()), static_cast<RowList*>(entries.get())}) {
-            list->setCurrentRow(former);
+            list->setCurrentRow(previous);
             QSignalSpy clicks(list, &RowList::rowClicked);
             QVERIFY(toolOf(*list).tableInterface()->selectRow(40));
             QCOMPARE(clicks.size(), 1);
