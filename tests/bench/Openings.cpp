@@ -17,7 +17,6 @@ void printOpenings(int rounds, const Entries& entries, const std::function<std::
         many.push_back(open(entries.many));
     }
     std::printf("empty %" PRId64 "\nfull %" PRId64 "\n", median(few), median(many));
-    std::fflush(nullptr);
 }
 
 } // namespace torvane::bench

@@ -5,7 +5,7 @@
 // Prints median wall nanoseconds: "rare" (one line in a thousand passes), "all", "page" and "count-lines";
 // and in kB, "file-kB" and "memory-kB", by how much the peak of the resident memory has grown.
 #include "DatabaseFile.h"
-#include "ProgramUnderBench.h"
+#include "RoundsMain.h"
 #include "Samples.h"
 
 #include <QProcess>
@@ -88,24 +88,19 @@ private:
     std::int64_t m_memoryBefore;
 };
 
-int runDatabase(const char* programFolder, const char* configurationFolder, int rounds) {
-    ProgramUnderBench bench(programFolder, configurationFolder);
+void runDatabase(ProgramUnderBench& bench, const std::string& programFolder, int rounds) {
     bench.startedMainWindow();
-    const std::string site = std::string(programFolder) + "/data/site";
+    const std::string site = programFolder + "/data/site";
     std::filesystem::create_directories(site);
     makeDatabase(site + "/online_db.txt", 0);
     Database database(bench.openedDatabase(), programFolder);
     for (int round = 0; round <= rounds; ++round) database.take(round);
     database.print();
-    std::fflush(nullptr);
-    _exit(0);
 }
 } // namespace
 
 } // namespace torvane::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (argc != 4) return 2;
-    return torvane::bench::runDatabase(argv[1], argv[2], std::atoi(argv[3]));
+    return torvane::bench::measureInRounds(argc, argv, torvane::bench::runDatabase);
 }

@@ -4,8 +4,8 @@
 // Usage: bench_gallery PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS
 // Prints median wall nanoseconds: "bare", "gallery", "decode" and "step"; and in kB "picture-kB", the pixels
 // of one such picture, and "memory-kB", by how much the peak of the resident memory has grown.
-#include "ProgramUnderBench.h"
 #include "Repaints.h"
+#include "RoundsMain.h"
 #include "Samples.h"
 
 #include <QImageReader>
@@ -158,24 +158,19 @@ private:
     std::int64_t m_memoryBefore = 0;
 };
 
-int runGallery(const char* programFolder, const char* configurationFolder, int rounds) {
-    ProgramUnderBench bench(programFolder, configurationFolder);
-    const std::string folder = std::string(programFolder) + "/roms/data/screenshots";
+void runGallery(ProgramUnderBench& bench, const std::string& programFolder, int rounds) {
+    const std::string folder = programFolder + "/roms/data/screenshots";
     makePictures(folder);
     bench.startedMainWindow();
     Gallery gallery(bench.program, folder);
     for (int round = 0; round <= rounds; ++round) gallery.takeOpening(round);
     gallery.takeSteps(rounds);
     gallery.print();
-    std::fflush(nullptr);
-    _exit(0);
 }
 } // namespace
 
 } // namespace torvane::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (argc != 4) return 2;
-    return torvane::bench::runGallery(argv[1], argv[2], std::atoi(argv[3]));
+    return torvane::bench::measureInRounds(argc, argv, torvane::bench::runGallery);
 }

@@ -3,7 +3,7 @@
 // with it runs `cp`, followed by one sync of the file system, because the assistant's copies are synced in
 // the end, too. Usage: bench_imports PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS, with an empty library.
 // Prints median wall nanoseconds: "import", "copy" and "unsynced", the part of "copy" before the sync.
-#include "ProgramUnderBench.h"
+#include "RoundsMain.h"
 #include "Samples.h"
 
 #include <QApplication>
@@ -50,13 +50,13 @@ std::ptrdiff_t countIn(const fs::path& folder) {
     return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
 
-int runImports(const fs::path& program, const char* configurationFolder, int rounds) {
+void runImports(ProgramUnderBench& bench, const std::string& folder, int rounds) {
+    const fs::path program = folder;
     const fs::path source = program / "incoming";
     const fs::path library = program / "roms";
     const fs::path copied = program / "copied";
     makeGames(source);
     makeEmpty(library);
-    ProgramUnderBench bench(program.c_str(), configurationFolder);
     bench.startedMainWindow();
     NewAssistant* assistant = bench.program.loaded<NewAssistant>();
     mustHold(assistant != nullptr);
@@ -75,15 +75,11 @@ int runImports(const fs::path& program, const char* configurationFolder, int rou
     }
     std::printf("import %" PRId64 "\ncopy %" PRId64 "\nunsynced %" PRId64 "\n", median(importing),
                 median(copying), median(unsynced));
-    std::fflush(nullptr);
-    std::_Exit(0);
 }
 } // namespace
 
 } // namespace torvane::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (argc != 4) return 2;
-    return torvane::bench::runImports(argv[1], argv[2], std::atoi(argv[3]));
+    return torvane::bench::measureInRounds(argc, argv, torvane::bench::runImports);
 }

@@ -5,7 +5,7 @@
 // Prints the medians of "empty" and "full" in nanoseconds.
 #include "DatabaseFile.h"
 #include "Openings.h"
-#include "ProgramUnderBench.h"
+#include "RoundsMain.h"
 #include "Samples.h"
 
 #include <filesystem>
@@ -13,8 +13,7 @@
 namespace torvane::bench {
 
 namespace {
-int runOpening(const std::string& programFolder, const char* configurationFolder, int rounds) {
-    ProgramUnderBench bench(programFolder.c_str(), configurationFolder);
+void runOpening(ProgramUnderBench& bench, const std::string& programFolder, int rounds) {
     bench.startedMainWindow();
     const std::string site = programFolder + "/data/site";
     std::filesystem::create_directories(site);
@@ -22,14 +21,11 @@ int runOpening(const std::string& programFolder, const char* configurationFolder
         makeDatabase(site + "/online_db.txt", entries);
         return bench.timeToOpen<EditDB>(&MainFrm::chameleonButton3, entries);
     });
-    _exit(0);
 }
 } // namespace
 
 } // namespace torvane::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (argc != 4) return 2;
-    return torvane::bench::runOpening(argv[1], argv[2], std::atoi(argv[3]));
+    return torvane::bench::measureInRounds(argc, argv, torvane::bench::runOpening);
 }

@@ -3,8 +3,8 @@
 // bench_search PROGRAM_FOLDER CONFIGURATION_FOLDER ROUNDS
 // Prints median nanoseconds of processor time: "found", from the press of the button to the painted list, in
 // turns with "missing", which paints nothing.
-#include "ProgramUnderBench.h"
 #include "Repaints.h"
+#include "RoundsMain.h"
 #include "Samples.h"
 
 #include <QWindow>
@@ -57,20 +57,15 @@ private:
     std::vector<std::int64_t> m_found, m_missing;
 };
 
-int runSearch(const char* programFolder, const char* configurationFolder, int rounds) {
-    ProgramUnderBench bench(programFolder, configurationFolder);
+void runSearch(ProgramUnderBench& bench, const std::string&, int rounds) {
     Search search(bench);
     for (int round = 0; round <= rounds; ++round) search.take(round);
     search.print();
-    std::fflush(nullptr);
-    _exit(0);
 }
 } // namespace
 
 } // namespace torvane::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (argc != 4) return 2;
-    return torvane::bench::runSearch(argv[1], argv[2], std::atoi(argv[3]));
+    return torvane::bench::measureInRounds(argc, argv, torvane::bench::runSearch);
 }

@@ -3,7 +3,7 @@
 // in each file, and measures the time from the click to the painted list. Usage: bench_weblist PROGRAM_FOLDER
 // CONFIGURATION_FOLDER ROUNDS Prints the medians of "empty" (20) and "full" (10,000) in nanoseconds.
 #include "Openings.h"
-#include "ProgramUnderBench.h"
+#include "RoundsMain.h"
 #include "Samples.h"
 
 #include <filesystem>
@@ -22,8 +22,7 @@ void makePages(const std::string& path, const char* kind, int count) {
     mustHold(std::fclose(file) == 0);
 }
 
-int runWeblist(const std::string& programFolder, const char* configurationFolder, int rounds) {
-    ProgramUnderBench bench(programFolder.c_str(), configurationFolder);
+void runWeblist(ProgramUnderBench& bench, const std::string& programFolder, int rounds) {
     bench.startedMainWindow();
     const std::string data = programFolder + "/data";
     std::filesystem::create_directories(data);
@@ -32,14 +31,11 @@ int runWeblist(const std::string& programFolder, const char* configurationFolder
         makePages(data + "/url_perso.dat", "perso", entries / 2);
         return bench.timeToOpen<URL>(&MainFrm::chameleonButton7, entries);
     });
-    _exit(0);
 }
 } // namespace
 
 } // namespace torvane::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (argc != 4) return 2;
-    return torvane::bench::runWeblist(argv[1], argv[2], std::atoi(argv[3]));
+    return torvane::bench::measureInRounds(argc, argv, torvane::bench::runWeblist);
 }
