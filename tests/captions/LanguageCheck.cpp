@@ -3,6 +3,7 @@
 #include "LanguageCheck.h"
 #include "app/Windows.h"
 #include "platform/base/CodePage1252.h"
+#include "platform/base/IniFile.h"
 #include "support/CatalogueTable.h"
 #include "support/WholeCaption.h"
 
@@ -54,6 +55,9 @@ LanguageCheck::LanguageCheck() {
 LanguageCheck::~LanguageCheck() = default;
 
 QStringList LanguageCheck::faultsOf(const QByteArray& bytes) {
+    if (bytes.size() > IniFile::largestFile) {
+        return {QStringLiteral("form: the file is larger than 4 MiB, and the program reads nothing of it")};
+    }
     QStringList faults = formFaults(bytes);
     const Texts texts = textsOf(bytes, faults);
     QStringList missing;

@@ -102,6 +102,12 @@ private slots:
         QVERIFY(faults(QString::fromLatin1(english).toUtf8()).contains(u"UTF-8"_s));
         QVERIFY(faults("stray\r\n" + english).contains(u"line 1: neither a section nor a text: stray"_s));
     }
+    void a_file_that_the_program_does_not_read_is_reported_as_too_large() {
+        const QByteArray comment = ';' + QByteArray(4 * 1024 * 1024 - 3 - english.size(), 'x') + "\r\n";
+        QCOMPARE(faults(comment + english), QString());
+        QCOMPARE(faults(comment + english + '\n'),
+                 u"form: the file is larger than 4 MiB, and the program reads nothing of it"_s);
+    }
 
     // The program in a language whose texts say which they are: what the windows show at first must be what
     // the table says.

@@ -14,13 +14,11 @@
 namespace torvane::IniFile {
 
 namespace {
-// Larger than any language or settings file: a wrong path must not exhaust memory.
-constexpr qint64 sizeLimit = 4 << 20;
 constexpr const char* lineEnds = "\r\n";
 
 QByteArray contentOf(const QString& file) {
     const File opened(file);
-    if (opened.length() > sizeLimit) throw RuntimeFailure(RuntimeFailure::outOfMemory);
+    if (opened.length() > largestFile) throw RuntimeFailure(RuntimeFailure::outOfMemory);
     return opened.readAll();
 }
 

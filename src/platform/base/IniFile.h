@@ -11,8 +11,11 @@
 
 namespace torvane::IniFile {
 
+/// In bytes, larger than any language or settings file: a wrong path must not exhaust memory.
+constexpr qint64 largestFile = 4 << 20;
+
 /// The bytes of a value without surrounding blanks; nothing if the file, section or key is missing, or if the
-/// file can't be read or is larger than 4 MiB. Of a repeated key the last one counts.
+/// file can't be read or is larger than `largestFile`. Of a repeated key the last one counts.
 std::optional<QByteArray> value(const QString& file, const QByteArray& section, const QByteArray& key);
 
 /// Creates or replaces one value; keeps all others and the comments before them. Replaces the file atomically
