@@ -1,25 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What rows with pictures look like, and the numbers of the pictures.
-#include "art/ArtResources.h"
 #include "platform/forms/ListView.h"
-#include "platform/forms/Panel.h"
-#include "support/FakeWorld.h"
-#include "support/NotedRows.h"
-#include "support/TestForm.h"
+#include "support/ListInPanel.h"
 #include "support/TestMain.h"
 
 using namespace torvane;
 
-class ListViewPaintTest : public QObject {
+class ListViewPaintTest : public ListInPanel {
     Q_OBJECT
-
-    static constexpr int rowHeight = 33;
-
-    std::unique_ptr<FakeWorld> world;
-    std::unique_ptr<TestForm> form;
-    std::unique_ptr<Panel> panel;
-    std::unique_ptr<ImageList> icons;
-    std::unique_ptr<ListView> list;
 
     QImage textOf(int row) const { return imageOf(*panel).copy(45, 1 + row * rowHeight, 185, rowHeight - 1); }
     static int darkest(const QImage& image) {
@@ -29,29 +17,10 @@ class ListViewPaintTest : public QObject {
         }
         return least;
     }
-    void fill(int rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
 
 private slots:
-    void initTestCase() { initArtResources(); }
-    void init() {
-        world = std::make_unique<FakeWorld>();
-        form = std::make_unique<TestForm>(world->runtime);
-        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, 180},
-                                        Panel::Look{.back = 0x4A3933});
-        icons = std::make_unique<ImageList>(
-            *form, "icons",
-            std::initializer_list<const char*>{"console-advance-32.png", "console-gameboy-32.png",
-                                               "console-color-32.png", "console-archive-32.png"});
-        list = std::make_unique<ListView>(*panel, "list", DesignRect{0, 1, 233, 177}, *icons);
-        QVERIFY(form->appear());
-    }
-    void cleanup() {
-        list.reset();
-        icons.reset();
-        panel.reset();
-        form.reset();
-        world.reset();
-    }
+    void init() { start(180); }
+    void cleanup() { end(); }
 
     void of_a_million_rows_only_the_visible_ones_are_asked_for() {
         const qsizetype mostInSight = panel->height() / rowHeight + 2;

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The list with pictures inside its panel: reach, mouse, wheel, keys, and the cost of painting.
 #include "platform/forms/ListView.h"
-#include "art/ArtResources.h"
-#include "platform/forms/Panel.h"
-#include "support/FakeWorld.h"
-#include "support/NotedRows.h"
-#include "support/TestForm.h"
+#include "support/ListInPanel.h"
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
@@ -13,53 +9,27 @@
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
-class ListViewTest : public QObject {
+class ListViewTest : public ListInPanel {
     Q_OBJECT
 
     static constexpr int panelHeight = 330;
-    static constexpr int rowHeight = 33;
 
-    std::unique_ptr<FakeWorld> world;
-    std::unique_ptr<TestForm> form;
-    std::unique_ptr<Panel> panel;
-    std::unique_ptr<ImageList> icons;
-    std::unique_ptr<ListView> list;
-
-    void fill(int rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
+    using ListInPanel::fill;
     void fill(const QStringList& rows) const { list->setItems(std::make_shared<NotedRows>(rows)); }
     void key(Qt::Key which) const { pressKey(*list, which); }
-    // A click at a height of the panel, where the user sees it.
-    void clickInPanel(int y) const { clickAt(*panel, {100, y}); }
     void doubleClick(int row) const { doubleClickAt(*panel, {100, list->seenTop() + row * rowHeight + 4}); }
     void wheel(int eighths) const { wheelOn(*list, eighths); }
     bool isInSight(int row) const {
-        const QRect place(list->mapTo(panel.get(), list->rowRect(row).topLeft()), QSize(233, rowHeight));
+        const QRect place = placeInPanel(row);
         return place.top() == list->seenTop() + row * rowHeight && panel->rect().contains(place);
     }
 
 private slots:
-    void initTestCase() { initArtResources(); }
     void init() {
-        world = std::make_unique<FakeWorld>();
-        FormDesign design = TestForm::plain;
-        design.clientSize = {300, 400};
-        form = std::make_unique<TestForm>(world->runtime, design);
-        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, panelHeight},
-                                        Panel::Look{.back = 0x4A3933});
-        icons = std::make_unique<ImageList>(
-            *form, "icons",
-            std::initializer_list<const char*>{"console-advance-32.png", "console-gameboy-32.png",
-                                               "console-color-32.png", "console-archive-32.png"});
-        list = std::make_unique<ListView>(*panel, "list", DesignRect{0, 1, 233, 327}, *icons);
-        QVERIFY(form->appear());
+        start(panelHeight);
         list->setFocus();
     }
-    void cleanup() {
-        list.reset();
-        icons.reset();
-        panel.reset();
-        form.reset();
-    }
+    void cleanup() { end(); }
 
     // Height and reach
     void the_height_is_kept() {

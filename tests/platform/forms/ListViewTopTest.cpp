@@ -1,70 +1,38 @@
 // SPDX-License-Identifier: MIT
 // The list with pictures where its place was computed for its current row: Top is what was set, and the row
 // is in sight all the same.
-#include "art/ArtResources.h"
 #include "platform/forms/ListView.h"
-#include "platform/forms/Panel.h"
 #include "support/Failing.h"
-#include "support/FakeWorld.h"
-#include "support/NotedRows.h"
-#include "support/TestForm.h"
+#include "support/ListInPanel.h"
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
 
 using namespace torvane;
 
-class ListViewTopTest : public QObject {
+class ListViewTopTest : public ListInPanel {
     Q_OBJECT
 
     static constexpr int panelHeight = 330;
-    static constexpr int rowHeight = 33;
-
-    std::unique_ptr<FakeWorld> world;
-    std::unique_ptr<TestForm> form;
-    std::unique_ptr<Panel> panel;
-    std::unique_ptr<ImageList> icons;
-    std::unique_ptr<ListView> list;
 
     void make(int rows) {
-        list = std::make_unique<ListView>(*panel, "list", DesignRect{0, 1, 233, 327}, *icons);
-        list->setItems(std::make_shared<NotedRows>(rows));
+        makeList();
+        fill(rows);
     }
     void makeShown(int rows) {
         make(rows);
         list->show();
         list->setFocus();
     }
-    // Where a row is in the panel, by what is seen there.
-    QRect placeInPanel(int row) const {
-        return QRect(list->mapTo(panel.get(), list->rowRect(row).topLeft()), QSize(233, rowHeight));
-    }
     // A place of the panel has the colours of the current row.
     bool isMarkedAt(int y) const {
         const QImage image = imageOf(*panel);
         return image.pixelColor(230, y) != QColor(0x33, 0x39, 0x4A);
     }
-    void clickInPanel(int y) const { clickAt(*panel, {100, y}); }
 
 private slots:
-    void initTestCase() { initArtResources(); }
-    void init() {
-        world = std::make_unique<FakeWorld>();
-        FormDesign design = TestForm::plain;
-        design.clientSize = {300, 400};
-        form = std::make_unique<TestForm>(world->runtime, design);
-        panel = std::make_unique<Panel>(*form, "panel", DesignRect{10, 10, 233, panelHeight},
-                                        Panel::Look{.back = 0x4A3933});
-        icons = std::make_unique<ImageList>(*form, "icons",
-                                            std::initializer_list<const char*>{"console-advance-32.png"});
-        QVERIFY(form->appear());
-    }
-    void cleanup() {
-        list.reset();
-        icons.reset();
-        panel.reset();
-        form.reset();
-    }
+    void init() { start(panelHeight); }
+    void cleanup() { end(); }
 
     void a_place_at_which_the_current_row_is_in_sight_is_where_the_rows_are() {
         makeShown(50);
