@@ -18,12 +18,26 @@ constexpr int textHeight = 240;  // the part of the picture in which only words 
 constexpr int framesToRead = 30; // three seconds
 constexpr int librariesOnPage = 3;
 constexpr int pagesWithoutLibraries = 2; // the program's name, and the thanks
+constexpr int margin = 12;               // pixels between a word and the side
 
 // Hands each frame to a function, with its duration in milliseconds.
 void walk(const QString& path, const std::function<void(const QImage&, int)>& look) {
     QImageReader reader(path, "webp");
     QImage frame;
     while (reader.read(&frame)) look(frame.convertToFormat(QImage::Format_RGB32), reader.nextImageDelay());
+}
+
+// The columns that words take: where a frame is far lighter than the empty night. Null if there are none.
+QRect wordsOn(const QImage& frame, const QImage& night) {
+    QRect words;
+    for (int y = 0; y < textHeight; ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
+        const auto* empty = reinterpret_cast<const QRgb*>(night.constScanLine(y));
+        for (int x = 0; x < frame.width(); ++x) {
+            if (qGray(line[x]) > qGray(empty[x]) + 50) words |= QRect(x, 0, 1, 1);
+        }
+    }
+    return words;
 }
 
 int librariesInTable() {
@@ -76,6 +90,20 @@ private slots:
         QVERIFY(expected > pagesWithoutLibraries);
         QCOMPARE(pages, expected);
         QVERIFY2(moved > 9 * rested, "the vane stands still");
+    }
+    void no_line_is_cut_at_the_sides() {
+        QImage night; // the first page is yet to appear
+        int number = 0, pagesWithWords = 0;
+        walk(creditsFile, [&](const QImage& frame, int) {
+            if (night.isNull()) night = frame;
+            if (++number % framesToRead != 0) return; // each page stays longer than that
+            const QRect words = wordsOn(frame, night);
+            if (words.isNull()) return;
+            const QRect inside(margin, 0, frame.width() - 2 * margin, 1);
+            QVERIFY2(inside.contains(words), qPrintable(QStringLiteral("frame %1").arg(number)));
+            if (words.width() > frame.width() / 4) ++pagesWithWords;
+        });
+        QVERIFY(pagesWithWords > pagesWithoutLibraries);
     }
     // Includes the step from the last frame to the first: a jump there would flicker.
     void nothing_jumps() {
