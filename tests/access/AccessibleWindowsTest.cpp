@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every window of the program, walked as an assistive tool does, in every language.
 #include "support/AccessibleTree.h"
+#include "support/LanguageRows.h"
 #include "support/OpenedProgram.h"
 
 using namespace torvane;
@@ -58,16 +59,12 @@ class AccessibleWindowsTest : public QObject {
         opened->game(u"a.gb"_s);
         opened->open();
     }
-    void addLanguages() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
-    }
 
 private slots:
     void init() { reopenIn("eng"); }
     void cleanup() { opened.reset(); }
 
-    void every_part_of_every_window_has_a_name_and_a_role_data() { addLanguages(); }
+    void every_part_of_every_window_has_a_name_and_a_role_data() { languageRows(); }
     void every_part_of_every_window_has_a_name_and_a_role() {
         QFETCH(QByteArray, language);
         reopenIn(language.constData());
@@ -97,7 +94,7 @@ private slots:
             QCOMPARE(accessible(*answer).role(), QAccessible::Button);
         }
     }
-    void every_button_in_sight_is_there_data() { addLanguages(); }
+    void every_button_in_sight_is_there_data() { languageRows(); }
     void every_button_in_sight_is_there() {
         QFETCH(QByteArray, language);
         reopenIn(language.constData());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The enlarged view: how a picture is fitted, doubled, halved and centred, and how the window is used.
 #include "support/CutCaptions.h"
+#include "support/LanguageRows.h"
 #include "support/NotedRows.h"
 #include "support/OpenedGallery.h"
 #include "support/TestForm.h"
@@ -59,10 +60,7 @@ private slots:
         QVERIFY(loaded<AmpliCaptura>() == nullptr);
         QVERIFY(window().isVisible());
     }
-    void every_caption_fits_data() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
-    }
+    void every_caption_fits_data() { languageRows(); }
     void every_caption_fits() {
         QFETCH(QByteArray, language);
         opened->world.useLanguage(language.constData());

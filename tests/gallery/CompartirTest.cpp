@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The gallery: its list, what it shows of each kind of picture, and the way through the folder.
 #include "support/CutCaptions.h"
+#include "support/LanguageRows.h"
 #include "support/OpenedGallery.h"
 #include "support/TestMain.h"
 
@@ -39,10 +40,6 @@ class CompartirTest : public OpenedGallery {
         QVERIFY(loaded<AmpliCaptura>() == nullptr);
         QVERIFY(printer().pages.isEmpty());
         QVERIFY(window().isVisible() && opened->world.ends == 0);
-    }
-    static void languageRows() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
     }
 
 private slots:

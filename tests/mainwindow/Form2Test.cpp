@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The window that asks for a game and writes an entry of the database into it.
+#include "support/LanguageRows.h"
 #include "support/OpenedDatabase.h"
 #include "support/TestMain.h"
 
@@ -54,11 +55,8 @@ private slots:
         QCOMPARE(opened->bytesOf(u"g002.gb"_s), QByteArray(3000, 'r') + tag("3000"));
         QCOMPARE(opened->bytesOf(u"g001.gb"_s), QByteArray(3000, 'r'));
     }
-    void a_plain_box_tells_the_end_and_the_window_closes_data() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
-    }
-    void a_plain_box_tells_the_end_and_the_window_closes() {
+    void a_plain_box_reports_the_end_and_the_window_closes_data() { languageRows(); }
+    void a_plain_box_reports_the_end_and_the_window_closes() {
         QFETCH(QByteArray, language);
         opened->world.useLanguage(language.constData());
         openChooser();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the compact window shows: its line, its data, its look at load.
 #include "support/CutCaptions.h"
+#include "support/LanguageRows.h"
 #include "support/OpenedCompact.h"
 #include "support/TestMain.h"
 
@@ -113,10 +114,7 @@ private slots:
         opened->tick();
         QCOMPARE(opened->shown(), u" NAME OF 17 CHAR ··· "_s);
     }
-    void a_short_line_without_a_title_is_the_file_name_in_every_language_data() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
-    }
+    void a_short_line_without_a_title_is_the_file_name_in_every_language_data() { languageRows(); }
     void a_short_line_without_a_title_is_the_file_name_in_every_language() {
         QFETCH(QByteArray, language);
         opened->world.useLanguage(language.constData());

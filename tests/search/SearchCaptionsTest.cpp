@@ -2,6 +2,7 @@
 // The captions of the search windows in all three languages: none is cut. Longer ones get a field that
 // scrolls.
 #include "support/CutCaptions.h"
+#include "support/LanguageRows.h"
 #include "support/OpenedSearch.h"
 #include "support/TestMain.h"
 
@@ -13,10 +14,6 @@ using namespace Qt::StringLiterals;
 class SearchCaptionsTest : public OpenedSearch {
     Q_OBJECT
 
-    static void languageRows() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
-    }
     void openIn(const QByteArray& language) const {
         opened->world.useLanguage(language.constData());
         opened->games(1);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The captions of the database windows in all three languages: none is cut.
 #include "support/CutCaptions.h"
+#include "support/LanguageRows.h"
 #include "support/OpenedDatabase.h"
 #include "support/TestMain.h"
 
@@ -15,10 +16,6 @@ class DatabaseCaptionsTest : public OpenedDatabase {
     void openIn(const QByteArray& language) {
         opened->world.useLanguage(language.constData());
         openDatabase(tetris + wario + metroid);
-    }
-    static void languageRows() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
     }
 
 private slots:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The about window: its words, the credits, the page for bugs, and the ways to it and back.
 #include "support/CutCaptions.h"
+#include "support/LanguageRows.h"
 #include "support/OpenedMenu.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
@@ -52,10 +53,7 @@ private slots:
         click(window().ChameleonButton17);
         QCOMPARE(opened->world.browser.urls.size(), 1);
     }
-    void every_caption_fits_data() {
-        QTest::addColumn<QByteArray>("language");
-        for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
-    }
+    void every_caption_fits_data() { languageRows(); }
     void every_caption_fits() {
         QFETCH(QByteArray, language);
         opened->world.useLanguage(language.constData());
