@@ -143,7 +143,7 @@ private slots:
         QCOMPARE(accessible(panel).role(), QAccessible::Grouping);
         QCOMPARE(accessible(*field.focusProxy()).role(), QAccessible::EditableText);
     }
-    void a_field_tells_its_text_and_takes_another_one() {
+    void a_field_reports_its_text_and_takes_another_one() {
         TextBox line(*form, "line", place, {"Uno"});
         TextBox area(*form, "area", below, {.text = "Dos", .multiLine = true});
         QVERIFY(form->appear());
@@ -157,7 +157,7 @@ private slots:
         }
         QVERIFY(accessible(*area.focusProxy()).state().multiLine);
     }
-    void a_button_tells_its_state() {
+    void a_button_reports_its_state() {
         chameleonButton button(*form, "button", place, {});
         chameleonButton other(*form, "other", below, {});
         QVERIFY(form->appear());
@@ -283,7 +283,7 @@ private slots:
         press(button);
         QCOMPARE(clicks.size(), 1);
     }
-    void a_press_waits_for_no_box_and_does_not_reach_behind_one() {
+    void a_press_waits_for_no_box_and_does_not_reach_under_one() {
         chameleonButton button(*form, "button", place, {});
         QVERIFY(form->appear());
         QSignalSpy clicks(&button, &chameleonButton::Click);

@@ -83,7 +83,7 @@ private slots:
         QVERIFY(row.state().selected);
         QVERIFY(!list().child(4)->state().selected);
     }
-    void a_list_tells_whether_it_has_the_focus() {
+    void a_list_reports_whether_it_has_the_focus() {
         QVERIFY(form->appear());
         entries->setFocus();
         QVERIFY(list().state().focusable && !list().state().focused);

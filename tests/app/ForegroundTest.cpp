@@ -194,7 +194,7 @@ private slots:
         QVERIFY(main().isVisible());
         QCOMPARE(main().windowStateWord(), Form::normal);
     }
-    void exit_called_off_from_the_compact_window_leaves_no_dead_main_window_behind() {
+    void exit_called_off_from_the_compact_window_leaves_no_dead_main_window() {
         openWithGames(1);
         goCompact();
         choose(menuing().end);

@@ -78,8 +78,8 @@ const char* nameOf(Call call) {
 void arm(Plan& plan) { armed = &plan; }
 void disarm() { armed = nullptr; }
 
-OwnWork::OwnWork() : m_former(isOwnWork) { isOwnWork = true; }
-OwnWork::~OwnWork() { isOwnWork = m_former; }
+OwnWork::OwnWork() : m_wasOwnWork(isOwnWork) { isOwnWork = true; }
+OwnWork::~OwnWork() { isOwnWork = m_wasOwnWork; }
 bool OwnWork::isUnderWay() { return isOwnWork; }
 
 void pathOf(const Target& target, char* path, size_t size) {

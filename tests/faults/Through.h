@@ -42,7 +42,7 @@ public:
     static bool isUnderWay();
 
 private:
-    bool m_former;
+    bool m_wasOwnWork;
 };
 
 /// The C library's function of this name.

@@ -119,7 +119,7 @@ test_no_temporary_files_stay() {
     expect 'leftovers' '' "$(find dest -name '.lay-out*' -o -name '.laid-out.*')"
 }
 
-test_a_place_that_cannot_be_written_is_told_and_the_rest_laid() {
+test_a_place_that_cannot_be_written_is_reported_and_the_rest_laid() {
     file tree/a/b one
     file tree/c one
     file dest/a mine
@@ -132,7 +132,7 @@ test_a_place_that_cannot_be_written_is_told_and_the_rest_laid() {
     expect_file dest/a/b one
 }
 
-test_wrong_usage_is_told() {
+test_wrong_usage_is_reported() {
     fails_with 2
     fails_with 2 dest
     fails_with 2 dest no-such-tree

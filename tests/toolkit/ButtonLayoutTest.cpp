@@ -54,7 +54,7 @@ private slots:
         QCOMPARE(layout.picture, QRect(60, 5, 16, 16));
     }
 
-    void picture_on_the_right_stands_4_pixels_behind_the_text() {
+    void picture_on_the_right_is_4_pixels_after_the_text() {
         // Text from 1 to 61: moved by (204 - 61 - 16 - 4) / 2 = 61.
         const ButtonLayout layout = laidOut(PicturePlace::right, {16, 16}, {60, 13});
         QCOMPARE(layout.caption, QRect(62, 7, 60, 13));

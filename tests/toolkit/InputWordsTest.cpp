@@ -83,7 +83,7 @@ private slots:
         }
     }
 
-    void a_hot_spot_is_told_to_x11_in_the_pictures_own_dots() {
+    void a_hot_spot_is_given_to_x11_in_the_pictures_own_dots() {
         QCOMPARE(InputWords::hotSpot({10, 2}, 1.0, QStringLiteral("xcb")), QPoint(10, 2));
         QCOMPARE(InputWords::hotSpot({10, 2}, 2.0, QStringLiteral("xcb")), QPoint(20, 4));
         QCOMPARE(InputWords::hotSpot({10, 2}, 2.0, QStringLiteral("wayland")), QPoint(10, 2));

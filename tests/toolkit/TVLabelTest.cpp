@@ -112,7 +112,7 @@ private slots:
         COMPARE_PIXEL(form.picture(), 202, 16, 0U);
     }
 
-    void moves_over_the_mouse_label_are_told_and_do_not_hover() {
+    void moves_over_the_mouse_label_are_reported_and_do_not_hover() {
         LabelForm form;
         QSignalSpy moves(&form.label, &TVLabel::MouseMove);
         form.move({100, 8});
@@ -142,7 +142,7 @@ private slots:
         QCOMPARE(form.label.BackColor(), hoverBack);
     }
 
-    void click_on_the_mouse_label_is_told_whatever_enabled_says() {
+    void click_on_the_mouse_label_is_reported_whatever_enabled_says() {
         LabelForm form;
         QVERIFY(!form.label.Enabled());
         QSignalSpy clicks(&form.label, &TVLabel::Click);

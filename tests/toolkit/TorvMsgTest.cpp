@@ -102,14 +102,14 @@ private slots:
         yes();
         QCOMPARE(opened->world.ends, 1);
     }
-    void a_word_that_only_tells_something_closes_and_does_nothing_data() {
+    void a_word_that_only_informs_closes_and_does_nothing_data() {
         QTest::addColumn<QByteArray>("word");
         QTest::newRow("msg") << QByteArray("msg");
         QTest::newRow("unknown") << QByteArray("explode");
         QTest::newRow("none") << QByteArray();
         QTest::newRow("exit with a blank") << QByteArray("exit ");
     }
-    void a_word_that_only_tells_something_closes_and_does_nothing() {
+    void a_word_that_only_informs_closes_and_does_nothing() {
         QFETCH(QByteArray, word);
         ask(word.constData(), opened->world.folder.path(QStringLiteral("roms/g001.gb")));
         QVERIFY(opened->main().isEnabled());

@@ -167,7 +167,7 @@ private slots:
         QVERIFY(form.first.hasFocus());
     }
 
-    void keys_are_told_with_their_codes() {
+    void keys_are_reported_with_their_codes() {
         ButtonForm form;
         QSignalSpy downs(&form.first, &chameleonButton::KeyDown);
         QSignalSpy presses(&form.first, &chameleonButton::KeyPress);

@@ -26,7 +26,7 @@ private slots:
         QCOMPARE(story, (QByteArrayList{"MouseDown up", "MouseUp down", "Click up"}));
     }
 
-    void mouse_down_tells_button_shift_and_place() {
+    void mouse_down_reports_button_shift_and_place() {
         ButtonForm form;
         QSignalSpy downs(&form.first, &chameleonButton::MouseDown);
         QTest::mousePress(&form.first, Qt::MiddleButton, Qt::ShiftModifier | Qt::ControlModifier, {7, 9});
@@ -34,7 +34,7 @@ private slots:
         QCOMPARE(downs[0], (QList<QVariant>{4, 3, 7.0F, 9.0F}));
     }
 
-    void mouse_move_and_mouse_up_tell_button_shift_and_place() {
+    void mouse_move_and_mouse_up_report_button_shift_and_place() {
         ButtonForm form;
         QSignalSpy moves(&form.first, &chameleonButton::MouseMove);
         QSignalSpy ups(&form.first, &chameleonButton::MouseUp);
@@ -181,7 +181,7 @@ private slots:
         QVERIFY(!timer->isActive());
     }
 
-    void over_and_out_are_told_when_their_look_is_there() {
+    void over_and_out_are_reported_when_their_look_is_there() {
         ButtonForm form;
         QList<OleColour> surfaces;
         const auto note = [&] { surfaces += form.surface(); };
@@ -332,7 +332,7 @@ private slots:
         QCOMPARE(over.size(), 0);
     }
 
-    void checked_button_stays_pressed_under_the_mouse_and_still_tells_over_and_out() {
+    void checked_button_stays_pressed_under_the_mouse_and_still_reports_over_and_out() {
         ButtonForm form;
         form.first.setBackOver(back);
         form.first.setCheckBoxBehaviour(true);
@@ -347,7 +347,7 @@ private slots:
         QCOMPARE(form.corner(), pressedCorner);
     }
 
-    void click_turns_a_check_box_over_before_it_is_told() {
+    void click_turns_a_check_box_over_before_it_is_reported() {
         ButtonForm form;
         form.first.setCheckBoxBehaviour(true);
         QList<bool> values;
@@ -359,7 +359,7 @@ private slots:
         QCOMPARE(values, (QList<bool>{true, false}));
     }
 
-    void click_is_on_the_screen_before_it_is_told() {
+    void click_is_on_the_screen_before_it_is_reported() {
         ButtonForm form;
         PaintCounter counter;
         form.press();

@@ -58,7 +58,7 @@ private slots:
         QCOMPARE(form.browser.urls, QStringList{url});
     }
 
-    void after_the_jump_not_found_tells_of_the_opener() {
+    void after_the_jump_not_found_says_whether_it_opened() {
         LinkForm form;
         QSignalSpy after(&form.link, &vbwHyperlink::AfterJump);
         form.link.UserClick();

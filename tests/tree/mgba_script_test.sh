@@ -79,14 +79,14 @@ test_file_without_execute_permission_is_no_emulator() {
     expect emulator mgba-qt "${calls[0]-}"
 }
 
-test_missing_emulator_is_told_on_standard_error() {
+test_missing_emulator_is_reported_on_standard_error() {
     fresh
     play /g.gb DISPLAY=:0
     expect status 127 "$status"
     [[ $errors == *mGBA* ]] || fail "message: $errors"
 }
 
-test_missing_emulator_is_told_in_a_window() {
+test_missing_emulator_is_reported_in_a_window() {
     local name
     for name in zenity kdialog yad xmessage notify-send; do
         fresh

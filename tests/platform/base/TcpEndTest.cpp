@@ -53,7 +53,7 @@ class TcpEndTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void a_reset_is_told_from_an_orderly_end_and_from_none() {
+    void a_reset_is_distinguished_from_an_orderly_end_and_from_none() {
         Connection open;
         Connection ended;
         Connection broken;

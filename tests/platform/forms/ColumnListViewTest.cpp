@@ -131,7 +131,7 @@ private slots:
         }
         QCOMPARE(clicks.size(), 6);
     }
-    void a_double_click_is_told_for_its_row() {
+    void a_double_click_is_reported_with_its_row() {
         fill(10);
         QSignalSpy doubles(list.get(), &RowList::rowDoubleClicked);
         doubleClickAt(*list, list->rowRect(4).center());

@@ -146,7 +146,7 @@ private slots:
         whenShown<QMessageBox>(titled(u"Torvane"_s));
         DesktopMessageBoxes().MsgBox(u"text"_s, 0);
     }
-    void the_flags_tell_the_icon_and_the_buttons_data() {
+    void the_flags_choose_the_icon_and_the_buttons_data() {
         QTest::addColumn<int>("flags");
         QTest::addColumn<QMessageBox::Icon>("icon");
         QTest::addColumn<bool>("asks");
@@ -157,7 +157,7 @@ private slots:
         QTest::newRow("52") << 52 << QMessageBox::Warning << true;
         QTest::newRow("64") << 64 << QMessageBox::Information << false;
     }
-    void the_flags_tell_the_icon_and_the_buttons() {
+    void the_flags_choose_the_icon_and_the_buttons() {
         QFETCH(int, flags);
         QFETCH(QMessageBox::Icon, icon);
         QFETCH(bool, asks);

@@ -269,7 +269,7 @@ private slots:
         QCOMPARE(clicks.size(), 1);
         QCOMPARE(list->ListIndex(), 1);
     }
-    void a_double_click_is_told_after_the_click() {
+    void a_double_click_is_reported_after_the_click() {
         makeGames(3);
         list->setPath(roms());
         QVERIFY(form->appear());

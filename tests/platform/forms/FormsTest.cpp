@@ -141,7 +141,7 @@ private slots:
     }
 
     // State
-    void the_state_word_tells_and_sets_the_window_state() {
+    void the_state_word_gives_and_sets_the_window_state() {
         QVERIFY(form->appear());
         QCOMPARE(form->windowStateWord(), Form::normal);
         QSignalSpy resized(form.get(), &Form::resized);
@@ -166,7 +166,7 @@ private slots:
     }
 
     // Life
-    void unloading_hides_the_window_runs_its_last_handler_and_tells_the_owner_once() {
+    void unloading_hides_the_window_runs_its_last_handler_and_notifies_the_owner_once() {
         QVERIFY(form->appear());
         QSignalSpy unloaded(form.get(), &Form::unloaded);
         form->Unload();
@@ -242,7 +242,7 @@ private slots:
     }
 
     // Failures
-    void a_failure_that_a_handler_lets_through_is_told_and_ends_the_process() {
+    void a_failure_that_a_handler_lets_through_is_reported_and_ends_the_process() {
         form->failsWith = RuntimeFailure::fileNotFound;
         emit form->button.Click();
         QCOMPARE(world->messages.boxes.size(), 1);
@@ -250,7 +250,7 @@ private slots:
         QCOMPARE(world->messages.boxes[0].flags, 16);
         QCOMPARE(world->ends, 1);
     }
-    void a_failure_of_a_handler_that_only_tells_does_not_end_the_process() {
+    void a_failure_of_a_handler_that_only_reports_does_not_end_the_process() {
         form->failsWith = RuntimeFailure::diskFull;
         emit form->teller.Click();
         QCOMPARE(world->messages.last(), u"Run-time error '61':\n\nDisk full"_s);

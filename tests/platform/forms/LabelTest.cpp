@@ -160,7 +160,7 @@ private slots:
         twin.setCaption(u"alone"_s);
         QCOMPARE(label.Caption(), QString());
     }
-    void a_change_is_told_only_when_the_caption_is_another_one() {
+    void a_change_is_reported_only_when_the_caption_is_another_one() {
         Label label(*form, "label", place, {"before"});
         QSignalSpy changes(&label, &Label::Change);
         label.setCaption(u"before"_s);

@@ -155,7 +155,7 @@ private slots:
         QCOMPARE(clicks.size(), 0);
         QCOMPARE(list->currentRow(), 1);
     }
-    void a_click_on_the_current_row_is_told_again() {
+    void a_click_on_the_current_row_is_reported_again() {
         fill(5);
         QSignalSpy clicks(list.get(), &ListView::rowClicked);
         clickInPanel(40);
@@ -209,7 +209,7 @@ private slots:
         clickAt(*list, {100, 10}, Qt::RightButton);
         QCOMPARE(list->currentRow(), -1);
     }
-    void a_double_click_is_told_for_its_row() {
+    void a_double_click_is_reported_with_its_row() {
         fill(5);
         QSignalSpy doubles(list.get(), &ListView::rowDoubleClicked);
         doubleClick(3);

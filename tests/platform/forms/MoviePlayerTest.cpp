@@ -150,7 +150,7 @@ private slots:
         QCOMPARE(seen(), blue);
         QVERIFY(player->isPlaying());
     }
-    void a_movie_is_told_by_its_content_and_not_by_its_name() {
+    void a_movie_is_recognised_by_its_content_and_not_by_its_name() {
         QVERIFY(play(twoColours(), u"movie.png"_s));
         QVERIFY(player->isPlaying());
         QVERIFY(play(redPng(), u"picture.gif"_s));
@@ -298,7 +298,7 @@ private slots:
         QVERIFY(play(file.fileName()));
         QVERIFY(player->isPlaying());
     }
-    void another_movie_takes_the_place_of_the_former_one() {
+    void another_movie_replaces_the_old_one() {
         QVERIFY(play(gifHead() + gifFrame(0) + ';'));
         QTRY_COMPARE(seen(), red);
         QVERIFY(play(gifHead() + gifFrame(1) + ';', u"other.dat"_s));
@@ -360,7 +360,7 @@ private slots:
         QVERIFY(isEmpty());
         QCOMPARE(player->Movie(), world->folder.path(u"movie.dat"_s));
     }
-    void a_press_is_told_as_a_click() {
+    void a_press_is_reported_as_a_click() {
         QVERIFY(form->appear());
         QSignalSpy clicks(player.get(), &MoviePlayer::Click);
         QTest::mouseClick(player.get(), Qt::LeftButton, {}, {5, 5});

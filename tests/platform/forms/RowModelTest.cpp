@@ -87,7 +87,7 @@ private slots:
         QCOMPARE(model->rowCount(), 0);
         QCOMPARE(resets.size(), 2);
     }
-    void headers_are_told_to_whoever_shows_them() {
+    void headers_are_announced_to_whoever_shows_them() {
         const QSignalSpy changes(model.get(), &RowModel::headerDataChanged);
         model->setHeader(2, u"Author"_s);
         QCOMPARE(model->headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(), u"Author"_s);

@@ -98,7 +98,7 @@ private slots:
         line->setFocus();
         QCOMPARE(area->Text(), u"one\r\ntwo"_s);
     }
-    void a_change_is_told_once_and_only_for_another_text() {
+    void a_change_is_reported_once_and_only_for_another_text() {
         QSignalSpy changes(line.get(), &TextBox::Change);
         line->setText(u"one"_s);
         QCOMPARE(changes.size(), 1);

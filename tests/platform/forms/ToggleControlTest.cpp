@@ -183,7 +183,7 @@ private slots:
         QVERIFY(within(form->red).hasFocus() || within(form->blue).hasFocus());
     }
 
-    void return_is_told_and_changes_nothing() {
+    void return_is_reported_and_changes_nothing() {
         QSignalSpy entered(&form->user, &OptionButton::entered);
         QSignalSpy clicks(&form->user, &OptionButton::Click);
         form->user.setFocus();
