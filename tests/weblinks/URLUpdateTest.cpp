@@ -4,6 +4,9 @@
 #include "support/TestMain.h"
 #include "support/WebServer.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
@@ -15,10 +18,34 @@ class URLUpdateTest : public OpenedWeblist {
         u"La lista de URLs no se puede actualizar, ya es la última versión que existe."_s;
     const QString failureText = u"Error mientras se descargaba. No se puede actualizar."_s;
 
+    // Inode and modification time of the shared list, which change even if its own bytes are written again.
+    using Stamp = std::pair<ino_t, timespec>;
+    Stamp untouched;
+
+    Stamp stamp() const {
+        struct stat info {};
+        if (stat(folder().native("data/url.dat").constData(), &info) != 0) qFatal("no shared list");
+        return {info.st_ino, info.st_mtim};
+    }
+    // Opens the list of files that were written long ago: a change now has another time even with a coarse
+    // clock.
+    void openOldList(const QByteArray& sharedPages, const QByteArray& personalPages = {}) {
+        openList(sharedPages, personalPages);
+        const timespec times[2] = {{0, UTIME_OMIT}, {1'000'000'000, 0}};
+        if (utimensat(AT_FDCWD, folder().native("data/url.dat").constData(), times, 0) != 0)
+            qFatal("can't set the time");
+        untouched = stamp();
+    }
+    void checkUntouched() const {
+        const Stamp now = stamp();
+        QCOMPARE(now.first, untouched.first);
+        QCOMPARE(now.second.tv_sec, untouched.second.tv_sec);
+        QCOMPARE(now.second.tv_nsec, untouched.second.tv_nsec);
+    }
     // Opens the list of a shared page with a server as its host, and updates it.
     void updateFrom(const WebServer& server) {
         useServer(server.address(QString()));
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         clickUpdate();
     }
     // The same with a server that answers as soon as the test has seen what it wants to see.
@@ -35,6 +62,7 @@ class URLUpdateTest : public OpenedWeblist {
         QCOMPARE(messages().boxes.first().flags, MsgBoxFlags::okOnly);
         QCOMPARE(messages().boxes.first().title, QString());
         QCOMPARE(shared(), pandocs);
+        checkUntouched();
         for (const QString& name : files()) QVERIFY(!name.startsWith(u'.'));
         QCOMPARE(rows(), (QStringList{u"Pan Docs"_s, u"Mine"_s}));
         checkIsUsable();
@@ -60,12 +88,12 @@ private slots:
     }
     void the_same_bytes_as_a_freshly_installed_file_are_the_newest_and_it_is_not_touched() {
         publish(pandocs);
-        openList(pandocs);
-        folder().setMode(u"data/url.dat"_s, 0444);
+        openOldList(pandocs);
         clickUpdate();
         QCOMPARE(boxes(), QStringList{newestText});
         QCOMPARE(messages().boxes.first().title, QString());
         QCOMPARE(shared(), pandocs);
+        checkUntouched();
         checkIsUsable();
     }
     void after_one_update_every_later_one_writes_again_and_reports_success() {
@@ -80,15 +108,16 @@ private slots:
     }
     void an_empty_answer_is_a_failure() {
         publish("");
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         clickUpdate();
         checkFailed();
     }
     void an_empty_answer_equals_an_empty_file() {
         publish("");
-        openList({});
+        openOldList({});
         clickUpdate();
         QCOMPARE(boxes(), QStringList{newestText});
+        checkUntouched();
     }
     void a_missing_file_is_written() {
         publish(pandocs);
@@ -106,6 +135,16 @@ private slots:
         clickUpdate();
         QCOMPARE(shared(), pandocs + "\r\n");
         checkIsUsable();
+    }
+    void an_empty_answer_is_a_failure_also_over_a_file_that_is_too_large() {
+        publish("");
+        openList(emulator);
+        QFile sparse(folder().path(u"data/url.dat"_s));
+        QVERIFY(sparse.resize(100 << 20));
+        untouched = stamp();
+        clickUpdate();
+        QCOMPARE(boxes(), QStringList{failureText});
+        checkUntouched();
     }
     void the_tree_brings_a_newer_list_for_a_copy_without_a_network() {
         const QString tree = QStringLiteral(TORVANE_TREE_DIR "/data/site/url.dat");
@@ -185,7 +224,7 @@ private slots:
     void a_server_that_says_nothing_is_a_failure_after_a_while() {
         const WebServer silent([](QTcpSocket&, const QByteArray&) {});
         useServer(silent.address(QString()));
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         TransferLimits limits = window().Inet1.limits();
         QCOMPARE(limits.silenceMilliseconds, 20000);
         limits.silenceMilliseconds = 200;
@@ -195,7 +234,7 @@ private slots:
     }
     void a_host_that_nobody_listens_at_and_a_missing_file_read_the_same() {
         useServer(u"http://127.0.0.1:1"_s);
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         clickUpdate();
         checkFailed();
         messages().boxes.clear();
@@ -234,6 +273,7 @@ private slots:
         QVERIFY(main().isVisible());
         QCOMPARE(boxes(), QStringList());
         QCOMPARE(shared(), pandocs);
+        checkUntouched();
     }
     void a_second_click_waits_for_the_end_of_the_first_update() {
         int asked = 0;
@@ -252,9 +292,32 @@ private slots:
         QCOMPARE(asked, 2);
         QCOMPARE(boxesBefore, 1);
     }
+    void a_window_that_closes_under_the_last_box_stays_closed() {
+        publish(emulator);
+        openList(pandocs, mine);
+        messages().whileOpen = [this] { window().close(); };
+        clickUpdate();
+        QCOMPARE(boxes(), QStringList{text("updatefinished")});
+        QVERIFY(loaded<URL>() == nullptr);
+        QVERIFY(main().isVisible());
+        QCOMPARE(shared(), emulator + "\r\n");
+    }
+    void a_request_to_close_that_waits_already_comes_before_the_download() {
+        const WebServer server(answerOf(emulator));
+        useServer(server.address(QString()));
+        openOldList(pandocs, mine);
+        URL& list = window();
+        QMetaObject::invokeMethod(
+            &list, [&list] { list.close(); }, Qt::QueuedConnection);
+        emit list.chameleonButton5.Click();
+        QVERIFY(loaded<URL>() == nullptr);
+        QCOMPARE(boxes(), QStringList());
+        QCOMPARE(server.requests.size(), 0);
+        checkUntouched();
+    }
     void a_list_that_its_line_end_makes_too_large_is_a_failure() {
         publish(QByteArray(WebLists::mostBytes - 1, 'x'));
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         clickUpdate();
         checkFailed();
     }
@@ -269,7 +332,7 @@ private slots:
     // Bad days of the disk
     void a_full_disk_is_reported_and_the_old_list_stays() {
         publish(emulator);
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         {
             const FullDisk full(10);
             clickUpdate();
@@ -278,7 +341,7 @@ private slots:
     }
     void a_read_only_folder_is_reported_and_the_old_list_stays() {
         publish(emulator);
-        openList(pandocs, mine);
+        openOldList(pandocs, mine);
         folder().setMode(u"data"_s, 0555);
         {
             const OrdinaryUser user;
