@@ -148,6 +148,21 @@ private slots:
         QVERIFY(loaded<AddPersonalWeb>() == nullptr);
         QCOMPARE(personal(), "\r\nKey;http://k.example;perso\r\n");
     }
+    void brought_back_by_the_desktop_it_leaves_the_focus_where_it_was() {
+        openList({});
+        openDialog();
+        fieldOf(dialog().Text1).setFocus();
+        QShowEvent again;
+        QSpontaneKeyEvent::setSpontaneous(&again);
+        qApp->notify(&dialog(), &again);
+        QVERIFY(fieldOf(dialog().Text1).hasFocus());
+    }
+    void blanks_at_both_ends_are_written_as_they_stand() {
+        openList({});
+        addPage(u" N "_s, u" http://a "_s);
+        QCOMPARE(personal(), "\r\n N ; http://a ;perso\r\n");
+        QCOMPARE(rows(), QStringList{u" N "_s});
+    }
     void pasted_line_ends_and_control_characters_become_blanks() {
         openList({});
         openDialog();
@@ -190,6 +205,19 @@ private slots:
         checkFailed("(61)");
         click(dialog().ChameleonButton17);
         QCOMPARE(personal(), mine + "\r\nN;http://a;perso\r\n");
+    }
+    void a_failure_after_return_is_reported_too_and_return_adds_the_page_afterwards() {
+        openList({}, mine);
+        openDialog();
+        typeText(fieldOf(dialog().Text2), u"N"_s);
+        press(Qt::Key_Return);
+        {
+            const FullDisk full(10);
+            press(Qt::Key_Return);
+        }
+        checkFailed("(61)");
+        press(Qt::Key_Return);
+        QCOMPARE(personal(), mine + "\r\nN;http://;perso\r\n");
     }
     void a_read_only_folder_is_reported_and_nothing_is_lost() {
         openList({}, mine);

@@ -84,6 +84,27 @@ private slots:
         clickDelete();
         QCOMPARE(personal(), "\r\n\r\n\r\n");
     }
+    void the_box_shows_letters_of_code_page_1252() {
+        openList({}, "\xD1 \x80 \x81;http://a/\xE1;perso\r\n");
+        clickDelete();
+        QCOMPARE(boxes(), QStringList{u"Ñ € \u0081;http://a/á;perso"_s});
+    }
+    void the_box_shows_a_name_with_a_dollar_sign_whole() {
+        openList({}, "a$b;http://a;perso\r\n");
+        clickDelete();
+        QVERIFY2(boxes().first().startsWith(u"a$b;b "_s), qPrintable(boxes().first()));
+        checkFails("(9)");
+    }
+    void a_window_that_closes_under_its_box_deletes_nothing() {
+        openTwo();
+        messages().whileOpen = [this] { window().close(); };
+        clickDelete();
+        QCOMPARE(boxes().size(), 1);
+        QVERIFY(loaded<URL>() == nullptr);
+        QVERIFY(main().isVisible());
+        QCOMPARE(personal(), mine + yours);
+        QVERIFY(!files().contains(u"url_perso.bak"_s));
+    }
     void a_name_with_200_blanks_in_a_row_cannot_be_found_again() {
         const QByteArray line = "a" + QByteArray(200, ' ') + "b;http://a;perso\r\n";
         openList({}, line);
@@ -137,6 +158,17 @@ private slots:
             clickDelete();
         }
         folder().setMode(u"data"_s, 0755);
+        checkFails("(70)");
+        QCOMPARE(personal(), mine + yours);
+    }
+    void a_read_only_file_is_reported_and_stays() {
+        openTwo();
+        folder().setMode(u"data"_s, 0777);
+        folder().setMode(u"data/url_perso.dat"_s, 0444);
+        {
+            const OrdinaryUser user;
+            clickDelete();
+        }
         checkFails("(70)");
         QCOMPARE(personal(), mine + yours);
     }

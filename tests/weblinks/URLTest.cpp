@@ -50,6 +50,14 @@ private slots:
         QVERIFY(!main().isVisible());
         QCOMPARE(boxes(), QStringList());
     }
+    void it_is_never_modal_and_has_no_owner_also_when_it_is_opened_anew() {
+        openList(pandocs, mine);
+        for (int opening = 0; opening < 2; ++opening) {
+            QVERIFY(window().windowModality() == Qt::NonModal);
+            QCOMPARE(window().windowHandle()->transientParent(), nullptr);
+            window().SetNewName(u"Ana"_s);
+        }
+    }
     void the_close_button_and_the_window_manager_bring_the_main_window_back_which_takes_input() {
         openList(pandocs);
         click(window().chameleonButton1);
@@ -142,6 +150,12 @@ private slots:
         QCOMPARE(window().OrderNumber.Caption(), u"0003"_s);
         QTest::keyClick(window().windowHandle(), Qt::Key_Up);
         QCOMPARE(window().OrderNumber.Caption(), u"0002"_s);
+    }
+    void the_number_is_that_of_the_row_that_the_user_sees() {
+        openList(pandocs + emulator);
+        window().List1.setListIndex(1);
+        QCOMPARE(labels().first(), u"An emulator"_s);
+        QCOMPARE(window().OrderNumber.Caption(), u"0001"_s);
     }
     void the_name_keeps_its_blanks() {
         openList(pandocs);
