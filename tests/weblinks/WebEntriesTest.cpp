@@ -51,6 +51,8 @@ private slots:
     }
     void a_first_file_without_a_line_end_keeps_its_last_line() {
         QCOMPARE(rows({"A;a;system", "C;c;perso"}), u"wolas0 A 1|wolas1 C 2"_s);
+        QCOMPARE(entries({"A;a;system", "C;c;perso"}), u"A a system|C c perso"_s);
+        QCOMPARE(rows({"A", "C;c;perso"}), u"wolas0 A 0|wolas1 C 2"_s);
         QCOMPARE(rows({"A;a;system\r", "\nC;c;perso"}), u"wolas0 A 1|wolas2 C 2"_s);
     }
     void an_empty_line_gives_nothing_and_is_counted() {
@@ -69,6 +71,7 @@ private slots:
     void a_kind_that_has_no_icon_gets_a_row_without_one() {
         QCOMPARE(rows({"A;a;SYSTEM\nB;b;Perso\nC;c;\nD;d;system \nE"}),
                  u"wolas0 A 0|wolas1 B 0|wolas2 C 0|wolas3 D 0|wolas4 E 0"_s);
+        QCOMPARE(rows({"A;a;perso\nB;b;other\nC"}), u"wolas0 A 2|wolas1 B 0|wolas2 C 0"_s);
     }
     void empty_fields_are_fields() {
         QCOMPARE(rows({";;\n;a;perso"}), u"wolas0  0|wolas1  2"_s);
@@ -94,6 +97,7 @@ private slots:
             if (byte != ';' && byte != '\r' && byte != '\n') bytes += static_cast<char>(byte);
         const WebRows source(read({bytes + ";a;system"}));
         QCOMPARE(CodePage1252::toBytes(source.text(0, 0)), bytes);
+        QCOMPARE(source.count(), 1);
         const WebTexts texts(read({"a\0b;c\0d;perso"_ba}));
         QCOMPARE(WebEntry(texts.text(0, 0)).line(), "a\0b;c\0d;perso"_ba);
     }

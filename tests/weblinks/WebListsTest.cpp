@@ -209,6 +209,32 @@ private slots:
         QCOMPARE(read(ownFile), "\r\n\n\r\n");
     }
 
+    void without_a_backup_nothing_is_removed() {
+        const QByteArray before = read(ownFile);
+        folder->makeFolder(QString::fromLatin1(kept));
+        QCOMPARE(removeFailure("b;b;perso"), number(RuntimeFailure::pathAccess));
+        QCOMPARE(read(ownFile), before);
+        expectNames({u"url.dat"_s, u"url_perso.bak"_s, u"url_perso.dat"_s}, "data");
+    }
+    void a_full_list_can_be_made_shorter() {
+        QFile sparse(at(ownFile));
+        QVERIFY(sparse.resize(WebLists::mostBytes));
+        lists().remove("b;b;perso");
+        QCOMPARE(infoOf(ownFile).st_size, WebLists::mostBytes - 9 + 4);
+    }
+    void failures_of_additions_and_deletions_name_the_file() {
+        setMode(ownFile, 0444);
+        const OrdinaryUser user;
+        for (const bool isAddition : {true, false}) {
+            try {
+                isAddition ? lists().add(u"n"_s, u"a"_s) : lists().remove("b;b;perso");
+                QFAIL("no failure");
+            } catch (const RuntimeFailure& failure) {
+                QVERIFY(failure.file().endsWith(u"url_perso.dat"_s));
+            }
+        }
+    }
+
     // Bad days of the disk
     void a_full_disk_changes_nothing_data() {
         QTest::addColumn<int>("room");
