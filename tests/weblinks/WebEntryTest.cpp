@@ -94,6 +94,9 @@ private slots:
             if (c != u'$' && c != u';' && c != u' ') all += QChar(c);
         QCOMPARE(entry(all, all, u"perso"_s).line(), all.toLatin1() + ';' + all.toLatin1() + ";perso");
     }
+    void the_line_has_a_name_with_a_dollar_sign_whole() {
+        QVERIFY(entry(u"a$b"_s, u"A"_s).line().startsWith("a$b;b "));
+    }
     void the_blanks_at_the_end_of_a_name_are_not_in_the_line() {
         QCOMPARE(entry(u"N   "_s, u"A"_s).line(), "N;A;perso");
         QCOMPARE(entry(u"a"_s + QString(200, u' ') + u"b"_s, u"A"_s).line(), "a;A;perso");
