@@ -35,3 +35,32 @@ looks_different() { # FILE FILE
     cmp -s "$1" "$2"
     [ $? = 1 ]
 }
+
+# part_changes WINDOW CONTROL COMMAND...: afterwards the control shows something else.
+part_changes() {
+    local part=("$1" "$2")
+    shift 2
+    shot_of_part "${part[@]}" "$work/before.png" && "$@" &&
+        wait_until 5 "shot_of_part ${part[*]@Q} '$work/after.png' && looks_different '$work/before.png' '$work/after.png'"
+}
+
+# configure [LINE...]: settings before the first start: the language $language, no intro, and these lines.
+configure() {
+    mkdir -p "$work/config/Torvane"
+    { printf '[Config]\nLanguage = %s\nIntro = 0\n' "$copy\\data\\lang\\lang_$language.tvl" && printf '%s\n' "$@"; } \
+        >"$work/config/Torvane/Torvane.conf"
+}
+# Instead of a browser: adds a line to $work/opened for each call, the number of words and the words. The program asks
+# the desktop by this name.
+record_addresses() {
+    mkdir "$work/bin"
+    printf '#!/bin/sh\nprintf "%%s\\n" "$# $*" >>"%s"\n' "$work/opened" >"$work/bin/xdg-open"
+    chmod +x "$work/bin/xdg-open"
+    export PATH=$work/bin:$PATH
+}
+# From the main window.
+leaves() {
+    click MainFrm chameleonButton1
+    wait_window TorvMsg && click TorvMsg chameleonButton2
+    wait_until 5 '! program_runs'
+}
