@@ -36,7 +36,8 @@ constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
                                          .field = 0x382B26,
                                          .text = torvane::white,
                                          .selection = 0xA37774,
-                                         .faint = 0xB09A93};
+                                         .faint = 0xB09A93,
+                                         .signs = ":/art/box-%1-32.png"};
 
 // Delays in ms for work that can wait until the first window is on screen.
 constexpr int windowIconDelay = 100;

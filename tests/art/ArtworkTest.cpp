@@ -128,7 +128,8 @@ void ArtworkTest::every_picture_has_its_kind_and_its_size_at_both_scales_data() 
           "languages-32",       "internet-32",      "update-32",          "console-advance-32",
           "console-gameboy-32", "console-color-32", "console-archive-32", "console-unknown-32",
           "image-jpg-32",       "image-gif-32",     "image-bmp-32",       "image-png-32",
-          "web-system-32",      "web-perso-32",     "cursor-hand",        "cursor-link"}) {
+          "web-system-32",      "web-perso-32",     "cursor-hand",        "cursor-link",
+          "box-information-32", "box-question-32",  "box-warning-32",     "box-critical-32"}) {
         row(QString(icon) + ".png", "PNG", {32, 32});
     }
     for (int number = 0; number < 7; ++number) row(QString("tray-%1-16.png").arg(number), "PNG", {16, 16});
@@ -255,11 +256,26 @@ void ArtworkTest::a_hover_twin_has_the_outline_of_its_icon_in_warmer_colours() {
 
 void ArtworkTest::a_list_icon_has_hard_edges_and_a_clear_corner_data() {
     QTest::addColumn<QString>("name");
-    for (const char* icon :
-         {"console-advance-32", "console-gameboy-32", "console-color-32", "console-archive-32",
-          "console-unknown-32", "console-gameboy-16", "console-color-16", "console-advance-16",
-          "image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32", "web-system-32", "web-perso-32",
-          "yes-24", "no-24"}) {
+    for (const char* icon : {"console-advance-32",
+                             "console-gameboy-32",
+                             "console-color-32",
+                             "console-archive-32",
+                             "console-unknown-32",
+                             "console-gameboy-16",
+                             "console-color-16",
+                             "console-advance-16",
+                             "image-jpg-32",
+                             "image-gif-32",
+                             "image-bmp-32",
+                             "image-png-32",
+                             "web-system-32",
+                             "web-perso-32",
+                             "box-information-32",
+                             "box-question-32",
+                             "box-warning-32",
+                             "box-critical-32",
+                             "yes-24",
+                             "no-24"}) {
         QTest::newRow(icon) << icon;
     }
 }

@@ -84,6 +84,8 @@ void IconGroundsTest::no_two_buttons_of_a_window_look_alike_data() {
     QTest::newRow("URL") << QStringList{"delete-16", "add-16", "download-16"};
     QTest::newRow("ConfigNew") << QStringList{"add-games-32", "options-32", "languages-32", "internet-32",
                                               "update-32"};
+    QTest::newRow("message boxes") << QStringList{"box-information-32", "box-question-32", "box-warning-32",
+                                                  "box-critical-32"};
     QTest::newRow("kinds of pages") << QStringList{"web-system-32", "web-perso-32"};
     QTest::newRow("kinds of pictures")
         << QStringList{"image-jpg-32", "image-gif-32", "image-bmp-32", "image-png-32"};

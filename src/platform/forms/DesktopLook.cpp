@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The toolkit's palette from a few colours.
+// Qt's palette from a few colours.
 #include "DesktopLook.h"
+#include "DesktopStyle.h"
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyle>
 #include <QToolTip>
 
 namespace torvane {
@@ -44,8 +44,7 @@ QPalette menuPaletteOf(const DesktopLook& look) {
 } // namespace
 
 void applyDesktopLook(const DesktopLook& look) {
-    // Other styles of a desktop take their colours from pictures and would ignore the palette.
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new DesktopStyle(QString::fromUtf8(look.signs)));
     const QPalette palette = paletteOf(look);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);

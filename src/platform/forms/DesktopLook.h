@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The colours of what the program does not paint itself: message boxes, file dialogs, menus, scroll
+// The colours and signs of what the program does not paint itself: message boxes, file dialogs, menus, scroll
 // bars, tool tips.
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace torvane {
 
-/// A few colours from which all parts of Qt's own dialogs are derived.
+/// A few colours from which all parts of Qt's own dialogs are derived, and the signs of message boxes.
 struct DesktopLook {
     OleColour ground = 0;    ///< of boxes and dialogs
     OleColour button = 0;    ///< of push buttons, scroll bars and headings
@@ -15,6 +15,9 @@ struct DesktopLook {
     OleColour text = 0;      ///< on all of these
     OleColour selection = 0; ///< behind the selected text, whose letters keep their colour
     OleColour faint = 0;     ///< texts of what can't be used, and hints in empty fields
+    /// Pictures of message boxes: a file name with "%1" for information, question, warning or critical. Those
+    /// of Qt are taken for what is not there.
+    const char* signs = "";
 };
 
 /// Gives the whole application that look, whatever the desktop's own theme is: a light box over dark windows

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QToolTip>
 
 using namespace torvane;
@@ -57,6 +58,25 @@ private slots:
         box.show();
         QCOMPARE(imageOf(box).pixelColor(2, 2), QColor(0x33, 0x39, 0x4A));
         QVERIFY(hasColour(imageOf(box), Qt::white));
+    }
+
+    void a_message_box_has_the_sign_of_its_kind_and_buttons_without_pictures() {
+        const QTemporaryDir folder;
+        QImage sign(32, 32, QImage::Format_RGB32);
+        sign.fill(Qt::magenta);
+        QVERIFY(sign.save(folder.filePath(QStringLiteral("question.png"))));
+        const QByteArray signs = folder.filePath(QStringLiteral("%1.png")).toUtf8();
+        DesktopLook withSigns = dark;
+        withSigns.signs = signs.constData();
+        applyDesktopLook(withSigns);
+        QMessageBox box(QMessageBox::Question, QStringLiteral("Torvane"), QStringLiteral("text"),
+                        QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(box.iconPixmap().toImage().pixelColor(16, 16), QColor(Qt::magenta));
+        QVERIFY(box.button(QMessageBox::Yes)->icon().isNull());
+        // For this kind there is no file.
+        const QMessageBox other(QMessageBox::Critical, QStringLiteral("Torvane"), QStringLiteral("text"));
+        QVERIFY(!other.iconPixmap().isNull());
+        applyDesktopLook(dark);
     }
 
     void the_scroll_bar_of_a_long_text_does_not_dazzle() {
