@@ -58,7 +58,7 @@ record_addresses() {
     chmod +x "$work/bin/xdg-open"
     export PATH=$work/bin:$PATH
 }
-# From the main window.
+# The program ends from the main window.
 leaves() {
     click MainFrm chameleonButton1
     wait_window TorvMsg && click TorvMsg chameleonButton2

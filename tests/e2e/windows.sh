@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What a user does in the web list, in the control panel and in the windows behind it. Sourced after steps.sh and
+# What a user does in the web list, in the control panel and in the windows that it opens. Sourced after steps.sh and
 # tray.sh; the program is in $copy, its settings are in $work/config.
 
 settings=$work/config/Torvane/Torvane.conf
