@@ -108,5 +108,13 @@ class State(unittest.TestCase):
         )
 
 
+class Tests(unittest.TestCase):
+    def test_rows_without_a_test(self):
+        rows = "    void every_byte_is_data() {\n    }\n"
+        self.assertIn("aTest.cpp:1: every_byte_is_data is never run", found_by("check-tests", "tests/a/aTest.cpp", rows))
+        self.assertEqual("", found_by("check-tests", "tests/a/aTest.cpp", "    void initTestCase_data() {\n    }\n"))
+        self.assertEqual("", found_by("check-tests", "tests/a/aTest.cpp", rows + "    void every_byte_is() {\n    }\n"))
+
+
 if __name__ == "__main__":
     sys.exit(unittest.main())

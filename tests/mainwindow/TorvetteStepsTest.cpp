@@ -27,7 +27,7 @@ private slots:
     void init() { opened = std::make_unique<OpenedCompact>(); }
     void cleanup() { opened.reset(); }
 
-    void steps_move_the_selection_of_the_main_window_and_show_its_data() {
+    void steps_move_the_selection_of_the_main_window_and_show_its_tag() {
         opened->tagged(u"a.gb"_s, u"One"_s);
         opened->tagged(u"b.gba"_s, u"Two"_s, u"Tin Fern"_s, u"More"_s);
         opened->openCompact();

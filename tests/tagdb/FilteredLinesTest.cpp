@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(filtered("byn")->count(), 1);
         QCOMPARE(filtered("byn\xA7")->count(), 1);
     }
-    void zero_bytes_and_control_z_are_data() {
+    void zero_bytes_and_control_z_belong_to_a_line() {
         const QByteArray title("a\0b\x1A"
                                "c",
                                5);
