@@ -31,7 +31,7 @@ if(TORVANE_SANITIZE)
 endif()
 # The linker of binutils that takes half the time; each of some twenty test programs has all modules in it.
 find_program(TORVANE_GOLD ld.gold)
-if(TORVANE_GOLD)
+if(TORVANE_GOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_link_options(torvane_flags INTERFACE -fuse-ld=gold)
 endif()
 if(TORVANE_FUZZ)
