@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSignalBlocker>
+#include <array>
 
 namespace torvane {
 
@@ -20,6 +21,12 @@ const QString noFolder = QStringLiteral("No hay seleccionado. Por favor, elige u
 TextSetting chosenFolder(Settings& settings, const QString& absent) { return {settings, "Capturas", absent}; }
 
 QString homeFolder() { return Paths::spelled(QFile::encodeName(QDir::homePath())); }
+
+// By the numbers of the colours.
+std::array<OptionButton*, 7> coloursOf(ConfGenDesign& window) {
+    return {&window.Option1_0, &window.Option1_1, &window.Option1_2, &window.Option1_3,
+            &window.Option1_4, &window.Option1_5, &window.Option1_6};
+}
 } // namespace
 
 ConfGen::ConfGen(const Services& services)
@@ -29,9 +36,7 @@ ConfGen::ConfGen(const Services& services)
 
 void ConfGen::wireControls() {
     using Options = GeneralOptions;
-    int number = 0;
-    for (OptionButton* colour :
-         {&Option1_0, &Option1_1, &Option1_2, &Option1_3, &Option1_4, &Option1_5, &Option1_6}) {
+    for (int number = 0; OptionButton * colour : coloursOf(*this)) {
         wireOption(*colour, Options::colour, number++, &ConfGen::changeTrayPicture);
     }
     wireOption(Option2_0, Options::corner, 0, &ConfGen::moveCompactWindow);
@@ -101,10 +106,8 @@ void ConfGen::showOptions() {
         const QSignalBlocker blocker(control);
         control.setValue(value);
     };
-    OptionButton* const colours[] = {&Option1_0, &Option1_1, &Option1_2, &Option1_3,
-                                     &Option1_4, &Option1_5, &Option1_6};
     OptionButton* const corners[] = {&Option2_0, &Option2_1};
-    quietly(*colours[m_options.value(Options::colour)], true);
+    quietly(*coloursOf(*this)[m_options.value(Options::colour)], true);
     quietly(*corners[m_options.value(Options::corner)], true);
     quietly(Check1, m_options.value(Options::tray));
     quietly(Check2, m_options.value(Options::onTop));

@@ -53,7 +53,6 @@ void SelLang::ChameleonButton2_Click() {
     language.set(File1.filePath());
     m.globals.LanguageFile = language.value();
     const QString loaded = info("loaded");
-    info("changes"); // has no effect: nothing shows what is new in a file
     m.runtime.messages.MsgBox(loaded, MsgBoxFlags::information, QStringLiteral("LangFile Loaded"));
     Unload();
 }
