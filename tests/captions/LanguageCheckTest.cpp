@@ -52,6 +52,7 @@ private slots:
         const QStringList all = check->faultsOf({});
         QVERIFY(all.size() > 250);
         for (const QString& fault : all) QVERIFY(fault.startsWith(u"missing: ["_s));
+        QVERIFY(std::is_sorted(all.begin(), all.end()));
     }
     void a_text_that_nobody_asks_for_is_listed_with_its_line() {
         QCOMPARE(faults("; my own\r\n" + changed("report2=Report the bug", "report2=Report it\r\nreport3=x")),
@@ -60,6 +61,19 @@ private slots:
     void a_second_text_of_a_key_is_listed() {
         QCOMPARE(faults(english + "[About]\r\nREPORT=again\r\n").section(u": "_s, 1),
                  u"a second time: [About] REPORT"_s);
+    }
+    void of_two_texts_the_last_one_is_measured() {
+        const QString all = faults(english + "[About]\r\nreport2=Report the bug to the developers\r\n");
+        QVERIFY2(all.contains(u"too long: [About] report2 for ChameleonButton17"_s), qPrintable(all));
+    }
+    void a_text_with_braces_is_a_text_like_any_other() {
+        QCOMPARE(faults(changed("report2=Report the bug", "report2={About/report2}")), QString());
+    }
+    void a_line_of_two_texts_of_which_one_is_missing_is_not_measured() {
+        const QByteArray bytes = changed("langname=English", "langname=" + QByteArray(60, 'W'));
+        QVERIFY(faults(bytes).contains(u"too long"_s));
+        QCOMPARE(faults(QByteArray(bytes).replace("hisname=Language:", "hisname=")),
+                 u"missing: [FileInfo] hisname"_s);
     }
     void a_text_that_is_too_long_is_listed_with_its_place_data() {
         QTest::addColumn<QByteArray>("line");
@@ -100,7 +114,33 @@ private slots:
     void a_file_of_the_wrong_form_is_reported() {
         QVERIFY(faults(QByteArray(english).replace("\r\n", "\n")).contains(u"CR LF"_s));
         QVERIFY(faults(QString::fromLatin1(english).toUtf8()).contains(u"UTF-8"_s));
-        QVERIFY(faults("stray\r\n" + english).contains(u"line 1: neither a section nor a text: stray"_s));
+        QVERIFY(faults(QByteArray(english).replace("\r\n", "\r")).contains(u"CR LF"_s));
+        for (const char* line : {"stray", "stray=before any section"}) {
+            QVERIFY(faults(QByteArray(line) + "\r\n" + english)
+                        .contains(u"line 1: neither a section nor a text: "_s + QLatin1String(line)));
+        }
+        QVERIFY(faults(english + "=no key\r\n").contains(u": neither a section nor a text: =no key"_s));
+    }
+    void letters_without_accents_are_of_the_right_form() {
+        QVERIFY(!faults("[About]\r\nreport2=Report it\r\n").contains(u"form:"_s));
+    }
+
+    // Else no file could have that text without a fault, and its length would never be measured.
+    void every_text_in_the_table_of_captions_is_one_that_windows_ask_for() {
+        QFile table(QStringLiteral(TORVANE_TESTS_DIR "/tree/language_keys.tsv"));
+        QVERIFY(table.open(QIODevice::ReadOnly));
+        const QStringList known = QString::fromLatin1(table.readAll()).replace(u'\t', u'/').split(u'\n');
+        const QRegularExpression text(u"\\{([^}]+)\\}"_s);
+        QStringList unknown;
+        int count = 0;
+        for (const auto& caption : check->captions()) {
+            for (const auto& found : text.globalMatch(caption.words)) {
+                if (!known.contains(found.captured(1))) unknown += found.captured(1);
+                ++count;
+            }
+        }
+        QCOMPARE(unknown.join(u'\n'), QString());
+        QVERIFY(count > 150);
     }
     void a_file_that_the_program_does_not_read_is_reported_as_too_large() {
         const QByteArray comment = ';' + QByteArray(4 * 1024 * 1024 - 3 - english.size(), 'x') + "\r\n";
