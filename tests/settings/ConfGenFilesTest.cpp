@@ -43,6 +43,18 @@ private slots:
         QCOMPARE(chosenColour(), 0);
         QCOMPARE(window().Check1.Value(), 1);
     }
+    void a_store_that_cannot_be_written_keeps_no_stored_option_from_its_effect() {
+        openPanel();
+        world().setSetting("Icon", u"4"_s);
+        world().setSetting("Tray", u"0"_s);
+        closeStore();
+        const OrdinaryUser user;
+        clickOptions();
+        expectReported(1, u"Torvane.conf"_s);
+        QCOMPARE(chosenColour(), 4);
+        QCOMPARE(trayPicture(), 4);
+        QVERIFY(!hasTrayIcon());
+    }
     void an_option_that_cannot_be_stored_is_reported_and_goes_back_data() {
         QTest::addColumn<QString>("name");
         for (const char* name :

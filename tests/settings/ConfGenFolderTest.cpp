@@ -37,6 +37,12 @@ private slots:
         QCOMPARE(messages().boxes.last().title, u"Torvane 1.1"_s);
         QCOMPARE(folder(), u"(absent)"_s);
     }
+    void the_title_of_the_folder_is_the_same_in_every_version() {
+        openOptions();
+        opened->program->globals.setVersion(u"9.9"_s);
+        show();
+        QCOMPARE(messages().boxes.last().title, u"Torvane 1.1"_s);
+    }
     void the_stored_folder_is_shown_as_it_is_data() {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("shown");

@@ -76,6 +76,13 @@ private slots:
         QVERIFY(main().isVisible() && panel().isVisible() && window().isVisible());
         QCOMPARE(window().windowHandle()->transientParent(), panel().windowHandle());
     }
+    void it_leaves_the_panel_to_the_user() {
+        openOptions();
+        panel().activateWindow();
+        click(panel().chameleonButton4);
+        QVERIFY(loaded<SelLang>() != nullptr && loaded<SelLang>()->isVisible());
+        QVERIFY(window().isVisible());
+    }
     void both_buttons_escape_and_the_window_manager_close_it_data() {
         QTest::addColumn<QByteArray>("how");
         for (const char* how : {"cross", "close", "escape", "window manager"})
@@ -136,6 +143,23 @@ private slots:
         QCOMPARE(chosenCorner(), 0);
         QCOMPARE(boxes(), (QList<int>{0, 1, 1, 1, 1}));
         QCOMPARE(stored(), (QStringList{u"0"_s, u"5"_s, u"0"_s, u"1"_s, u"1"_s, u"1"_s, u"1"_s}));
+    }
+    void each_box_shows_its_own_setting_data() {
+        QTest::addColumn<QByteArray>("setting");
+        QTest::addColumn<QList<int>>("shown");
+        QTest::newRow("tray") << "Tray"_ba << QList<int>{1, 0, 0, 0, 0};
+        QTest::newRow("on top") << "OnTop"_ba << QList<int>{0, 1, 0, 0, 0};
+        QTest::newRow("intro") << "Intro"_ba << QList<int>{0, 0, 1, 0, 0};
+        QTest::newRow("compact start") << "Start"_ba << QList<int>{0, 0, 0, 1, 0};
+        QTest::newRow("archives") << "zip"_ba << QList<int>{0, 0, 0, 0, 1};
+    }
+    void each_box_shows_its_own_setting() {
+        QFETCH(QByteArray, setting);
+        openPanel();
+        for (const char* key : {"Tray", "OnTop", "Intro", "Start", "zip"}) world().setSetting(key, u"0"_s);
+        world().setSetting(setting, u"1"_s);
+        clickOptions();
+        QTEST(boxes(), "shown");
     }
     void stored_values_that_the_controls_cannot_take_count_as_the_defaults_data() {
         QTest::addColumn<QString>("value");
@@ -266,8 +290,10 @@ private slots:
     void always_on_top_waits_for_the_next_compact_window() {
         openOptions();
         goCompact();
+        loaded<Torvette>()->move(40, 50);
         mark(window().Check2);
         QCOMPARE(world().setting("OnTop"), u"1"_s);
+        QCOMPARE(compactPlace(), QPoint(40, 50));
         QVERIFY(isSeen(loaded<Torvette>()->ChameleonButton9) &&
                 !isSeen(loaded<Torvette>()->ChameleonButton7));
         loaded<Torvette>()->Unload();

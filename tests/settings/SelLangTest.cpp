@@ -32,6 +32,12 @@ private slots:
         QCOMPARE(window().ChameleonButton17.Caption(), u"More languages"_s);
         QCOMPARE(lines(), QStringList({QString(), QString(), QString()}));
     }
+    void the_list_has_the_focus_at_first() {
+        openLanguages();
+        QTest::keyClick(window().windowHandle(), Qt::Key_Down);
+        QCOMPARE(window().File1.ListIndex(), 0);
+        QCOMPARE(lines().first(), u"Llengua: Català"_s);
+    }
     void every_caption_fits_whatever_language_is_chosen_and_described_data() {
         QTest::addColumn<QByteArray>("language");
         for (const char* language : {"esp", "cat", "eng"}) QTest::newRow(language) << QByteArray(language);
@@ -133,15 +139,28 @@ private slots:
         QCOMPARE(opened->world.setting("Language"), folder() + u'\\');
         QVERIFY(messages().last().startsWith(u"A partir de ahora"_s));
     }
+    void settings_that_cannot_be_written_are_reported_and_the_language_stays_data() {
+        QTest::addColumn<bool>("isDiskFull");
+        QTest::addColumn<int>("number");
+        QTest::newRow("full disk") << true << 61;
+        QTest::newRow("folder without rights") << false << 70;
+    }
     void settings_that_cannot_be_written_are_reported_and_the_language_stays() {
+        QFETCH(bool, isDiskFull);
+        QFETCH(int, number);
         openLanguages();
         choose(u"lang_cat.tvl"_s);
-        {
+        if (isDiskFull) {
             const FullDisk disk(1);
             clickLoad();
+        } else {
+            opened->world.folder.setMode(u"config/Torvane"_s, 0555);
+            const OrdinaryUser user;
+            clickLoad();
         }
+        opened->world.folder.setMode(u"config/Torvane"_s, 0755);
         QCOMPARE(messages().boxes.size(), 1);
-        QVERIFY2(messages().last().contains(u"(61)"_s), qPrintable(messages().last()));
+        QVERIFY2(messages().last().endsWith(u"(%1)"_s.arg(number)), qPrintable(messages().last()));
         QCOMPARE(opened->world.ends, 0);
         QCOMPARE(opened->program->globals.LanguageFile, spelled(u"lang_eng.tvl"_s));
         QCOMPARE(opened->world.setting("Language"), spelled(u"lang_eng.tvl"_s));
@@ -188,6 +207,28 @@ private slots:
         QCOMPARE(entries().size(), 3);
         QCOMPARE(opened->world.ends, 0);
         QVERIFY(window().isVisible());
+    }
+    void a_file_that_was_clicked_before_the_list_was_read_again_is_not_deleted() {
+        openLanguages();
+        choose(u"lang_cat.tvl"_s);
+        add({});
+        clickDelete(MsgBoxFlags::answerYes);
+        QCOMPARE(entries().size(), 3);
+        QCOMPARE(messages().boxes.last().flags, 16);
+    }
+    void a_window_that_is_closed_under_the_question_deletes_nothing() {
+        openLanguages();
+        choose(u"lang_cat.tvl"_s);
+        messages().whileOpen = [this] { window().Unload(); };
+        clickDelete(MsgBoxFlags::answerYes);
+        QCOMPARE(entries().size(), 3);
+        QCOMPARE(messages().boxes.size(), 1);
+    }
+    void the_title_of_the_question_is_the_same_in_every_version() {
+        openLanguages();
+        opened->program->globals.setVersion(u"9.9"_s);
+        clickDelete(MsgBoxFlags::answerNo);
+        QCOMPARE(messages().boxes.first().title, u"Torvane 1.1"_s);
     }
     void without_the_current_file_there_are_no_texts_and_the_next_start_asks_for_the_language() {
         openLanguages();

@@ -174,6 +174,23 @@ private slots:
         QCOMPARE(copy(), "old"_ba);
         QCOMPARE(world().ends, 0);
     }
+    void closed_before_it_has_asked_the_server_it_asks_nobody() {
+        const WebServer server(answerOf(versionFile("2.0")));
+        useServer(server);
+        openPanel();
+        ConfigNew* const open = &panel();
+        QTimer::singleShot(0, open, [open] { open->Unload(); });
+        emit open->chameleonButton6.Click();
+        QVERIFY(loaded<ConfigNew>() == nullptr);
+        for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+        QCOMPARE(server.requests.size(), 0);
+        QCOMPARE(messages().boxes.size(), 0);
+    }
+    void escape_closes_the_panel_after_a_check_as_before_it() {
+        checkAgainst(versionFile("1.1"));
+        QTest::keyClick(panel().windowHandle(), Qt::Key_Escape);
+        QVERIFY(loaded<ConfigNew>() == nullptr);
+    }
     void the_general_options_stay_open_beside_a_check() {
         publish(versionFile("1.1"));
         openOptions();

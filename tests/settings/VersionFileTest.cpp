@@ -99,6 +99,11 @@ private slots:
         QFETCH(QString, server);
         QTEST(file.isNews(server), "isNews");
     }
+    void the_case_of_a_letter_counts() {
+        globals.setVersion(u"1.1b"_s);
+        QVERIFY(!file.isNews(u"1.1C"_s));
+        QVERIFY(file.isNews(u"1.1c"_s));
+    }
     void the_own_version_is_read_at_the_comparison() {
         QVERIFY(file.isNews(u"1.9.5"_s));
         globals.setVersion(u"3.0"_s);
