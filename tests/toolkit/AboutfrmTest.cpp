@@ -44,6 +44,14 @@ private slots:
         QCOMPARE(window().Label23.Caption(), u"1.1"_s);
         QCOMPARE(window().Label24.Caption(), u"by Torvane ·· 1.1 r2"_s);
     }
+    void only_its_title_follows_the_version() {
+        openWithGames(1);
+        opened->program->globals.setVersion(u"9.9"_s);
+        openAbout();
+        QCOMPARE(window().Label5.Caption(), u"About Torvane v9.9"_s);
+        QCOMPARE(window().Label23.Caption(), u"1.1"_s);
+        QCOMPARE(window().Label24.Caption(), u"by Torvane ·· 1.1 r2"_s);
+    }
     void a_file_without_its_keys_leaves_the_version_the_sign_and_an_empty_button() {
         opened->world.folder.write(u"data/lang/lang_eng.tvl"_s, "[FileInfo]\r\nlangname=Bare\r\n");
         openAbout();
