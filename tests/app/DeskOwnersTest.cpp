@@ -37,10 +37,12 @@ private slots:
     }
     void cleanup() { opened.reset(); }
 
-    void after_the_main_window_was_loaded_anew_the_last_window_of_a_chain_is_in_front() {
+    // A window manager takes notice of an owner only when an owned window appears.
+    void all_windows_of_a_chain_appear_anew_when_the_main_window_is_loaded_anew() {
         openPanelAnd(Window::ConfGen);
+        const QSignalSpy appearances(form(Window::ConfGen).windowHandle(), &QWindow::visibleChanged);
         loadMainWindowAnew();
-        QTRY_COMPARE(QApplication::activeWindow(), &form(Window::ConfGen));
+        QCOMPARE(appearances, (QList<QVariantList>{{false}, {true}}));
         QCOMPARE(ownerOf(Window::ConfGen), form(Window::ConfigNew).windowHandle());
         QCOMPARE(ownerOf(Window::ConfigNew), form(Window::MainFrm).windowHandle());
     }
@@ -49,13 +51,20 @@ private slots:
         loadMainWindowAnew();
         QCOMPARE(ownerOf(Window::NewAssistant), form(Window::ConfigNew).windowHandle());
     }
+    void what_the_panel_has_opened_stays_with_the_panel_when_the_compact_window_comes_back() {
+        openPanelAnd(Window::NewAssistant);
+        go(Window::MainFrm, Window::Torvette);
+        go(Window::Menuing, Window::EditDB);
+        form(Window::EditDB).Unload();
+        QVERIFY(form(Window::Torvette).isVisible());
+        QCOMPARE(ownerOf(Window::NewAssistant), form(Window::ConfigNew).windowHandle());
+    }
     void a_hidden_window_stays_hidden_when_its_opener_is_loaded_anew() {
         go(Window::MainFrm, Window::AdvSearch);
         form(Window::AdvSearch).Hide();
         loadMainWindowAnew();
         QVERIFY(!form(Window::AdvSearch).isVisible());
     }
-    // A window manager takes notice of an owner only when an owned window appears.
     void what_belongs_to_a_window_that_comes_back_appears_anew() {
         go(Window::MainFrm, Window::AdvSearch);
         go(Window::MainFrm, Window::EditDB);

@@ -124,6 +124,10 @@ private slots:
     void letters_without_accents_are_of_the_right_form() {
         QVERIFY(!faults("[About]\r\nreport2=Report it\r\n").contains(u"form:"_s));
     }
+    void one_letter_that_is_no_utf_8_makes_a_file_one_of_code_page_1252() {
+        QVERIFY(faults("[About]\r\nreport2=\xC3\xB1\r\n").contains(u"form:"_s));
+        QVERIFY(!faults("[About]\r\nreport2=\xC3\xB1 \xF1\r\n").contains(u"form:"_s));
+    }
 
     // Else no file could have that text without a fault, and its length would never be measured.
     void every_text_in_the_table_of_captions_is_one_that_windows_ask_for() {

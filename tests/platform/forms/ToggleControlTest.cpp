@@ -275,6 +275,15 @@ private slots:
         form->clear.setValue(1);
         QCOMPARE(clicks.size(), 3);
     }
+    void after_a_click_a_toggle_by_assistive_tools_still_counts() {
+        click(form->clear);
+        QSignalSpy clicks(&form->clear, &CheckBox::Click);
+        QAccessible::queryAccessibleInterface(&within(form->clear))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+        QCOMPARE(form->clear.Value(), 0);
+        QCOMPARE(clicks.size(), 1);
+    }
     void assistive_tools_can_press() {
         QSignalSpy clicks(&form->system, &OptionButton::Click);
         QAccessible::queryAccessibleInterface(&within(form->clear))
