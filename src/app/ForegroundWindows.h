@@ -26,6 +26,8 @@ public:
 
     /// The compact window if it is on screen; else the main window, whether it is or not.
     Window face() const;
+    /// Whether any window is on screen, minimised or not.
+    bool isOnScreen() const { return !shownWindows().isEmpty(); }
     /// Hides a window. It comes back as an ordinary one, even if it was minimised.
     void hide(Window window);
     /// Shows a window. It takes input again, unless the question is open that keeps it from that.
