@@ -53,7 +53,7 @@ private:
     }
     void takeOption(const QByteArray& argument) {
         const qsizetype equals = argument.indexOf('=');
-        const QByteArray name = argument.left(equals);
+        const QByteArray name = equals < 0 ? argument : argument.first(equals);
         const bool isQuestion = name == "--help" || name == "--version";
         if (!isQuestion && name != "--folder") return refuse("unknown option '" + printable(argument) + "'");
         if (isQuestion && equals >= 0) return refuse("option '" + name + "' takes no value");

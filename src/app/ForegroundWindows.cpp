@@ -93,6 +93,12 @@ Form* ForegroundWindows::frontWindow() const {
     return front != nullptr && front->windowStateWord() == Form::minimised ? nullptr : front;
 }
 
+QWidget* ForegroundWindows::topmost() const {
+    if (QWidget* box = QApplication::activeModalWidget()) return box;
+    const QList<Form*> shown = shownWindows();
+    return shown.isEmpty() ? nullptr : shown.last();
+}
+
 void ForegroundWindows::bringBack() {
     if (QWidget* box = QApplication::activeModalWidget()) {
         box->raise();

@@ -57,7 +57,11 @@ void OpenFiles::openNow(const QStringList& files) {
     QStringList others;
     for (const QString& file : files) {
         const QString name = nameInLibrary(file);
-        name.isEmpty() ? others.append(file) : game = name;
+        if (name.isEmpty()) {
+            others.append(file);
+        } else {
+            game = name;
+        }
     }
     if (!game.isEmpty()) m_program.runtime.reporting([&] { select(game); });
     if (!others.isEmpty()) m_program.desk.go(m_program.foreground.face(), Window::NewAssistant, others);

@@ -4,6 +4,7 @@
 #include "core/FailureTexts.h"
 #include "core/ScreenshotFolder.h"
 #include "platform/forms/RunningHandler.h"
+#include "platform/forms/StartupNotice.h"
 
 namespace torvane {
 
@@ -34,6 +35,9 @@ void Program::start() {
 // before its turn.
 void Program::calledAgain(const StartCall& call) {
     if (!RunningHandler::isAny() || foreground.isOnScreen()) foreground.bringBack();
+    if (QWidget* top = foreground.topmost()) {
+        StartupNotice{call.startupId, call.activationToken}.answerWith(*top);
+    }
     openFiles(call.files);
 }
 
