@@ -20,13 +20,6 @@ constexpr const char* help = "Usage: torvane [OPTION]... [FILE]...\n"
                              "      --help         show this help and exit\n"
                              "      --version      show the version and exit\n";
 
-// What a terminal would obey becomes "?".
-QByteArray printable(QByteArray text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
-    return text;
-}
-
 class Reader {
 public:
     explicit Reader(const QByteArrayList& arguments) : m_rest(arguments) {}
@@ -76,6 +69,12 @@ private:
     bool m_areAllFiles = false;
 };
 } // namespace
+
+QByteArray printable(QByteArray text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
+    return text;
+}
 
 CommandLine CommandLine::read(const QByteArrayList& arguments) { return Reader(arguments).result(); }
 

@@ -31,4 +31,7 @@ struct CommandLine {
     int answer() const;
 };
 
+/// A text of the command line for a message: control characters, which a terminal would obey, become "?".
+QByteArray printable(QByteArray text);
+
 } // namespace torvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Looks at the files of a command line.
 #include "GivenFiles.h"
+#include "CommandLine.h"
 
 #include <array>
 #include <cerrno>
@@ -32,7 +33,7 @@ GivenFiles GivenFiles::of(const QByteArrayList& names) {
         QByteArray path = absolutePath(name);
         while (path.size() > 1 && path.endsWith('/')) path.chop(1);
         if (const char* fault = faultOf(path)) {
-            files.faults.append(name + ": " + fault);
+            files.faults.append(printable(name) + ": " + fault);
         } else {
             files.paths.append(path);
         }

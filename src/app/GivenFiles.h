@@ -7,8 +7,10 @@
 namespace torvane {
 
 struct GivenFiles {
-    QByteArrayList paths;  ///< absolute real paths of files and folders, without a separator at the end
-    QByteArrayList faults; ///< for each of the others its name and what is wrong, without a line end
+    /// Absolute real paths of files and folders, without a separator at the end.
+    QByteArrayList paths;
+    /// For each of the others its printable name and what is wrong, without a line end.
+    QByteArrayList faults;
 
     /// `names` are as given; relative ones are meant from the working folder of this process.
     static GivenFiles of(const QByteArrayList& names);

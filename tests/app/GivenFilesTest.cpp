@@ -42,7 +42,8 @@ private slots:
         folder->write(u"a.gb"_s, "x");
         QCOMPARE(mkfifo("pipe.gb", 0600), 0);
         QCOMPARE(symlink("circle.gb", "circle.gb"), 0);
-        const GivenFiles files = GivenFiles::of({"no.gb", "pipe.gb", "circle.gb", "/dev/null", "a.gb"});
+        const GivenFiles files =
+            GivenFiles::of({"\x1B[no\n.gb", "pipe.gb", "circle.gb", "/dev/null", "a.gb"});
         QCOMPARE(files.paths.size(), 1);
         QVERIFY(files.paths[0].endsWith("/a.gb"));
         const QByteArrayList expected{

@@ -44,6 +44,7 @@ class InstanceLinkTest : public QObject {
         std::array<char, 4096> part;
         ssize_t got = 0;
         while ((got = recv(caller.number(), part.data(), part.size(), 0)) > 0) bytes.append(part.data(), got);
+        send(caller.number(), &InstanceProtocol::receipt, 1, MSG_NOSIGNAL);
         return InstanceProtocol::unframed(bytes);
     }
     mode_t modeOf(const QByteArray& name) const {
@@ -174,7 +175,7 @@ private slots:
         QCOMPARE(failures, 0);
         QCOMPARE(folder->entries(u"first"_s).size(), 1);
         QCOMPARE(folder->entries(u"second"_s).size(), count - 1);
-        QCOMPARE(folder->read(u"first/messages"_s).toInt(), count - 1);
+        QCOMPARE(folder->read(u"first/"_s + folder->entries(u"first"_s).first()).toInt(), count - 1);
     }
 
 private:
@@ -193,7 +194,7 @@ private:
         while (messages.size() < count - 1 && poll(&look, 1, 20000) > 0) {
             if (const auto message = nextMessage(listener)) messages.insert(*message);
         }
-        folder->write(u"first/messages"_s, QByteArray::number(messages.size()));
+        folder->write(u"first/%1"_s.arg(number), QByteArray::number(messages.size()));
     }
 };
 
