@@ -64,6 +64,11 @@ int MainWindowShelf::placeOf(const QString& name) {
 
 void MainWindowShelf::select(int index) { window().Games.setListIndex(index); }
 
+void MainWindowShelf::selectInSight(int index) {
+    select(index);
+    window().ListView1.setTopForCurrent(window().ListView1.Top());
+}
+
 void MainWindowShelf::refresh() {
     MainFrm* window = m_windows.slot<MainFrm>().ifLoaded();
     if (window == nullptr) return;

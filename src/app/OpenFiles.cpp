@@ -87,9 +87,7 @@ bool OpenFiles::isListed(const QString& name) {
 }
 
 void OpenFiles::select(const QString& name) {
-    m_program.shelf.select(m_program.shelf.placeOf(name));
-    // The game may have been the selected one already, and out of sight.
-    m_program.shelf.setListTop(m_program.shelf.listTop());
+    m_program.shelf.selectInSight(m_program.shelf.placeOf(name));
     m_program.compact.refresh();
 }
 
