@@ -47,7 +47,7 @@ private slots:
         QCOMPARE(files.paths.size(), 1);
         QVERIFY(files.paths[0].endsWith("/a.gb"));
         const QByteArrayList expected{
-            "no.gb: No such file or directory", "pipe.gb: Neither a file nor a folder",
+            "?[no?.gb: No such file or directory", "pipe.gb: Neither a file nor a folder",
             "circle.gb: Too many levels of symbolic links", "/dev/null: Neither a file nor a folder"};
         QCOMPARE(files.faults, expected);
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Files that are named at a start: games of the library are selected, others go to the assistant, and all
 // wait until the user can see it.
+#include "core/CompactTexts.h"
 #include "platform/forms/HeldInput.h"
-#include "support/Archive.h"
 #include "support/OpenedAssistant.h"
 #include "support/TestMain.h"
 
@@ -46,11 +46,9 @@ private slots:
 
     void a_game_of_the_library_is_selected_and_its_tag_shown() {
         opened->games(1);
-        opened->game(u"tagged.gb"_s, QByteArray(3000, 'r') + "ID3TAG\xA7"
-                                                             "Acme\xA7The Title\xA7"
-                                                             "1/1/2026\xA7"
-                                                             "Info\xA7"
-                                                             "Game Boy\xA7\r\n");
+        const QByteArray tag =
+            QByteArray("ID3TAG|Acme|The Title|1/1/2026|Info|3000|\r\n").replace('|', '\xA7');
+        opened->game(u"tagged.gb"_s, QByteArray(3000, 'r') + tag);
         opened->open();
         program().openFiles({library("tagged.gb")});
         QTRY_COMPARE(selected(), u"tagged.gb"_s);
@@ -63,8 +61,9 @@ private slots:
         program().openFiles({library("g100.gb")});
         QTRY_COMPARE(selected(), u"g100.gb"_s);
         const auto isInSight = [this] {
-            const QRect row = main().ListView1.rowRect(99);
-            return !main().ListView1.visibleRegion().intersected(row).isEmpty();
+            const MainFrm& window = main();
+            const QPoint place = window.ListView1.mapTo(&window.Picture2, opened->rowPlace(99));
+            return window.Picture2.rect().contains(place);
         };
         QVERIFY(isInSight());
         main().ListView1.setTop(2);
@@ -114,7 +113,7 @@ private slots:
         expectOpened();
         const Torvette& compact = *program().loaded<Torvette>();
         QVERIFY(compact.isVisible() && !main().isVisible());
-        QCOMPARE(compact.Label3.Caption().toInt(), 2);
+        QCOMPARE(compact.Label3.Caption(), CompactTexts::number(2));
     }
 
     // All else

@@ -80,9 +80,12 @@ void answerOnX11(xcb_connection_t* connection, const QByteArray& id, WId window)
 } // namespace
 
 void StartupNotice::answerWith(QWidget& window) const {
-    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+    const QString platform = QGuiApplication::platformName();
+    // Others may have an X11 interface, too, without a connection.
+    if (platform == QStringLiteral("xcb")) {
+        const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
         answerOnX11(x11->connection(), id, window.winId());
-    } else if (!token.isEmpty() && QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))) {
+    } else if (!token.isEmpty() && platform.startsWith(QStringLiteral("wayland"))) {
         // Qt takes the token of the next activation from here.
         qputenv("XDG_ACTIVATION_TOKEN", token);
         window.activateWindow();
