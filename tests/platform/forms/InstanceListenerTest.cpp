@@ -43,7 +43,7 @@ class InstanceListenerTest : public QObject {
         const QByteArray path = folder->native("one.socket");
         std::memcpy(name.sun_path, path.constData(), static_cast<size_t>(path.size()));
         Handle socket = opened(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        if (connect(socket.number(), reinterpret_cast<sockaddr*>(&name), sizeof name) != 0) failWithErrno();
+        if (::connect(socket.number(), reinterpret_cast<sockaddr*>(&name), sizeof name) != 0) failWithErrno();
         return socket;
     }
     static void send(const Handle& socket, QByteArrayView bytes) {

@@ -97,7 +97,7 @@ private slots:
         QWidget window;
         show(window);
         QTRY_VERIFY(window.isActiveWindow());
-        startBeside({"xev", "-event", "keyboard"});
+        startBeside({"sh", "-c", "exec xev -event keyboard >/dev/null"});
         QTRY_VERIFY_WITH_TIMEOUT(!window.isActiveWindow(), 20000);
         StartupNotice{id, {}}.answerWith(window);
         QTRY_VERIFY_WITH_TIMEOUT(window.isActiveWindow(), 20000);
