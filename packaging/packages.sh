@@ -2,12 +2,12 @@
 # The Debian packages that this project's scripts need, and the function that installs them. Sourced by bash.
 
 # For building the program and its folder: the painter of the pictures writes the credits in one of the fonts.
-packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libzip-dev webp fonts-dejavu-core sdcc
-    binutils-arm-none-eabi libmgba-dev netpbm)
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libxcb1-dev libzip-dev webp fonts-dejavu-core
+    sdcc binutils-arm-none-eabi libmgba-dev netpbm)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
 # an emulator, what converts its screenshots, the command that prints.
-packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libzip4 qt6-image-formats-plugins
-    qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl netpbm
+packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libxcb1 libzip4
+    qt6-image-formats-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl netpbm
     cups-client)
 # For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)

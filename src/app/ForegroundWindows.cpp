@@ -11,7 +11,7 @@
 namespace torvane {
 
 namespace {
-bool isOnScreen(const Form* window) { return window != nullptr && window->isVisible(); }
+bool isSeen(const Form* window) { return window != nullptr && window->isVisible(); }
 
 bool isOwned(const Form& window) {
     return window.windowHandle() != nullptr && window.windowHandle()->transientParent() != nullptr;
@@ -41,11 +41,11 @@ bool ForegroundWindows::canAsk() const {
 
 bool ForegroundWindows::takesOrders() const {
     const Form* window = m_program.windows.ifLoaded(face());
-    return canAsk() && isOnScreen(window) && window->isEnabled() && !m_program.desk.isReplaced();
+    return canAsk() && isSeen(window) && window->isEnabled() && !m_program.desk.isReplaced();
 }
 
 Window ForegroundWindows::face() const {
-    return isOnScreen(m_program.windows.ifLoaded(Window::Torvette)) ? Window::Torvette : Window::MainFrm;
+    return isSeen(m_program.windows.ifLoaded(Window::Torvette)) ? Window::Torvette : Window::MainFrm;
 }
 
 void ForegroundWindows::hide(Window window) {
@@ -75,7 +75,7 @@ void ForegroundWindows::whileHidden(const std::function<void()>& work) {
 QList<Form*> ForegroundWindows::shownWindows() const {
     QList<Shown> shown;
     Windows::forEach([&]<typename W>() {
-        if (Form* form = m_program.loaded<W>(); isOnScreen(form)) shown.append({W::id, form});
+        if (Form* form = m_program.loaded<W>(); isSeen(form)) shown.append({W::id, form});
     });
     std::stable_sort(shown.begin(), shown.end(),
                      [](const Shown& a, const Shown& b) { return a.layer() < b.layer(); });
@@ -91,6 +91,12 @@ Form* ForegroundWindows::frontWindow() const {
         if (!isOwned(*window)) front = window;
     }
     return front != nullptr && front->windowStateWord() == Form::minimised ? nullptr : front;
+}
+
+QWidget* ForegroundWindows::topmost() const {
+    if (QWidget* box = QApplication::activeModalWidget()) return box;
+    const QList<Form*> shown = shownWindows();
+    return shown.isEmpty() ? nullptr : shown.last();
 }
 
 void ForegroundWindows::bringBack() {

@@ -7,6 +7,8 @@
 
 #include <QList>
 
+class QWidget;
+
 namespace torvane {
 
 class Form;
@@ -26,6 +28,11 @@ public:
 
     /// The compact window if it is on screen; else the main window, whether it is or not.
     Window face() const;
+    /// Whether any window is on screen, minimised or not.
+    bool isOnScreen() const { return !shownWindows().isEmpty(); }
+    /// The window that is above all others of the program: a message box or the last one that `bringBack`
+    /// brings to the front; null if none is on screen.
+    QWidget* topmost() const;
     /// Hides a window. It comes back as an ordinary one, even if it was minimised.
     void hide(Window window);
     /// Shows a window. It takes input again, unless the question is open that keeps it from that.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Requests to the main window.
 #include "MainWindowShelf.h"
+#include "platform/base/NativeText.h"
 #include "platform/forms/Screen.h"
 
 #include <QTimer>
@@ -53,7 +54,20 @@ SelectedGame MainWindowShelf::selected() {
             main.GameTitle.Caption()};
 }
 
+int MainWindowShelf::placeOf(const QString& name) {
+    const auto names = window().Games.names();
+    const QByteArray bytes = NativeText::toNative(name);
+    int place = 0;
+    while (place < names->count() && names->bytes(place) != bytes) ++place;
+    return place < names->count() ? place : -1;
+}
+
 void MainWindowShelf::select(int index) { window().Games.setListIndex(index); }
+
+void MainWindowShelf::selectInSight(int index) {
+    select(index);
+    window().ListView1.setTopForCurrent(window().ListView1.Top());
+}
 
 void MainWindowShelf::refresh() {
     MainFrm* window = m_windows.slot<MainFrm>().ifLoaded();

@@ -13,6 +13,12 @@ class MainWindowShelf : public GameShelf, public MainWindowReach, public TraySig
 public:
     MainWindowShelf(Windows& windows, const Globals& globals) : m_windows(windows), m_globals(globals) {}
 
+    /// The place of a game in the list, counted from 0, by its exact bare file name; -1 if it is not listed.
+    /// Loads the main window if it is not there.
+    int placeOf(const QString& name);
+    /// Selects a game as `select` does. Its row comes into sight even if it was the selected one already.
+    void selectInSight(int index);
+
     // GameShelf
     SelectedGame selected() override;
     void select(int index) override;

@@ -3,6 +3,8 @@
 #include "Program.h"
 #include "core/FailureTexts.h"
 #include "core/ScreenshotFolder.h"
+#include "platform/forms/RunningHandler.h"
+#include "platform/forms/StartupNotice.h"
 
 namespace torvane {
 
@@ -27,6 +29,16 @@ void Program::start() {
         windows.load(Window::Menuing);
         if (Form* window = windows.load(Window::SelLangStartUp)) window->Show();
     });
+}
+
+// A handler that runs while nothing is on screen is about to show a window: that one must not be loaded
+// before its turn.
+void Program::calledAgain(const StartCall& call) {
+    if (!RunningHandler::isAny() || foreground.isOnScreen()) foreground.bringBack();
+    if (QWidget* top = foreground.topmost()) {
+        StartupNotice{call.startupId, call.activationToken}.answerWith(*top);
+    }
+    openFiles(call.files);
 }
 
 } // namespace torvane

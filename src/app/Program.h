@@ -6,6 +6,8 @@
 #include "CompactWindowReach.h"
 #include "ForegroundWindows.h"
 #include "MainWindowShelf.h"
+#include "OpenFiles.h"
+#include "StartCall.h"
 #include "TorvaneDesk.h"
 #include "Windows.h"
 #include "catalogue/ID3.h"
@@ -26,6 +28,11 @@ public:
 
     /// Creates the first window; the rest follows from there.
     void start();
+    /// Opens files and folders in this order (see OpenFiles); absolute real paths. They may be given at any
+    /// time, and wait until the user can see what becomes of them.
+    void openFiles(const QByteArrayList& paths) { files.open(paths); }
+    /// The user has started the program once more: its windows come to the front, and it opens the files.
+    void calledAgain(const StartCall& call);
 
     /// The window of a class if it is there; null if not.
     template <typename T>
@@ -53,6 +60,7 @@ public:
     ForegroundWindows foreground;
     const Services services;
     Windows windows;
+    OpenFiles files{*this};
 };
 
 } // namespace torvane

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Entry point: sets up Qt and the real services, then starts the program.
+#include "CommandLine.h"
+#include "GivenFiles.h"
+#include "OneInstance.h"
 #include "Program.h"
 #include "art/ArtResources.h"
 #include "core/DialogLanguage.h"
@@ -14,7 +17,9 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <unistd.h>
 
 namespace {
@@ -52,14 +57,23 @@ void setWindowIcon() {
     QApplication::setWindowIcon(icon);
 }
 
+// The program's folder, spelled: the one of the command line or the executable's own.
+QString programFolder(const torvane::CommandLine& line) {
+    QByteArray given = torvane::absolutePath(line.folder);
+    while (given.size() > 1 && given.endsWith('/')) given.chop(1);
+    return line.folder.isEmpty() ? torvane::Paths::applicationFolder() : torvane::Paths::spelled(given);
+}
+
 [[noreturn]] void endProcess() {
     std::fflush(nullptr);
     _exit(0);
 }
-} // namespace
 
-int main(int argc, char** argv) {
+// The program itself, if this start is the first one. Returns when the event loop ends, which endProcess
+// prevents.
+int run(char** argv, const QString& folder, torvane::OneInstance& instance, const QByteArrayList& files) {
     preferX11();
+    int argc = 1; // nothing of the command line is meant for Qt
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Torvane"));
     QApplication::setApplicationVersion(QStringLiteral(TORVANE_VERSION));
@@ -75,12 +89,27 @@ int main(int argc, char** argv) {
     torvane::DesktopPrinter printer;
     torvane::Settings settings(configurationFolder());
     torvane::Runtime runtime{messages, dialogs, browser, processes, printer, settings, endProcess};
-    torvane::Program program(runtime, torvane::Paths::applicationFolder());
+    torvane::Program program(runtime, folder);
     const torvane::DialogLanguage dialogLanguage(program.globals, program.language);
     qtLanguage.setSource(
         {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
     program.start();
+    program.openFiles(files);
+    instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });
     QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
     QTimer::singleShot(sweepDelay, &application, [&] { program.funciones.sweepLeftovers(); });
     return QApplication::exec();
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    const auto line = torvane::CommandLine::read({argv + std::min(argc, 1), argv + argc});
+    if (line.wish != torvane::CommandLine::Wish::start) return line.answer();
+    const torvane::GivenFiles given = torvane::GivenFiles::of(line.files);
+    for (const QByteArray& fault : given.faults) std::fprintf(stderr, "torvane: %s\n", fault.constData());
+    const QString folder = programFolder(line);
+    torvane::OneInstance instance(torvane::Paths::real(folder));
+    const auto status = instance.handOver(torvane::StartCall::ofThisProcess(given.paths));
+    if (status) return given.faults.isEmpty() ? *status : EXIT_FAILURE;
+    return run(argv, folder, instance, given.paths);
 }

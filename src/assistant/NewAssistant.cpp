@@ -123,9 +123,10 @@ void NewAssistant::chameleonButton3_Click() {
 }
 
 // While games are being copied the window disappears at once, and unloads after the current file. A drop that
-// is still waiting comes first.
+// waits for the answer to a question comes first.
 void NewAssistant::ChameleonButton2_Click() {
-    if (!m_copying.isOn() && !m_waiting.isEmpty()) return takeWaiting();
+    const bool isAsking = !ChameleonButton5.isHidden();
+    if (!m_copying.isOn() && isAsking && !m_waiting.isEmpty()) return takeWaiting();
     m_copying.askToClose();
     if (m_copying.isOn()) {
         Hide();
@@ -134,10 +135,11 @@ void NewAssistant::ChameleonButton2_Click() {
     }
 }
 
-void NewAssistant::take(const QStringList& path) {
+void NewAssistant::take(const QStringList& paths) {
     if (isUnloaded()) return;
-    m_waiting += path;
-    if (!m_copying.isOn()) takeWaiting();
+    const bool areOthersWaiting = !m_waiting.isEmpty();
+    m_waiting += paths;
+    if (!areOthersWaiting) takeWaiting();
 }
 
 // Takes the next drop. A window that was about to close stays open for it.

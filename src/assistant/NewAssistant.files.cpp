@@ -45,7 +45,13 @@ void NewAssistant::choose(const QString& path) {
 
 void NewAssistant::addFile() {
     SetFileAttributes(m_chosen);
-    const bool isCopied = ignoring([this] { m_copying.run([this] { copyFile(); }); });
+    bool isCopied = false;
+    const auto copy = [&] {
+        m_copying.run([this] { copyFile(); });
+        isCopied = true;
+    };
+    // If another file waits, it replaces the page that would show the failure.
+    m_waiting.isEmpty() ? static_cast<void>(ignoring(copy)) : m.runtime.reporting(copy);
     workEnded([&] {
         if (isCopied) return showQuestion("f5");
         showFailure();

@@ -25,10 +25,11 @@ public:
     void Load();
     /// Starts to type the message, one character per tick, replacing what was typed before.
     void ShowDialog(const QString& message) { m_typewriter.type(message); }
-    /// What the user has dropped, by its spelled path: a file becomes the chosen one, a folder is copied. A
-    /// pending question about originals is answered with "keep". A drop while games are being copied waits
-    /// for the end of that work and of its question.
-    void take(const QStringList& path);
+    /// What the user has dropped or named at a start, by spelled paths: a file becomes the chosen one, a
+    /// folder is copied. A pending question about originals is answered with "keep". Of several each waits
+    /// until the one before it is copied and its question is answered; while one waits, or games are being
+    /// copied, what comes later waits, too. Closing the window while a file is chosen drops those that wait.
+    void take(const QStringList& paths);
 
 protected:
     /// The window manager's close does what the button does.
@@ -72,7 +73,7 @@ private:
     int FromFolder = 0;
     QString m_chosen; // the file of the dialog, which is copied whatever the text box says
     Busy m_copying{*this};
-    QStringList m_waiting; // dropped while games were being copied
+    QStringList m_waiting; // taken while games were being copied, or with others
 };
 
 } // namespace torvane

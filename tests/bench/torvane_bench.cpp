@@ -71,6 +71,7 @@ public:
         for (int round = 0; round <= rounds; ++round) takeCompactStarts(round > 0);
         Report::printHead();
         reportStarts();
+        reportSecondStart();
         reportMemory();
         reportSelections();
         reportCompact();
@@ -153,6 +154,16 @@ private:
         rowAgainstBare("Start to the painted window", m_large, "start", 3.5, pattern);
         rowAgainstBare("The same seen from outside", m_small, "shown", 2.0, pattern);
         rowAgainstBare("The same seen from outside", m_large, "shown", 3.5, pattern);
+    }
+
+    void reportSecondStart() {
+        const fs::path game = *fs::directory_iterator(m_large.folder / "roms");
+        const Values values = run(
+            {program("bench_second_start"), m_large.folder / "torvane", game, std::to_string(10 * rounds)},
+            m_large.configuration);
+        m_report.row(
+            "Milliseconds of a second start", values.at("second") / 1e6, 50,
+            format("with a game to select; %.1f ms to print the version", values.at("version") / 1e6));
     }
 
     void reportMemory() {

@@ -49,9 +49,13 @@ public:
 
     /// Lets it run to its end, and waits; gives the status of wait(2).
     int end() {
+        letGo();
+        return wait();
+    }
+    /// Lets it run to its end, and does not wait.
+    void letGo() {
         if (m_stay >= 0) close(m_stay);
         m_stay = -1;
-        return wait();
     }
     /// Kills it at once, without `atLast`.
     void kill() {

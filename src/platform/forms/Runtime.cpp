@@ -3,12 +3,14 @@
 #include "Runtime.h"
 #include "../base/SafeFile.h"
 #include "PagePdf.h"
+#include "RunningHandler.h"
 
 #include <QCoreApplication>
 
 namespace torvane {
 
 void Runtime::guarded(const std::function<void()>& handler) {
+    const RunningHandler running;
     try {
         handler();
     } catch (const RuntimeFailure& failure) {
@@ -19,6 +21,7 @@ void Runtime::guarded(const std::function<void()>& handler) {
 }
 
 void Runtime::reporting(const std::function<void()>& handler) {
+    const RunningHandler running;
     try {
         handler();
     } catch (const RuntimeFailure& failure) {

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Says whether any handler runs just now. Owned by the Runtime, around each handler.
+#pragma once
+
+#include <QCoreApplication>
+
+namespace torvane {
+
+/// While one lives, a handler runs, which may serve events between its steps. What must not come between them
+/// asks `isAny`, and waits until the handler has returned to the application's own loop.
+class RunningHandler : public QObject {
+    Q_OBJECT
+
+public:
+    RunningHandler() : QObject(QCoreApplication::instance()) {}
+
+    static bool isAny() {
+        return QCoreApplication::instance()->findChild<RunningHandler*>(
+                   QString(), Qt::FindDirectChildrenOnly) != nullptr;
+    }
+};
+
+} // namespace torvane
