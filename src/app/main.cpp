@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Entry point: sets up Qt and the real services, then starts the program.
+#include "HomeReport.h"
 #include "Program.h"
 #include "art/ArtResources.h"
 #include "core/DialogLanguage.h"
+#include "home/UserFolders.h"
 #include "platform/base/NativeProcess.h"
-#include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 #include "platform/forms/DesktopDialogs.h"
 #include "platform/forms/DesktopLook.h"
@@ -23,12 +24,6 @@ void preferX11() {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     }
-}
-
-// The user's configuration folder after the XDG base directory rules, as bytes of any kind.
-QString configurationFolder() {
-    const QByteArray given = qgetenv("XDG_CONFIG_HOME");
-    return torvane::Paths::spelled(given.startsWith('/') ? given : qgetenv("HOME") + "/.config");
 }
 
 constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
@@ -73,14 +68,19 @@ int main(int argc, char** argv) {
     torvane::DesktopBrowser browser;
     torvane::NativeProcess processes;
     torvane::DesktopPrinter printer;
-    torvane::Settings settings(configurationFolder());
+    torvane::Settings settings(torvane::Paths::spelled(torvane::UserFolders::configuration()));
     torvane::Runtime runtime{messages, dialogs, browser, processes, printer, settings, endProcess};
-    torvane::Program program(runtime, torvane::Paths::applicationFolder());
+    const torvane::OpenedHome home = torvane::openHome(torvane::homeOfProgram({}));
+    torvane::Program program(runtime, home.folder);
     const torvane::DialogLanguage dialogLanguage(program.globals, program.language);
     qtLanguage.setSource(
         {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
+    torvane::reportHome(program, home);
     program.start();
     QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
-    QTimer::singleShot(sweepDelay, &application, [&] { program.funciones.sweepLeftovers(); });
+    QTimer::singleShot(sweepDelay, &application, [&] {
+        program.funciones.sweepLeftovers();
+        torvane::sweepHome(home.folder);
+    });
     return QApplication::exec();
 }
