@@ -68,12 +68,15 @@ Home homeOfProgram(const QByteArray& given) {
 
 void reportHome(Program& program, const OpenedHome& home) {
     const HomeTexts texts(program);
+    Settings& settings = program.runtime.settings;
     QStringList problems;
     if (home.problem) problems.append(texts.of(home));
+    // Whoever may only look must still be able to choose a language, even on a full disk.
+    if (home.isForLooking) settings.keepWhatFails();
     try {
-        program.runtime.settings.requireStorable(Config::application);
+        settings.requireStorable(Config::application);
     } catch (const RuntimeFailure& failure) {
-        program.runtime.settings.keepWhatFails();
+        settings.keepWhatFails();
         problems.append(texts.ofSettings(failure));
     }
     if (problems.isEmpty()) return;

@@ -85,6 +85,12 @@ private slots:
         world().setSetting("Icon", u"5"_s);
         QCOMPARE(world().setting("Icon"), u"5"_s);
     }
+    void on_a_full_disk_whoever_may_only_look_can_still_set_what_lasts_until_the_end() {
+        reported(home(RuntimeFailure::diskFull, true));
+        const FullDisk full(0);
+        world().setSetting("Icon", u"5"_s);
+        QCOMPARE(world().setting("Icon"), u"5"_s);
+    }
     void both_are_reported_in_one_box() {
         refuseSettings();
         reported(home(RuntimeFailure::diskFull, true));
