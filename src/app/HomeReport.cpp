@@ -27,7 +27,7 @@ QString languageFile(const Program& program) {
 class HomeTexts {
 public:
     explicit HomeTexts(const Program& program)
-        : m_globals{program.globals.AppPath, {}, languageFile(program), {}, {}} {}
+        : m_globals{program.globals.AppPath, {}, {}, languageFile(program), {}} {}
 
     QString of(const OpenedHome& home) const {
         if (!home.problem) return {};
