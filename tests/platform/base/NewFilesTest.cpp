@@ -40,7 +40,7 @@ private slots:
         QVERIFY(!results[1].isPlaced && !results[1].failure);
         QCOMPARE(read("a"), QByteArray("mine"));
         QCOMPARE(read("c"), QByteArray("mine, meanwhile"));
-        expectNames({"a", "b", "c"});
+        expectNames({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
     }
     void one_that_fails_does_not_stop_the_others() {
         write("file", "");

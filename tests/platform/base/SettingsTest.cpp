@@ -316,45 +316,32 @@ private slots:
 
     // A folder that can't be made
     void settings_that_can_be_stored_are_no_failure() {
-        const TestFolder folder;
-        const Settings settings(folder.path(QStringLiteral("config")));
-        settings.requireStorable(QStringLiteral("Torvane"));
-        QVERIFY(QFileInfo(folder.path(QStringLiteral("config/Torvane"))).isDir());
+        settings->requireStorable(app);
+        QVERIFY(QFileInfo(folder->path(QStringLiteral("config/Torvane"))).isDir());
     }
     void settings_that_cannot_be_stored_are_a_failure() {
-        const TestFolder folder;
-        const Settings settings(folder.write(QStringLiteral("file"), ""));
-        QVERIFY(failureOf([&] { settings.requireStorable(QStringLiteral("Torvane")); }));
+        folder->write(QStringLiteral("config"), "");
+        QVERIFY(failureOf([&] { settings->requireStorable(app); }));
     }
     void what_fails_can_be_kept_until_the_end() {
-        const TestFolder folder;
-        Settings settings(folder.write(QStringLiteral("file"), ""));
-        const auto save = [&] {
-            settings.SaveSetting(QStringLiteral("Torvane"), QStringLiteral("Config"), QStringLiteral("Icon"),
-                                 QStringLiteral("5"));
-        };
-        QVERIFY(failureOf(save));
-        settings.keepWhatFails();
-        save();
-        QCOMPARE(settings.GetSetting(QStringLiteral("torvane"), QStringLiteral("config"),
-                                     QStringLiteral("ICON"), QString()),
+        folder->write(QStringLiteral("config"), "");
+        QVERIFY(failureOf([&] { set("Icon", QStringLiteral("5")); }));
+        settings->keepWhatFails();
+        set("Icon", QStringLiteral("5"));
+        QCOMPARE(get("ICON"), QStringLiteral("5"));
+        QCOMPARE(settings->GetSetting(QStringLiteral("torvane"), QStringLiteral("config"),
+                                      QStringLiteral("icon"), absent),
                  QStringLiteral("5"));
+        QCOMPARE(get("Start"), absent);
     }
     void what_is_stored_at_last_is_read_from_the_store_again() {
-        const TestFolder folder;
-        Settings settings(folder.write(QStringLiteral("file"), ""));
-        settings.keepWhatFails();
-        const auto save = [&](const QString& value) {
-            settings.SaveSetting(QStringLiteral("Torvane"), QStringLiteral("Config"), QStringLiteral("Icon"),
-                                 value);
-        };
-        save(QStringLiteral("5"));
-        QVERIFY(QFile::remove(folder.path(QStringLiteral("file"))));
-        save(QStringLiteral("6"));
-        QVERIFY(QFile::remove(settings.fileOf(QStringLiteral("Torvane"))));
-        QCOMPARE(settings.GetSetting(QStringLiteral("Torvane"), QStringLiteral("Config"),
-                                     QStringLiteral("Icon"), QStringLiteral("absent")),
-                 QStringLiteral("absent"));
+        folder->write(QStringLiteral("config"), "");
+        settings->keepWhatFails();
+        set("Icon", QStringLiteral("5"));
+        QVERIFY(QFile::remove(folder->path(QStringLiteral("config"))));
+        set("Icon", QStringLiteral("6"));
+        QVERIFY(QFile::remove(settings->fileOf(app)));
+        QCOMPARE(get("Icon"), absent);
     }
 };
 
