@@ -19,15 +19,19 @@ bool NewFiles::areOnOneDisk() const {
 void NewFiles::add(const QByteArray& path, QByteArrayView bytes, mode_t mode) {
     m_results.push_back({path, false, {}});
     try {
-        aboutFile(Paths::spelled(path), [&] { write(path, bytes, mode); });
+        write(path, bytes, mode);
     } catch (const RuntimeFailure& failure) {
-        m_results.back().failure = failure;
+        // It names the file, even if its folder is at fault.
+        const RuntimeFailure aboutThis(failure.number(), failure.reason());
+        m_results.back().failure = aboutThis.about(Paths::spelled(path));
     }
     if (m_waiting.size() == Arrival::largestBatch) place();
 }
 
 void NewFiles::write(const QByteArray& path, QByteArrayView bytes, mode_t mode) {
-    const Place place = placeOf(path);
+    // A link of that name is not followed: it is in the way, like any other file.
+    const qsizetype slash = path.lastIndexOf('/');
+    const Place place{path.first(slash), path.sliced(slash + 1)};
     Folder::make(place.folder);
     auto arrival = std::make_unique<Arrival>(place);
     arrival->fresh().write(bytes);

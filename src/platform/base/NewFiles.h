@@ -19,8 +19,8 @@ public:
         std::optional<RuntimeFailure> failure; ///< none if only its name was taken
     };
 
-    /// Writes a file that is to get a real path and a mode; its folder is made if necessary. It has its name
-    /// after `finish` at the latest.
+    /// Writes a file that is to get a real path, with its folder in it, and a mode; its folder is made if
+    /// necessary. It has its name after `finish` at the latest.
     void add(const QByteArray& path, QByteArrayView bytes, mode_t mode);
     /// Gives all files their names. Returns the results of all that were added, and forgets them.
     std::vector<Result> finish();
