@@ -24,9 +24,12 @@ bool isTemplate(const QByteArray& folder) {
     return stat((folder + '/' + TreeRecord::file).constData(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-QByteArray absolute(const QByteArray& path, const QByteArray& from) {
-    const QByteArray whole = path.startsWith('/') ? path : from + '/' + path;
-    return QByteArray::fromStdString(std::filesystem::path(whole.toStdString()).lexically_normal().string());
+QByteArray absolute(const QByteArray& given, const QByteArray& from) {
+    const QByteArray whole = given.startsWith('/') ? given : from + '/' + given;
+    const std::filesystem::path path = std::filesystem::path(whole.toStdString()).lexically_normal();
+    QByteArray normal = QByteArray::fromStdString(path.string());
+    while (normal.size() > 1 && normal.endsWith('/')) normal.chop(1);
+    return normal;
 }
 
 QByteArray workingFolder() {

@@ -95,8 +95,10 @@ private slots:
     }
     void a_given_relative_folder_counts_from_the_working_folder() {
         HomeQuestion asked = question();
-        asked.given = "games";
-        QCOMPARE(chooseHome(asked).folder, QDir::currentPath().toUtf8() + "/games");
+        for (const char* given : {"games", "games/", "./x/..//games//"}) {
+            asked.given = given;
+            QCOMPARE(chooseHome(asked).folder, QDir::currentPath().toUtf8() + "/games");
+        }
     }
     void without_an_installed_template_a_given_folder_is_laid_out_from_the_portable_one() {
         HomeQuestion asked = question();
