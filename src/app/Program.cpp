@@ -8,8 +8,8 @@
 
 namespace torvane {
 
-Program::Program(Runtime& programRuntime, const QString& applicationFolder)
-    : runtime(programRuntime), globals{applicationFolder, {}, {}, {}, {}}, shelf(windows, globals),
+Program::Program(Runtime& programRuntime, const QString& homeFolder)
+    : runtime(programRuntime), globals{homeFolder, {}, {}, {}, {}}, shelf(windows, globals),
       compact(windows, runtime),
       funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, shelf),
       shell(runtime.processes, [this] { return screenshotFolder(runtime.settings, globals).value(); }),

@@ -20,8 +20,8 @@ namespace torvane {
 
 class Program {
 public:
-    /// `applicationFolder` is spelled (see Paths), without trailing separator.
-    Program(Runtime& runtime, const QString& applicationFolder);
+    /// `homeFolder` is spelled (see Paths), without trailing separator.
+    Program(Runtime& runtime, const QString& homeFolder);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

@@ -2,12 +2,13 @@
 // Entry point: sets up Qt and the real services, then starts the program.
 #include "CommandLine.h"
 #include "GivenFiles.h"
+#include "HomeReport.h"
 #include "OneInstance.h"
 #include "Program.h"
 #include "art/ArtResources.h"
 #include "core/DialogLanguage.h"
+#include "home/UserFolders.h"
 #include "platform/base/NativeProcess.h"
-#include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 #include "platform/forms/DesktopDialogs.h"
 #include "platform/forms/DesktopLook.h"
@@ -28,12 +29,6 @@ void preferX11() {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     }
-}
-
-// The user's configuration folder after the XDG base directory rules, as bytes of any kind.
-QString configurationFolder() {
-    const QByteArray given = qgetenv("XDG_CONFIG_HOME");
-    return torvane::Paths::spelled(given.startsWith('/') ? given : qgetenv("HOME") + "/.config");
 }
 
 constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
@@ -57,13 +52,6 @@ void setWindowIcon() {
     QApplication::setWindowIcon(icon);
 }
 
-// The program's folder, spelled: the one of the command line or the executable's own.
-QString programFolder(const torvane::CommandLine& line) {
-    QByteArray given = torvane::absolutePath(line.folder);
-    while (given.size() > 1 && given.endsWith('/')) given.chop(1);
-    return line.folder.isEmpty() ? torvane::Paths::applicationFolder() : torvane::Paths::spelled(given);
-}
-
 [[noreturn]] void endProcess() {
     std::fflush(nullptr);
     _exit(0);
@@ -71,7 +59,7 @@ QString programFolder(const torvane::CommandLine& line) {
 
 // The program itself, if this start is the first one. Returns when the event loop ends, which endProcess
 // prevents.
-int run(char** argv, const QString& folder, torvane::OneInstance& instance, const QByteArrayList& files) {
+int run(char** argv, const torvane::Home& chosen, torvane::OneInstance& instance, const QByteArrayList& files) {
     preferX11();
     int argc = 1; // nothing of the command line is meant for Qt
     QApplication application(argc, argv);
@@ -87,17 +75,22 @@ int run(char** argv, const QString& folder, torvane::OneInstance& instance, cons
     torvane::DesktopBrowser browser;
     torvane::NativeProcess processes;
     torvane::DesktopPrinter printer;
-    torvane::Settings settings(configurationFolder());
+    torvane::Settings settings(torvane::Paths::spelled(torvane::UserFolders::configuration()));
     torvane::Runtime runtime{messages, dialogs, browser, processes, printer, settings, endProcess};
-    torvane::Program program(runtime, folder);
+    const torvane::OpenedHome home = torvane::openHome(chosen);
+    torvane::Program program(runtime, home.folder);
     const torvane::DialogLanguage dialogLanguage(program.globals, program.language);
     qtLanguage.setSource(
         {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
+    torvane::reportHome(program, home);
     program.start();
     program.openFiles(files);
     instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });
     QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
-    QTimer::singleShot(sweepDelay, &application, [&] { program.funciones.sweepLeftovers(); });
+    QTimer::singleShot(sweepDelay, &application, [&] {
+        program.funciones.sweepLeftovers();
+        torvane::sweepHome(home.folder);
+    });
     return QApplication::exec();
 }
 } // namespace
@@ -107,9 +100,9 @@ int main(int argc, char** argv) {
     if (line.wish != torvane::CommandLine::Wish::start) return line.answer();
     const torvane::GivenFiles given = torvane::GivenFiles::of(line.files);
     for (const QByteArray& fault : given.faults) std::fprintf(stderr, "torvane: %s\n", fault.constData());
-    const QString folder = programFolder(line);
-    torvane::OneInstance instance(torvane::Paths::real(folder));
+    const torvane::Home home = torvane::homeOfProgram(line.folder);
+    torvane::OneInstance instance(home.folder);
     const auto status = instance.handOver(torvane::StartCall::ofThisProcess(given.paths));
     if (status) return given.faults.isEmpty() ? *status : EXIT_FAILURE;
-    return run(argv, folder, instance, given.paths);
+    return run(argv, home, instance, given.paths);
 }

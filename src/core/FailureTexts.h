@@ -15,10 +15,10 @@ public:
     /// "game.gb: the disk is full (61)". A language file without the reason gives the English one. A failure
     /// that is about no file has the runtime's own text (see RuntimeFailure::boxText).
     QString of(const RuntimeFailure& failure) const;
-
-private:
+    /// The reason alone, in the current language or else in English.
     QString reason(const RuntimeFailure& failure) const;
 
+private:
     Texts m_texts;
 };
 

@@ -7,7 +7,7 @@
 namespace torvane {
 
 struct Globals {
-    QString AppPath;      ///< folder of the executable, spelled (see Paths), without trailing separator
+    QString AppPath;      ///< the home (see home/Home.h), spelled (see Paths), without trailing separator
     QString VersionText;  ///< major and minor version, such as "1.1"
     QString TitlePrefix;  ///< begins the title line of every window
     QString LanguageFile; ///< spelled path of the language file in use

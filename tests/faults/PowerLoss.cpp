@@ -74,7 +74,7 @@ private:
                 m_workshop, m_situation,
                 {.outcome = outcome, .isPowerLost = true, .isStrayAllowed = haveSettingsFailed()});
             inspection.beforeNextStart();
-            startNext(m_workshop);
+            startNext(m_workshop, m_situation);
             inspection.afterNextStart();
             const auto& found = inspection.violations();
             violations.insert(violations.end(), found.begin(), found.end());

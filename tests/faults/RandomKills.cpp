@@ -57,7 +57,7 @@ Duration shorter(Duration range) { return range * 49 / 50; }
 std::vector<std::string> violationsAfter(Workshop& workshop, const Situation& situation, Outcome outcome) {
     Inspection inspection(workshop, situation, {.outcome = outcome});
     inspection.beforeNextStart();
-    startNext(workshop);
+    startNext(workshop, situation);
     inspection.afterNextStart();
     return inspection.violations();
 }

@@ -55,7 +55,7 @@ Ending endingOf(const Plan& plan, Outcome outcome) {
 std::vector<std::string> Runner::violationsAfter(const Situation& situation, Outcome outcome) {
     Inspection inspection(m_workshop, situation, endingOf(*m_plan, outcome));
     inspection.beforeNextStart();
-    startNext(m_workshop);
+    startNext(m_workshop, situation);
     inspection.afterNextStart();
     std::vector<std::string> violations = inspection.violations();
     if (isHiddenFailure(*m_plan, situation, outcome))

@@ -286,6 +286,11 @@ private:
 };
 } // namespace
 
+void startNext(const Workshop& workshop, const Situation& situation) {
+    if (situation.resume) situation.resume();
+    startNext(workshop);
+}
+
 bool isOnSmallFile(const std::string& operation) {
     return operation == savingSetting || operation == storingOptions || operation == storingVersion ||
            operation == addingPage || operation == deletingPage || operation == updatingPages;

@@ -17,6 +17,7 @@ struct Aside {
     std::vector<Content> meanwhile;
     std::vector<Content> afterNextStart;
     std::vector<Content> whenDone = {}; ///< after a reported success; if empty, any of the above
+    bool isFreeMeanwhile = false;       ///< before the next start it may hold anything
 };
 
 /// Content that must not get lost: at least one of these files must contain it completely.
@@ -37,6 +38,8 @@ struct Situation {
     std::vector<Treasure> treasures;
     bool isBatch = false; ///< several files, some of which may be changed when another one fails
     std::function<void()> run;
+    /// What the next start does on its own to complete the operation; nothing for operations of the user.
+    std::function<void()> resume = {};
 
     std::string name() const { return operation + ", " + details; }
 };
@@ -48,6 +51,9 @@ inline const std::string versionFile = "program/data/version.dat";
 inline const std::string sharedPages = "program/data/url.dat";
 inline const std::string ownPages = "program/data/url_perso.dat";
 inline const std::string ownPagesBackup = "program/data/url_perso.bak";
+
+/// The next start: completes the operation, if it is one that a start completes, and removes leftovers.
+void startNext(const Workshop& workshop, const Situation& situation);
 
 /// What is where an operation writes.
 enum class Standing { none, shorter, equal, longer };

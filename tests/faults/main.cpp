@@ -8,6 +8,7 @@
 // not be tried. TORVANE_FAULTS_FOLDER names a folder to work in; by default that is in memory if possible.
 // TORVANE_FAULTS_OPERATIONS, a regular expression, leaves out all operations that it does not match.
 #include "EveryCall.h"
+#include "HomeSituations.h"
 #include "OtherRounds.h"
 #include "PowerLoss.h"
 #include "RandomKills.h"
@@ -46,6 +47,9 @@ private:
     std::vector<Situation> imports(qsizetype size, const Standings& standings, bool isLarge) {
         return chosen(faults::imports(m_workshop, m_parts, size, standings, isLarge));
     }
+    std::vector<Situation> homes(const Standings& standings, bool isLarge) {
+        return chosen(faults::homes(m_workshop, standings, isLarge));
+    }
     std::vector<Situation> chosen(std::vector<Situation> all) const {
         std::erase_if(all,
                       [this](const Situation& one) { return !std::regex_match(one.operation, m_chosen); });
@@ -57,6 +61,8 @@ private:
         strikeAll(runner, 32 * kibibyte, m_isLong ? everyStanding : extremes);
         strikeImports(runner, 4 * kibibyte, m_isLong ? everyStanding : extremes, false);
         strikeImports(runner, 4 * kibibyte, m_isLong ? extremes : onlyLonger, true);
+        strikeHomes(runner, m_isLong ? everyStanding : extremes, false);
+        if (m_isLong) strikeHomes(runner, extremes, true);
         strikeTwo(runner);
         strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, m_isLong ? everyStanding : onlyLonger);
         if (!m_isLong) return;
@@ -80,6 +86,13 @@ private:
         }
     }
 
+    void strikeHomes(Runner& runner, const Standings& standings, bool isLarge) {
+        for (const Situation& situation : homes(standings, isLarge)) {
+            runner.run(situation, {});
+            strikeEveryCall(runner, situation, !m_isLong);
+        }
+    }
+
     void strikeAll(Runner& runner, qsizetype size, const Standings& standings) {
         for (const Situation& situation : situations(size, standings)) {
             if (isOnSmallFile(situation.operation) && size >= mebibyte) continue;
@@ -93,7 +106,9 @@ private:
         failPowerIn(situations(uneven, everyStanding), m_isLong);
         failPowerIn(situations(32 * kibibyte, m_isLong ? everyStanding : onlyLonger), false);
         failPowerIn(imports(kibibyte, m_isLong ? everyStanding : extremes, false), false);
+        failPowerIn(homes(m_isLong ? everyStanding : extremes, false), m_isLong);
         if (!m_isLong) return;
+        failPowerIn(homes(extremes, true), false);
         failPowerIn(situations(4 * kibibyte, everyStanding), false);
         failPowerIn(imports(kibibyte, extremes, true), false);
     }
@@ -111,6 +126,8 @@ private:
         for (const bool isLarge : {false, true}) {
             const auto games = imports(32 * kibibyte, extremes, isLarge);
             all.insert(all.end(), games.begin(), games.end());
+            const auto trees = homes(extremes, isLarge);
+            all.insert(all.end(), trees.begin(), trees.end());
         }
         killAtRandom(m_workshop, m_tally, all, 10'000);
     }

@@ -116,7 +116,7 @@ test_no_temporary_files_stay() {
     lay
     file tree/a two
     lay
-    expect 'leftovers' '' "$(find dest -name '.lay-out*' -o -name '.laid-out.*')"
+    expect 'leftovers' '' "$(find dest -name '.torvane-*')"
 }
 
 test_a_place_that_cannot_be_written_is_reported_and_the_rest_laid() {
@@ -130,6 +130,32 @@ test_a_place_that_cannot_be_written_is_reported_and_the_rest_laid() {
     rm dest/a
     lay
     expect_file dest/a/b one
+}
+
+test_the_version_is_recorded() {
+    file tree/a one
+    "$lay_out" --version 1.10 dest tree >said || fail "lay-out failed: $(<said)"
+    expect 'first record' 'version 1.10' "$(tr '\0' '\n' <dest/data/.laid-out | head -n 1)"
+}
+
+test_a_newer_version_is_left_alone() {
+    file tree/a one
+    "$lay_out" --version 1.10 dest tree >said || fail "lay-out failed: $(<said)"
+    file tree/a two
+    "$lay_out" --version 1.9 dest tree >said || fail "lay-out failed: $(<said)"
+    expect_file dest/a one
+}
+
+# A template for others: the record is its index.
+test_the_record_of_a_tree_laid_out_onto_itself_is_the_same_anywhere() {
+    file tree/a one
+    file tree/b/c two
+    cp -r tree other
+    touch -d '2 hours ago' other/a
+    "$lay_out" --version 1.1 tree tree >said || fail "lay-out failed: $(<said)"
+    "$lay_out" --version 1.1 other other >said || fail "lay-out failed: $(<said)"
+    cmp -s tree/data/.laid-out other/data/.laid-out || fail 'the records differ'
+    expect 'number of records' 3 "$(tr -cd '\0' <tree/data/.laid-out | wc -c)"
 }
 
 test_wrong_usage_is_reported() {

@@ -1,7 +1,8 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# Tests packaging/lay-out. The cases are in lay_out_rules.sh and lay_out_robustness.sh; here is what they use.
-# Usage: lay_out_test.sh PATH_OF_LAY_OUT. Exits 1 if a check fails and names it.
+# Tests torvane_lay_out, and with it the rules of src/home/LayOut.h. The cases are in lay_out_rules.sh and
+# lay_out_robustness.sh; here is what they use.
+# Usage: lay_out_test.sh PATH_OF_TORVANE_LAY_OUT. Exits 1 if a check fails and names it.
 set -u
 lay_out=$(realpath -- "${1:?the path of lay-out}")
 here=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)

@@ -56,6 +56,24 @@ void Arrival::rename() {
     m_fresh.forget();
 }
 
+bool Arrival::renameIfFree() {
+    const int folder = m_folder.number();
+    const int renamed = uninterrupted([&] {
+        return renameat2(folder, m_fresh.name().constData(), folder, m_place.name.constData(),
+                         RENAME_NOREPLACE);
+    });
+    if (renamed == 0) {
+        m_fresh.forget();
+        return true;
+    }
+    if (errno == EEXIST) return false;
+    if (errno != EINVAL && errno != ENOSYS) failWithErrno();
+    struct stat taken {};
+    if (m_folder.stat(m_place.name, taken)) return false;
+    rename();
+    return true;
+}
+
 void Arrival::commit() {
     applyPermissions();
     m_fresh.sync();

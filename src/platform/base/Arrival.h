@@ -12,6 +12,11 @@ namespace torvane {
 
 class Arrival {
 public:
+    /// How many to keep at a time: two open files each, and a process may usually have 1024.
+    static constexpr size_t largestBatch = 128;
+    /// Up to here, syncing each file is cheaper than syncing the whole file system.
+    static constexpr size_t fewFiles = 8;
+
     explicit Arrival(const Place& place)
         : m_place(place), m_folder(place.folder), m_fresh(m_folder, HiddenFile::replacement) {}
 
@@ -32,6 +37,9 @@ public:
     void applyPermissions() const;
     /// Renames the synced file to its final name. The caller must sync the folder.
     void rename();
+    /// The same, but never over anything: false if the name is taken. A file system that can't do that in one
+    /// step is asked just before.
+    bool renameIfFree();
     /// Applies permissions, syncs, renames, and syncs the folder.
     void commit();
 

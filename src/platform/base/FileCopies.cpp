@@ -7,26 +7,14 @@
 #include <QSet>
 #include <chrono>
 #include <future>
-#include <linux/magic.h>
 #include <optional>
-#include <sys/vfs.h>
 #include <system_error>
 #include <utility>
 
 namespace torvane {
 
 namespace {
-constexpr size_t largestBatch = 128; // two open files each, and a process may usually have 1024
-constexpr size_t fewFiles = 8;       // up to here, syncing each file is cheaper than syncfs()
-constexpr int serveInterval = 10;    // ms
-
-// Syncs the whole file system of a folder; false unless that certainly succeeded.
-bool syncTogether(const Folder& folder) {
-    struct statfs info {};
-    if (fstatfs(folder.number(), &info) != 0) return false;
-    // syncfs() does not reach a FUSE server.
-    return info.f_type != FUSE_SUPER_MAGIC && syncfs(folder.number()) == 0;
-}
+constexpr int serveInterval = 10; // ms
 
 std::optional<struct stat> stateOf(const QByteArray& path) {
     struct stat info {};
@@ -72,7 +60,7 @@ bool FileCopies::add(const QString& source, const QString& name) {
     // Start write-back early to shorten the sync; a failure here does not matter.
     sync_file_range(waiting.arrival->fresh().handle().number(), 0, 0, SYNC_FILE_RANGE_WRITE);
     m_waiting.push_back(std::move(waiting));
-    if (m_waiting.size() == largestBatch) finish();
+    if (m_waiting.size() == Arrival::largestBatch) finish();
     return true;
 }
 
@@ -86,7 +74,7 @@ void FileCopies::finish() {
 // One syncfs() commits the journal and flushes the disk's cache once for all files. It reports every error
 // since the folder was opened, but not in which file: then each file is synced by itself.
 void FileCopies::sync(const std::vector<Waiting>& batch) {
-    if (batch.size() > fewFiles && syncTogether(batch.front().arrival->folder())) return;
+    if (batch.size() > Arrival::fewFiles && batch.front().arrival->folder().syncFileSystem()) return;
     for (const Waiting& waiting : batch) waiting.arrival->fresh().sync();
 }
 

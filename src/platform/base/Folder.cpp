@@ -5,6 +5,8 @@
 
 #include <array>
 #include <climits>
+#include <linux/magic.h>
+#include <sys/vfs.h>
 
 namespace torvane {
 
@@ -42,6 +44,13 @@ void Folder::sync() const {
     if (!m_canSync || uninterrupted([this] { return fsync(number()); }) == 0) return;
     // Some network file systems sync every rename by themselves and refuse the call.
     if (errno != EINVAL && errno != ENOTSUP) failWithErrno();
+}
+
+bool Folder::syncFileSystem() const {
+    struct statfs info {};
+    if (fstatfs(number(), &info) != 0) return false;
+    // syncfs() does not reach a FUSE server.
+    return info.f_type != FUSE_SUPER_MAGIC && syncfs(number()) == 0;
 }
 
 bool Folder::stat(const QByteArray& name, struct stat& info) const {

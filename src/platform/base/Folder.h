@@ -20,6 +20,8 @@ public:
     /// Syncs all changes of names. File systems without such a call count as synced; every other error is a
     /// failure.
     void sync() const;
+    /// Syncs the whole file system of this folder; false unless that certainly succeeded.
+    bool syncFileSystem() const;
     /// The state of a name, without following links; false, with errno set, if stat() fails.
     bool stat(const QByteArray& name, struct stat& info) const;
     void unlink(const QByteArray& name) const { unlinkat(number(), name.constData(), 0); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The settings store in INI files.
 #include "Settings.h"
+#include "FileRights.h"
 #include "Folder.h"
 #include "IniFile.h"
 #include "NativeText.h"
@@ -8,7 +9,15 @@
 #include "Paths.h"
 #include "SettingLine.h"
 
+#include <QStringList>
+
 namespace torvane {
+
+namespace {
+QByteArray folderOf(const QString& file) {
+    return Paths::real(file.first(file.lastIndexOf(QLatin1Char('/'))));
+}
+} // namespace
 
 // This is a system path: a backslash in it is part of a name.
 Settings::Settings(const QString& configurationFolder)
@@ -24,6 +33,8 @@ QString Settings::fileOf(const QString& application) const {
 
 QString Settings::GetSetting(const QString& application, const QString& section, const QString& key,
                              const QString& absent) const {
+    const auto kept = m_kept.find(nameOf(application, section, key));
+    if (kept != m_kept.end()) return *kept;
     const auto found = IniFile::value(fileOf(application), section.toUtf8(), key.toUtf8());
     return found ? SettingLine::textOf(*found) : absent;
 }
@@ -33,14 +44,41 @@ void Settings::SaveSetting(const QString& application, const QString& section, c
     SaveSettings(application, section, {{key, value}});
 }
 
-void Settings::SaveSettings(const QString& application, const QString& section,
-                            const QList<std::pair<QString, QString>>& values) {
+void Settings::SaveSettings(const QString& application, const QString& section, const Values& values) {
+    bool isStored = true;
+    try {
+        store(application, section, values);
+    } catch (const RuntimeFailure&) {
+        if (!m_keepsWhatFails) throw;
+        isStored = false;
+    }
+    for (const auto& [key, value] : values) {
+        const QString name = nameOf(application, section, key);
+        isStored ? void(m_kept.remove(name)) : void(m_kept.insert(name, value));
+    }
+}
+
+void Settings::store(const QString& application, const QString& section, const Values& values) const {
     const QString file = fileOf(application);
-    const QByteArray folder = Paths::real(file.first(file.lastIndexOf(QLatin1Char('/'))));
-    Folder::make(folder);
+    Folder::make(folderOf(file));
     QList<std::pair<QByteArray, QByteArray>> lines;
     for (const auto& [key, value] : values) lines.append({key.toUtf8(), SettingLine::of(value)});
     IniFile::setValues(file, section.toUtf8(), lines);
+}
+
+void Settings::requireStorable(const QString& application) const {
+    const QString file = fileOf(application);
+    aboutFile(file, [&] {
+        const QByteArray folder = folderOf(file);
+        Folder::make(folder);
+        if (access(folder.constData(), W_OK | X_OK) != 0) failWithErrno();
+        FileRights::refuseUnlessWritable(Paths::real(file));
+    });
+}
+
+// A line end can't be in a name.
+QString Settings::nameOf(const QString& application, const QString& section, const QString& key) {
+    return QStringList{application, section, key}.join(QLatin1Char('\n')).toCaseFolded();
 }
 
 int Settings::toNumber(const QString& text) { return NumberText::toInteger(text.toUtf8()); }

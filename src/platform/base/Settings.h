@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <utility>
 
@@ -25,6 +26,11 @@ public:
     void SaveSettings(const QString& application, const QString& section,
                       const QList<std::pair<QString, QString>>& values);
 
+    /// Fails if the values of an application can't be stored. Makes the folder of its file.
+    void requireStorable(const QString& application) const;
+    /// From now on, what can't be stored is no failure, but kept until the end of this object.
+    void keepWhatFails() { m_keepsWhatFails = true; }
+
     /// The file of an application: `Torvane/Torvane.conf` in the configuration folder for `Torvane`.
     QString fileOf(const QString& application) const;
 
@@ -36,7 +42,14 @@ public:
     static bool toFlag(const QString& text);
 
 private:
+    using Values = QList<std::pair<QString, QString>>;
+
+    static QString nameOf(const QString& application, const QString& section, const QString& key);
+    void store(const QString& application, const QString& section, const Values& values) const;
+
     QString m_folder;
+    bool m_keepsWhatFails = false;
+    QMap<QString, QString> m_kept; ///< by nameOf()
 };
 
 } // namespace torvane

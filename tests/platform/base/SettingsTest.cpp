@@ -313,6 +313,36 @@ private slots:
         QCOMPARE(failureOf([&] { (void)Settings::toFlag(QStringLiteral("1e300")); }),
                  number(RuntimeFailure::overflow));
     }
+
+    // A folder that can't be made
+    void settings_that_can_be_stored_are_no_failure() {
+        settings->requireStorable(app);
+        QVERIFY(QFileInfo(folder->path(QStringLiteral("config/Torvane"))).isDir());
+    }
+    void settings_that_cannot_be_stored_are_a_failure() {
+        folder->write(QStringLiteral("config"), "");
+        QVERIFY(failureOf([&] { settings->requireStorable(app); }));
+    }
+    void what_fails_can_be_kept_until_the_end() {
+        folder->write(QStringLiteral("config"), "");
+        QVERIFY(failureOf([&] { set("Icon", QStringLiteral("5")); }));
+        settings->keepWhatFails();
+        set("Icon", QStringLiteral("5"));
+        QCOMPARE(get("ICON"), QStringLiteral("5"));
+        QCOMPARE(settings->GetSetting(QStringLiteral("torvane"), QStringLiteral("config"),
+                                      QStringLiteral("icon"), absent),
+                 QStringLiteral("5"));
+        QCOMPARE(get("Start"), absent);
+    }
+    void what_is_stored_at_last_is_read_from_the_store_again() {
+        folder->write(QStringLiteral("config"), "");
+        settings->keepWhatFails();
+        set("Icon", QStringLiteral("5"));
+        QVERIFY(QFile::remove(folder->path(QStringLiteral("config"))));
+        set("Icon", QStringLiteral("6"));
+        QVERIFY(QFile::remove(settings->fileOf(app)));
+        QCOMPARE(get("Icon"), absent);
+    }
 };
 
 TORVANE_APPLESS_TEST(SettingsTest)

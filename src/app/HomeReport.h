@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// The home of this program, and what the user hears about it.
+#pragma once
+
+#include "home/Home.h"
+
+namespace torvane {
+
+class Program;
+
+/// The home of the running executable. `given`: the folder that the user has asked for, as bytes; empty for
+/// none.
+Home homeOfProgram(const QByteArray& given);
+
+/// Reports in one box, before the first window, if the home is for looking only or could not be brought up to
+/// date, and if the settings can't be stored: these are then kept until the end of the program.
+void reportHome(Program& program, const OpenedHome& home);
+
+} // namespace torvane

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// Choosing and opening the home.
+#include "Home.h"
+#include "LayOut.h"
+#include "platform/base/File.h"
+#include "platform/base/FolderNames.h"
+#include "platform/base/Leftovers.h"
+#include "platform/base/Paths.h"
+
+#include <filesystem>
+#include <memory>
+#include <set>
+
+namespace torvane {
+
+namespace {
+bool isFolderAt(const QByteArray& path) {
+    struct stat info {};
+    return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+bool isTemplate(const QByteArray& folder) {
+    struct stat info {};
+    return stat((folder + '/' + TreeRecord::file).constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+QByteArray absolute(const QByteArray& given, const QByteArray& from) {
+    const QByteArray whole = given.startsWith('/') ? given : from + '/' + given;
+    const std::filesystem::path path = std::filesystem::path(whole.toStdString()).lexically_normal();
+    QByteArray normal = QByteArray::fromStdString(path.string());
+    while (normal.size() > 1 && normal.endsWith('/')) normal.chop(1);
+    return normal;
+}
+
+QByteArray workingFolder() {
+    const std::unique_ptr<char, void (*)(void*)> folder(getcwd(nullptr, 0), std::free);
+    return folder ? QByteArray(folder.get()) : QByteArray("/");
+}
+
+QByteArray templateFor(const HomeQuestion& question) {
+    const QByteArray installed = absolute(question.installedTemplate, question.applicationFolder);
+    if (isTemplate(installed)) return installed;
+    return isTemplate(question.applicationFolder) ? question.applicationFolder : QByteArray();
+}
+
+// Fails unless names can be made in a folder and in its folder `data`, if there is one.
+void requireWritable(const QByteArray& folder) {
+    constexpr int wanted = W_OK | X_OK;
+    if (access(folder.constData(), wanted) != 0) failWithErrno();
+    if (access((folder + "/data").constData(), wanted) != 0 && errno != ENOENT) failWithErrno();
+}
+
+// Whether there is enough in a folder to work with: all of it was laid out once, or a language at least.
+bool isLaidOut(const QByteArray& folder) {
+    const QString languages = Paths::spelled(folder) + QStringLiteral("\\data\\lang");
+    return isTemplate(folder) || FolderNames::read(languages, QStringLiteral("*.tvl"))->count() > 0;
+}
+
+std::optional<RuntimeFailure> failureToWrite(const QByteArray& folder) {
+    try {
+        aboutFile(Paths::spelled(folder), [&] { requireWritable(folder); });
+    } catch (const RuntimeFailure& failure) {
+        return failure;
+    }
+    return std::nullopt;
+}
+
+std::optional<RuntimeFailure> failureToLayOut(const Home& home) {
+    try {
+        const SourceTree tree =
+            home.templateFolder.isEmpty() ? SourceTree() : SourceTree::recorded(home.templateFolder);
+        const LayOut::Report report = LayOut(home.folder, tree).run();
+        if (!report.failures.empty()) return report.failures.front();
+    } catch (const RuntimeFailure& failure) {
+        return failure;
+    }
+    return std::nullopt;
+}
+} // namespace
+
+Home chooseHome(const HomeQuestion& question) {
+    const QByteArray& own = question.applicationFolder;
+    if (!question.given.isEmpty()) {
+        return {Home::Kind::given, absolute(question.given, workingFolder()), templateFor(question)};
+    }
+    const QByteArray installed = absolute(question.installedTemplate, own);
+    const bool hasData = isFolderAt(own + "/data");
+    if (hasData && access((own + "/data").constData(), W_OK | X_OK) == 0) {
+        return {Home::Kind::portable, own, {}};
+    }
+    if (isTemplate(installed)) return {Home::Kind::user, question.userData + "/torvane", installed};
+    return {hasData ? Home::Kind::readOnly : Home::Kind::portable, own, {}};
+}
+
+OpenedHome openHome(const Home& home) {
+    OpenedHome opened{Paths::spelled(home.folder), false, {}};
+    if (home.kind == Home::Kind::portable) return opened;
+    if (home.kind != Home::Kind::readOnly) opened.problem = failureToLayOut(home);
+    if (auto failure = failureToWrite(home.folder)) {
+        opened.isForLooking = true;
+        // What has stopped the lay-out says more than that the folder is not there.
+        if (!opened.problem) opened.problem.emplace(*failure);
+    }
+    if (opened.problem && !home.templateFolder.isEmpty() && !isLaidOut(home.folder)) {
+        opened.isForLooking = true;
+        opened.folder = Paths::spelled(home.templateFolder);
+    }
+    return opened;
+}
+
+void sweepHome(const QString& folder) {
+    ignoring([&] {
+        std::set<QString> folders;
+        for (const auto& [path, file] : TreeRecord::of(Paths::real(folder)).files) {
+            folders.insert(folder + QLatin1Char('\\') +
+                           Paths::spelled(path.first(path.lastIndexOf('/') + 1)));
+        }
+        for (const QString& one : folders) Leftovers::sweep(one);
+    });
+}
+
+} // namespace torvane

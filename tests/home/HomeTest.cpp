@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+// Which folder becomes the home, and what is opened where it can't be written to.
+#include "TreeFixture.h"
+#include "support/Failing.h"
+#include "support/TestMain.h"
+
+#include <fstream>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+class HomeTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TreeFixture> tree;
+
+    // An installed program: the executable in bin, the template in share.
+    HomeQuestion question() const { return {tree->real("bin"), "../share/tree", tree->real("user"), {}}; }
+    QString spelled(const char* relative) const { return Paths::spelled(tree->real(relative)); }
+    QByteArray fileBelow(const QString& folder, const char* name) const {
+        QFile file(folder + QLatin1String(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+    }
+    OpenedHome openedBelow(const char* userData) const {
+        HomeQuestion asked = question();
+        asked.userData = tree->real(userData);
+        const OrdinaryUser ordinary;
+        return openHome(chooseHome(asked));
+    }
+    void requireTemplateForLooking(const OpenedHome& opened) const {
+        QVERIFY(opened.isForLooking);
+        QVERIFY(opened.problem);
+        QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
+        QCOMPARE(Paths::real(opened.folder), tree->templateFolder());
+    }
+
+private slots:
+    void init() {
+        tree = std::make_unique<TreeFixture>();
+        tree->makeTemplate({{u"data/lang/lang_eng.tvl"_s, "one"}});
+        tree->folder.makeFolder(u"bin"_s);
+        tree->folder.makeFolder(u"user"_s);
+        tree->folder.setMode(u"user"_s, 0777);
+    }
+
+    // The choice
+    void a_data_folder_beside_the_executable_makes_it_portable() {
+        tree->folder.makeFolder(u"bin/data"_s);
+        const Home home = chooseHome(question());
+        QCOMPARE(home.kind, Home::Kind::portable);
+        QCOMPARE(home.folder, tree->real("bin"));
+        QCOMPARE(openHome(home).folder, spelled("bin"));
+        QVERIFY(!openHome(home).problem);
+    }
+    void a_portable_home_is_opened_as_it_is() {
+        tree->folder.makeFolder(u"bin/data"_s);
+        openHome(chooseHome(question()));
+        QCOMPARE(tree->folder.entries(u"bin"_s), QStringList{u"data"_s});
+    }
+    void an_installed_program_has_its_home_among_the_users_data() {
+        const Home home = chooseHome(question());
+        QCOMPARE(home.kind, Home::Kind::user);
+        QCOMPARE(home.folder, tree->real("user/torvane"));
+        const OpenedHome opened = openHome(home);
+        QCOMPARE(opened.folder, spelled("user/torvane"));
+        QVERIFY(!opened.isForLooking && !opened.problem);
+        QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
+    }
+    void a_file_named_data_makes_nothing_portable() {
+        tree->folder.write(u"bin/data"_s, "");
+        QCOMPARE(chooseHome(question()).kind, Home::Kind::user);
+    }
+    void a_data_folder_that_cannot_be_written_to_does_not_beat_the_template() {
+        tree->folder.makeFolder(u"bin/data"_s);
+        tree->folder.setMode(u"bin/data"_s, 0555);
+        const OrdinaryUser ordinary;
+        QCOMPARE(chooseHome(question()).kind, Home::Kind::user);
+    }
+    void the_template_may_be_named_absolutely() {
+        HomeQuestion asked = question();
+        asked.installedTemplate = tree->real("share/tree");
+        QCOMPARE(chooseHome(asked).templateFolder, tree->real("share/tree"));
+    }
+    void a_given_folder_beats_both_and_is_laid_out() {
+        tree->folder.makeFolder(u"bin/data"_s);
+        HomeQuestion asked = question();
+        asked.given = tree->real("else where/\xFF");
+        const OpenedHome opened = openHome(chooseHome(asked));
+        QVERIFY(!opened.problem);
+        QCOMPARE(Paths::real(opened.folder), asked.given);
+        QVERIFY(QFileInfo::exists(tree->folder.path(u"else where"_s)));
+        std::ifstream file((asked.given + "/data/lang/lang_eng.tvl").toStdString());
+        QVERIFY(file.good());
+        QVERIFY(!QFileInfo::exists(tree->folder.path(u"user/torvane"_s)));
+    }
+    void a_given_relative_folder_counts_from_the_working_folder() {
+        HomeQuestion asked = question();
+        for (const char* given : {"games", "games/", "./x/..//games//"}) {
+            asked.given = given;
+            QCOMPARE(chooseHome(asked).folder, QDir::currentPath().toUtf8() + "/games");
+        }
+    }
+    void without_an_installed_template_a_given_folder_is_laid_out_from_the_portable_one() {
+        HomeQuestion asked = question();
+        asked.applicationFolder = tree->templateFolder();
+        asked.installedTemplate = "../nowhere";
+        asked.given = tree->real("given");
+        tree->folder.write(u"share/tree/roms/mine.gb"_s, "a game of the user's");
+        const OpenedHome opened = openHome(chooseHome(asked));
+        QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
+        QVERIFY(!QFileInfo::exists(opened.folder + u"/roms/mine.gb"_s));
+    }
+    void without_any_template_the_executables_folder_is_the_home() {
+        HomeQuestion asked = question();
+        asked.installedTemplate = "../nowhere";
+        QCOMPARE(chooseHome(asked).kind, Home::Kind::portable);
+        QCOMPARE(chooseHome(asked).folder, tree->real("bin"));
+    }
+
+    // Where it can't be written
+    void a_portable_home_on_a_read_only_medium_is_for_looking() {
+        tree->folder.makeFolder(u"bin/data"_s);
+        tree->folder.setMode(u"bin/data"_s, 0555);
+        HomeQuestion asked = question();
+        asked.installedTemplate = "../nowhere";
+        const OrdinaryUser ordinary;
+        const OpenedHome opened = openHome(chooseHome(asked));
+        QVERIFY(opened.isForLooking);
+        QCOMPARE(opened.folder, spelled("bin"));
+        QCOMPARE(opened.problem->number(), RuntimeFailure::permissionDenied);
+    }
+    void a_home_that_was_laid_out_and_is_read_only_now_is_opened_for_looking() {
+        openedBelow("user");
+        for (const char* folder : {"user/torvane/data", "user/torvane"}) {
+            tree->folder.setMode(QString::fromUtf8(folder), 0555);
+        }
+        const OpenedHome opened = openedBelow("user");
+        QVERIFY(opened.isForLooking);
+        QCOMPARE(opened.folder, spelled("user/torvane"));
+        QCOMPARE(opened.problem->file(), spelled("user/torvane"));
+    }
+    void a_read_only_home_that_was_never_laid_out_opens_the_template() {
+        tree->folder.setMode(u"user"_s, 0555);
+        requireTemplateForLooking(openedBelow("user"));
+    }
+    void a_data_home_that_is_a_file_opens_the_template() {
+        tree->folder.write(u"file"_s, "");
+        requireTemplateForLooking(openedBelow("file"));
+    }
+    void a_data_home_that_is_a_link_in_a_circle_opens_the_template() {
+        QVERIFY(QFile::link(u"circle"_s, tree->folder.path(u"circle"_s)));
+        requireTemplateForLooking(openedBelow("circle"));
+    }
+    void a_data_home_of_somebody_else_opens_the_template() {
+        tree->folder.makeFolder(u"closed"_s);
+        tree->folder.setMode(u"closed"_s, 0700);
+        if (geteuid() != 0) QSKIP("only root can make a folder that is somebody else's");
+        requireTemplateForLooking(openedBelow("closed"));
+    }
+    void a_data_home_below_a_missing_folder_is_made() {
+        const OpenedHome opened = openedBelow("user/not/yet");
+        QVERIFY(!opened.problem);
+        QCOMPARE(opened.folder, spelled("user/not/yet/torvane"));
+    }
+    void a_home_that_is_a_file_opens_the_template() {
+        tree->folder.write(u"user/torvane"_s, "");
+        requireTemplateForLooking(openedBelow("user"));
+    }
+    void a_disk_that_is_full_from_the_start_opens_the_template() {
+        const FullDisk full(0);
+        const OpenedHome opened = openedBelow("user");
+        requireTemplateForLooking(opened);
+        QCOMPARE(opened.problem->number(), RuntimeFailure::diskFull);
+    }
+    void a_disk_that_is_full_in_an_update_opens_the_home_as_it_is() {
+        openedBelow("user");
+        tree->makeTemplate({{u"data/lang/lang_eng.tvl"_s, "two"}}, "1.2");
+        const FullDisk full(0);
+        const OpenedHome opened = openedBelow("user");
+        QVERIFY(!opened.isForLooking);
+        QCOMPARE(opened.problem->number(), RuntimeFailure::diskFull);
+        QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
+    }
+    void a_template_whose_index_is_spoiled_leaves_the_home_alone() {
+        openedBelow("user");
+        tree->folder.write(u"share/tree/data/.laid-out"_s, QByteArray(5000, 'x'));
+        const OpenedHome opened = openedBelow("user");
+        QVERIFY(!opened.problem);
+        QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
+    }
+};
+
+TORVANE_TEST(HomeTest)
+#include "HomeTest.moc"
