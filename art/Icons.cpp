@@ -18,7 +18,7 @@ struct Icon {
     QString name;   // file name without extension
     QString source; // SVG name without extension
     int pixels = 0;
-    QString kind; // masked, twin, sprite or smooth
+    QString kind; // masked, twin, sprite, smooth or theme
     QString window;
     QString control;
 };
@@ -47,7 +47,8 @@ QList<Icon> iconList(const QString& path) {
 
 QImage rendered(const Icon& icon, const Drawing& drawing, const Catalogue& catalogue, int scale) {
     const int pixels = icon.pixels * scale;
-    if (icon.kind == "smooth") return drawing.smooth(pixels).convertToFormat(QImage::Format_ARGB32);
+    if (icon.kind == "smooth" || icon.kind == "theme")
+        return drawing.smooth(pixels).convertToFormat(QImage::Format_ARGB32);
     const QImage sprite = drawing.hardEdged(pixels, scale);
     return icon.kind == "sprite" ? sprite : masked(sprite, catalogue.mask(icon.window, icon.control));
 }
@@ -57,6 +58,10 @@ QImage rendered(const Icon& icon, const Drawing& drawing, const Catalogue& catal
 void paintIcons(const Catalogue& catalogue, const QString& sources, Output& output) {
     for (const Icon& icon : iconList(sources + "/icons.tsv")) {
         const Drawing drawing(sources + "/svg/" + icon.source + ".svg");
+        if (icon.kind == "theme") {
+            output.png("theme/" + icon.name + ".png", rendered(icon, drawing, catalogue, 1));
+            continue;
+        }
         for (int scale : {1, 2}) {
             output.picture(scaledName(icon.name + ".png", scale), rendered(icon, drawing, catalogue, scale));
             if (icon.kind != "twin") continue;

@@ -2,6 +2,15 @@
 # Compiler flags in one place: link torvane_flags to get them, or torvane_warnings for the warnings alone.
 option(TORVANE_FUZZ "Build the fuzzers, with Clang" OFF)
 option(TORVANE_COVERAGE "Count which lines are run, with Clang" OFF)
+option(TORVANE_SHIPPED "Harden the program, and build the same bytes in any folder" OFF)
+
+if(TORVANE_SHIPPED)
+  # Debian's hardening flags, spelled out so that the environment can't change them. Position independent code and
+  # read-only relocations are defaults of Debian's compiler.
+  add_compile_options(-fstack-protector-strong -Wformat -Werror=format-security -D_FORTIFY_SOURCE=2 -Wdate-time)
+  add_compile_options(-ffile-prefix-map=${CMAKE_BINARY_DIR}=build -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+  add_link_options(-Wl,-z,relro -Wl,-z,now)
+endif()
 
 # The warnings, all of them errors. Whether a number has a sign is left alone: Clang's -Wconversion asks for it,
 # GCC's does not, and every index of a standard container would need a cast.
