@@ -1,11 +1,9 @@
 # SPDX-License-Identifier: MIT
 # What an installed copy has, by Debian's rules for games: the program in games/, its read-only tree below
-# share/torvane, and its files for the desktop. Permissions are fixed, whatever the umask of the sources was.
+# share/torvane, and its files for the desktop. Permissions of files are fixed, whatever those of the sources are.
 set(shared share/torvane)
 set(plain_file PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 set(script_file PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(desktop ${CMAKE_SOURCE_DIR}/packaging/desktop)
 set(debian ${CMAKE_SOURCE_DIR}/packaging/debian)
 set(prepared ${CMAKE_BINARY_DIR}/packaging)
@@ -15,6 +13,14 @@ install(TARGETS torvane RUNTIME DESTINATION games ${script_file})
 foreach(tree ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${CMAKE_BINARY_DIR}/demo/tree)
   install(DIRECTORY ${tree}/ DESTINATION ${shared}/tree FILE_${plain_file} PATTERN "*.sh" ${script_file})
 endforeach()
+
+# Its index, from which the program knows what to lay out without reading the tree: made from the installed files.
+if(TARGET torvane_lay_out)
+  install(CODE "
+    set(tree \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${shared}/tree)
+    execute_process(COMMAND $<TARGET_FILE:torvane_lay_out> --version ${PROJECT_VERSION} \${tree} \${tree}
+                    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)")
+endif()
 
 install(FILES ${desktop}/torvane.desktop DESTINATION share/applications ${plain_file})
 foreach(size 16 22 24 32 36 48 64 72 96 128 192 256)

@@ -1,0 +1,112 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+# What the package installs, without packing it: which files there are and with which permissions, and whether the
+# desktop's own validators have something to say of them. Usage: package_test.sh BUILD_FOLDER SOURCE_FOLDER. Exits 1
+# if a check fails and names it.
+set -u
+build=$(realpath -- "${1:?the folder of the build}")
+source=$(realpath -- "${2:?the folder of the sources}")
+dir=$(mktemp -d) || exit 1
+trap 'rm -rf "$dir"' EXIT
+failures=0
+export LC_ALL=C.UTF-8 HOME=$dir
+
+fail() {
+    printf 'FAILED: %s\n' "$1"
+    failures=$((failures + 1))
+}
+
+# is_silent WHAT COMMAND...: the command succeeds and prints nothing.
+is_silent() {
+    local what=$1 said
+    shift
+    said=$("$@" 2>&1) && [ -z "$said" ] || fail "$what: $said"
+}
+
+same() { [ "$2" = "$3" ] || fail "$1: $(diff <(printf '%s\n' "$2") <(printf '%s\n' "$3") | tr '\n' ' ')"; }
+
+umask 022
+cmake --install "$build" --prefix "$dir/usr" >"$dir/log" 2>&1 || { cat "$dir/log"; exit 1; }
+usr=$dir/usr
+share=$usr/share
+version=$(sed -n 's/^CMAKE_PROJECT_VERSION:.*=//p' "$build/CMakeCache.txt")
+# A value of CPack's configuration.
+packed() { sed -n "s/^set(CPACK_DEBIAN_PACKAGE_$1 \"\(.*\)\")\$/\1/p" "$build/CPackConfig.cmake"; }
+
+# Files and permissions.
+same 'the tree' \
+    "$(cd "$source/tree" && find . -type f | sort -u - <(cd "$build/art/tree" && find . -type f) \
+        <(cd "$build/demo/tree" && find . -type f))" \
+    "$(cd "$share/torvane/tree" && find . -type f ! -path ./data/.laid-out | sort)"
+same 'executable files' "./games/torvane
+./share/torvane/tree/emuladores/mgba.sh" "$(cd "$usr" && find . -type f -perm 755 | sort)"
+same 'other permissions' '' "$(find "$usr" ! -type d ! -perm 644 ! -perm 755 -o -type d ! -perm 755)"
+same 'files of the desktop' "applications/torvane.desktop
+bash-completion/completions/torvane
+doc/torvane/changelog.gz
+doc/torvane/copyright
+man/man6/torvane.6.gz
+metainfo/org.example.torvane.metainfo.xml" \
+    "$(cd "$share" && find . -type f ! -path './torvane/*' ! -path './icons/*' | sed 's/^..//' | sort)"
+
+# Icons, each of the size of its folder.
+count=0
+for icon in "$share"/icons/hicolor/*x*/apps/torvane.png; do
+    size=${icon#"$share/icons/hicolor/"}
+    size=${size%%/*}
+    [ "$(pngtopnm -alpha "$icon" | sed -n 2p)" = "${size%x*} ${size#*x}" ] || fail "an icon is not $size"
+    count=$((count + 1))
+done
+[ $count -eq 12 ] || fail "$count icons instead of 12"
+cmp "$source/art/svg/torvane.svg" "$share/icons/hicolor/scalable/apps/torvane.svg" || fail 'another SVG'
+
+# Validators.
+is_silent desktop-file-validate desktop-file-validate "$share/applications/torvane.desktop"
+said=$(appstreamcli validate --pedantic --strict --no-net "$share"/metainfo/*.xml) &&
+    [ "$(wc -l <<<"$said")" = 1 ] || fail "appstreamcli: $said"
+warnings_of_man() { man --warnings -E UTF-8 -l -Tutf8 -Z "$share/man/man6/torvane.6.gz" 2>&1 >/dev/null; }
+is_silent man warnings_of_man
+gzip -dc "$share/man/man6/torvane.6.gz" >"$dir/page"
+grep -q "^.TH TORVANE 6 \"....-..-..\" \"Torvane $version\"" "$dir/page" || fail 'the head of the manual page'
+grep -q '@' "$dir/page" "$share"/metainfo/*.xml && fail 'a value was not filled in'
+
+# Opens the three consoles' files and archives, and nothing makes it the default.
+types=$(sed -n 's/^MimeType=//p' "$share/applications/torvane.desktop" | tr ';' '\n' | sed '/^$/d' | sort)
+same types "application/x-gameboy-color-rom
+application/x-gameboy-rom
+application/x-gba-rom
+application/zip" "$types"
+for type in $types; do grep -qx "$type" /usr/share/mime/types || fail "shared-mime-info lacks $type"; done
+same 'default applications' '' "$(find "$usr" -name '*mimeapps.list' -o -name 'defaults.list')"
+
+# The changelog, the control file.
+same 'version in the changelog' "$version" "$(dpkg-parsechangelog -l "$source/packaging/debian/changelog" -S Version)"
+same 'maintainer in the changelog' "$(packed MAINTAINER)" \
+    "$(dpkg-parsechangelog -l "$source/packaging/debian/changelog" -S Maintainer)"
+depends=$(packed DEPENDS | tr -d ' ' | tr ',' '\n')
+recommends=$(packed RECOMMENDS | tr -d ' ' | tr ',|' '\n\n')
+fonts=$(grep -o '"fonts-[a-z-]*"' "$source/src/platform/forms/Fonts.cpp" | tr -d '"' | sort -u)
+[ "$(wc -l <<<"$fonts")" -ge 4 ] || fail "only these packages of fonts: $fonts"
+same 'packages of fonts' "$fonts" "$(grep '^fonts-' <<<"$depends" | sort)"
+# What ./run installs, the package asks for, too. Libraries are found by dpkg-shlibdeps.
+source "$source/packaging/packages.sh"
+for name in "${packages_run[@]}"; do
+    [[ $name == lib* ]] || grep -qx -- "$name" <<<"$depends"$'\n'"$recommends" || fail "it does not ask for $name"
+done
+
+# complete WORD...: what bash offers for the last word, in a folder with these files.
+mkdir -p "$dir/games/folder" && touch "$dir/games/"{one.gb,two.GBA,three.txt,-four.zip}
+complete() {
+    (cd "$dir/games" && bash -c '
+        source /usr/share/bash-completion/bash_completion
+        source "$0"
+        COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMP_LINE="$*" COMP_POINT=${#COMP_LINE}
+        _torvane
+        printf "%s\n" "${COMPREPLY[@]}"' "$share/bash-completion/completions/torvane" torvane "$@" | LC_ALL=C sort)
+}
+same 'completion of options' $'--folder\n--help\n--version' "$(complete --)"
+same 'completion of --folder' folder "$(complete --folder '')"
+same 'completion of files' $'-four.zip\nfolder\none.gb\ntwo.GBA' "$(complete '')"
+same 'completion after --' -four.zip "$(complete -- -)"
+
+[ "$failures" -eq 0 ]
