@@ -1,0 +1,157 @@
+# SPDX-License-Identifier: MIT
+# The parts "system" and "unpacked" of prove_package: a life of the package in a system of its own. Sourced by it.
+
+user=4242 # nobody's number on this machine or in the new system
+is_fresh= # set if the system is Debian's; else it has the package and nothing more
+
+# The mirror that this machine's own packages come from.
+mirror() {
+    apt-get indextargets --format '$(RELEASE) $(REPO_URI)' 'Created-By: Packages' | sed -n "s/^$1 //p" | head -n 1
+}
+
+make_fresh_system() {
+    local release from
+    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    from=$(mirror "$release")
+    [ "$(id -u)" = 0 ] && [ -n "$from" ] || return 1
+    [ -x "$root/usr/bin/apt-get" ] ||
+        debootstrap --variant=minbase "$release" "$root" "$from" >"$work/debootstrap.log" 2>&1 || return 1
+    cp /etc/resolv.conf "$root/etc/" && mount -t proc proc "$root/proc" &&
+        chroot "$root" apt-get update >"$work/apt.log" 2>&1 && is_fresh=yes
+}
+make_unpacked_system() {
+    mkdir -p "$root/var/lib/dpkg/"{info,updates} "$root/home"
+    touch "$root/var/lib/dpkg/"{status,available}
+}
+# make_system fresh|unpacked: a fresh one falls back to an unpacked one.
+make_system() {
+    root=$work/$1
+    mkdir -p "$root"
+    if [ "$1" = fresh ] && make_fresh_system; then
+        echo "Debian, installed from its mirror"
+    else
+        make_unpacked_system || return 1
+        echo "a folder with this machine's libraries"
+    fi
+    home=$root/home/player
+    library=$home/.local/share/torvane
+    mkdir -p "$home" && { [ "$(id -u)" != 0 ] || chown $user:$user "$home"; }
+}
+leave_system() { [ -z "${root:-}" ] || ! mountpoint -q "$root/proc" || umount "$root/proc"; }
+
+# The package as it is, and one with an older version and other contents of two files, made from it.
+make_packages() {
+    local old=$work/old built
+    [ -f "$work"/one/build/torvane_*.deb ] || first_build || return 1
+    built=$(ls "$work"/one/build/torvane_*.deb) || return 1
+    rm -rf "$old" && cp "$built" "$work/new.deb" && dpkg-deb -R "$work/new.deb" "$old" || return 1
+    version=$(dpkg-deb -f "$work/new.deb" Version)
+    sed -i 's/^Version: .*/Version: 1.0~older/' "$old/DEBIAN/control"
+    printf '; of the older version\r\n' >>"$old/usr/share/torvane/tree/data/hosts.ini"
+    printf 'An older page;https://www.example.org/;system\r\n' >"$old/usr/share/torvane/tree/data/url.dat"
+    rm "$old/usr/share/torvane/tree/data/.laid-out" "$old/DEBIAN/md5sums"
+    "$work/one/build/torvane_lay_out" --version 1.0~older \
+        "$old/usr/share/torvane/tree" "$old/usr/share/torvane/tree" &&
+        dpkg-deb --root-owner-group -b "$old" "$work/old.deb" >/dev/null
+}
+
+install_package() { # FILE
+    if [ -n "$is_fresh" ]; then
+        cp "$1" "$root/tmp/package.deb"
+        DEBIAN_FRONTEND=noninteractive chroot "$root" apt-get install -y --allow-downgrades /tmp/package.deb \
+            >>"$work/apt.log" 2>&1
+    else
+        unpacked_dpkg --force-depends -i "$1"
+    fi
+    [ "$(installed_version)" = "$(dpkg-deb -f "$1" Version)" ]
+}
+unpacked_dpkg() {
+    dpkg --root="$root" --force-script-chrootless --force-not-root --log=/dev/null "$@" >>"$work/dpkg.log" 2>&1
+}
+installed_version() { dpkg-query --admindir="$root/var/lib/dpkg" -W -f '${Version}' torvane 2>/dev/null; }
+take_away() { # remove|purge
+    if [ -n "$is_fresh" ]; then
+        chroot "$root" apt-get "$1" -y torvane >>"$work/apt.log" 2>&1
+    else
+        unpacked_dpkg "--$1" torvane
+    fi
+    [ -z "$(find "$root/usr" -path '*torvane*' -print -quit 2>/dev/null)" ]
+}
+
+# The program as the ordinary user, who has none of this machine's variables.
+start_installed() {
+    local as=() start=$root/usr/games/torvane in=$home
+    if [ -n "$is_fresh" ]; then
+        as=(chroot --userspec=$user:$user "$root") start=torvane in=/home/player
+    elif [ "$(id -u)" = 0 ]; then
+        as=(setpriv --reuid=$user --regid=$user --clear-groups)
+    fi
+    (cd / && exec "${as[@]}" env -i HOME="$in" DISPLAY="$DISPLAY" LANG=C.UTF-8 SDL_AUDIODRIVER=dummy \
+        PATH=/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games "$start" "$@") >"$work/program.log" 2>&1 &
+    program_pid=$!
+}
+
+first_start() { start_installed && wait_window SelLangStartUp 60 && read_on SelLangStartUp; }
+choose_language() { click SelLangStartUp Label6 && click SelLangStartUp ok; }
+see_main_window() { wait_window Splash 30 && wait_active Splash && xdotool key space && wait_window MainFrm 30; }
+library_is_laid_out() {
+    # Files of the package, each as it is there.
+    (cd "$root/usr/share/torvane/tree" && find . -type f ! -path ./data/.laid-out -exec cmp {} "$library/{}" \;) &&
+        [ "$(stat -c %u "$library/roms/Night Garden.gb")" = "$(stat -c %u "$home")" ]
+}
+play_game() {
+    local main_window
+    main_window=$(window_id MainFrm)
+    click_row 3 && click MainFrm ChameleonButton16 && wait_game "$main_window" && end_game && wait_window MainFrm
+}
+leave() {
+    click MainFrm chameleonButton1 && wait_window TorvMsg && click TorvMsg chameleonButton2
+    wait_until 10 '! program_runs'
+}
+start_again() {
+    sed -i '/^Intro/d;/^\[Config\]/a Intro = 0' "$home/.config/Torvane/Torvane.conf"
+    start_installed && wait_window MainFrm 60
+}
+
+change_library() {
+    printf 'update=http://localhost:8000\r\n' >>"$library/data/hosts.ini"
+    printf 'mine' >"$library/roms/mine.gb"
+    rm "$library/roms/Colour Loom.gbc"
+}
+kept_changes() {
+    grep -q localhost:8000 "$library/data/hosts.ini" && grep -q 'older version' "$library/data/hosts.ini" &&
+        [ "$(cat "$library/roms/mine.gb")" = mine ] && [ ! -e "$library/roms/Colour Loom.gbc" ]
+}
+is_updated() { cmp "$library/data/url.dat" "$root/usr/share/torvane/tree/data/url.dat"; }
+sums() { (cd "$home" && find . -type f -exec sha256sum {} + | sort); }
+user_data_is_as_it_was() { [ -s "$library/roms/mine.gb" ] && [ "$(sums)" = "$before" ]; }
+program_is_gone() { [ ! -e "$root/usr/games/torvane" ]; }
+
+live_in() { # fresh|unpacked
+    start_display || exit 1
+    program_pid=$desk_openbox # until it runs
+    check 'a system of its own' make_system "$1"
+    check 'an older package is made' make_packages
+    check 'the older version is installed' install_package "$work/old.deb"
+    check 'an ordinary user starts it' first_start
+    check 'a language is chosen' choose_language
+    check 'the main window opens' see_main_window
+    check 'the library is laid out' library_is_laid_out
+    [ -z "$is_fresh" ] && [ ! -x /usr/games/mgba ] || check 'a game is played' play_game
+    check 'the program ends' leave
+    change_library
+    check 'the new version is installed over it' install_package "$work/new.deb"
+    check 'it starts again' start_again
+    check 'what the user changed, added and deleted stays' kept_changes
+    check 'what he did not change is updated' is_updated
+    check 'the program ends again' leave
+    before=$(sums)
+    check 'the package is removed' take_away remove
+    check 'and purged' take_away purge
+    check 'no program is left' program_is_gone
+    check 'the data of the user is as it was' user_data_is_as_it_was
+    leave_system
+    stop_display
+}
+prove_system() { live_in fresh; }
+prove_unpacked() { live_in unpacked; }
