@@ -5,10 +5,11 @@
 packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libxcb1-dev libzip-dev webp fonts-dejavu-core
     sdcc binutils-arm-none-eabi libmgba-dev netpbm)
 # For making the Debian package.
-packages_package=(dpkg-dev fakeroot file)
-# For checking the package and its files for the desktop; the second list for installing it in a fresh system.
-packages_validate=(lintian desktop-file-utils appstream man-db bash-completion)
-packages_system=(debootstrap)
+packages_package=(dpkg-dev file)
+# For checking what the package installs.
+packages_validate=(desktop-file-utils appstream man-db bash-completion shared-mime-info)
+# For checking the package as a whole, and for a fresh system to install it in.
+packages_system=(lintian debootstrap fakeroot)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
 # an emulator, what converts its screenshots, the command that prints.
 packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libxcb1 libzip4

@@ -83,6 +83,7 @@ same 'default applications' '' "$(find "$usr" -name '*mimeapps.list' -o -name 'd
 same 'version in the changelog' "$version" "$(dpkg-parsechangelog -l "$source/packaging/debian/changelog" -S Version)"
 same 'maintainer in the changelog' "$(packed MAINTAINER)" \
     "$(dpkg-parsechangelog -l "$source/packaging/debian/changelog" -S Maintainer)"
+grep -q "torvane_${version}_amd64.deb" "$source/README.md" || fail 'the README installs another version'
 depends=$(packed DEPENDS | tr -d ' ' | tr ',' '\n')
 recommends=$(packed RECOMMENDS | tr -d ' ' | tr ',|' '\n\n')
 fonts=$(grep -o '"fonts-[a-z-]*"' "$source/src/platform/forms/Fonts.cpp" | tr -d '"' | sort -u)

@@ -25,11 +25,13 @@ make_unpacked_system() {
 }
 # make_system fresh|unpacked: a fresh one falls back to an unpacked one.
 make_system() {
-    root=$work/$1
+    is_fresh=
+    root=$work/fresh
     mkdir -p "$root"
     if [ "$1" = fresh ] && make_fresh_system; then
         echo "Debian, installed from its mirror"
     else
+        root=$work/unpacked
         make_unpacked_system || return 1
         echo "a folder with this machine's libraries"
     fi
@@ -45,7 +47,6 @@ make_packages() {
     [ -f "$work"/one/build/torvane_*.deb ] || first_build || return 1
     built=$(ls "$work"/one/build/torvane_*.deb) || return 1
     rm -rf "$old" && cp "$built" "$work/new.deb" && dpkg-deb -R "$work/new.deb" "$old" || return 1
-    version=$(dpkg-deb -f "$work/new.deb" Version)
     sed -i 's/^Version: .*/Version: 1.0~older/' "$old/DEBIAN/control"
     printf '; of the older version\r\n' >>"$old/usr/share/torvane/tree/data/hosts.ini"
     printf 'An older page;https://www.example.org/;system\r\n' >"$old/usr/share/torvane/tree/data/url.dat"
@@ -65,8 +66,11 @@ install_package() { # FILE
     fi
     [ "$(installed_version)" = "$(dpkg-deb -f "$1" Version)" ]
 }
+# dpkg sets owners, which only root can do, and others pretend.
 unpacked_dpkg() {
-    dpkg --root="$root" --force-script-chrootless --force-not-root --log=/dev/null "$@" >>"$work/dpkg.log" 2>&1
+    local as=()
+    [ "$(id -u)" = 0 ] || as=(fakeroot)
+    "${as[@]}" dpkg --root="$root" --force-script-chrootless --force-not-root --log=/dev/null "$@" >>"$work/dpkg.log" 2>&1
 }
 installed_version() { dpkg-query --admindir="$root/var/lib/dpkg" -W -f '${Version}' torvane 2>/dev/null; }
 take_away() { # remove|purge
