@@ -37,6 +37,7 @@ make_system() {
     fi
     home=$root/home/player
     library=$home/.local/share/torvane
+    rm -rf "$home"
     mkdir -p "$home" && { [ "$(id -u)" != 0 ] || chown $user:$user "$home"; }
 }
 leave_system() { [ -z "${root:-}" ] || ! mountpoint -q "$root/proc" || umount "$root/proc"; }
@@ -99,8 +100,9 @@ first_start() { start_installed && wait_window SelLangStartUp 60 && read_on SelL
 choose_language() { click SelLangStartUp Label6 && click SelLangStartUp ok; }
 see_main_window() { wait_window Splash 30 && wait_active Splash && xdotool key space && wait_window MainFrm 30; }
 library_is_laid_out() {
-    # Files of the package, each as it is there.
-    (cd "$root/usr/share/torvane/tree" && find . -type f ! -path ./data/.laid-out -exec cmp {} "$library/{}" \;) &&
+    # Files that differ from those of the package.
+    ! (cd "$root/usr/share/torvane/tree" &&
+        find . -type f ! -path ./data/.laid-out ! -exec cmp -s {} "$library/{}" \; -print) | grep . &&
         [ "$(stat -c %u "$library/roms/Night Garden.gb")" = "$(stat -c %u "$home")" ]
 }
 play_game() {
