@@ -134,8 +134,6 @@ user_data_is_as_it_was() { [ -s "$library/roms/mine.gb" ] && [ "$(sums)" = "$bef
 program_is_gone() { [ ! -e "$root/usr/games/torvane" ]; }
 
 live_in() { # fresh|unpacked
-    start_display || exit 1
-    program_pid=$desk_openbox # until it runs
     check 'a system of its own' make_system "$1"
     check 'an older package is made' make_packages
     check 'the older version is installed' install_package "$work/old.deb"
@@ -157,7 +155,6 @@ live_in() { # fresh|unpacked
     check 'no program is left' program_is_gone
     check 'the data of the user is as it was' user_data_is_as_it_was
     leave_system
-    stop_display
 }
 prove_system() { live_in fresh; }
 prove_unpacked() { live_in unpacked; }
