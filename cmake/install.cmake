@@ -15,12 +15,10 @@ foreach(tree ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${CMAKE_BINARY_DIR}/de
 endforeach()
 
 # Its index, from which the program knows what to lay out without reading the tree: made from the installed files.
-if(TARGET torvane_lay_out)
-  install(CODE "
-    set(tree \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${shared}/tree)
-    execute_process(COMMAND $<TARGET_FILE:torvane_lay_out> --version ${PROJECT_VERSION} \${tree} \${tree}
-                    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)")
-endif()
+install(CODE "
+  set(tree \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${shared}/tree)
+  execute_process(COMMAND $<TARGET_FILE:torvane_lay_out> --version ${PROJECT_VERSION} \${tree} \${tree}
+                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)")
 
 install(FILES ${desktop}/torvane.desktop DESTINATION share/applications ${plain_file})
 foreach(size 16 22 24 32 36 48 64 72 96 128 192 256)

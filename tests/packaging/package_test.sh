@@ -38,6 +38,7 @@ same 'the tree' \
     "$(cd "$source/tree" && find . -type f | sort -u - <(cd "$build/art/tree" && find . -type f) \
         <(cd "$build/demo/tree" && find . -type f))" \
     "$(cd "$share/torvane/tree" && find . -type f ! -path ./data/.laid-out | sort)"
+[ -s "$share/torvane/tree/data/.laid-out" ] || fail 'the tree has no index'
 same 'executable files' "./games/torvane
 ./share/torvane/tree/emuladores/mgba.sh" "$(cd "$usr" && find . -type f -perm 755 | sort)"
 same 'other permissions' '' "$(find "$usr" ! -type d ! -perm 644 ! -perm 755 -o -type d ! -perm 755)"
