@@ -59,7 +59,8 @@ void setWindowIcon() {
 
 // The program itself, if this start is the first one. Returns when the event loop ends, which endProcess
 // prevents.
-int run(char** argv, const torvane::Home& chosen, torvane::OneInstance& instance, const QByteArrayList& files) {
+int run(char** argv, const torvane::Home& chosen, torvane::OneInstance& instance,
+        const QByteArrayList& files) {
     preferX11();
     int argc = 1; // nothing of the command line is meant for Qt
     QApplication application(argc, argv);

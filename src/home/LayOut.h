@@ -29,7 +29,7 @@ public:
     Report run();
 
 private:
-    using Source = SourceTree::File;
+    using Source = SourceTree::Entry;
 
     bool isNewer() const;
     bool isDone() const;

@@ -11,7 +11,7 @@
 namespace torvane {
 
 struct SourceTree {
-    struct File {
+    struct Entry {
         QByteArray path; ///< real path
         QByteArray sum;
         qint64 size = 0;
@@ -28,7 +28,7 @@ struct SourceTree {
 
     QByteArray version;
     /// By the path below the folder.
-    std::map<QByteArray, File> files;
+    std::map<QByteArray, Entry> files;
 };
 
 } // namespace torvane

@@ -57,7 +57,7 @@ private slots:
         openHome(chooseHome(question()));
         QCOMPARE(tree->folder.entries(u"bin"_s), QStringList{u"data"_s});
     }
-    void an_installed_program_has_its_home_among_the_users_data() {
+    void an_installed_program_has_its_home_where_the_users_data_lies() {
         const Home home = chooseHome(question());
         QCOMPARE(home.kind, Home::Kind::user);
         QCOMPARE(home.folder, tree->real("user/torvane"));

@@ -19,12 +19,15 @@ class SelLangBadFilesTest : public OpenedLanguages {
         QString description; // the first line
     };
 
+    // Every second key of each section: the name of the language stays, the caption of a game's title goes.
     static QByteArray halfOf(const QByteArray& bytes) {
-        QByteArrayList lines = bytes.split('\n');
         QByteArrayList kept;
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            if (lines[i].startsWith('[') || i % 2 == 1) kept += lines[i];
+        bool isNext = false;
+        for (const QByteArray& line : bytes.split('\n')) {
+            isNext = line.startsWith('[') || !isNext;
+            if (isNext || line.startsWith("langname=") || line.startsWith("loaded=")) kept += line;
         }
+        kept.removeIf([](const QByteArray& line) { return line.startsWith("gametitle="); });
         return kept.join('\n');
     }
 
