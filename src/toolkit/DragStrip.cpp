@@ -2,6 +2,9 @@
 // Moving a window by a label.
 #include "DragStrip.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/WindowingSystem.h"
+
+#include <QWindow>
 
 namespace torvane {
 
@@ -18,6 +21,11 @@ QPoint DragStrip::pointInStrip(QPoint screenPosition) const {
 }
 
 void DragStrip::press(QPoint screenPosition) {
+    // Only the compositor can move windows there. It keeps them within reach itself, and reports no end.
+    if (WindowingSystem::isWayland()) {
+        m_window.windowHandle()->startSystemMove();
+        return;
+    }
     m_dragging = true;
     // No strip is too wide for 16 bits.
     m_dragX = static_cast<qint16>(pointInStrip(screenPosition).x());

@@ -3,6 +3,7 @@
 #include "Form.h"
 #include "DroppedPath.h"
 #include "Screen.h"
+#include "WindowingSystem.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -65,6 +66,7 @@ void Form::Show(Form* owner) {
 }
 
 void Form::appear() {
+    if (m_isSentAway) appearAnew();
     giveNativeState(*this);
     show();
     raise();
@@ -99,11 +101,21 @@ void Form::showWaiting() {
 
 void Form::Hide() {
     m_awaited = nullptr;
+    m_isSentAway = false;
     hide();
+}
+
+// On Wayland a program can minimise its window, and not bring it back. One that is shown anew is not
+// minimised.
+void Form::appearAnew() {
+    m_isSentAway = false;
+    hide();
+    show();
 }
 
 void Form::bringToFront() {
     if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (m_isSentAway) appearAnew();
     raise();
     activateWindow();
 }
@@ -153,7 +165,12 @@ void Form::setWindowStateWord(State state) {
     // Qt still takes it for hidden.
     if (!isVisible()) return overrideWindowState(wanted);
     setWindowState(wanted);
-    if (state != minimised) activateWindow();
+    if (state == minimised) {
+        m_isSentAway = WindowingSystem::isWayland();
+    } else {
+        if (m_isSentAway) appearAnew();
+        activateWindow();
+    }
 }
 
 void Form::moveTo(int leftTwips, int topTwips) {
@@ -220,6 +237,8 @@ void Form::run(const std::function<void()>& handler, Failure failure) {
 
 void Form::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange) emit resized();
+    // The user has brought it back, or the compositor minimises nothing: showing it anew would only move it.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_isSentAway = false;
     QWidget::changeEvent(event);
 }
 

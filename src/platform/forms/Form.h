@@ -130,6 +130,7 @@ private:
     void run(const std::function<void()>& handler, Failure failure);
     void takeStartPosition();
     void appear();
+    void appearAnew();
     void waitFor(Form& owner);
     void follow(Form& owner);
     void showWaiting();
@@ -142,6 +143,7 @@ private:
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_isToGo = false;
+    bool m_isSentAway = false;       // minimised on Wayland, and not seen to be back
     const Form* m_awaited = nullptr; // the owner that is to be followed when it appears
     QList<QPointer<Form>> m_waiting; // windows that may await this one
     int m_holds = 0;

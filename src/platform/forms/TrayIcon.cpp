@@ -6,6 +6,7 @@
 #include "Form.h"
 #include "Pictures.h"
 #include "PopupMenu.h"
+#include "WindowingSystem.h"
 
 #include <QBuffer>
 #include <QCursor>
@@ -19,6 +20,9 @@ namespace torvane {
 namespace {
 constexpr qint64 largestPicture = 4 << 20;
 constexpr int restMilliseconds = 100; // by then the first window is on screen
+
+// Without a tray on the session bus Qt looks for the old kind, which Wayland lacks, and warns about it.
+bool canHaveIcon() { return !WindowingSystem::isWayland() || QSystemTrayIcon::isSystemTrayAvailable(); }
 
 // A null pixmap for what is no picture.
 QPixmap pictureOf(QByteArray& bytes) {
@@ -72,7 +76,7 @@ void TrayIcon::settle() {
     m_settling = true;
     QTimer::singleShot(restMilliseconds, this, [this] {
         m_settling = false;
-        const bool wanted = m_shown && !m_picture.isNull();
+        const bool wanted = m_shown && !m_picture.isNull() && canHaveIcon();
         if (!wanted) {
             m_icon.reset();
             return;

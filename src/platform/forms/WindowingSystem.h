@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+// Which windowing system the windows are on, for the few places where that makes a difference.
+#pragma once
+
+namespace torvane::WindowingSystem {
+
+/// Whether this is Wayland: windows neither know nor choose their places, one that is minimised comes back by
+/// the user alone, and there is no tray but that of the session bus.
+bool isWayland();
+
+} // namespace torvane::WindowingSystem
