@@ -34,8 +34,9 @@ chameleonButton::chameleonButton(QWidget& parent, const char* name, const Design
     m_p.foreOver = look.foreOver.value_or(look.fore);
     m_p.maskColor = look.mask;
     m_p.mousePointer = arrowPointer;
-    m_p.pictureNormal = Pictures::load(QString::fromLatin1(look.picture), devicePixelRatioF());
-    if (look.lightsUp) m_p.pictureOver = Pictures::load(overName(look.picture), devicePixelRatioF());
+    m_designPicture = look.picture;
+    m_lightsUp = look.lightsUp;
+    loadPictures();
     m_p.softBevel = look.softBevel;
     m_p.useGreyscale = look.useGreyscale;
     m_p.specialEffect = look.fx;
@@ -51,6 +52,20 @@ chameleonButton::chameleonButton(QWidget& parent, const char* name, const Design
     m_p.backColor = m_p.backOver = colours.face;
     m_p.foreColor = m_p.foreOver = colours.text;
     construct();
+}
+
+// The set of pictures for the density of the screen that the window is on.
+void chameleonButton::loadPictures() {
+    const qreal ratio = devicePixelRatioF();
+    if (m_designPicture == nullptr || m_pictureRatio == ratio) return;
+    m_pictureRatio = ratio;
+    m_p.pictureNormal = Pictures::load(QString::fromLatin1(m_designPicture), ratio);
+    if (m_lightsUp) m_p.pictureOver = Pictures::load(overName(m_designPicture), ratio);
+}
+
+void chameleonButton::paintEvent(QPaintEvent* event) {
+    loadPictures();
+    ButtonSurface::paintEvent(event);
 }
 
 void chameleonButton::construct() {
@@ -72,6 +87,7 @@ void chameleonButton::applyProperties() {
 
 void chameleonButton::ReadProperties(const PropertyBag& bag) {
     m_p = ButtonProperties::read(bag, fontSpec());
+    m_designPicture = nullptr;
     m_iconIsHand = m_p.handPointer;
     if (m_iconIsHand && m_p.mouseIcon.isNull())
         m_p.mouseIcon = InputWords::handIcon(InputWords::Hand::overButton, devicePixelRatioF());
@@ -191,12 +207,14 @@ void chameleonButton::setHandPointer(bool hand) {
 
 void chameleonButton::setPictureNormal(const QPixmap& picture) {
     m_p.pictureNormal = picture;
+    m_designPicture = nullptr;
     LayoutCaption();
     repaintLastState();
 }
 
 void chameleonButton::setPictureOver(const QPixmap& picture) {
     m_p.pictureOver = picture;
+    m_designPicture = nullptr;
     if (isOver()) repaintLastState();
 }
 

@@ -114,6 +114,7 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -129,6 +130,7 @@ private:
     void change(Field& field, const Field& value);
     void construct();
     void applyProperties();
+    void loadPictures();
     void applyPointer();
     void applyAccessKey();
     bool cursorIsOver() const;
@@ -139,6 +141,9 @@ private:
     void toggleIfCheckBox();
 
     QTimer m_overTimer{this};
+    const char* m_designPicture = nullptr; // its name; null once another picture has been set
+    bool m_lightsUp = false;               // the design has a second picture for the pointer
+    qreal m_pictureRatio = 0.0;            // that the design's pictures were loaded for
     QChar m_accessKey;
     int m_shortcutId = 0;
     bool m_iconIsHand = false; // the mouse icon came with HandPointer

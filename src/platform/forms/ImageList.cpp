@@ -2,20 +2,16 @@
 // Numbered pictures.
 #include "ImageList.h"
 #include "Form.h"
-#include "Pictures.h"
 
 namespace torvane {
 
 ImageList::ImageList(Form& form, const char* name, std::initializer_list<const char*> pictures)
-    : Component(form, name), m_pictures(pictures.size()), m_ratio(form.devicePixelRatioF()) {
-    for (const char* picture : pictures) m_names.push_back(QString::fromLatin1(picture));
-}
+    : Component(form, name), m_window(form), m_pictures(pictures.begin(), pictures.end()) {}
 
 const QPixmap& ImageList::picture(int number) {
     const auto at = static_cast<size_t>(number - 1);
-    if (number < 1 || at >= m_names.size()) return m_none;
-    if (m_pictures[at].isNull()) m_pictures[at] = Pictures::load(m_names[at], m_ratio);
-    return m_pictures[at];
+    if (number < 1 || at >= m_pictures.size()) return m_none;
+    return m_pictures[at].picture(m_window.devicePixelRatioF());
 }
 
 } // namespace torvane

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The pictures of a list's rows, by number from 1. Each is loaded at its first use.
+// The pictures of a list's rows, by number from 1. Each is loaded at its first use, and again for another
+// density.
 #pragma once
 
 #include "Control.h"
+#include "Pictures.h"
 
-#include <QPixmap>
 #include <vector>
 
 namespace torvane {
@@ -13,7 +14,7 @@ class ImageList : public Component {
     Q_OBJECT
 
 public:
-    /// The pictures are names in the resources (see Pictures).
+    /// The pictures are names in the resources (see Pictures), which live as long as the program.
     ImageList(Form& form, const char* name, std::initializer_list<const char*> pictures);
 
     QString kind() const override { return QStringLiteral("image list"); }
@@ -21,10 +22,9 @@ public:
     const QPixmap& picture(int number);
 
 private:
-    std::vector<QString> m_names;
-    std::vector<QPixmap> m_pictures;
+    const QWidget& m_window;
+    std::vector<Pictures::Deferred> m_pictures;
     QPixmap m_none;
-    qreal m_ratio;
 };
 
 } // namespace torvane

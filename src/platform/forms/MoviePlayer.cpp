@@ -70,8 +70,8 @@ void MoviePlayer::load() {
 }
 
 void MoviePlayer::loadFile(const QString& path) {
-    const QByteArray dense =
-        devicePixelRatioF() > 1.0 ? contentOf(Pictures::denseTwinOf(path)) : QByteArray();
+    m_wantsDense = devicePixelRatioF() > 1.0;
+    const QByteArray dense = m_wantsDense ? contentOf(Pictures::denseTwinOf(path)) : QByteArray();
     start(movieFormatOf(dense).isEmpty() ? contentOf(path) : dense);
 }
 
@@ -135,7 +135,16 @@ bool MoviePlayer::eventFilter(QObject* watched, QEvent* event) {
     return Control::eventFilter(watched, event);
 }
 
+// On a screen of another density the file's twin goes on in its place. A download has no twin.
+void MoviePlayer::followDensity() {
+    const bool isFile = m_location.startsWith(fileScheme) || !m_location.contains(QStringLiteral("://"));
+    if (!m_frames || !isFile || m_wantsDense == (devicePixelRatioF() > 1.0)) return;
+    m_wantsDense = !m_wantsDense;
+    QTimer::singleShot(loadDelay, this, &MoviePlayer::load);
+}
+
 void MoviePlayer::paintEvent(QPaintEvent*) {
+    followDensity();
     playOrRest(); // it may have come out from behind another control
     if (m_wanted) {
         m_wanted = false;

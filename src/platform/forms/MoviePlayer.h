@@ -53,7 +53,10 @@ private:
     bool isSeen() const;
     void playOrRest();
 
+    void followDensity();
+
     QString m_location;
+    bool m_wantsDense = false; // loaded on a dense screen
     bool m_wanted = false;
     std::unique_ptr<MovieFrames> m_frames;
     QImage m_frame;

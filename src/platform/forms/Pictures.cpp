@@ -4,8 +4,8 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <QtMath>
 #include <algorithm>
-#include <utility>
 
 namespace torvane::Pictures {
 
@@ -33,6 +33,18 @@ QPixmap load(const QString& name, qreal devicePixelRatio) {
     return loadFile(file);
 }
 
+QPixmap loadFitted(const QString& name, qreal devicePixelRatio) {
+    QPixmap picture = load(name, devicePixelRatio);
+    const qreal ratio = picture.devicePixelRatio();
+    if (picture.isNull() || ratio == devicePixelRatio || ratio == 1.0) return picture;
+    const QSizeF wanted = QSizeF(picture.size()) / ratio * devicePixelRatio;
+    // Rounded up: the last row would show the ground otherwise.
+    const QSize dots(qCeil(wanted.width()), qCeil(wanted.height()));
+    picture = picture.scaled(dots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    return picture;
+}
+
 QByteArray bytesOf(const QString& name) {
     QFile file(QStringLiteral(":/art/") + name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -53,8 +65,10 @@ QByteArray formatOf(const QByteArray& bytes) {
 }
 
 const QPixmap& Deferred::picture(qreal devicePixelRatio) const {
-    if (m_name != nullptr)
-        m_picture = load(QString::fromLatin1(std::exchange(m_name, nullptr)), devicePixelRatio);
+    if (m_name != nullptr && m_ratio != devicePixelRatio) {
+        m_ratio = devicePixelRatio;
+        m_picture = loadFitted(QString::fromLatin1(m_name), devicePixelRatio);
+    }
     return m_picture;
 }
 

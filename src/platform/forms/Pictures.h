@@ -12,6 +12,10 @@ namespace torvane::Pictures {
 /// empty name and for what is not there.
 QPixmap load(const QString& name, qreal devicePixelRatio = 1.0);
 
+/// The same, scaled to the ratio itself where that is neither 1 nor 2, so that it is painted dot for dot. Not
+/// for pictures with a mask colour, which would blend with it.
+QPixmap loadFitted(const QString& name, qreal devicePixelRatio);
+
 /// The name of a picture's twin with twice the pixels, beside it: "intro@2x.dat" for "intro.dat". Folders may
 /// be separated by either slash.
 QString denseTwinOf(const QString& name);
@@ -30,13 +34,15 @@ public:
     /// The name lives as long as the program.
     explicit Deferred(const char* name) : m_name(name) {}
 
-    /// The picture; the ratio is that of the first question.
+    /// The picture in the set for that ratio: it is loaded again when its window comes to a screen of another
+    /// density.
     const QPixmap& picture(qreal devicePixelRatio) const;
     /// Another picture in its place, which may be null.
     void replace(const QPixmap& picture);
 
 private:
-    mutable const char* m_name; // null when there is nothing left to load
+    const char* m_name;          // null when there is nothing to load
+    mutable qreal m_ratio = 0.0; // that the picture was loaded for; 0 before
     mutable QPixmap m_picture;
 };
 
