@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The one push button of the program: its properties, and its own ways with mouse, keyboard and focus.
-// When and where it paints is ButtonSurface's affair, what is saved ButtonProperties'.
+// The one push button of the program: properties, mouse, keyboard, focus. ButtonSurface decides when it
+// paints.
 #pragma once
 
 #include "ButtonLook.h"
@@ -15,7 +15,6 @@ class chameleonButton : public ButtonSurface {
 
 public:
     using Look = ButtonLook;
-
     /// A button of a design: custom colours, picture left of the caption, arrow pointer.
     chameleonButton(QWidget& parent, const char* name, const DesignRect& rect, const Look& look);
     /// A fresh button without a design: the name as its caption, the system's colours.
@@ -27,7 +26,7 @@ public:
     QString accessibleText() const override;
     bool isPressable() const override { return true; }
 
-    // The properties. A change of one that the look depends on paints the button anew.
+    // Properties: a change of one that the look depends on paints the button anew.
     OleColour BackColor() const { return m_p.backColor; }
     void setBackColor(OleColour colour);
     OleColour BackOver() const { return m_p.backOver; }
@@ -89,16 +88,13 @@ public:
     /// From now on changes are not painted, until Refresh paints them all at once.
     void DisableRefresh();
     void Refresh();
-
     /// The saved state: all keys are written; what a bag lacks is read as its default.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
-
     /// The letter that presses the button together with Alt, in lower case; null without one.
     QChar accessKey() const { return m_accessKey; }
     /// Whether the container marks this button as its default one.
     void setDisplayAsDefault(bool isDefault);
-
 signals:
     void Click();
     /// Button: 1 left, 2 right, 4 middle. Shift: 1 shift, 2 control, 4 alt. Place in pixels.
@@ -139,7 +135,6 @@ private:
     void lookForPointer();
     void containerClick();
     void toggleIfCheckBox();
-
     QTimer m_overTimer{this};
     const char* m_designPicture = nullptr; // its name; null once another picture has been set
     bool m_lightsUp = false;               // the design has a second picture for the pointer

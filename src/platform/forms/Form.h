@@ -25,7 +25,6 @@ public:
 
     const FormDesign& design() const { return m_design; }
     Runtime& runtime() { return m_runtime; }
-
     /// Shows the window without waiting for its end; with an owner it stays above that window and goes
     /// to the front with it. It gives an owner that is not shown yet a moment to appear. One that appears
     /// later is followed from then on. At its first show it takes its start position.
@@ -76,7 +75,6 @@ public:
 
     /// The next place in the tab order; for controls under construction.
     int takeTabPlace() { return m_tabPlaces++; }
-
     /// Its tool tips and spoken names.
     Wordings& wordings() { return m_wordings; }
 
