@@ -25,7 +25,7 @@ class SelLangBadFilesTest : public OpenedLanguages {
         bool isNext = false;
         for (const QByteArray& line : bytes.split('\n')) {
             isNext = line.startsWith('[') || !isNext;
-            if (isNext || line.startsWith("langname=") || line.startsWith("loaded=")) kept += line;
+            if (isNext || line.startsWith("langname=") || line.startsWith("hisname=")) kept += line;
         }
         kept.removeIf([](const QByteArray& line) { return line.startsWith("gametitle="); });
         return kept.join('\n');
