@@ -10,17 +10,10 @@ dir=$(mktemp -d) || exit 1
 trap 'rm -rf "$dir"' EXIT
 cd "$dir" || exit 1
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$dir
-failures=0
+# shellcheck source-path=SCRIPTDIR source=../support/cases.sh
+. "$top/tests/support/cases.sh"
 whole='complete, and every text fits'
-
-fail() {
-    printf 'FAILED %s: %s\n' "$case_name" "$1"
-    failures=$((failures + 1))
-}
-
-expect() { # WHAT EXPECTED ACTUAL
-    [[ $2 == "$3" ]] || fail "$1: expected $(printf %q "$2"), got $(printf %q "$3")"
-}
+prefix=(env)
 
 # The English file as FILE, with another line in place of one.
 changed() { # FILE LINE NEW_LINE
@@ -84,6 +77,7 @@ test_a_file_that_can_not_be_read() {
     chmod 0 closed.tvl
     mkdir folder.tvl
     # Root may read it all the same, unless it gives up that right.
+    local prefix=(env)
     [[ $(id -u) != 0 ]] || prefix=(setpriv --bounding-set=-dac_override,-dac_read_search)
     run 2 gone.tvl closed.tvl folder.tvl a.tvl
     expect errors 'gone.tvl: No such file or directory
@@ -104,12 +98,4 @@ test_wrong_usage_of_the_script() {
     grep -qx 'Usage: ./check-language FILE.tvl...   See docs/languages.md.*' errors || fail "no usage: $(<errors)"
 }
 
-mapfile -t all < <(compgen -A function test_)
-for case_name in "${all[@]}"; do
-    prefix=(env)
-    mkdir "$dir/case" && cd "$dir/case" || exit 1
-    "$case_name"
-    cd "$dir" && rm -rf "$dir/case"
-done
-printf '%d cases, %d failed checks\n' "${#all[@]}" "$failures"
-((failures == 0 && ${#all[@]} > 0))
+run_cases

@@ -9,16 +9,8 @@ here=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 dir=$(mktemp -d) || exit 1
 trap 'rm -rf "$dir"' EXIT
 cd "$dir" || exit 1
-failures=0
-
-fail() {
-    printf 'FAILED %s: %s\n' "$case_name" "$1"
-    failures=$((failures + 1))
-}
-
-expect() { # WHAT EXPECTED ACTUAL
-    [[ $2 == "$3" ]] || fail "$1: expected $(printf %q "$2"), got $(printf %q "$3")"
-}
+# shellcheck source-path=SCRIPTDIR source=../support/cases.sh
+. "$here/../support/cases.sh"
 
 file() { # PATH CONTENT
     mkdir -p -- "$(dirname -- "$1")"
@@ -51,11 +43,4 @@ fails_with() { # STATUS ARGUMENTS...
 # shellcheck source-path=SCRIPTDIR source=lay_out_robustness.sh
 . "$here/lay_out_robustness.sh"
 
-mapfile -t all < <(compgen -A function test_)
-for case_name in "${all[@]}"; do
-    mkdir "$dir/case" && cd "$dir/case" || exit 1
-    "$case_name"
-    cd "$dir" && rm -rf "$dir/case"
-done
-printf '%d cases, %d failed checks\n' "${#all[@]}" "$failures"
-((failures == 0 && ${#all[@]} > 0))
+run_cases
