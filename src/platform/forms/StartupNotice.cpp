@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <xcb/xcb.h>
 
 namespace torvane {
@@ -17,12 +18,25 @@ namespace torvane {
 namespace {
 constexpr qsizetype longestId = 1024;
 constexpr uint32_t sourceIsUser = 2;
+constexpr uint32_t onAllDesktops = 0xFFFFFFFF;
 
 xcb_atom_t atom(xcb_connection_t* connection, QByteArrayView name) {
     const auto asked = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data());
     const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
         xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+// A number that the window manager keeps in a property of a window; nothing if there is none.
+std::optional<uint32_t> numberIn(xcb_connection_t* connection, xcb_window_t window, QByteArrayView name) {
+    const auto asked =
+        xcb_get_property(connection, 0, window, atom(connection, name), XCB_ATOM_CARDINAL, 0, 1);
+    const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> reply(
+        xcb_get_property_reply(connection, asked, nullptr), &std::free);
+    uint32_t number = 0;
+    if (!reply || xcb_get_property_value_length(reply.get()) != sizeof number) return std::nullopt;
+    std::memcpy(&number, xcb_get_property_value(reply.get()), sizeof number);
+    return number;
 }
 
 // The server's time of the click or key that began the start: ids end with it.
@@ -36,9 +50,12 @@ struct RootWindow {
     xcb_connection_t* connection;
     xcb_window_t window;
 
+    xcb_window_t root() const { return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root; }
     void send(const xcb_client_message_event_t& event, uint32_t mask) const {
-        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-        xcb_send_event(connection, 0, root, mask, reinterpret_cast<const char*>(&event));
+        xcb_send_event(connection, 0, root(), mask, reinterpret_cast<const char*>(&event));
+    }
+    void request(const xcb_client_message_event_t& event) const {
+        send(event, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     }
     xcb_client_message_event_t message(uint8_t format, QByteArrayView type) const {
         xcb_client_message_event_t made{};
@@ -48,11 +65,23 @@ struct RootWindow {
         made.type = atom(connection, type);
         return made;
     }
+    // Some window managers focus no window on another virtual desktop than the user's. Going there keeps the
+    // program's windows together.
+    void goToItsDesktop(xcb_timestamp_t time) const {
+        const auto its = numberIn(connection, window, "_NET_WM_DESKTOP");
+        if (!its || *its == onAllDesktops || its == numberIn(connection, root(), "_NET_CURRENT_DESKTOP"))
+            return;
+        xcb_client_message_event_t wish = message(32, "_NET_CURRENT_DESKTOP");
+        wish.window = root();
+        wish.data.data32[0] = *its;
+        wish.data.data32[1] = time;
+        request(wish);
+    }
     void activate(xcb_timestamp_t time) const {
-        xcb_client_message_event_t request = message(32, "_NET_ACTIVE_WINDOW");
-        request.data.data32[0] = sourceIsUser;
-        request.data.data32[1] = time;
-        send(request, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+        xcb_client_message_event_t wish = message(32, "_NET_ACTIVE_WINDOW");
+        wish.data.data32[0] = sourceIsUser;
+        wish.data.data32[1] = time;
+        request(wish);
     }
     // In pieces of 20 bytes, with a zero byte after the last one.
     void broadcast(const QByteArray& text) const {
@@ -73,6 +102,7 @@ QByteArray quoted(QByteArray text) { return '"' + text.replace('\\', "\\\\").rep
 
 void answerOnX11(xcb_connection_t* connection, const QByteArray& id, WId window) {
     const RootWindow root{connection, static_cast<xcb_window_t>(window)};
+    root.goToItsDesktop(timeOf(id));
     root.activate(timeOf(id));
     if (!id.isEmpty() && id.size() <= longestId) root.broadcast("remove: ID=" + quoted(id));
     xcb_flush(connection);

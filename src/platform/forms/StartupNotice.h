@@ -14,7 +14,8 @@ struct StartupNotice {
     QByteArray token; ///< on Wayland (XDG_ACTIVATION_TOKEN); empty if the start has none
 
     /// Gives the focus to a window of this process in the name of a start whose own process shows none, and
-    /// ends the notice that the desktop shows meanwhile. Works without either word, too, where the window
+    /// ends the notice that the desktop shows meanwhile. On X11 the user is taken to the virtual desktop that
+    /// the window is on. Works without either word, too, where the window
     /// manager takes such requests. Does nothing on other platforms.
     void answerWith(QWidget& window) const;
 };

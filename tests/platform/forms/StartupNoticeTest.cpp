@@ -2,9 +2,11 @@
 // On a display of its own, with a window manager: a window gets the focus for a start of the user, and the
 // desktop hears that the start is over.
 #include "platform/forms/StartupNotice.h"
+#include "support/CommandOutput.h"
 #include "support/OwnDisplay.h"
 #include "support/TestMain.h"
 
+#include <poll.h>
 #include <xcb/xcb.h>
 
 using namespace torvane;
@@ -13,11 +15,11 @@ using namespace Qt::StringLiterals;
 class StartupNoticeTest : public QObject {
     Q_OBJECT
 
-    // Collects the startup messages that programs broadcast.
+    // Collects the startup messages that programs broadcast, and what they ask of the window manager.
     class Desktop {
     public:
         Desktop() : m_connection(xcb_connect(nullptr, nullptr)) {
-            const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+            const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
             const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
             xcb_request_check(m_connection, xcb_change_window_attributes_checked(m_connection, root,
                                                                                  XCB_CW_EVENT_MASK, &mask));
@@ -30,17 +32,47 @@ class StartupNoticeTest : public QObject {
         const QByteArray& heard() {
             while (xcb_generic_event_t* event = xcb_poll_for_event(m_connection)) {
                 const auto& message = *reinterpret_cast<xcb_client_message_event_t*>(event);
-                if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && message.format == 8) {
+                const bool isMessage = (event->response_type & 0x7F) == XCB_CLIENT_MESSAGE;
+                if (isMessage && message.format == 8) {
                     m_heard.append(reinterpret_cast<const char*>(message.data.data8), 20);
                 }
+                if (isMessage && message.format == 32) m_requests.append(message);
                 free(event);
             }
             return m_heard;
         }
+        // The same, as soon as anything has come, without serving events of this process.
+        const QByteArray& heardWithoutEvents() {
+            pollfd look{xcb_get_file_descriptor(m_connection), POLLIN, 0};
+            while (heard().isEmpty() && poll(&look, 1, 5000) > 0) {
+            }
+            return m_heard;
+        }
+        // The requests of kind 2, those of a user's own action, that a window be active: the time of each.
+        QList<uint32_t> activations(WId window) {
+            heard();
+            QList<uint32_t> times;
+            for (const xcb_client_message_event_t& request : m_requests) {
+                if (request.window == window && request.type == m_activation && request.data.data32[0] == 2) {
+                    times.append(request.data.data32[1]);
+                }
+            }
+            return times;
+        }
 
     private:
+        static xcb_atom_t activationOn(xcb_connection_t* connection) {
+            const QByteArray name("_NET_ACTIVE_WINDOW");
+            const auto asked = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name);
+            const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+                xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+            return reply->atom;
+        }
+
         xcb_connection_t* m_connection;
+        xcb_atom_t m_activation = activationOn(m_connection);
         QByteArray m_heard;
+        QList<xcb_client_message_event_t> m_requests;
     };
 
     static void show(QWidget& window) {
@@ -74,6 +106,32 @@ private slots:
         const QByteArray expected("remove: ID=\"launcher/\\\"a\\\\b\\\"/1-2-host_TIME123\"\0");
         QTRY_VERIFY2(desktop.heard().contains(expected), desktop.heard().constData());
     }
+    void it_hears_so_at_once_whatever_the_program_does_next() {
+        Desktop desktop;
+        QWidget window;
+        show(window);
+        QTest::qWait(0);
+        StartupNotice{"launcher", {}}.answerWith(window);
+        QVERIFY(!desktop.heardWithoutEvents().isEmpty());
+    }
+    void the_window_manager_gets_the_time_of_the_users_action_data() {
+        QTest::addColumn<QByteArray>("id");
+        QTest::addColumn<uint32_t>("time");
+        QTest::newRow("no id") << QByteArray() << 0U;
+        QTest::newRow("no time") << QByteArray("launcher") << 0U;
+        QTest::newRow("a time") << QByteArray("launcher_TIME123") << 123U;
+        QTest::newRow("a name like a time") << QByteArray("a_TIME5-b_TIME4000000000") << 4'000'000'000U;
+        QTest::newRow("no number") << QByteArray("launcher_TIMEnone") << 0U;
+    }
+    void the_window_manager_gets_the_time_of_the_users_action() {
+        QFETCH(QByteArray, id);
+        QFETCH(uint32_t, time);
+        Desktop desktop;
+        QWidget window;
+        show(window);
+        StartupNotice{id, {}}.answerWith(window);
+        QTRY_COMPARE(desktop.activations(window.winId()), QList<uint32_t>{time});
+    }
     void without_an_id_nothing_is_broadcast() {
         Desktop desktop;
         QWidget window;
@@ -84,6 +142,30 @@ private slots:
         QTRY_VERIFY(desktop.heard().contains("ID=\"end\""));
         QVERIFY(desktop.heard().startsWith("remove: ID=\"end\""));
         QVERIFY(!qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+    }
+    void a_window_on_another_virtual_desktop_is_shown_and_gets_the_focus() {
+        QWidget window;
+        show(window);
+        QTRY_VERIFY(window.isActiveWindow());
+        startBeside({"xdotool", "set_desktop", "1"});
+        QTRY_VERIFY_WITH_TIMEOUT(!window.isActiveWindow(), 20000);
+        const QByteArray id = QByteArray::number(window.winId());
+        StartupNotice{}.answerWith(window);
+        QTRY_VERIFY_WITH_TIMEOUT(window.isActiveWindow(), 20000);
+        QCOMPARE(outputOf({"xdotool", "get_desktop"}), outputOf({"xdotool", "get_desktop_for_window", id}));
+    }
+    void a_window_on_all_virtual_desktops_keeps_the_user_where_he_is() {
+        QWidget window;
+        show(window);
+        QTRY_VERIFY(window.isActiveWindow());
+        const QByteArray id = QByteArray::number(window.winId());
+        outputOf({"xdotool", "set_desktop_for_window", id, "-1"});
+        outputOf({"xdotool", "set_desktop", "1"});
+        QTRY_COMPARE(outputOf({"xdotool", "get_desktop"}), QByteArray("1\n"));
+        StartupNotice{"end", {}}.answerWith(window);
+        QTRY_VERIFY(window.isActiveWindow());
+        QCOMPARE(outputOf({"xdotool", "get_desktop"}), QByteArray("1\n"));
+        outputOf({"xdotool", "set_desktop", "0"});
     }
     void a_window_in_the_background_gets_the_focus_data() {
         QTest::addColumn<QByteArray>("id");
