@@ -6,10 +6,14 @@
 #include "support/TestFolder.h"
 #include "support/TestMain.h"
 
+#include <atomic>
+#include <ctime>
 #include <list>
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
+#include <sys/un.h>
+#include <thread>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -37,15 +41,46 @@ class InstanceLinkTest : public QObject {
         });
     }
     // All that the next caller has sent; nothing if there is no caller.
-    static std::optional<QByteArray> nextMessage(const Handle& listener) {
+    static std::optional<QByteArray> nextMessage(const Handle& listener,
+                                                 const QByteArray& answer = {1, InstanceProtocol::receipt}) {
         const Handle caller(accept4(listener.number(), nullptr, nullptr, SOCK_CLOEXEC));
         if (!caller.isOpen()) return std::nullopt;
         QByteArray bytes;
         std::array<char, 4096> part;
         ssize_t got = 0;
         while ((got = recv(caller.number(), part.data(), part.size(), 0)) > 0) bytes.append(part.data(), got);
-        send(caller.number(), &InstanceProtocol::receipt, 1, MSG_NOSIGNAL);
+        send(caller.number(), answer.constData(), static_cast<size_t>(answer.size()), MSG_NOSIGNAL);
         return InstanceProtocol::unframed(bytes);
+    }
+    static bool hasCaller(const Handle& listener, int milliseconds) {
+        pollfd look{listener.number(), POLLIN, 0};
+        return poll(&look, 1, milliseconds) > 0;
+    }
+    Handle heldLock() const {
+        Handle lock =
+            opened(open(folder->native("one.lock").constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+        if (flock(lock.number(), LOCK_EX) != 0) failWithErrno();
+        return lock;
+    }
+    // A socket in the place of the first instance's own.
+    Handle foreignListener() const {
+        sockaddr_un name{};
+        name.sun_family = AF_UNIX;
+        const QByteArray path = folder->native("one.socket");
+        std::memcpy(name.sun_path, path.constData(), static_cast<size_t>(path.size()));
+        Handle listener = opened(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
+        if (bind(listener.number(), reinterpret_cast<sockaddr*>(&name), sizeof name) != 0) failWithErrno();
+        if (::listen(listener.number(), 1000) != 0) failWithErrno();
+        return listener;
+    }
+    // The number of descriptors that a program started from here would inherit.
+    static int inherited() {
+        int count = 0;
+        for (int descriptor = 0; descriptor < 256; ++descriptor) {
+            const int flags = fcntl(descriptor, F_GETFD);
+            if (flags >= 0 && (flags & FD_CLOEXEC) == 0) ++count;
+        }
+        return count;
     }
     mode_t modeOf(const QByteArray& name) const {
         struct stat info {};
@@ -73,6 +108,85 @@ private slots:
         QCOMPARE(nextMessage(listener), message);
         QCOMPARE(nextMessage(listener), QByteArray());
         QVERIFY(!nextMessage(listener));
+    }
+    void a_busy_one_keeps_the_messages_of_a_hundred() {
+        InstanceLink first = link();
+        QCOMPARE(first.meet("m", {}), Role::first);
+        QElapsedTimer clock;
+        clock.start();
+        for (int i = 0; i < 100; ++i) {
+            InstanceLink second = link();
+            QCOMPARE(second.meet(QByteArray::number(i), {.total = 1s, .receipt = 0ms}), Role::second);
+        }
+        QVERIFY2(clock.elapsed() < 20000, "waits for one that is busy");
+        const Handle listener = first.takeListener();
+        for (int i = 0; i < 100; ++i) QCOMPARE(nextMessage(listener), QByteArray::number(i));
+    }
+    void a_busy_one_keeps_the_paths_of_a_thousand_files() {
+        InstanceLink first = link();
+        QCOMPARE(first.meet("m", {}), Role::first);
+        const QByteArray message = QByteArray(250, 'x').repeated(1000);
+        QCOMPARE(meet(message, 300ms), Role::second);
+        QCOMPARE(nextMessage(first.takeListener()), message);
+    }
+    void the_receipt_ends_the_wait() {
+        InstanceLink first = link();
+        QCOMPARE(first.meet("m", {}), Role::first);
+        const Handle listener = first.takeListener();
+        std::thread taker([&] {
+            if (hasCaller(listener, 20000)) nextMessage(listener);
+        });
+        QElapsedTimer clock;
+        clock.start();
+        InstanceLink second = link();
+        const Role role = second.meet("m", {.total = 20s, .receipt = 20s});
+        taker.join();
+        QCOMPARE(role, Role::second);
+        QVERIFY2(clock.elapsed() < 10000, "waits for more than the receipt");
+    }
+    void without_a_receipt_from_one_that_has_read_it_the_message_is_not_delivered_data() {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("something else") << QByteArray("no");
+    }
+    void without_a_receipt_from_one_that_has_read_it_the_message_is_not_delivered() {
+        QFETCH(QByteArray, answer);
+        InstanceLink first = link();
+        QCOMPARE(first.meet("m", {}), Role::first);
+        const Handle listener = first.takeListener();
+        std::atomic<bool> isOver = false;
+        std::thread taker([&] {
+            while (!isOver) {
+                if (hasCaller(listener, 10)) nextMessage(listener, answer);
+            }
+        });
+        InstanceLink second = link();
+        const Role role = second.meet("m", {.total = 300ms, .receipt = 20s});
+        isOver = true;
+        taker.join();
+        QCOMPARE(role, Role::unanswered);
+    }
+    void a_socket_that_another_user_holds_gets_no_message() {
+        if (geteuid() != 0) QSKIP("only root can become another user");
+        folder->setMode(u"."_s, 0777);
+        const Handle lock = heldLock();
+        OtherProgram other(
+            [this] {
+                if (setuid(65534) != 0) _exit(1);
+                static const Handle listener = foreignListener();
+                handle = listener.number();
+            },
+            [] { _exit(whatCallersSent(handle)); });
+        QCOMPARE(meet("secret", 100ms), Role::unanswered);
+        QCOMPARE(other.end(), 0);
+    }
+    void a_program_that_an_instance_starts_inherits_none_of_its_descriptors() {
+        // A game that outlives the first instance would keep the lock, and with it all later starts out.
+        const int before = inherited();
+        InstanceLink first = link();
+        QCOMPARE(first.meet("m", {}), Role::first);
+        const Handle listener = first.takeListener();
+        QCOMPARE(inherited(), before);
     }
     void instances_of_other_names_do_not_meet() {
         InstanceLink first = link();
@@ -109,13 +223,24 @@ private slots:
         folder->makeFolder(u"one.lock"_s);
         QCOMPARE(meet(), Role::unlinked);
     }
+    void one_that_can_not_listen_keeps_nobody_out() {
+        folder->makeFolder(u"one.socket"_s);
+        InstanceLink one = link();
+        QCOMPARE(one.meet("m", {}), Role::unlinked);
+        QCOMPARE(meet(), Role::unlinked);
+    }
     void a_lock_without_a_listener_is_reported_in_time() {
-        const Handle lock = opened(open(folder->native("one.lock").constData(), O_RDWR | O_CREAT, 0600));
-        QCOMPARE(flock(lock.number(), LOCK_EX), 0);
+        const Handle lock = heldLock();
         QElapsedTimer clock;
         clock.start();
         QCOMPARE(meet("m", 100ms), Role::unanswered);
         QVERIFY2(clock.elapsed() < 5000, "waits too long");
+    }
+    void waiting_for_one_that_does_not_listen_takes_little_of_a_processor() {
+        const Handle lock = heldLock();
+        const std::clock_t before = std::clock();
+        QCOMPARE(meet("m", 500ms), Role::unanswered);
+        QVERIFY2(std::clock() - before < CLOCKS_PER_SEC / 4, "busy while waiting");
     }
     void a_first_instance_that_ends_without_taking_the_message_is_succeeded() {
         OtherProgram first(
@@ -135,8 +260,7 @@ private slots:
         QCOMPARE(first.end(), 0);
     }
     void a_deleted_lock_file_keeps_nobody_out() {
-        const Handle lock = opened(open(folder->native("one.lock").constData(), O_RDWR | O_CREAT, 0600));
-        QCOMPARE(flock(lock.number(), LOCK_EX), 0);
+        const Handle lock = heldLock();
         QCOMPARE(unlink(folder->native("one.lock").constData()), 0);
         QCOMPARE(meet(), Role::first);
     }
@@ -146,6 +270,22 @@ private slots:
         QCOMPARE(first.meet(tooLong, {}), Role::first);
         QCOMPARE(meet(tooLong), Role::tooLong);
         QVERIFY(!nextMessage(first.takeListener()));
+    }
+    void one_that_closes_in_the_middle_of_a_message_does_the_sender_no_harm() {
+        InstanceLink first = link();
+        QCOMPARE(first.meet("m", {}), Role::first);
+        const Handle listener = first.takeListener();
+        std::atomic<bool> isOver = false;
+        std::thread taker([&] {
+            while (!isOver) {
+                if (hasCaller(listener, 10))
+                    Handle(accept4(listener.number(), nullptr, nullptr, SOCK_CLOEXEC));
+            }
+        });
+        const Role role = meet(QByteArray(InstanceProtocol::longestMessage, 'x'), 300ms);
+        isOver = true;
+        taker.join();
+        QCOMPARE(role, Role::unanswered);
     }
     void a_message_that_the_system_can_not_keep_for_a_busy_instance_is_given_up() {
         InstanceLink first = link();
@@ -179,6 +319,15 @@ private slots:
     }
 
 private:
+    // 0 if there were callers and none of them has sent anything.
+    static int whatCallersSent(int listener) {
+        int callers = 0;
+        for (int caller = -1; (caller = accept(listener, nullptr, nullptr)) >= 0; ++callers) {
+            char byte = 0;
+            if (recv(caller, &byte, 1, 0) > 0) return 2;
+        }
+        return callers > 0 ? 0 : 3;
+    }
     // Leaves a file that says what this process was; the first one counts the messages of the others.
     void startAtOnce(int number, int count) const {
         InstanceLink one = link();

@@ -57,19 +57,35 @@ private slots:
         QTest::newRow("a circle") << QByteArray("FOLDER/circle");
         QTest::newRow("open to the group") << QByteArray("FOLDER/group");
         QTest::newRow("open to others") << QByteArray("FOLDER/others");
+        QTest::newRow("writable by all") << QByteArray("FOLDER/all");
     }
     void without_a_usable_one_a_private_one_is_made() {
         QFETCH(QByteArray, name);
         folder->write(u"file"_s, "x");
+        folder->setMode(u"file"_s, 0600);
         QCOMPARE(symlink("circle", folder->native("circle").constData()), 0);
         QCOMPARE(mkdir(folder->native("group").constData(), 0710), 0);
         folder->makeFolder(u"others"_s);
         folder->setMode(u"others"_s, 0701);
+        folder->makeFolder(u"all"_s);
+        folder->setMode(u"all"_s, 01777);
         expectMade(name.replace("FOLDER", folder->native(".")));
         struct stat info {};
         QCOMPARE(stat(madeName().constData(), &info), 0);
         QCOMPARE(info.st_mode & 07777, mode_t{0700});
         expectMade(name);
+    }
+    void a_relative_path_is_refused_even_if_it_leads_to_a_private_folder() {
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(folder->path()));
+        expectMade("run");
+        QCOMPARE(used({"", "tmp", "prog"}), ino_t{0});
+        QVERIFY(QDir::setCurrent(before));
+    }
+    void a_program_that_is_started_does_not_inherit_it() {
+        const auto opened = openRuntimeFolder(places(folder->native("run")));
+        QVERIFY(opened.has_value());
+        QVERIFY((fcntl(opened->number(), F_GETFD) & FD_CLOEXEC) != 0);
     }
     void a_made_one_of_another_user_is_refused() {
         if (geteuid() != 0) QSKIP("only root can make files of another user");
@@ -92,6 +108,7 @@ private slots:
         QCOMPARE(used(places("")), ino_t{0});
         QCOMPARE(unlink(madeName().constData()), 0);
         folder->writeNative("tmp/prog-" + QByteArray::number(geteuid()), "x");
+        QCOMPARE(chmod(madeName().constData(), 0600), 0);
         QCOMPARE(used(places("")), ino_t{0});
     }
     void without_any_place_there_is_none() {
