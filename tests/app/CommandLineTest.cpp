@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What the command line asks for, and the answers that need no window.
 #include "app/CommandLine.h"
+#include "support/OtherProgram.h"
+#include "support/TestFolder.h"
 #include "support/TestMain.h"
+
+#include <cstdio>
 
 using namespace torvane;
 
@@ -14,6 +18,25 @@ class CommandLineTest : public QObject {
         const CommandLine line = read(arguments);
         QCOMPARE(line.wish, Wish::refusal);
         QCOMPARE(line.fault, fault);
+    }
+
+    // What a process prints that answers these arguments, and its exit status.
+    struct Answer {
+        QByteArray output;
+        QByteArray errors;
+        int status;
+    };
+    static Answer answerTo(const QByteArrayList& arguments) {
+        const TestFolder folder;
+        const int status = inOtherProgram([&] {
+            if (std::freopen(folder.native("output").constData(), "w", stdout) == nullptr) _exit(98);
+            if (std::freopen(folder.native("errors").constData(), "w", stderr) == nullptr) _exit(98);
+            const int ended = read(arguments).answer();
+            std::fflush(nullptr);
+            _exit(ended);
+        });
+        return {folder.read(QStringLiteral("output")), folder.read(QStringLiteral("errors")),
+                WIFEXITED(status) ? WEXITSTATUS(status) : -1};
     }
 
 private slots:
@@ -49,10 +72,17 @@ private slots:
         QCOMPARE(line.wish, Wish::start);
         QCOMPARE(line.files, (QByteArrayList{"a.gb", "--help", "--", "-x", "--folder"}));
     }
+    void two_dashes_alone_ask_for_nothing() {
+        const CommandLine line = read({"--"});
+        QCOMPARE(line.wish, Wish::start);
+        QCOMPARE(line.files, QByteArrayList());
+    }
     void the_first_question_decides() {
         QCOMPARE(read({"a.gb", "--help", "--nonsense"}).wish, Wish::help);
         QCOMPARE(read({"--version", "--help"}).wish, Wish::version);
         QCOMPARE(read({"--nonsense", "--help"}).wish, Wish::refusal);
+        QCOMPARE(read({"--help", "--nonsense"}).fault, QByteArray());
+        expectRefusal({"--nonsense", "--folder"}, "unknown option '--nonsense'");
     }
     void what_can_not_be_understood_is_refused_data() {
         QTest::addColumn<QByteArrayList>("arguments");
@@ -65,7 +95,8 @@ private slots:
         row("short", {"-h"}, "unknown option '-h'");
         row("an option of Qt", {"-platform", "offscreen"}, "unknown option '-platform'");
         row("a beginning", {"--fold", "x"}, "unknown option '--fold'");
-        row("control characters", {"--\x1B[2J\n"}, "unknown option '--?[2J?'");
+        row("control characters", {"--\x7F\x1B[2J\n"}, "unknown option '--?\?[2J?'");
+        row("bytes of other encodings", {"--caf\xC3\xA9\xFF"}, "unknown option '--caf\xC3\xA9\xFF'");
         row("no folder", {"--folder"}, "option '--folder' needs a path");
         row("empty folder", {"--folder", ""}, "option '--folder' needs a path");
         row("empty folder in one word", {"--folder="}, "option '--folder' needs a path");
@@ -84,6 +115,32 @@ private slots:
         QCOMPARE(line.wish, Wish::start);
         QCOMPARE(line.files, QByteArrayList{"a.gb"});
         QCOMPARE(read({"-session"}).wish, Wish::start);
+    }
+
+    // Answers
+
+    void help_and_version_are_printed() {
+        const Answer help = answerTo({"--help"});
+        QVERIFY(help.output.startsWith("Usage: torvane ") && help.output.contains("--folder"));
+        QCOMPARE(help.errors, QByteArray());
+        QCOMPARE(help.status, 0);
+        const Answer version = answerTo({"--version"});
+        QCOMPARE(version.output, QByteArray("torvane " TORVANE_VERSION "\n"));
+        QCOMPARE(version.status, 0);
+    }
+    void a_refusal_names_the_fault_and_the_help_on_standard_error() {
+        const Answer refusal = answerTo({"--nonsense"});
+        QCOMPARE(refusal.errors, QByteArray("torvane: unknown option '--nonsense'\nTry 'torvane --help'.\n"));
+        QCOMPARE(refusal.output, QByteArray());
+        QCOMPARE(refusal.status, 2);
+    }
+    void an_answer_that_can_not_be_written_is_a_failure() {
+        const int status = inOtherProgram([] {
+            if (std::freopen("/dev/full", "w", stdout) == nullptr) _exit(98);
+            _exit(read({"--help"}).answer());
+        });
+        QVERIFY(WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), 1);
     }
 };
 

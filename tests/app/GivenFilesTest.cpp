@@ -38,6 +38,25 @@ private slots:
         const QByteArray path = QFile::encodeName(folder->write(u"a.gb"_s, "x"));
         QCOMPARE(GivenFiles::of({path, "/"}).paths, (QByteArrayList{path, "/"}));
     }
+    void a_thousand_names_of_any_bytes_keep_their_order() {
+        QByteArrayList names;
+        for (int i = 0; i < 1000; ++i) names.append("-\xFF\n%" + QByteArray::number(i) + ".gb");
+        for (const QByteArray& name : names) folder->writeNative(name, "x");
+        const QByteArray path = QFile::encodeName(QFileInfo(folder->path()).canonicalFilePath());
+        const GivenFiles files = GivenFiles::of(names);
+        QCOMPARE(files.faults, QByteArrayList());
+        for (QByteArray& name : names) name.prepend(path + '/');
+        QCOMPARE(files.paths, names);
+    }
+    void a_link_counts_as_what_it_leads_to() {
+        folder->write(u"a.gb"_s, "x");
+        QCOMPARE(symlink("a.gb", "link.gb"), 0);
+        QCOMPARE(symlink("/dev/null", "null.gb"), 0);
+        const GivenFiles files = GivenFiles::of({"link.gb", "null.gb"});
+        QCOMPARE(files.paths.size(), 1);
+        QVERIFY(files.paths[0].endsWith("/link.gb"));
+        QCOMPARE(files.faults, QByteArrayList{"null.gb: Neither a file nor a folder"});
+    }
     void what_is_no_file_is_named_and_the_others_are_kept() {
         folder->write(u"a.gb"_s, "x");
         QCOMPARE(mkfifo("pipe.gb", 0600), 0);
@@ -70,6 +89,18 @@ private slots:
         QCOMPARE(read->activationToken, call.activationToken);
         QCOMPARE(read->files, call.files);
         QCOMPARE(StartCall::unpacked(StartCall().packed())->files, QByteArrayList());
+    }
+    void the_call_of_a_start_has_what_the_desktop_has_said_of_it() {
+        qputenv("DESKTOP_STARTUP_ID", "launcher_TIME1");
+        qputenv("XDG_ACTIVATION_TOKEN", "token");
+        const StartCall call = StartCall::ofThisProcess({"/a"});
+        qunsetenv("DESKTOP_STARTUP_ID");
+        qunsetenv("XDG_ACTIVATION_TOKEN");
+        QCOMPARE(call.startupId, QByteArray("launcher_TIME1"));
+        QCOMPARE(call.activationToken, QByteArray("token"));
+        QCOMPARE(call.files, QByteArrayList{"/a"});
+        const StartCall silent = StartCall::ofThisProcess({});
+        QVERIFY(silent.startupId.isEmpty() && silent.activationToken.isEmpty());
     }
     void other_messages_are_no_call_data() {
         QTest::addColumn<QByteArray>("message");

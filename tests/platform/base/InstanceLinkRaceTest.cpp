@@ -66,6 +66,18 @@ private slots:
         InstanceLink second = link();
         QCOMPARE(second.meet("m", {}), Role::second);
     }
+    void one_that_waits_for_a_listener_takes_little_of_a_processor() {
+        const Handle held = opened(open(folder->native("one.lock").constData(), O_RDWR | O_CREAT, 0600));
+        QCOMPARE(flock(held.number(), LOCK_EX), 0);
+        int locks = 0;
+        beforeFlock = [&] {
+            ++locks;
+            return 0;
+        };
+        InstanceLink one = link();
+        QCOMPARE(one.meet("m", {.total = 200ms}), Role::unanswered);
+        QVERIFY2(locks > 1 && locks < 100, QByteArray::number(locks).constData());
+    }
     void a_file_system_without_locks_offers_no_link_data() {
         QTest::addColumn<int>("error");
         QTest::newRow("no locks") << ENOLCK;
