@@ -77,6 +77,7 @@ private slots:
         QTest::newRow("link to the library") << QByteArray("FOLDER/link/g002.gb");
         QTest::newRow("link to the game") << QByteArray("FOLDER/other.gb");
         QTest::newRow("the file that a game of the library is a link to") << QByteArray("FOLDER/out/h.gb");
+        QTest::newRow("a game that is a link to a file of another name") << QByteArray("FOLDER/roms/i.gb");
     }
     void it_is_found_through_links_and_in_any_spelling() {
         QFETCH(QByteArray, path);
@@ -86,9 +87,12 @@ private slots:
         QCOMPARE(symlink("link/g002.gb", folder.native("other.gb").constData()), 0);
         folder.write(u"out/h.gb"_s, "h");
         QCOMPARE(symlink("../out/h.gb", library("h.gb").constData()), 0);
+        QCOMPARE(symlink("../out/h.gb", library("i.gb").constData()), 0);
         opened->open();
         program().openFiles({path.replace("FOLDER", folder.native("."))});
-        const QString expected = path.endsWith("h.gb") ? u"h.gb"_s : u"g002.gb"_s;
+        const QString expected = path.endsWith("h.gb")   ? u"h.gb"_s
+                                 : path.endsWith("i.gb") ? u"i.gb"_s
+                                                         : u"g002.gb"_s;
         QTRY_COMPARE(selected(), expected);
         QVERIFY(!opened->isThere());
     }
@@ -194,6 +198,31 @@ private slots:
         program().openFiles({real(later)});
         look();
         QCOMPARE(assistant().FilePath.Text(), first);
+    }
+
+    void what_has_been_opened_is_not_opened_again_by_a_later_start() {
+        open(2);
+        program().openFiles({real(opened->original(u"a.gb"_s))});
+        QTRY_VERIFY(opened->isThere());
+        QVERIFY(QTest::qWaitForWindowExposed(&assistant()));
+        click(assistant().ChameleonButton2);
+        QVERIFY(!opened->isThere());
+        program().openFiles({library("g002.gb")});
+        expectOpened();
+        QVERIFY(!opened->isThere());
+    }
+    void files_of_several_starts_wait_together() {
+        open(3);
+        const QString outside = opened->original(u"a.gb"_s);
+        click(main().chameleonButton1);
+        program().openFiles({real(outside)});
+        program().openFiles({library("g003.gb")});
+        look();
+        QVERIFY(!opened->isThere());
+        click(program().loaded<TorvMsg>()->chameleonButton3);
+        QTRY_VERIFY(opened->isThere());
+        QCOMPARE(assistant().FilePath.Text(), outside);
+        QCOMPARE(selected(), u"g003.gb"_s);
     }
 
     // What they wait for
