@@ -206,6 +206,9 @@ private slots:
         const int wakings = wakingsWithin(20s);
         QCOMPARE(received, QByteArrayList{"late"});
         QVERIFY2(wakings < 2000, "busy while waiting");
+        // The pause is over.
+        QCOMPARE(call("later"), InstanceLink::Role::second);
+        QTRY_COMPARE_WITH_TIMEOUT(received, (QByteArrayList{"late", "later"}), 20000);
     }
     void a_crowd_of_silent_callers_takes_few_descriptors() {
         std::vector<Handle> silent;
