@@ -71,8 +71,10 @@ void reportHome(Program& program, const OpenedHome& home) {
     Settings& settings = program.runtime.settings;
     QStringList problems;
     if (home.problem) problems.append(texts.of(home));
-    // Whoever may only look must still be able to choose a language, even on a full disk.
-    if (home.isForLooking) settings.keepWhatFails();
+    // Whoever may only look must still be able to choose a language, and so must others on a full disk, which
+    // is often that of the settings, too.
+    const bool isDiskFull = home.problem && home.problem->number() == RuntimeFailure::diskFull;
+    if (home.isForLooking || isDiskFull) settings.keepWhatFails();
     try {
         settings.requireStorable(Config::application);
     } catch (const RuntimeFailure& failure) {

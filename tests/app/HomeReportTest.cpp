@@ -91,6 +91,24 @@ private slots:
         world().setSetting("Icon", u"5"_s);
         QCOMPARE(world().setting("Icon"), u"5"_s);
     }
+    void a_language_can_be_chosen_where_the_disk_was_too_full_for_the_whole_home() {
+        world().setSetting("Language", QString());
+        reported(home(RuntimeFailure::diskFull, false));
+        const FullDisk full(0);
+        opened->program->start();
+        auto* window = opened->program->loaded<SelLangStartUp>();
+        QVERIFY(window != nullptr && QTest::qWaitForWindowExposed(window));
+        click(window->Label6);
+        click(window->ok);
+        emit window->Timer2.Tick();
+        QCOMPARE(opened->program->globals.LanguageName, u"English"_s);
+        QCOMPARE(world().ends, 0);
+    }
+    void settings_that_fail_later_are_no_secret_where_the_home_only_lacks_a_file() {
+        reported(home(RuntimeFailure::permissionDenied, false));
+        const FullDisk full(0);
+        QCOMPARE(failureOf([&] { world().setSetting("Icon", u"5"_s); }), number(RuntimeFailure::diskFull));
+    }
     void both_are_reported_in_one_box() {
         refuseSettings();
         reported(home(RuntimeFailure::diskFull, true));
