@@ -9,7 +9,6 @@
 #include <QElapsedTimer>
 #include <QVersionNumber>
 #include <array>
-#include <chrono>
 #include <sys/file.h>
 #include <thread>
 
@@ -20,7 +19,6 @@ namespace {
 constexpr std::array expectedFolders = {
     "roms", "roms/data/screenshots", "ziptemp", "emuladores", "data/lang", "data/tray"};
 
-constexpr qint64 longestWait = 20'000; // ms, for another run
 constexpr std::chrono::milliseconds betweenLooks(10);
 
 QVersionNumber numberOf(const QByteArray& version) {
@@ -65,12 +63,12 @@ bool LayOut::isDone() const {
                         [&](const auto& file) { return isPending(file.first, file.second); });
 }
 
-LayOut::Report LayOut::run() {
-    attempt(m_folder, [this] {
+LayOut::Report LayOut::run(std::chrono::milliseconds longestWait) {
+    attempt(m_folder, [&] {
         m_record = TreeRecord::of(m_folder);
         if (isNewer() || isDone()) return;
         Folder::make(m_folder);
-        const Handle lock = locked();
+        const Handle lock = locked(longestWait);
         m_record = TreeRecord::of(m_folder); // another run may have been faster
         if (!isNewer()) bringUpToDate();
     });
@@ -79,12 +77,12 @@ LayOut::Report LayOut::run() {
 
 // Some network file systems have no locks, and a folder that can't be read can't be locked: then without. The
 // wait ends, because whoever holds the lock may have been stopped.
-Handle LayOut::locked() const {
+Handle LayOut::locked(std::chrono::milliseconds longestWait) const {
     Handle folder(open(m_folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     QElapsedTimer waited;
     waited.start();
     while (flock(folder.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        if (waited.elapsed() > longestWait) {
+        if (waited.hasExpired(longestWait.count())) {
             throw RuntimeFailure(RuntimeFailure::permissionDenied, RuntimeFailure::Reason::inUse);
         }
         std::this_thread::sleep_for(betweenLooks);

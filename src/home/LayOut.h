@@ -10,6 +10,8 @@
 #include "SourceTree.h"
 #include "platform/base/NewFiles.h"
 
+#include <chrono>
+
 namespace torvane {
 
 class LayOut {
@@ -25,8 +27,9 @@ public:
     /// `folder` (real path) is made if necessary, and so are the folders that the program expects in it.
     LayOut(QByteArray folder, SourceTree tree) : m_folder(std::move(folder)), m_tree(std::move(tree)) {}
 
-    /// Does what there is to do. Two runs at once take turns, where the file system has locks.
-    Report run();
+    /// Does what there is to do. Two runs at once take turns, where the file system has locks; one that has
+    /// waited for so long gives up with a failure.
+    Report run(std::chrono::milliseconds longestWait = std::chrono::seconds(20));
 
 private:
     using Source = SourceTree::Entry;
@@ -34,7 +37,7 @@ private:
     bool isNewer() const;
     bool isDone() const;
     bool isPending(const QByteArray& path, const Source& source) const;
-    Handle locked() const;
+    Handle locked(std::chrono::milliseconds longestWait) const;
     void bringUpToDate();
     void makeFolders();
     void settle(const QByteArray& path, const Source& source);

@@ -6,11 +6,13 @@
 #include "support/TestMain.h"
 
 #include <atomic>
+#include <chrono>
 #include <sys/file.h>
 #include <thread>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 class LayOutTest : public QObject {
     Q_OBJECT
@@ -38,6 +40,27 @@ class LayOutTest : public QObject {
             if (name.startsWith(u".torvane-"_s)) names.append(name);
         }
         return names;
+    }
+    Handle lockedHome() const {
+        QDir().mkpath(tree->folder.path(u"home"_s));
+        Handle home(open(tree->home().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (flock(home.number(), LOCK_EX) != 0) qFatal("can't lock");
+        return home;
+    }
+    // A run that begins while another one is at work, and ends after it. Whether it did not wait.
+    bool runsBehindAnother(const std::function<void()>& other) const {
+        const Handle lock = lockedHome();
+        std::atomic<bool> isDone = false;
+        std::thread run([&] {
+            tree->layOut();
+            isDone = true;
+        });
+        QTest::qWait(50);
+        const bool wasDone = isDone;
+        other();
+        flock(lock.number(), LOCK_UN);
+        run.join();
+        return wasDone;
     }
 
 private slots:
@@ -117,6 +140,7 @@ private slots:
         QTest::newRow("the same") << QByteArray("1.1") << QByteArray("1.1") << false;
         QTest::newRow("older") << QByteArray("1.9") << QByteArray("1.10") << false;
         QTest::newRow("unknown") << QByteArray() << QByteArray("1.1") << false;
+        QTest::newRow("of a program without") << QByteArray("1.1") << QByteArray() << false;
     }
     void a_tree_of_a_newer_version_stays_as_it_is() {
         QFETCH(QByteArray, inHome);
@@ -129,6 +153,21 @@ private slots:
         QVERIFY(tree->layOut().failures.empty());
         QCOMPARE(tree->inHome("data/a"), QByteArray(isNewer ? "first" : "second"));
         if (isNewer) QCOMPARE(statesInHome(), before);
+    }
+
+    void a_version_that_changes_no_file_is_recorded_too() {
+        tree->layOut();
+        tree->makeIndex("1.3");
+        tree->layOut();
+        tree->makeTemplate({{u"data/lang/lang_eng.tvl"_s, "of version 1.2"}}, "1.2");
+        tree->layOut();
+        QCOMPARE(tree->inHome("data/lang/lang_eng.tvl"), QByteArray("one"));
+    }
+    void a_tree_without_a_version_leaves_the_recorded_one() {
+        tree->layOut();
+        tree->makeTemplate({{u"data/a"_s, "added"}}, QByteArray());
+        tree->layOut();
+        QCOMPARE(TreeRecord::of(tree->home()).version, QByteArray("1.1"));
     }
 
     // An upgrade of the package replaces one file after the other.
@@ -223,20 +262,35 @@ private slots:
         QCOMPARE(tree->inHome("roms/g299.gb"), QByteArray("299"));
     }
     void two_runs_at_once_take_turns() {
-        QVERIFY(QDir().mkpath(tree->folder.path(u"home"_s)));
-        const Handle other(open(tree->home().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        QCOMPARE(flock(other.number(), LOCK_EX), 0);
-        std::atomic<bool> isDone = false;
-        std::thread run([&] {
-            tree->layOut();
-            isDone = true;
-        });
-        QTest::qWait(50);
-        const bool wasDone = isDone;
-        flock(other.number(), LOCK_UN);
-        run.join();
+        const bool wasDone = runsBehindAnother([] {});
         QVERIFY(!wasDone);
         QCOMPARE(tree->inHome("data/lang/lang_eng.tvl"), QByteArray("one"));
+    }
+    void a_newer_version_that_comes_first_keeps_its_tree() {
+        tree->makeTemplate({{u"data/a"_s, "newer"}}, "1.3");
+        const QByteArray record = tree->folder.read(u"share/tree/data/.laid-out"_s);
+        tree->makeTemplate({{u"data/a"_s, "old"}});
+        tree->layOut();
+        tree->makeTemplate({{u"data/a"_s, "middle"}}, "1.2");
+        runsBehindAnother([&] {
+            tree->writeInHome("data/a", "newer");
+            tree->writeInHome("data/.laid-out", record);
+        });
+        QCOMPARE(tree->inHome("data/a"), QByteArray("newer"));
+        QCOMPARE(tree->inHome("data/.laid-out"), record);
+    }
+    void a_run_does_not_wait_for_ever() {
+        const Handle other = lockedHome();
+        const LayOut::Report report =
+            LayOut(tree->home(), SourceTree::recorded(tree->templateFolder())).run(30ms);
+        QCOMPARE(report.failures.size(), 1u);
+        QCOMPARE(report.failures.front().reason(), RuntimeFailure::Reason::inUse);
+        QVERIFY(!tree->isInHome("data"));
+    }
+    void without_anything_to_do_nobody_is_waited_for() {
+        tree->layOut();
+        const Handle other = lockedHome();
+        QVERIFY(tree->layOut().failures.empty());
     }
 };
 
