@@ -7,6 +7,7 @@
 #include "platform/base/Leftovers.h"
 #include "platform/base/Paths.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <set>
@@ -14,6 +15,8 @@
 namespace torvane {
 
 namespace {
+namespace fs = std::filesystem;
+
 bool isFolderAt(const QByteArray& path) {
     struct stat info {};
     return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
@@ -24,17 +27,32 @@ bool isTemplate(const QByteArray& folder) {
     return stat((folder + '/' + TreeRecord::file).constData(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-QByteArray absolute(const QByteArray& given, const QByteArray& from) {
-    const QByteArray whole = given.startsWith('/') ? given : from + '/' + given;
-    const std::filesystem::path path = std::filesystem::path(whole.toStdString()).lexically_normal();
-    QByteArray normal = QByteArray::fromStdString(path.string());
+QByteArray whole(const QByteArray& given, const QByteArray& from) {
+    return given.startsWith('/') ? given : from + '/' + given;
+}
+
+QByteArray normal(const fs::path& path) {
+    QByteArray normal = QByteArray::fromStdString(path.lexically_normal().string());
     while (normal.size() > 1 && normal.endsWith('/')) normal.chop(1);
     return normal;
+}
+
+QByteArray absolute(const QByteArray& given, const QByteArray& from) {
+    return normal(whole(given, from).toStdString());
 }
 
 QByteArray workingFolder() {
     const std::unique_ptr<char, void (*)(void*)> folder(getcwd(nullptr, 0), std::free);
     return folder ? QByteArray(folder.get()) : QByteArray("/");
+}
+
+// After a link, ".." is the folder above the link's target, as for the system.
+QByteArray givenFolder(const QByteArray& given) {
+    const fs::path path = whole(given, workingFolder()).toStdString();
+    const bool leadsUp = std::find(path.begin(), path.end(), "..") != path.end();
+    std::error_code unknown;
+    const fs::path followed = leadsUp ? fs::weakly_canonical(path, unknown) : path;
+    return normal(unknown ? path : followed);
 }
 
 QByteArray templateFor(const HomeQuestion& question) {
@@ -81,7 +99,7 @@ std::optional<RuntimeFailure> failureToLayOut(const Home& home) {
 Home chooseHome(const HomeQuestion& question) {
     const QByteArray& own = question.applicationFolder;
     if (!question.given.isEmpty()) {
-        return {Home::Kind::given, absolute(question.given, workingFolder()), templateFor(question)};
+        return {Home::Kind::given, givenFolder(question.given), templateFor(question)};
     }
     const QByteArray installed = absolute(question.installedTemplate, own);
     const bool hasData = isFolderAt(own + "/data");

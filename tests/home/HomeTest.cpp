@@ -100,6 +100,34 @@ private slots:
             QCOMPARE(chooseHome(asked).folder, QDir::currentPath().toUtf8() + "/games");
         }
     }
+    void two_dots_after_a_link_lead_out_of_its_target() {
+        tree->folder.makeFolder(u"disk/deep"_s);
+        QVERIFY(QFile::link(u"disk/deep"_s, tree->folder.path(u"link"_s)));
+        HomeQuestion asked = question();
+        asked.given = tree->real("link/../new/games");
+        QCOMPARE(QFileInfo(QString::fromUtf8(chooseHome(asked).folder)),
+                 QFileInfo(tree->folder.path(u"disk/new/games"_s)));
+        asked.given = tree->real("link/new");
+        QCOMPARE(chooseHome(asked).folder, asked.given);
+    }
+    void a_given_folder_that_is_a_file_or_a_circle_opens_the_template() {
+        tree->folder.write(u"file"_s, "mine");
+        QVERIFY(QFile::link(u"circle"_s, tree->folder.path(u"circle"_s)));
+        for (const char* given : {"file", "file/below", "circle", "circle/../circle"}) {
+            HomeQuestion asked = question();
+            asked.given = tree->real(given);
+            requireTemplateForLooking(openHome(chooseHome(asked)));
+        }
+        QCOMPARE(tree->folder.read(u"file"_s), QByteArray("mine"));
+    }
+    void a_given_folder_without_any_template_is_opened_with_its_folders() {
+        HomeQuestion asked = question();
+        asked.installedTemplate = "../nowhere";
+        asked.given = tree->real("given");
+        const OpenedHome opened = openHome(chooseHome(asked));
+        QVERIFY(!opened.problem && !opened.isForLooking);
+        QVERIFY(QFileInfo::exists(tree->folder.path(u"given/roms"_s)));
+    }
     void without_an_installed_template_a_given_folder_is_laid_out_from_the_portable_one() {
         HomeQuestion asked = question();
         asked.applicationFolder = tree->templateFolder();
