@@ -121,6 +121,13 @@ private slots:
         QCOMPARE(tree->inHome("data/lang/lang_eng.tvl"), QByteArray("two"));
         QCOMPARE(tree->modeInHome("data/lang/lang_eng.tvl"), mode_t(0600));
     }
+    void an_update_leaves_the_modes_of_other_files() {
+        tree->layOut();
+        tree->folder.setMode(u"home/emuladores/mgba.sh"_s, 0700);
+        tree->makeTemplate({{u"data/lang/lang_eng.tvl"_s, "two"}, {u"emuladores/mgba.sh"_s, "#!"}}, "1.2");
+        tree->layOut();
+        QCOMPARE(tree->modeInHome("emuladores/mgba.sh"), mode_t(0700));
+    }
     void an_update_brings_a_new_mode_with_new_content() {
         tree->layOut();
         tree->folder.write(u"share/tree/emuladores/mgba.sh"_s, "#!2");

@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 bool isOnNetwork = false;
 int networkError = EINVAL;
+int lockError = ENOLCK;
 std::function<void()> beforeRename;
 } // namespace
 
@@ -31,7 +32,7 @@ extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const c
 }
 extern "C" int flock(int file, int operation) noexcept {
     if (isOnNetwork) {
-        errno = ENOLCK;
+        errno = lockError;
         return -1;
     }
     return static_cast<int>(syscall(SYS_flock, file, operation));
@@ -42,7 +43,7 @@ extern "C" int fcntl(int file, int command, ...) {
     void* argument = va_arg(arguments, void*);
     va_end(arguments);
     if (isOnNetwork && command == F_SETLEASE) {
-        errno = EINVAL;
+        errno = networkError;
         return -1;
     }
     return static_cast<int>(syscall(SYS_fcntl, file, command, argument));
@@ -64,22 +65,29 @@ private slots:
         isOnNetwork = false;
         beforeRename = {};
         networkError = EINVAL;
+        lockError = ENOLCK;
     }
 
     void a_home_is_laid_out_and_updated_data() {
         QTest::addColumn<int>("error");
-        QTest::newRow("the file system does not know how") << EINVAL;
-        QTest::newRow("the system does not") << ENOSYS;
+        QTest::addColumn<int>("ofLocks");
+        QTest::newRow("the file system does not know how") << EINVAL << ENOLCK;
+        QTest::newRow("the system does not") << ENOSYS << ENOSYS;
+        QTest::newRow("locks are not supported") << EINVAL << EOPNOTSUPP;
     }
     void a_home_is_laid_out_and_updated() {
         QFETCH(int, error);
+        QFETCH(int, ofLocks);
         networkError = error;
+        lockError = ofLocks;
         QVERIFY(tree->layOut().failures.empty());
         QCOMPARE(tree->inHome("data/b"), QByteArray("two"));
         tree->makeTemplate({{u"data/a"_s, "three"}, {u"data/b"_s, "two"}, {u"data/c"_s, "four"}}, "1.2");
         QVERIFY(tree->layOut().failures.empty());
         QCOMPARE(tree->inHome("data/a"), QByteArray("three"));
         QCOMPARE(tree->inHome("data/c"), QByteArray("four"));
+        QCOMPARE(tree->folder.entries(u"home/data"_s),
+                 (QStringList{u".laid-out"_s, u"a"_s, u"b"_s, u"c"_s, u"lang"_s, u"tray"_s}));
     }
     void a_file_that_appears_meanwhile_is_not_replaced() {
         beforeRename = [this] { tree->writeInHome("data/a", "mine"); };

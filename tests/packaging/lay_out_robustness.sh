@@ -132,6 +132,28 @@ test_a_place_that_cannot_be_written_is_reported_and_the_rest_laid() {
     expect_file dest/a/b one
 }
 
+# The disk is in a mount namespace of its own, and goes with it.
+test_a_full_disk_is_reported_and_the_rest_laid_when_there_is_room() {
+    local n
+    mkdir tree dest
+    for n in {10..49}; do head -c 4000 /dev/urandom >"tree/f$n"; done
+    unshare -rm bash -c 'mount -t tmpfs -o size=100k tmpfs dest' 2>said ||
+        { echo "skipped $case_name: $(<said)" && return; }
+    unshare -rm bash -c '
+        mount -t tmpfs -o size=100k tmpfs dest && cd dest || exit
+        "$0" . ../tree >../full 2>&1
+        echo "$?" >../status
+        find . -name ".torvane-*" >../left
+        for f in f*; do cmp "$f" "../tree/$f"; done >../cut 2>&1
+        mount -t tmpfs -o remount,size=1m tmpfs . && "$0" . ../tree >../again 2>&1
+        for f in ../tree/*; do cmp "$f" "${f#../tree/}"; done >>../again 2>&1' "$lay_out"
+    expect 'status on the full disk' 1 "$(<status)"
+    grep -q 'lay-out: cannot write .*: Disk full' full || fail "message: $(head -n 1 full)"
+    expect 'leftovers' '' "$(<left)"
+    expect 'files that are cut' '' "$(<cut)"
+    [[ $(<again) == "Laid out: "*" new, 0 updated, 0 left as they are" ]] || fail "with room again: $(<again)"
+}
+
 test_the_version_is_recorded() {
     file tree/a one
     "$lay_out" --version 1.10 dest tree >said || fail "lay-out failed: $(<said)"
