@@ -89,6 +89,14 @@ void makeLibrary(const fs::path& source, const fs::path& folder, int count) {
     makeGames(folder / "roms", count);
 }
 
+fs::path installProgram(const fs::path& source, const fs::path& folder) {
+    fs::create_directories(folder / "games");
+    fs::create_directories(folder / "share" / "torvane");
+    fs::create_directory_symlink(source, folder / "share" / "torvane" / "tree");
+    fs::copy(source / "torvane", folder / "games" / "torvane");
+    return folder / "games" / "torvane";
+}
+
 void makeSettings(const fs::path& configurationFolder, const fs::path& programFolder) {
     fs::create_directories(configurationFolder / "Torvane");
     const std::string language = programFolder.string() + "/data/lang/lang_eng.tvl";

@@ -16,6 +16,11 @@ constexpr std::int64_t filledGameSize = 40960;
 /// standard library.
 void makeLibrary(const std::filesystem::path& source, const std::filesystem::path& folder, int count);
 
+/// Installs the laid-out program folder `source` below a folder that does not exist yet, with all of its
+/// files as the tree for new homes. Gives the path of the executable.
+std::filesystem::path installProgram(const std::filesystem::path& source,
+                                     const std::filesystem::path& folder);
+
 /// Makes the settings of a user who has chosen English and switched the intro off.
 void makeSettings(const std::filesystem::path& configurationFolder,
                   const std::filesystem::path& programFolder);

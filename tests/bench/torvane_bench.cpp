@@ -6,6 +6,7 @@
 #include "GameLibrary.h"
 #include "Report.h"
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -62,15 +63,18 @@ class Benchmarks {
 public:
     Benchmarks(const fs::path& programs, const fs::path& scratch)
         : m_programs(programs), m_empty("0", scratch, 0), m_small("10,000", scratch, 10'000),
-          m_large("100,000", scratch, 100'000) {}
+          m_large("100,000", scratch, 100'000), m_installed(installProgram(TORVANE_FOLDER, scratch / "usr")) {
+    }
 
     bool runAll() {
         for (int round = 0; round <= rounds; ++round) takeStarts(round > 0);
         for (int round = 0; round <= rounds; ++round) takeStartsFromOutside(round > 0);
+        for (int round = 0; round <= 3 * rounds; ++round) takeStartsAtHome(round);
         for (int round = 0; round <= rounds; ++round) takeSelections(round > 0);
         for (int round = 0; round <= rounds; ++round) takeCompactStarts(round > 0);
         Report::printHead();
         reportStarts();
+        reportStartsAtHome();
         reportSecondStart();
         reportMemory();
         reportSelections();
@@ -119,6 +123,21 @@ private:
         }
     }
 
+    // The same folder as the home of both: the first start of the installed program lays out what it lacks.
+    // They take turns in being first.
+    void takeStartsAtHome(int round) {
+        const auto shown = [this](const fs::path& torvane) {
+            return run({program("bench_from_outside"), torvane}, m_small.configuration).at("shown") / 1e6;
+        };
+        setenv("XDG_DATA_HOME", m_small.folder.parent_path().c_str(), 1);
+        const std::array programs = {m_small.folder / "torvane", m_installed};
+        std::array<double, 2> times{};
+        for (const int which : {round % 2, 1 - round % 2}) times.at(which) = shown(programs.at(which));
+        if (round > 0) m_report.sample("portable", times[0]);
+        if (round > 0) m_report.sample("home", times[1] - times[0]);
+        unsetenv("XDG_DATA_HOME");
+    }
+
     void takeSelections(bool counts) {
         for (const Library* library : {&m_small, &m_large}) {
             const Values values = run({program("bench_selections"), library->folder, library->configuration},
@@ -154,6 +173,12 @@ private:
         rowAgainstBare("Start to the painted window", m_large, "start", 3.5, pattern);
         rowAgainstBare("The same seen from outside", m_small, "shown", 2.0, pattern);
         rowAgainstBare("The same seen from outside", m_large, "shown", 3.5, pattern);
+    }
+
+    void reportStartsAtHome() {
+        m_report.row("Milliseconds that a home of its own adds", m_report.median("home"), 5,
+                     format("with nothing to lay out, to the %.1f ms of a portable start",
+                            m_report.median("portable")));
     }
 
     void reportSecondStart() {
@@ -334,6 +359,7 @@ private:
     Library m_empty;
     Library m_small;
     Library m_large;
+    fs::path m_installed; // the program, with a tree to lay homes out from
     Report m_report;
 };
 
