@@ -25,8 +25,9 @@ QVersionNumber numberOf(const QByteArray& version) {
     return QVersionNumber::fromString(QString::fromLatin1(version));
 }
 
+// A file system without modes has nothing to preserve.
 void giveMode(const Handle& file, mode_t mode) {
-    if (fchmod(file.number(), mode) != 0) failWithErrno();
+    if (fchmod(file.number(), mode) != 0 && errno != ENOSYS && errno != ENOTSUP) failWithErrno();
 }
 } // namespace
 

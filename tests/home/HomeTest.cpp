@@ -126,6 +126,7 @@ private slots:
         asked.given = tree->real("given");
         const OpenedHome opened = openHome(chooseHome(asked));
         QVERIFY(!opened.problem && !opened.isForLooking);
+        QVERIFY(chooseHome(asked).templateFolder.isEmpty());
         QVERIFY(QFileInfo::exists(tree->folder.path(u"given/roms"_s)));
     }
     void without_an_installed_template_a_given_folder_is_laid_out_from_the_portable_one() {

@@ -194,6 +194,34 @@ private slots:
         QVERIFY(report.failures.empty());
         QCOMPARE(tree->inHome("emuladores/mgba.sh"), QByteArray("#!"));
     }
+    void a_source_that_cannot_be_read_is_reported() {
+        const QString source = tree->folder.path(u"share/tree/data/lang/lang_eng.tvl"_s);
+        QVERIFY(QFile::remove(source) && QDir().mkpath(source));
+        const LayOut::Report report = tree->layOut();
+        QVERIFY(report.missing.isEmpty());
+        QCOMPARE(report.failures.size(), 1u);
+        QCOMPARE(Paths::real(report.failures.front().file()), source.toUtf8());
+    }
+    void a_file_in_place_of_a_folder_is_left_alone() {
+        tree->layOut();
+        QVERIFY(QDir(tree->folder.path(u"home/emuladores"_s)).removeRecursively());
+        tree->writeInHome("emuladores", "mine");
+        tree->makeTemplate({{u"emuladores/mgba.sh"_s, "#!2"}}, "1.2");
+        QCOMPARE(tree->layOut().kept, 1);
+        QCOMPARE(tree->inHome("emuladores"), QByteArray("mine"));
+    }
+    void a_folder_that_cannot_be_entered_is_reported_with_the_file() {
+        tree->layOut();
+        tree->makeTemplate({{u"data/lang/lang_eng.tvl"_s, "two"}}, "1.2");
+        tree->folder.setMode(u"home/data/lang"_s, 0);
+        {
+            const OrdinaryUser ordinary;
+            const LayOut::Report report = tree->layOut();
+            QVERIFY(!report.failures.empty());
+            QCOMPARE(Paths::real(report.failures.front().file()), tree->home() + "/data/lang/lang_eng.tvl");
+        }
+        tree->folder.setMode(u"home/data/lang"_s, 0755);
+    }
     // Without its record a folder would look as if nothing had been laid out: what was deleted would come
     // back.
     void a_record_that_cannot_be_read_stops_the_lay_out() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A home on a network file system without locks, leases and renames that replace nothing. An executable's own
-// functions take precedence over those of the library.
+// A home on a network file system without locks, leases, modes and renames that replace nothing, and what
+// other programs do there meanwhile. An executable's own functions take precedence over those of the library.
 #include "TreeFixture.h"
 #include "support/TestMain.h"
 
@@ -18,6 +18,9 @@ bool isOnNetwork = false;
 int networkError = EINVAL;
 int lockError = ENOLCK;
 std::function<void()> beforeRename;
+std::function<void()> beforeLease;
+int modeError = 0;
+mode_t refusedMode = 0; // 0 for all
 } // namespace
 
 // NOLINTBEGIN: the signatures are those of the C library.
@@ -37,11 +40,19 @@ extern "C" int flock(int file, int operation) noexcept {
     }
     return static_cast<int>(syscall(SYS_flock, file, operation));
 }
+extern "C" int fchmod(int file, mode_t mode) noexcept {
+    if (modeError != 0 && (refusedMode == 0 || mode == refusedMode)) {
+        errno = modeError;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fchmod, file, mode));
+}
 extern "C" int fcntl(int file, int command, ...) {
     va_list arguments;
     va_start(arguments, command);
     void* argument = va_arg(arguments, void*);
     va_end(arguments);
+    if (beforeLease && command == F_SETLEASE) beforeLease();
     if (isOnNetwork && command == F_SETLEASE) {
         errno = networkError;
         return -1;
@@ -64,6 +75,9 @@ private slots:
     void cleanup() {
         isOnNetwork = false;
         beforeRename = {};
+        beforeLease = {};
+        modeError = 0;
+        refusedMode = 0;
         networkError = EINVAL;
         lockError = ENOLCK;
     }
@@ -94,6 +108,51 @@ private slots:
         QVERIFY(tree->layOut().failures.empty());
         QCOMPARE(tree->inHome("data/a"), QByteArray("mine"));
         QCOMPARE(tree->inHome("data/b"), QByteArray("two"));
+    }
+    void one_that_goes_again_makes_room() {
+        beforeRename = [this] { tree->writeInHome("data/a", "mine"); };
+        tree->layOut();
+        beforeRename = {};
+        QVERIFY(QFile::remove(tree->folder.path(u"home/data/a"_s)));
+        tree->layOut();
+        QCOMPARE(tree->inHome("data/a"), QByteArray("one"));
+    }
+    void a_change_just_before_an_update_is_kept() {
+        tree->layOut();
+        tree->makeTemplate({{u"data/a"_s, "three"}, {u"data/b"_s, "two"}}, "1.2");
+        beforeLease = [this] { tree->writeInHome("data/a", "mine"); };
+        QCOMPARE(tree->layOut().failures.size(), 1u);
+        QCOMPARE(tree->inHome("data/a"), QByteArray("mine"));
+    }
+    void a_file_system_without_modes_takes_files_and_updates_data() {
+        QTest::addColumn<int>("error");
+        QTest::newRow("not supported") << ENOTSUP;
+        QTest::newRow("no such call") << ENOSYS;
+    }
+    void a_file_system_without_modes_takes_files_and_updates() {
+        QFETCH(int, error);
+        modeError = error;
+        QVERIFY(tree->layOut().failures.empty());
+        QCOMPARE(tree->inHome("data/a"), QByteArray("one"));
+        modeError = 0;
+        tree->folder.write(u"share/tree/data/a"_s, "three");
+        tree->folder.setMode(u"share/tree/data/a"_s, 0755);
+        tree->folder.setMode(u"share/tree/data/b"_s, 0755);
+        tree->makeIndex("1.2");
+        modeError = error;
+        QVERIFY(tree->layOut().failures.empty());
+        QCOMPARE(tree->inHome("data/a"), QByteArray("three"));
+    }
+    void a_mode_that_was_refused_is_given_next_time() {
+        tree->layOut();
+        tree->folder.setMode(u"share/tree/data/b"_s, 0755);
+        tree->makeIndex("1.2");
+        modeError = EPERM;
+        refusedMode = 0755;
+        QCOMPARE(tree->layOut().failures.size(), 1u);
+        modeError = 0;
+        QVERIFY(tree->layOut().failures.empty());
+        QCOMPARE(tree->modeInHome("data/b"), mode_t(0755));
     }
 };
 
