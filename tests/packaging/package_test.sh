@@ -38,7 +38,10 @@ same 'the tree' \
     "$(cd "$source/tree" && find . -type f | sort -u - <(cd "$build/art/tree" && find . -type f) \
         <(cd "$build/demo/tree" && find . -type f))" \
     "$(cd "$share/torvane/tree" && find . -type f ! -path ./data/.laid-out | sort)"
-[ -s "$share/torvane/tree/data/.laid-out" ] || fail 'the tree has no index'
+tr '\0' '\n' <"$share/torvane/tree/data/.laid-out" >"$dir/index"
+same 'version of the index' "version $version" "$(head -n 1 "$dir/index")"
+same 'files of the index' "$(cd "$share/torvane/tree" && find . -type f ! -path ./data/.laid-out | sort)" \
+    "$(sed 1d "$dir/index" | cut -d ' ' -f 4- | sort)"
 same 'executable files' "./games/torvane
 ./share/torvane/tree/emuladores/mgba.sh" "$(cd "$usr" && find . -type f -perm 755 | sort)"
 same 'other permissions' '' "$(find "$usr" ! -type d ! -perm 644 ! -perm 755 -o -type d ! -perm 755)"
@@ -68,8 +71,28 @@ said=$(appstreamcli validate --pedantic --strict --no-net "$share"/metainfo/*.xm
 warnings_of_man() { man --warnings -E UTF-8 -l -Tutf8 -Z "$share/man/man6/torvane.6.gz" 2>&1 >/dev/null; }
 is_silent man warnings_of_man
 gzip -dc "$share/man/man6/torvane.6.gz" >"$dir/page"
-grep -q "^.TH TORVANE 6 \"....-..-..\" \"Torvane $version\"" "$dir/page" || fail 'the head of the manual page'
+changed=$(dpkg-parsechangelog -l "$source/packaging/debian/changelog" -S Date)
+changed=$(date -d "${changed% *}" +%F)
+grep -q "^.TH TORVANE 6 \"$changed\" \"Torvane $version\"" "$dir/page" || fail 'the head of the manual page'
+grep -q "<release version=\"$version\" date=\"$changed\"/>" "$share"/metainfo/*.xml || fail 'the release in the metadata'
+options=$("$usr/games/torvane" --help | grep -o -- '--[a-z]*' | LC_ALL=C sort -u)
+same 'options of the manual page' "$options" "$(sed 's/\\-/-/g' "$dir/page" | grep -o -- '--[a-z]\+' | LC_ALL=C sort -u)"
+gzip -dc "$share/doc/torvane/changelog.gz" | cmp -s - "$source/packaging/debian/changelog" || fail 'another changelog'
+# A name or a time inside would make another package of the same sources.
+for file in "$share/doc/torvane/changelog.gz" "$share/man/man6/torvane.6.gz"; do
+    same "flags and time of $file" ' 00 00 00 00 00' "$(od -An -tx1 -j 3 -N 5 "$file")"
+done
 grep -q '@' "$dir/page" "$share"/metainfo/*.xml && fail 'a value was not filled in'
+
+# What a desktop starts and shows. A game's name may begin with a dash, and KDE prefers other programs.
+same 'the desktop entry' "Exec=torvane -- %F
+Icon=torvane
+InitialPreference=0
+StartupWMClass=torvane
+Terminal=false" \
+    "$(grep -E '^(Exec|Icon|InitialPreference|StartupWMClass|Terminal)=' "$share/applications/torvane.desktop" | sort)"
+launched=$(sed -n 's|.*<launchable type="desktop-id">\(.*\)</launchable>|\1|p' "$share"/metainfo/*.xml)
+[ -f "$share/applications/${launched:-none}" ] || fail "the metadata start \"$launched\""
 
 # Opens the three consoles' files and archives, and nothing makes it the default.
 types=$(sed -n 's/^MimeType=//p' "$share/applications/torvane.desktop" | tr ';' '\n' | sed '/^$/d' | sort)
@@ -106,7 +129,7 @@ complete() {
         _torvane
         printf "%s\n" "${COMPREPLY[@]}"' "$share/bash-completion/completions/torvane" torvane "$@" | LC_ALL=C sort)
 }
-same 'completion of options' $'--folder\n--help\n--version' "$(complete --)"
+same 'completion of options' "$options" "$(complete --)"
 same 'completion of --folder' folder "$(complete --folder '')"
 same 'completion of files' $'-four.zip\nfolder\none.gb\ntwo.GBA' "$(complete '')"
 same 'completion after --' -four.zip "$(complete -- -)"
