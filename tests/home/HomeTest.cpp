@@ -72,9 +72,16 @@ private slots:
     }
     void a_data_folder_that_cannot_be_written_to_does_not_beat_the_template() {
         tree->folder.makeFolder(u"bin/data"_s);
-        tree->folder.setMode(u"bin/data"_s, 0555);
-        const OrdinaryUser ordinary;
-        QCOMPARE(chooseHome(question()).kind, Home::Kind::user);
+        for (const mode_t mode : {0555, 0666}) {
+            tree->folder.setMode(u"bin/data"_s, mode);
+            const OrdinaryUser ordinary;
+            QCOMPARE(chooseHome(question()).kind, Home::Kind::user);
+        }
+    }
+    void an_index_that_is_a_folder_makes_no_template() {
+        QVERIFY(QFile::remove(tree->folder.path(u"share/tree/data/.laid-out"_s)));
+        tree->folder.makeFolder(u"share/tree/data/.laid-out"_s);
+        QCOMPARE(chooseHome(question()).kind, Home::Kind::portable);
     }
     void the_template_may_be_named_absolutely() {
         HomeQuestion asked = question();
@@ -168,9 +175,29 @@ private slots:
         QCOMPARE(opened.folder, spelled("user/torvane"));
         QCOMPARE(opened.problem->file(), spelled("user/torvane"));
     }
+    void a_home_of_which_one_folder_is_read_only_is_opened_for_looking() {
+        openedBelow("user");
+        for (const char* folder : {"user/torvane/data", "user/torvane"}) {
+            tree->folder.setMode(QString::fromUtf8(folder), 0555);
+            const OpenedHome opened = openedBelow("user");
+            QVERIFY2(opened.isForLooking && opened.problem, folder);
+            tree->folder.setMode(QString::fromUtf8(folder), 0755);
+        }
+    }
     void a_read_only_home_that_was_never_laid_out_opens_the_template() {
         tree->folder.setMode(u"user"_s, 0555);
-        requireTemplateForLooking(openedBelow("user"));
+        const OpenedHome opened = openedBelow("user");
+        requireTemplateForLooking(opened);
+        QCOMPARE(opened.problem->number(), RuntimeFailure::permissionDenied);
+    }
+    void a_file_as_the_given_folder_is_named_where_there_is_no_template() {
+        tree->folder.write(u"file"_s, "mine");
+        HomeQuestion asked = question();
+        asked.installedTemplate = "../nowhere";
+        asked.given = tree->real("file");
+        const OpenedHome opened = openHome(chooseHome(asked));
+        QVERIFY(opened.isForLooking && opened.problem);
+        QCOMPARE(opened.folder, spelled("file"));
     }
     void a_data_home_that_is_a_file_opens_the_template() {
         tree->folder.write(u"file"_s, "");
@@ -209,6 +236,25 @@ private slots:
         QVERIFY(!opened.isForLooking);
         QCOMPARE(opened.problem->number(), RuntimeFailure::diskFull);
         QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
+    }
+    void a_home_without_languages_that_cannot_be_updated_is_still_the_users() {
+        openedBelow("user");
+        QVERIFY(QFile::remove(tree->folder.path(u"user/torvane/data/lang/lang_eng.tvl"_s)));
+        tree->makeTemplate({{u"data/added"_s, "two"}}, "1.2");
+        const FullDisk full(0);
+        const OpenedHome opened = openedBelow("user");
+        QCOMPARE(opened.folder, spelled("user/torvane"));
+        QVERIFY(!opened.isForLooking);
+    }
+    void a_disk_with_room_for_the_files_and_not_for_their_record_opens_the_home() {
+        QMap<QString, QByteArray> files{{u"data/lang/lang_eng.tvl"_s, "one"}};
+        for (int i = 0; i < 40; ++i) files[u"data/f%1"_s.arg(i)] = "small";
+        tree->makeTemplate(files);
+        const FullDisk full(2000);
+        const OpenedHome opened = openedBelow("user");
+        QCOMPARE(opened.problem->number(), RuntimeFailure::diskFull);
+        QCOMPARE(opened.folder, spelled("user/torvane"));
+        QVERIFY(!opened.isForLooking);
     }
     void a_template_whose_index_is_spoiled_leaves_the_home_alone() {
         openedBelow("user");

@@ -56,6 +56,35 @@ private slots:
         folder.makeFolder(u"data/.laid-out"_s);
         QVERIFY(failureOf([&] { TreeRecord::of(folder.path().toUtf8()); }));
     }
+    void a_record_of_16_mebibytes_is_read_and_no_larger_one() {
+        const TestFolder folder;
+        const QString file = folder.write(u"data/.laid-out"_s, a + ' ' + b + " 1:644 ./x" + '\0');
+        QVERIFY(QFile::resize(file, 16 << 20));
+        QCOMPARE(TreeRecord::of(folder.path().toUtf8()).files.size(), 1u);
+        QVERIFY(QFile::resize(file, (16 << 20) + 1));
+        QVERIFY(failureOf([&] { TreeRecord::of(folder.path().toUtf8()); }));
+    }
+    void a_folder_that_is_a_file_has_an_empty_record() {
+        const TestFolder folder;
+        folder.write(u"data"_s, "");
+        QVERIFY(TreeRecord::of(folder.path().toUtf8()).files.empty());
+    }
+    void a_mode_has_twelve_bits() {
+        QCOMPARE(read(a + ' ' + b + " 1:100755 ./x" + '\0').files.at("x").mode, mode_t(0755));
+    }
+    void a_record_that_is_stored_already_is_not_written_again() {
+        const TestFolder folder;
+        TreeRecord record;
+        record.version = "1.1";
+        folder.makeFolder(u"data"_s);
+        record.store(folder.path().toUtf8());
+        struct stat before {};
+        struct stat after {};
+        stat(folder.native("data/.laid-out").constData(), &before);
+        record.store(folder.path().toUtf8());
+        stat(folder.native("data/.laid-out").constData(), &after);
+        QCOMPARE(after.st_ino, before.st_ino);
+    }
     void what_cannot_be_understood_is_left_out_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("nothing") << QByteArray();
@@ -66,6 +95,7 @@ private slots:
         QTest::newRow("path that leads out") << a + ' ' + b + " 1:644 ./../x" + '\0';
         QTest::newRow("path that leads out later") << a + ' ' + b + " 1:644 ./a/../../x" + '\0';
         QTest::newRow("no checksum") << a + ' ' + QByteArray(64, 'x') + " 1:644 ./x" + '\0';
+        QTest::newRow("no hexadecimal digits") << a + ' ' + QByteArray(64, 'g') + " 1:644 ./x" + '\0';
         QTest::newRow("zeros") << QByteArray(4096, '\0');
     }
     void what_cannot_be_understood_is_left_out() {
