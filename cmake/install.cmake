@@ -9,10 +9,18 @@ set(debian ${CMAKE_SOURCE_DIR}/packaging/debian)
 set(prepared ${CMAKE_BINARY_DIR}/packaging)
 
 install(TARGETS torvane RUNTIME DESTINATION games ${script_file})
-# The same trees in the same order as for the portable folder: of two files of one name the later one wins.
-foreach(tree ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${CMAKE_BINARY_DIR}/demo/tree)
-  install(DIRECTORY ${tree}/ DESTINATION ${shared}/tree FILE_${plain_file} PATTERN "*.sh" ${script_file})
-endforeach()
+# The same trees as for the portable folder. Of what the build makes only these files: one that an earlier build has
+# made, or somebody has put there, is not shipped.
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/tree/ DESTINATION ${shared}/tree FILE_${plain_file} PATTERN "*.sh" ${script_file})
+# install_made(FOLDER FILE...): the files, which are relative to the folder.
+function(install_made folder)
+  foreach(file IN LISTS ARGN)
+    cmake_path(GET file PARENT_PATH place)
+    install(FILES ${folder}/${file} DESTINATION ${shared}/tree/${place} ${plain_file})
+  endforeach()
+endfunction()
+install_made(${TORVANE_ART_TREE} ${TORVANE_ART_TREE_FILES})
+install_made(${TORVANE_DEMO_TREE} ${TORVANE_DEMO_TREE_FILES})
 
 # Its index, from which the program knows what to lay out without reading the tree: made from the installed files.
 install(CODE "
@@ -20,8 +28,8 @@ install(CODE "
   execute_process(COMMAND $<TARGET_FILE:torvane_lay_out> --version ${PROJECT_VERSION} \${tree} \${tree}
                   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)")
 
-install(FILES ${desktop}/torvane.desktop DESTINATION share/applications ${plain_file})
-foreach(size 16 22 24 32 36 48 64 72 96 128 192 256)
+install(FILES ${desktop}/torvane.desktop ${desktop}/zz-torvane-open.desktop DESTINATION share/applications ${plain_file})
+foreach(size 16 22 24 32 36 48 64 72 96 128 192 256 512)
   install(FILES ${TORVANE_ART_THEME}/${size}x${size}.png RENAME torvane.png ${plain_file}
           DESTINATION share/icons/hicolor/${size}x${size}/apps)
 endforeach()

@@ -8,7 +8,7 @@ target_link_libraries(torvane_lay_out PRIVATE torvane_modules)
 set(TORVANE_FOLDER ${CMAKE_BINARY_DIR}/torvane)
 add_custom_target(torvane_folder ALL
   COMMAND torvane_lay_out --version ${PROJECT_VERSION} ${TORVANE_FOLDER}
-          ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${CMAKE_BINARY_DIR}/demo/tree
+          ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${TORVANE_DEMO_TREE}
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:torvane> ${TORVANE_FOLDER}/torvane
   DEPENDS torvane torvane_art_files torvane_demo
   COMMENT "Laying out the program's folder"

@@ -6,8 +6,8 @@ packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev 
     sdcc binutils-arm-none-eabi libmgba-dev netpbm)
 # For making the Debian package.
 packages_package=(dpkg-dev file)
-# For checking what the package installs.
-packages_validate=(desktop-file-utils appstream man-db bash-completion shared-mime-info)
+# For checking what the package installs, and which program desktops then take for a file.
+packages_validate=(desktop-file-utils appstream man-db bash-completion shared-mime-info libglib2.0-bin xdg-utils)
 # For checking the package as a whole, and for a fresh system to install it in.
 packages_system=(lintian debootstrap fakeroot)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,

@@ -1,20 +1,24 @@
 # SPDX-License-Identifier: MIT
 # Completion of torvane's command line for bash.
 _torvane() {
-    local cur prev words cword split word
-    _init_completion -s || return
-    if [[ $prev == --folder ]]; then
-        _filedir -d
-        return
-    fi
-    # After "--" everything is a file.
-    for word in "${words[@]:1:cword-1}"; do
-        if [[ $word == -- ]]; then
+    local cur prev words cword place
+    _init_completion -n = || return
+    for ((place = 1; place < cword; place++)); do
+        case ${words[place]} in
+        --folder) ((++place)) ;; # its path, whatever that is
+        --)
+            # From here on everything is a file.
             _filedir '@(gb|gbc|gba|zip)'
             return
-        fi
+            ;;
+        esac
     done
-    if [[ $cur == -* ]]; then
+    if [[ $cur == --folder=* ]]; then
+        cur=${cur#*=}
+        _filedir -d
+    elif ((place > cword)); then
+        _filedir -d
+    elif [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W '--folder --help --version' -- "$cur")
     else
         _filedir '@(gb|gbc|gba|zip)'
