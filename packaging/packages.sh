@@ -6,10 +6,11 @@ packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev 
     sdcc binutils-arm-none-eabi libmgba-dev netpbm)
 # For making the Debian package.
 packages_package=(dpkg-dev file)
-# For checking what the package installs, and which program desktops then take for a file.
-packages_validate=(desktop-file-utils appstream man-db bash-completion shared-mime-info libglib2.0-bin xdg-utils)
+# For checking what the package installs, and which program desktops then take for a file; and to install it in a folder
+# without being root.
+packages_validate=(desktop-file-utils appstream man-db bash-completion shared-mime-info libglib2.0-bin xdg-utils fakeroot)
 # For checking the package as a whole, and for a fresh system to install it in.
-packages_system=(lintian debootstrap fakeroot)
+packages_system=(lintian debootstrap)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
 # an emulator, what converts its screenshots, the command that prints.
 packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libxcb1 libzip4

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# The parts "system" and "unpacked" of prove_package: a life of the package in a system of its own. Sourced by it.
+# The parts "system" and "unpacked" of prove_package, and the test of the installed package: a life of the package in
+# a system of its own. Sourced by both.
 
 user=4242 # nobody's number on this machine or in the new system
 is_fresh= # set if the system is Debian's; else it has the package and nothing more
@@ -42,19 +43,22 @@ make_system() {
 }
 leave_system() { [ -z "${root:-}" ] || ! mountpoint -q "$root/proc" || umount "$root/proc"; }
 
-# The package as it is, and one with an older version and other contents of two files, made from it.
+# make_packages PACKAGE LAY_OUT_TOOL: the package as it is, and one with an older version made from it, in which one
+# file is not there yet, one is that the new version lacks, and two have other contents.
 make_packages() {
-    local old=$work/old built
-    [ -f "$work"/one/build/torvane_*.deb ] || first_build || return 1
-    built=$(ls "$work"/one/build/torvane_*.deb) || return 1
-    rm -rf "$old" && cp "$built" "$work/new.deb" && dpkg-deb -R "$work/new.deb" "$old" || return 1
+    local old=$work/old tree=$work/old/usr/share/torvane/tree
+    rm -rf "$old" && cp "$1" "$work/new.deb" && dpkg-deb -R "$work/new.deb" "$old" || return 1
     sed -i 's/^Version: .*/Version: 1.0~older/' "$old/DEBIAN/control"
-    printf '; of the older version\r\n' >>"$old/usr/share/torvane/tree/data/hosts.ini"
-    printf 'An older page;https://www.example.org/;system\r\n' >"$old/usr/share/torvane/tree/data/url.dat"
-    rm "$old/usr/share/torvane/tree/data/.laid-out" "$old/DEBIAN/md5sums"
-    "$work/one/build/torvane_lay_out" --version 1.0~older \
-        "$old/usr/share/torvane/tree" "$old/usr/share/torvane/tree" &&
-        dpkg-deb --root-owner-group -b "$old" "$work/old.deb" >/dev/null
+    printf '; of the older version\r\n' >>"$tree/data/hosts.ini"
+    printf 'An older page;https://www.example.org/;system\r\n' >"$tree/data/url.dat"
+    printf 'older' >"$tree/data/older.txt"
+    rm "$tree/roms/Day Garden.zip" "$tree/data/.laid-out" "$old/DEBIAN/md5sums"
+    "$2" --version 1.0~older "$tree" "$tree" && dpkg-deb --root-owner-group -Znone -b "$old" "$work/old.deb" >/dev/null
+}
+# From the package that the part "same" has built, or one that is built now.
+make_proven_packages() {
+    [ -f "$work"/one/build/torvane_*.deb ] || first_build || return 1
+    make_packages "$work"/one/build/torvane_*.deb "$work/one/build/torvane_lay_out"
 }
 
 install_package() { # FILE
@@ -71,7 +75,7 @@ install_package() { # FILE
 unpacked_dpkg() {
     local as=()
     [ "$(id -u)" = 0 ] || as=(fakeroot)
-    "${as[@]}" dpkg --root="$root" --force-script-chrootless --force-not-root --log=/dev/null "$@" >>"$work/dpkg.log" 2>&1
+    "${as[@]}" dpkg --root="$root" --force-script-chrootless --force-not-root --force-unsafe-io --log=/dev/null "$@" >>"$work/dpkg.log" 2>&1
 }
 installed_version() { dpkg-query --admindir="$root/var/lib/dpkg" -W -f '${Version}' torvane 2>/dev/null; }
 take_away() { # remove|purge
@@ -97,6 +101,12 @@ start_installed() {
 }
 
 first_start() { start_installed && wait_window SelLangStartUp 60 && read_on SelLangStartUp; }
+# Neither the program nor a file that it has open or mapped is one of the sources or of their build.
+uses_nothing_of_the_sources() {
+    [ "$(stat -L -c %u "/proc/$program_pid")" = "$(stat -c %u "$home")" ] &&
+        ! { readlink /proc/"$program_pid"/{exe,cwd} /proc/"$program_pid"/fd/*; cat "/proc/$program_pid/maps"; } |
+        grep -F -- "$sources/"
+}
 choose_language() { click SelLangStartUp Label6 && click SelLangStartUp ok; }
 see_main_window() { wait_window Splash 30 && wait_active Splash && xdotool key space && wait_window MainFrm 30; }
 library_is_laid_out() {
@@ -128,20 +138,28 @@ kept_changes() {
     grep -q localhost:8000 "$library/data/hosts.ini" && grep -q 'older version' "$library/data/hosts.ini" &&
         [ "$(cat "$library/roms/mine.gb")" = mine ] && [ ! -e "$library/roms/Colour Loom.gbc" ]
 }
-is_updated() { cmp "$library/data/url.dat" "$root/usr/share/torvane/tree/data/url.dat"; }
+is_updated() {
+    cmp "$library/data/url.dat" "$root/usr/share/torvane/tree/data/url.dat" &&
+        cmp "$library/roms/Day Garden.zip" "$root/usr/share/torvane/tree/roms/Day Garden.zip"
+}
 sums() { (cd "$home" && find . -type f -exec sha256sum {} + | sort); }
 user_data_is_as_it_was() { [ -s "$library/roms/mine.gb" ] && [ "$(sums)" = "$before" ]; }
 program_is_gone() { [ ! -e "$root/usr/games/torvane" ]; }
 
 live_in() { # fresh|unpacked
     check 'a system of its own' make_system "$1"
-    check 'an older package is made' make_packages
+    check 'an older package is made' make_proven_packages
+    live_through_an_upgrade play_game
+}
+# live_through_an_upgrade [STEP]: from the installation of the older version to the purge; STEP is for the first start.
+live_through_an_upgrade() {
     check 'the older version is installed' install_package "$work/old.deb"
     check 'an ordinary user starts it' first_start
+    check 'it uses nothing of the sources' uses_nothing_of_the_sources
     check 'a language is chosen' choose_language
     check 'the main window opens' see_main_window
     check 'the library is laid out' library_is_laid_out
-    [ -z "$is_fresh" ] && [ ! -x /usr/games/mgba ] || check 'a game is played' play_game
+    [ -z "${1:-}" ] || { [ -z "$is_fresh" ] && [ ! -x /usr/games/mgba ]; } || check 'a game is played' "$1"
     check 'the program ends' leave
     change_library
     check 'the new version is installed over it' install_package "$work/new.deb"
