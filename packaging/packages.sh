@@ -11,6 +11,8 @@ packages_package=(dpkg-dev file)
 packages_validate=(desktop-file-utils appstream man-db bash-completion shared-mime-info libglib2.0-bin xdg-utils fakeroot)
 # For checking the package as a whole, and for a fresh system to install it in.
 packages_system=(lintian debootstrap)
+# For seeing its entry in the menu of a panel.
+packages_panel=(lxpanel lxmenu-data dbus-daemon)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
 # an emulator, what converts its screenshots, the command that prints.
 packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libxcb1 libzip4

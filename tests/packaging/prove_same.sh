@@ -32,10 +32,29 @@ lintian_is_silent() {
     return 1
 }
 
+# The pictures that the metadata name are on the web only when somebody publishes the package, and the address of the
+# sources is an example. So they are served from here, under an address that is set as a publisher would; his will be
+# secure.
+metadata_are_valid() {
+    local server port said status=1
+    rm -f "$work/server.log"
+    python3 -u -m http.server --bind 127.0.0.1 --directory "$sources/docs/pictures" 0 >"$work/server.log" 2>&1 &
+    server=$!
+    wait_until 10 "grep -q 'port [0-9]' '$work/server.log'" && port=$(sed -n '1s/.* port \([0-9]*\) .*/\1/p' "$work/server.log") &&
+        cmake -S "$sources" -B "$work/site" -G Ninja -DTORVANE_TESTS=OFF \
+            -DTORVANE_PICTURES_SITE="http://localhost:$port" >"$work/site.log" 2>&1 &&
+        said=$(appstreamcli validate --strict --override=screenshot-media-url-not-secure=pedantic \
+            "$work"/site/packaging/*.metainfo.xml) && status=0
+    kill $server
+    echo "$said"
+    [ $status = 0 ] && [ "$(grep -c 'GET /.*\.png HTTP/[0-9.]*" 200' "$work/server.log")" -ge 3 ]
+}
+
 prove_same() {
     check 'the package is built' first_build
     check 'it is built in another folder at another time' second_build
     check 'both are the same' is_same
     check 'it is small' is_small
     check 'lintian has nothing to say' lintian_is_silent
+    check 'the metadata are valid, and their pictures are there' metadata_are_valid
 }
