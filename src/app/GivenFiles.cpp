@@ -34,6 +34,7 @@ GivenFiles GivenFiles::of(const QByteArrayList& names) {
         while (path.size() > 1 && path.endsWith('/')) path.chop(1);
         if (const char* fault = faultOf(path)) {
             files.faults.append(printable(name) + ": " + fault);
+            files.faulty.append(path);
         } else {
             files.paths.append(path);
         }

@@ -11,6 +11,8 @@ struct GivenFiles {
     QByteArrayList paths;
     /// For each of the others its printable name and what is wrong, without a line end.
     QByteArrayList faults;
+    /// The absolute real paths of those.
+    QByteArrayList faulty;
 
     /// `names` are as given; relative ones are meant from the working folder of this process.
     static GivenFiles of(const QByteArrayList& names);

@@ -13,6 +13,7 @@
 #include "platform/forms/DesktopDialogs.h"
 #include "platform/forms/DesktopLook.h"
 #include "platform/forms/DesktopPrinter.h"
+#include "platform/forms/WindowingSystem.h"
 #include "toolkit/DesignWords.h"
 
 #include <QApplication>
@@ -24,13 +25,6 @@
 #include <unistd.h>
 
 namespace {
-// Wayland lets no program place its windows: use an X11 server where there is one.
-void preferX11() {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-        qputenv("QT_QPA_PLATFORM", "xcb");
-    }
-}
-
 constexpr torvane::DesktopLook nightLook{.ground = torvane::slate,
                                          .button = torvane::indigo,
                                          .field = 0x382B26,
@@ -52,6 +46,12 @@ void setWindowIcon() {
     QApplication::setWindowIcon(icon);
 }
 
+// What the windows get. Who has chosen "Open with" reads no terminal: the assistant shows the file that can't
+// be opened, and says that it can't be copied.
+QByteArrayList filesToOpen(const torvane::GivenFiles& given) {
+    return isatty(STDERR_FILENO) != 0 ? given.paths : given.paths + given.faulty;
+}
+
 [[noreturn]] void endProcess() {
     std::fflush(nullptr);
     _exit(0);
@@ -61,7 +61,7 @@ void setWindowIcon() {
 // prevents.
 int run(char** argv, const torvane::Home& chosen, torvane::OneInstance& instance,
         const QByteArrayList& files) {
-    preferX11();
+    torvane::WindowingSystem::preferX11();
     int argc = 1; // nothing of the command line is meant for Qt
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Torvane"));
@@ -101,9 +101,10 @@ int main(int argc, char** argv) {
     if (line.wish != torvane::CommandLine::Wish::start) return line.answer();
     const torvane::GivenFiles given = torvane::GivenFiles::of(line.files);
     for (const QByteArray& fault : given.faults) std::fprintf(stderr, "torvane: %s\n", fault.constData());
+    const QByteArrayList files = filesToOpen(given);
     const torvane::Home home = torvane::homeOfProgram(line.folder);
     torvane::OneInstance instance(home.folder);
-    const auto status = instance.handOver(torvane::StartCall::ofThisProcess(given.paths));
+    const auto status = instance.handOver(torvane::StartCall::ofThisProcess(files));
     if (status) return given.faults.isEmpty() ? *status : EXIT_FAILURE;
-    return run(argv, home, instance, given.paths);
+    return run(argv, home, instance, files);
 }

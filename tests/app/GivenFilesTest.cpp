@@ -69,6 +69,12 @@ private slots:
             "?[no?.gb: No such file or directory", "pipe.gb: Neither a file nor a folder",
             "circle.gb: Too many levels of symbolic links", "/dev/null: Neither a file nor a folder"};
         QCOMPARE(files.faults, expected);
+        QByteArrayList names;
+        for (const QByteArray& path : files.faulty) {
+            QVERIFY(path.startsWith('/'));
+            names.append(path.mid(path.lastIndexOf('/') + 1));
+        }
+        QCOMPARE(names, (QByteArrayList{"\x1B[no\n.gb", "pipe.gb", "circle.gb", "null"}));
     }
     void a_deleted_working_folder_leaves_absolute_names() {
         const QByteArray path = QFile::encodeName(folder->write(u"a.gb"_s, "x"));
