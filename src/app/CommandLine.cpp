@@ -84,7 +84,7 @@ int CommandLine::answer() const {
         return 2;
     }
     std::fputs(wish == Wish::help ? help : "torvane " TORVANE_VERSION "\n", stdout);
-    std::fflush(stdout);return 0;
+    return std::fflush(stdout) == 0 ? 0 : 1;
 }
 
 } // namespace torvane
