@@ -104,7 +104,8 @@ menu=$share/applications/torvane.desktop
 opener=$share/applications/zz-torvane-open.desktop
 value() { sed -n "s/^$2=//p" "$1"; } # FILE KEY
 
-# What a desktop starts and shows. A game's name may begin with a dash, and KDE prefers other programs.
+# What a desktop starts and shows. A game's name may begin with a dash. Of several programs for a type KDE takes the one
+# with the highest preference.
 same 'the desktop entry' "Exec=torvane -- %F
 Icon=torvane
 StartupNotify=true
