@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Reading the command line, and the answers that need no window.
 #include "CommandLine.h"
+#include "core/Arguments.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -20,63 +21,30 @@ constexpr const char* help = "Usage: torvane [OPTION]... [FILE]...\n"
                              "      --help         show this help and exit\n"
                              "      --version      show the version and exit\n";
 
-class Reader {
-public:
-    explicit Reader(const QByteArrayList& arguments) : m_rest(arguments) {}
+using Kind = OptionForm::Kind;
+const std::vector<OptionForm> programOptions = {
+    {"--help", Kind::question, {}}, {"--version", Kind::question, {}}, {"--folder", Kind::value, "a path"}};
 
-    CommandLine result() {
-        while (!m_rest.isEmpty() && m_line.wish == CommandLine::Wish::start) take(m_rest.takeFirst());
-        return m_line;
+QByteArrayList withoutSession(QByteArrayList arguments) {
+    const qsizetype session = arguments.indexOf("-session");
+    const qsizetype dashes = arguments.indexOf("--");
+    if (session >= 0 && (dashes < 0 || session < dashes)) {
+        arguments.remove(session, std::min<qsizetype>(2, arguments.size() - session));
     }
-
-private:
-    void take(const QByteArray& argument) {
-        if (m_areAllFiles || !argument.startsWith('-') || argument == "-") return takeFile(argument);
-        if (argument == "--") {
-            m_areAllFiles = true;
-        } else if (argument == "-session") {
-            if (!m_rest.isEmpty()) m_rest.removeFirst();
-        } else {
-            takeOption(argument);
-        }
-    }
-    void takeFile(const QByteArray& name) {
-        if (name.isEmpty()) return refuse("the name of a file is empty");
-        m_line.files.append(name);
-    }
-    void takeOption(const QByteArray& argument) {
-        const qsizetype equals = argument.indexOf('=');
-        const QByteArray name = equals < 0 ? argument : argument.first(equals);
-        const bool isQuestion = name == "--help" || name == "--version";
-        if (!isQuestion && name != "--folder") return refuse("unknown option '" + printable(argument) + "'");
-        if (isQuestion && equals >= 0) return refuse("option '" + name + "' takes no value");
-        if (isQuestion) {
-            m_line.wish = name == "--help" ? CommandLine::Wish::help : CommandLine::Wish::version;
-            return;
-        }
-        m_line.folder = equals >= 0        ? argument.sliced(equals + 1)
-                        : m_rest.isEmpty() ? QByteArray()
-                                           : m_rest.takeFirst();
-        if (m_line.folder.isEmpty()) refuse("option '--folder' needs a path");
-    }
-    void refuse(const QByteArray& fault) {
-        m_line.wish = CommandLine::Wish::refusal;
-        m_line.fault = fault;
-    }
-
-    QByteArrayList m_rest;
-    CommandLine m_line;
-    bool m_areAllFiles = false;
-};
-} // namespace
-
-QByteArray printable(QByteArray text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
-    return text;
+    return arguments;
 }
 
-CommandLine CommandLine::read(const QByteArrayList& arguments) { return Reader(arguments).result(); }
+CommandLine::Wish wishOf(const Arguments& read) {
+    if (!read.fault.isEmpty()) return CommandLine::Wish::refusal;
+    if (read.has("--help")) return CommandLine::Wish::help;
+    return read.has("--version") ? CommandLine::Wish::version : CommandLine::Wish::start;
+}
+} // namespace
+
+CommandLine CommandLine::read(const QByteArrayList& arguments) {
+    const Arguments read = Arguments::read(withoutSession(arguments), programOptions);
+    return {wishOf(read), read.value("--folder").value_or(QByteArray()), read.operands, read.fault};
+}
 
 int CommandLine::answer() const {
     if (wish == Wish::refusal) {

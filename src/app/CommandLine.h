@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The command line: options and files. Own code, since file names are bytes and Qt's reader makes text of
-// them.
+// The command line of the program with windows: options and files.
 #pragma once
 
 #include <QByteArrayList>
@@ -30,8 +29,5 @@ struct CommandLine {
     /// answer can't be written. Must not be called for an ordinary start.
     int answer() const;
 };
-
-/// A text of the command line for a message: control characters, which a terminal would obey, become "?".
-QByteArray printable(QByteArray text);
 
 } // namespace torvane

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Looks at the files of a command line.
 #include "GivenFiles.h"
-#include "CommandLine.h"
+#include "platform/base/Printable.h"
 
 #include <array>
 #include <cerrno>
