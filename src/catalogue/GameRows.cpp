@@ -6,26 +6,24 @@
 #include "platform/base/RuntimeFailure.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace torvane {
 
 namespace {
 constexpr qsizetype longestRowText = 30;
-
-// The icon of an extension in lower case; none for "bin", whose size decides, and for all others.
-GameIcon iconOfKind(std::string_view kind) {
-    if (kind == "zip") return GameIcon::archive;
-    if (kind == "gb") return GameIcon::classic;
-    if (kind == "gbc" || kind == "cgb") return GameIcon::colour;
-    if (kind == "gba" || kind == "agb") return GameIcon::advance;
-    return GameIcon::none;
-}
 } // namespace
 
 QString totalText(int count) {
     return count > 9999 ? QStringLiteral("+9999")
                         : QString::number(count).rightJustified(4, QLatin1Char('0'));
+}
+
+GameIcon GameRows::iconOfKind(std::string_view kind) {
+    if (kind == "zip") return GameIcon::archive;
+    if (kind == "gb") return GameIcon::classic;
+    if (kind == "gbc" || kind == "cgb") return GameIcon::colour;
+    if (kind == "gba" || kind == "agb") return GameIcon::advance;
+    return GameIcon::none;
 }
 
 GameIcon GameRows::iconOfSize(qint64 bytes) {

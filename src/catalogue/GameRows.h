@@ -7,6 +7,7 @@
 #include "platform/base/RowSource.h"
 
 #include <functional>
+#include <string_view>
 #include <vector>
 
 namespace torvane {
@@ -31,6 +32,8 @@ public:
     /// The first row, counted from 0, whose text begins with another (see NameBeginning); -1 for none.
     int firstWith(const QString& beginning) const;
 
+    /// The icon of an extension in lower case; none for "bin", whose size decides, and for all others.
+    static GameIcon iconOfKind(std::string_view kind);
     /// The icon for the size of a "bin" file; none below 1024 KB of 1000 bytes and for exactly 2048.
     static GameIcon iconOfSize(qint64 bytes);
 

@@ -3,42 +3,21 @@
 #include "ID3.h"
 #include "GameFormat.h"
 #include "TagInFile.h"
-#include "TagLine.h"
+#include "TagWindow.h"
 #include "core/Pieces.h"
 #include "core/Texts.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
-#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeFailure.h"
 #include "platform/base/SafeFile.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace torvane {
 
 namespace {
-// In bytes: selecting a game reads only the end of its file, which may be many megabytes. The window ends one
-// byte before the end of the file, so that it never holds the last byte of the line end.
-constexpr qint64 windowSize = 1024;
-
-bool isTooShort(qint64 length) { return length - windowSize < windowSize; }
-
-template <typename OpenFile>
-QByteArray tailWindow(const OpenFile& file, qint64 length) {
-    return file.readAt(length - windowSize - 1, windowSize);
-}
-
 const QString backupFolder = QStringLiteral("\\roms\\data\\backup");
-
-qint32 toSizeKB(double bytes) {
-    const double rounded = std::nearbyint(bytes / 1000.0); // half to even, the default rounding mode
-    if (std::fabs(rounded) > std::numeric_limits<qint32>::max()) {
-        throw RuntimeFailure(RuntimeFailure::overflow);
-    }
-    return static_cast<qint32>(rounded);
-}
 
 QString sized(const RomTagRecord& tag) {
     return tag.Format + QStringLiteral(" [") + QString::number(tag.SizeKB) + QStringLiteral("KB]");
@@ -56,7 +35,8 @@ bool ID3::HasRomTag(const QString& path) const {
     // Most tags are at the end: search the whole file only if there is none.
     return aboutFile(path, [&] {
         const File file(path);
-        const QByteArray end = file.readAt(std::max<qint64>(file.length() - windowSize, 0), windowSize);
+        const qint64 start = std::max<qint64>(file.length() - TagWindow::size, 0);
+        const QByteArray end = file.readAt(start, TagWindow::size);
         return TagLine::markerIn(end) >= 0 || TagInFile::hasMarker(file.handle());
     });
 }
@@ -64,23 +44,23 @@ bool ID3::HasRomTag(const QString& path) const {
 void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
     RomTag.Extension = secondPiece(path);
     qint64 length = 0;
-    if (!ignoring([&] { readTagged(path, length, panel); })) readUntagged(path, length, panel);
+    std::optional<TagWindow::Tag> tag;
+    ignoring([&] {
+        const File file(path);
+        length = file.length();
+        tag = TagWindow::tag(file.handle(), length);
+    });
+    tag ? showTagged(*tag, panel) : readUntagged(path, length, panel);
     panel.showFormat(sized(RomTag));
 }
 
-void ID3::readTagged(const QString& path, qint64& length, GamePanel& panel) {
-    const File file(path);
-    length = file.length();
-    if (isTooShort(length)) throw RuntimeFailure(RuntimeFailure::subscript);
-    const QByteArray window = tailWindow(file, length);
-    const TagLine::Fields tag = TagLine::fields(TagLine::tagPart(window));
-    const qint32 sizeKB = toSizeKB(NumberText::toReal(tag.size));
-    RomTag.Company = CodePage1252::fromBytes(tag.company);
-    RomTag.Title = CodePage1252::fromBytes(tag.title);
-    RomTag.Date = CodePage1252::fromBytes(tag.date);
-    RomTag.Info = CodePage1252::fromBytes(tag.info);
-    RomTag.SizeKB = sizeKB;
-    setFormat(RomTag, formatOfExtension(RomTag.Extension), formatOfSize(sizeKB));
+void ID3::showTagged(const TagWindow::Tag& tag, GamePanel& panel) {
+    RomTag.Company = CodePage1252::fromBytes(tag.fields.company);
+    RomTag.Title = CodePage1252::fromBytes(tag.fields.title);
+    RomTag.Date = CodePage1252::fromBytes(tag.fields.date);
+    RomTag.Info = CodePage1252::fromBytes(tag.fields.info);
+    RomTag.SizeKB = tag.sizeKB;
+    setFormat(RomTag, formatOfExtension(RomTag.Extension), formatOfSize(tag.sizeKB));
     panel.showTag(RomTag);
 }
 
@@ -133,7 +113,7 @@ void ID3::ReplaceRomTag(const QString& path, const QString& title, const QString
                                  {}};
     aboutFile(path, [&] {
         const SafeFile::Change change(path);
-        isTooShort(change.length()) ? showNoError() : replaceInWindow(change, fields);
+        TagWindow::isTooShort(change.length()) ? showNoError() : replaceInWindow(change, fields);
     });
 }
 
@@ -145,7 +125,7 @@ void ID3::showNoError() {
 }
 
 void ID3::replaceInWindow(const SafeFile::Change& change, TagLine::Fields fields) {
-    const QByteArray window = tailWindow(change, change.length());
+    const QByteArray window = TagWindow::bytes(change.file(), change.length());
     const QByteArrayView remnant = TagLine::keptImage(window);
     fields.size = TagLine::storedSizeText(TagLine::tagPart(window));
     fillBlanks();

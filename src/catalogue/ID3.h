@@ -16,6 +16,9 @@ class Change;
 namespace TagLine {
 struct Fields;
 }
+namespace TagWindow {
+struct Tag;
+}
 
 /// The last tag read. Its fields stay until the next read.
 struct RomTagRecord {
@@ -71,7 +74,7 @@ public:
     void SaveRomTag(const QString& path, const std::function<void()>& yield);
 
 private:
-    void readTagged(const QString& path, qint64& length, GamePanel& panel);
+    void showTagged(const TagWindow::Tag& tag, GamePanel& panel);
     void readUntagged(const QString& path, qint64 length, GamePanel& panel);
     void replaceInWindow(const SafeFile::Change& change, TagLine::Fields fields);
     void showNoError();

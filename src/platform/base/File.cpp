@@ -21,6 +21,8 @@ void unlinkFile(const QByteArray& path) {
 File::File(const QString& path)
     : m_handle(aboutFile(path, [&] { return openedRegular(Paths::real(path)); })) {}
 
+File File::ofReal(const QByteArray& path) { return File(openedRegular(path)); }
+
 qint64 File::length() const { return infoOf(m_handle).st_size; }
 
 QByteArray File::readAt(qint64 position, qint64 count) const { return bytesOf(m_handle, position, count); }

@@ -15,6 +15,8 @@ class File {
 public:
     /// Opens the file at a spelled path (see Paths). Folders, pipes and devices fail with pathAccess.
     explicit File(const QString& path);
+    /// Opens the file at a real path under just this name; a failure does not name it.
+    static File ofReal(const QByteArray& path);
 
     const Handle& handle() const { return m_handle; }
     /// The length in bytes.
@@ -40,6 +42,8 @@ public:
     static bool isFolder(const QString& path);
 
 private:
+    explicit File(Handle handle) : m_handle(std::move(handle)) {}
+
     Handle m_handle;
 };
 
