@@ -6,9 +6,7 @@
 #include "core/LanguageChoice.h"
 #include "core/SettingValues.h"
 #include "core/Texts.h"
-#include "home/UserFolders.h"
 #include "platform/base/NativeText.h"
-#include "platform/base/Paths.h"
 
 #include <QLocale>
 
@@ -60,11 +58,6 @@ private:
     LanguageTables m_language{m_globals};
 };
 } // namespace
-
-Home homeOfProgram(const QByteArray& given) {
-    return chooseHome({Paths::real(Paths::applicationFolder()), QByteArrayLiteral(TORVANE_TEMPLATE),
-                       UserFolders::data(), given});
-}
 
 void reportHome(Program& program, const OpenedHome& home) {
     const HomeTexts texts(program);

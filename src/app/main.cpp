@@ -7,6 +7,7 @@
 #include "Program.h"
 #include "art/ArtResources.h"
 #include "core/DialogLanguage.h"
+#include "home/ProgramHome.h"
 #include "home/UserFolders.h"
 #include "platform/base/NativeProcess.h"
 #include "platform/base/Paths.h"
