@@ -8,7 +8,7 @@ set(desktop ${CMAKE_SOURCE_DIR}/packaging/desktop)
 set(debian ${CMAKE_SOURCE_DIR}/packaging/debian)
 set(prepared ${CMAKE_BINARY_DIR}/packaging)
 
-install(TARGETS torvane RUNTIME DESTINATION games ${script_file})
+install(TARGETS torvane torvane-tags RUNTIME DESTINATION games ${script_file})
 # The same trees as for the portable folder. Of what the build makes only these files: one that an earlier build has
 # made, or somebody has put there, is not shipped.
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/tree/ DESTINATION ${shared}/tree FILE_${plain_file} PATTERN "*.sh" ${script_file})

@@ -10,6 +10,7 @@ add_custom_target(torvane_folder ALL
   COMMAND torvane_lay_out --version ${PROJECT_VERSION} ${TORVANE_FOLDER}
           ${CMAKE_SOURCE_DIR}/tree ${TORVANE_ART_TREE} ${TORVANE_DEMO_TREE}
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:torvane> ${TORVANE_FOLDER}/torvane
-  DEPENDS torvane torvane_art_files torvane_demo
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:torvane-tags> ${TORVANE_FOLDER}/torvane-tags
+  DEPENDS torvane torvane-tags torvane_art_files torvane_demo
   COMMENT "Laying out the program's folder"
   VERBATIM)

@@ -4,7 +4,7 @@
 # table names are there and no others, and the program's own is among them. Usage: licences_test.sh PROGRAM_FOLDER
 # LICENCE. Exits 1 if a check fails and names it.
 set -u
-program=${1:?the folder of the program}/torvane
+programs=("${1:?the folder of the program}/torvane" "$1/torvane-tags")
 folder=$1/data/licences
 own=${2:?the licence of the program}
 failures=0
@@ -15,7 +15,9 @@ fail() {
 }
 
 # The names before ".so", without what the processor adds to that of the loader.
-needed() { readelf -d "$program" | sed -n 's/.*(NEEDED).*\[\(.*\)\.so.*\].*/\1/p' | sed 's/^ld-linux.*/ld-linux/'; }
+needed() {
+    readelf -d "${programs[@]}" | sed -n 's/.*(NEEDED).*\[\(.*\)\.so.*\].*/\1/p' | sed 's/^ld-linux.*/ld-linux/' | sort -u
+}
 rows() { grep -v '^#' "$folder/libraries.tsv"; }
 
 count=0
@@ -23,7 +25,7 @@ for library in $(needed); do
     rows | cut -f1 | tr ' ' '\n' | grep -qxF -- "$library" || fail "$library is not in the table"
     count=$((count + 1))
 done
-[ "$count" -ge 8 ] || fail "only $count libraries were found in $program"
+[ "$count" -ge 8 ] || fail "only $count libraries were found in ${programs[*]}"
 for library in $(rows | cut -f1); do
     needed | grep -qxF -- "$library" || fail "$library is in the table, but the program is not linked with it"
 done

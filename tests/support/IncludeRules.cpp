@@ -36,6 +36,7 @@ IncludeRules::Layer IncludeRules::layerOf(const QString& path) const {
     if (path.startsWith(u"platform/base/"_s)) return base;
     if (path.startsWith(u"platform/"_s)) return forms;
     if (path.startsWith(u"app/"_s)) return app;
+    if (path.startsWith(u"tags/"_s)) return commands;
     if (!windowOf(path).isEmpty()) return window;
     if (path.startsWith(u"toolkit/"_s)) return controls;
     return path.startsWith(u"core/"_s) ? core : module;
@@ -48,8 +49,9 @@ bool IncludeRules::mayInclude(Layer from, Layer to) {
     case controls: return to == base || to == forms || to == controls;
     case core: return to == base || to == core;
     case module: return to == base || to == core || to == module;
-    case window: return to != app;
-    case app: return true;
+    case commands: return to == base || to == core || to == module || to == commands;
+    case window: return to != app && to != commands;
+    case app: return to != commands;
     }
     return false;
 }
@@ -83,7 +85,7 @@ bool IncludeRules::isOfQtCore(const QString& header) {
 
 QString IncludeRules::faultOfForeign(Layer from, const Include& include) const {
     const bool isOfQt = include.name.startsWith(u'Q') || include.name.startsWith(u'q');
-    const bool isWithoutWidgets = from == base || from == core || from == module;
+    const bool isWithoutWidgets = from == base || from == core || from == module || from == commands;
     if (isOfQt) {
         return isWithoutWidgets && !isOfQtCore(include.name) ? u"a module may use Qt Core only"_s : QString();
     }

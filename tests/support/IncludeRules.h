@@ -25,7 +25,7 @@ public:
     QStringList faults() const;
 
 private:
-    enum Layer { base, forms, controls, core, module, window, app };
+    enum Layer { base, forms, controls, core, module, commands, window, app };
     struct Include {
         int line = 0;
         QString name; // as written in the file

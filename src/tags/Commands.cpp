@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// One row for each command.
+#include "Commands.h"
+#include "ListCommand.h"
+#include "ShowCommand.h"
+
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+template <typename Kind>
+std::unique_ptr<Command> make() {
+    return std::make_unique<Kind>();
+}
+
+const std::vector<CommandEntry> table = {
+    {"list", "print a line for each game", make<ListCommand>},
+    {"show", "print all that is known of games", make<ShowCommand>},
+};
+} // namespace
+
+const std::vector<CommandEntry>& commands() { return table; }
+
+const CommandEntry* commandNamed(const QByteArray& name) {
+    const auto found = std::find_if(table.begin(), table.end(),
+                                    [&](const CommandEntry& entry) { return entry.name == name; });
+    return found == table.end() ? nullptr : &*found;
+}
+
+} // namespace torvane

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Messages and the progress bar.
+#include "Reports.h"
+#include "core/FailureTexts.h"
+#include "platform/base/Printable.h"
+#include "platform/base/SystemCalls.h"
+
+namespace torvane {
+
+namespace {
+constexpr std::chrono::milliseconds patience(500);
+constexpr std::chrono::milliseconds betweenLooks(100);
+constexpr int barWidth = 40; // in cells
+constexpr int hundred = 100;
+
+QByteArray inEnglish(const RuntimeFailure& failure) {
+    const Globals noLanguage;
+    const LanguageTables tables(noLanguage);
+    return FailureTexts(tables).reason(failure).toUtf8();
+}
+} // namespace
+
+// A message that can't be written has nobody who would read about that.
+void Reports::print(const QByteArray& text) const {
+    QByteArrayView rest = text;
+    while (!rest.isEmpty()) {
+        const ssize_t written =
+            uninterrupted([&] { return write(m_descriptor, rest.data(), static_cast<size_t>(rest.size())); });
+        if (written < 0) return;
+        rest = rest.sliced(written);
+    }
+}
+
+void Reports::fault(const QByteArray& name, const QByteArray& reason) {
+    clearBar();
+    m_hasFaults = true;
+    print("torvane-tags: " + printable(name) + ": " + reason + '\n');
+}
+
+void Reports::fault(const QByteArray& name, const RuntimeFailure& failure) {
+    fault(name, inEnglish(failure));
+}
+
+void Reports::begin(int total) {
+    m_total = total;
+    m_done = 0;
+    m_mayShow = total > 0 && isatty(m_descriptor) == 1;
+    m_nextLook = Clock::now() + patience;
+}
+
+void Reports::step() {
+    ++m_done;
+    if (!m_mayShow || Clock::now() < m_nextLook) return;
+    m_nextLook = Clock::now() + betweenLooks;
+    showBar();
+}
+
+void Reports::end() {
+    clearBar();
+    m_mayShow = false;
+}
+
+void Reports::showBar() {
+    const int filled = static_cast<int>(qint64{barWidth} * m_done / m_total);
+    const int percent = static_cast<int>(qint64{hundred} * m_done / m_total);
+    m_hasBar = true;
+    print("\r[" + QByteArray(filled, '#') + QByteArray(barWidth - filled, '.') + "] " +
+          QByteArray::number(percent).rightJustified(3) + " %");
+}
+
+void Reports::clearBar() {
+    if (m_hasBar) print("\r\x1B[K");
+    m_hasBar = false;
+}
+
+} // namespace torvane

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// The library, and the loop over games.
+#include "Session.h"
+#include "Interruption.h"
+#include "home/ProgramHome.h"
+#include "platform/base/Paths.h"
+
+namespace torvane {
+
+// Only looked for, never laid out: a command that reads makes nothing.
+const QByteArray& Session::library() {
+    if (m_library.isEmpty()) {
+        m_library = Paths::real(Paths::spelled(homeOfProgram(m_folder).folder) + QStringLiteral("\\roms"));
+    }
+    return m_library;
+}
+
+GameFiles Session::games(const QByteArrayList& operands) {
+    GameFiles games(library(), m_reports);
+    for (const QByteArray& operand : operands) games.add(operand);
+    return games;
+}
+
+bool Session::isOver() const { return m_output.error() != 0 || m_interruption.hasCome(); }
+
+void Session::attempt(const QByteArray& name, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const RuntimeFailure& failure) {
+        m_reports.fault(name, failure);
+    }
+    m_reports.step();
+}
+
+void Session::eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,
+                       const RowWriter* rows) {
+    // Rows that appear on the same terminal show progress enough.
+    const bool showsRows = rows != nullptr && rows->isStreaming() && m_output.isTerminal();
+    m_reports.begin(showsRows ? 0 : games.count());
+    games.visit([&](const GameFile& game) {
+        if (isOver()) return false;
+        attempt(game.name, [&] { work(game); });
+        return true;
+    });
+    m_reports.end();
+}
+
+} // namespace torvane

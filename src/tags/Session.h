@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// What a command works with: the library, its output and its messages, and the loop over games that all
+// commands share.
+#pragma once
+
+#include "GameFiles.h"
+#include "Output.h"
+#include "Reports.h"
+#include "RowWriter.h"
+
+namespace torvane {
+
+class Interruption;
+
+class Session {
+public:
+    /// `folder`: the home that the user has asked for; empty for the usual one.
+    Session(const QByteArray& folder, Output& output, Reports& reports, const Interruption& interruption)
+        : m_folder(folder), m_output(output), m_reports(reports), m_interruption(interruption) {}
+
+    Output& output() { return m_output; }
+    Reports& reports() { return m_reports; }
+
+    /// The real path of the folder of games, whether it is there or not.
+    const QByteArray& library();
+    /// The games that the operands name.
+    GameFiles games(const QByteArrayList& operands);
+    /// Whether the command has to end before its work is done: the user wants it to, or nobody gets its
+    /// output.
+    bool isOver() const;
+    /// Works on one game. A failure is reported with its name, and is none of the caller's business. Counts
+    /// for the progress bar.
+    void attempt(const QByteArray& name, const std::function<void()>& work);
+    /// Works on one game after the other. `rows`: what is printed meanwhile; null for nothing.
+    void eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,
+                  const RowWriter* rows = nullptr);
+
+private:
+    QByteArray m_folder;
+    QByteArray m_library;
+    Output& m_output;
+    Reports& m_reports;
+    const Interruption& m_interruption;
+};
+
+} // namespace torvane

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+// The built program: its answers, exit statuses, bad places to print to, signals, and what it is linked with.
+#include "TagsProgram.h"
+#include "support/CommandOutput.h"
+#include "support/TestMain.h"
+
+#include <fcntl.h>
+
+using namespace torvane;
+using namespace Qt::StringLiterals;
+
+class ToolTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TagsProgram> program;
+
+    // Enough rows to fill a pipe several times.
+    void makeGames(int count) const {
+        for (int i = 0; i < count; ++i) {
+            program->folder.write(u"home/roms/game %1.gb"_s.arg(i, 4, 10, QLatin1Char('0')),
+                                  taggedGame("T", "C", QByteArray(500, 'i'), "D", 2000));
+        }
+    }
+
+private slots:
+    void init() { program = std::make_unique<TagsProgram>(); }
+
+    void it_is_linked_with_no_library_for_windows() {
+        const QByteArray libraries = outputOf({"ldd", TORVANE_TAGS_PROGRAM});
+        QVERIFY(libraries.contains("libQt6Core"));
+        for (const char* library : {"Gui", "Widgets", "Network", "xcb", "PrintSupport", "libX11", "wayland"})
+            QVERIFY2(!libraries.contains(library), library);
+    }
+    void it_runs_with_an_empty_environment() {
+        program->environment.clear();
+        program->folder.write(u"a.gb"_s, taggedGame("Caf\xE9"));
+        const ProgramRun run = program->run({"list", "--tsv", "a.gb"});
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.status, 0);
+        QVERIFY(run.output.contains("\tCafé\t"));
+    }
+    void help_and_version_answer() {
+        const QByteArray help = program->run({"--help"}).output;
+        QVERIFY(help.startsWith("Usage: torvane-tags [--folder PATH] COMMAND"));
+        for (const QByteArray& line : help.split('\n')) QVERIFY2(line.size() <= 80, line.constData());
+        QVERIFY(program->run({"--version"}).output.startsWith("torvane-tags "));
+        QVERIFY(program->run({"list", "--version"}).output.startsWith("torvane-tags "));
+    }
+    void every_command_of_the_help_has_a_help_of_its_own() {
+        int count = 0;
+        for (const QByteArray& line : program->run({"--help"}).output.split('\n')) {
+            if (!line.startsWith("  ") || line.startsWith("   ")) continue;
+            const QByteArray name = line.trimmed().split(' ').front();
+            const ProgramRun run = program->run({name, "--help"});
+            QCOMPARE(run.status, 0);
+            QVERIFY2(run.output.startsWith("Usage: torvane-tags " + name + ' '), name.constData());
+            for (const QByteArray& text : run.output.split('\n'))
+                QVERIFY2(text.size() <= 80, text.constData());
+            ++count;
+        }
+        QVERIFY(count >= 2);
+    }
+    void wrong_usage_ends_with_2_data() {
+        QTest::addColumn<QByteArrayList>("arguments");
+        QTest::addColumn<QByteArray>("message");
+        QTest::newRow("nothing") << QByteArrayList() << QByteArray("a command is missing");
+        QTest::newRow("unknown command") << QByteArrayList{"li\nst"} << QByteArray("unknown command 'li?st'");
+        QTest::newRow("unknown option") << QByteArrayList{"--x"} << QByteArray("unknown option '--x'");
+        QTest::newRow("no folder") << QByteArrayList{"--folder"}
+                                   << QByteArray("option '--folder' needs a path");
+        QTest::newRow("option of a command")
+            << QByteArrayList{"list", "--x"} << QByteArray("unknown option '--x'");
+        QTest::newRow("no file to show") << QByteArrayList{"show"} << QByteArray("a file is missing");
+    }
+    void wrong_usage_ends_with_2() {
+        QFETCH(QByteArrayList, arguments);
+        QFETCH(QByteArray, message);
+        const ProgramRun run = program->run(arguments);
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.output, QByteArray());
+        QVERIFY2(run.errors.startsWith("torvane-tags: " + message + "\nTry 'torvane-tags"), run.errors);
+    }
+    void the_folder_may_be_given_before_and_after_the_command() {
+        makeGames(1);
+        QVERIFY(program->run({"--folder", "home", "list"}).output.contains("game 0000.gb"));
+        QVERIFY(program->run({"list", "--folder", "home"}).output.contains("game 0000.gb"));
+    }
+    void the_usual_library_is_that_of_the_user() {
+        program->folder.write(u"data/torvane/roms/a.gb"_s, "x");
+        program->environment += "XDG_DATA_HOME=" + program->folder.native("data");
+        // A template where an installed program would have it is what makes a home the user's.
+        const ProgramRun run = program->run({"list", "--tsv"});
+        QVERIFY(run.status == 0 ? run.output.contains("a.gb\t") : run.errors.contains("roms"));
+    }
+    void a_missing_library_is_reported_and_nothing_is_laid_out() {
+        const ProgramRun run = program->run({"--folder", "nowhere", "list"});
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.errors,
+                 "torvane-tags: " + program->folder.native("nowhere/roms") + ": it doesn’t exist\n");
+        QCOMPARE(program->folder.entries(), QStringList{u"home"_s});
+    }
+    void files_need_no_library() {
+        program->folder.write(u"a.gb"_s, taggedGame("T"));
+        const ProgramRun run = program->run({"--folder", "nowhere", "show", "a.gb"});
+        QCOMPARE(run.status, 0);
+        QVERIFY(run.output.contains("title:   T\n"));
+    }
+    void one_bad_file_does_not_stop_the_others() {
+        program->folder.write(u"a.gb"_s, taggedGame("T"));
+        program->folder.write(u"b.gb"_s, taggedGame("U"));
+        QVERIFY(mkfifo(program->folder.native("pipe").constData(), 0600) == 0);
+        const ProgramRun run = program->run({"list", "--tsv", "a.gb", "no.gb", "pipe", "b.gb"});
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.output.count('\n'), 3);
+        QVERIFY(run.errors.contains("torvane-tags: no.gb: it doesn’t exist\n"));
+        QVERIFY(run.errors.contains("torvane-tags: pipe: it is no ordinary file"));
+    }
+
+    // Places to print to
+    void a_full_disk_is_reported() {
+        program->folder.write(u"a.gb"_s, taggedGame("T"));
+        const int full = open("/dev/full", O_WRONLY);
+        const MemoryFile errors;
+        QCOMPARE(TagsProgram::endOf(program->start({"list", "a.gb"}, full, errors.descriptor())), 1);
+        QCOMPARE(errors.content(), QByteArray("torvane-tags: standard output: No space left on device\n"));
+        QCOMPARE(TagsProgram::endOf(program->start({"--help"}, full, errors.descriptor())), 1);
+        close(full);
+    }
+    void a_closed_pipe_ends_it_quietly() {
+        makeGames(300);
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        close(ends[0]);
+        const MemoryFile errors;
+        const pid_t child =
+            program->start({"--folder", "home", "list", "--json"}, ends[1], errors.descriptor());
+        QCOMPARE(TagsProgram::endOf(child), 1);
+        QCOMPARE(errors.content(), QByteArray());
+        close(ends[1]);
+    }
+    void closed_descriptors_are_reported_and_no_file_takes_their_place() {
+        program->folder.write(u"a.gb"_s, taggedGame("T"));
+        const QByteArray before = program->folder.read(u"a.gb"_s);
+        program->prepare = [] {
+            close(STDIN_FILENO);
+            close(STDOUT_FILENO);
+        };
+        const ProgramRun run = program->run({"list", "a.gb"});
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.errors, QByteArray("torvane-tags: standard output: Bad file descriptor\n"));
+        program->prepare = [] { close(STDERR_FILENO); };
+        QCOMPARE(program->run({"list", "a.gb", "no.gb"}).status, 1);
+        QCOMPARE(program->folder.read(u"a.gb"_s), before);
+    }
+
+    // Signals
+    void a_signal_ends_it_after_the_file_at_work_data() {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGTERM") << SIGTERM;
+    }
+    void a_signal_ends_it_after_the_file_at_work() {
+        QFETCH(int, signal);
+        makeGames(400);
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const pid_t child = program->start({"--folder", "home", "list", "--tsv"}, ends[1], STDERR_FILENO);
+        close(ends[1]);
+        // Once the first bytes are here it waits for the pipe to be emptied.
+        QByteArray output(1, '\0');
+        QCOMPARE(read(ends[0], output.data(), 1), 1);
+        kill(child, signal);
+        QByteArray some(65536, '\0');
+        ssize_t got = 0;
+        while ((got = read(ends[0], some.data(), 65536)) > 0) output += some.first(got);
+        QCOMPARE(TagsProgram::endOf(child), 130);
+        QVERIFY(output.endsWith('\n'));
+        QVERIFY(output.count('\n') > 50 && output.count('\n') < 400);
+        close(ends[0]);
+    }
+    void a_second_signal_kills_at_once() {
+        makeGames(400);
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const pid_t child = program->start({"--folder", "home", "list", "--tsv"}, ends[1], STDERR_FILENO);
+        close(ends[1]);
+        char first = 0;
+        QCOMPARE(read(ends[0], &first, 1), 1);
+        kill(child, SIGINT);
+        QTRY_VERIFY(([&] { // the first one was handled: no default is left to come
+            return outputOf({"grep", "SigCgt", "/proc/" + QByteArray::number(child) + "/status"})
+                .trimmed()
+                .endsWith("0000000000000000");
+        }()));
+        kill(child, SIGTERM);
+        QCOMPARE(TagsProgram::endOf(child), 128 + SIGTERM);
+        close(ends[0]);
+    }
+    void a_signal_that_was_ignored_stays_ignored() {
+        makeGames(400);
+        program->prepare = [] { std::signal(SIGINT, SIG_IGN); };
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const pid_t child = program->start({"--folder", "home", "list", "--tsv"}, ends[1], STDERR_FILENO);
+        close(ends[1]);
+        QByteArray some(65536, '\0');
+        QCOMPARE(read(ends[0], some.data(), 1), 1);
+        kill(child, SIGINT);
+        while (read(ends[0], some.data(), 65536) > 0) {
+        }
+        QCOMPARE(TagsProgram::endOf(child), 0);
+        close(ends[0]);
+    }
+};
+
+TORVANE_GUILESS_TEST(ToolTest)
+#include "ToolTest.moc"
