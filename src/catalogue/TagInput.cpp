@@ -10,20 +10,22 @@
 
 namespace torvane::TagInput {
 
-namespace {
-// Empty values are appended as one blank.
-QByteArray stored(const QString& value) { return value.isEmpty() ? " " : CodePage1252::toBytes(value); }
-} // namespace
-
 QString storable(const QString& entered) { return lineText(entered).remove(QChar(u'§')); }
 
-bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize) {
+qsizetype excessOf(const TagLine::Fields& fields) {
     // The reader sees 1024 bytes, which end before the last byte of the file, a part of the line end.
     constexpr qsizetype longestLine = 1025;
-    const QByteArray line =
-        TagLine::build({stored(company), stored(title), CodePage1252::toBytes(todayAsText()), stored(info),
-                        QByteArray::number(imageSize)});
-    return line.size() > longestLine;
+    TagLine::Fields stored = fields;
+    for (QByteArray* text : {&stored.company, &stored.title, &stored.info}) {
+        if (text->isEmpty()) *text = " ";
+    }
+    return TagLine::build(stored).size() - longestLine;
+}
+
+bool isTooLongToRead(const QString& title, const QString& company, const QString& info, qint64 imageSize) {
+    return excessOf({CodePage1252::toBytes(company), CodePage1252::toBytes(title),
+                     CodePage1252::toBytes(todayAsText()), CodePage1252::toBytes(info),
+                     QByteArray::number(imageSize)}) > 0;
 }
 
 QString todayAsText() {

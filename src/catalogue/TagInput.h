@@ -4,6 +4,10 @@
 
 #include <QString>
 
+namespace torvane::TagLine {
+struct Fields;
+}
+
 namespace torvane::TagInput {
 
 /// The length of an information text that the program recommends, in characters.
@@ -13,6 +17,10 @@ constexpr int longestInfo = 125;
 /// fields: line breaks and other control characters become blanks; "§" and characters that the code page
 /// lacks are left out.
 QString storable(const QString& entered);
+
+/// By how many bytes the line of a tag is longer than the part of a file that a selection reads, with empty
+/// texts as one blank; 0 or less if the game will appear tagged.
+qsizetype excessOf(const TagLine::Fields& fields);
 
 /// Whether a tag with these texts and today's date is longer than the part of a file that a selection reads:
 /// the game would appear untagged. An empty text counts as one blank. `imageSize`: bytes before the tag.

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // One row for each command.
 #include "Commands.h"
+#include "ClearCommand.h"
+#include "CopyTagsCommand.h"
 #include "ListCommand.h"
+#include "SetCommand.h"
 #include "ShowCommand.h"
 
 #include <algorithm>
@@ -17,6 +20,9 @@ std::unique_ptr<Command> make() {
 const std::vector<CommandEntry> table = {
     {"list", "print a line for each game", make<ListCommand>},
     {"show", "print all that is known of games", make<ShowCommand>},
+    {"set", "give games a tag, or other texts in it", make<SetCommand>},
+    {"clear", "remove the tags of games", make<ClearCommand>},
+    {"copy-tags", "give games the tags of others", make<CopyTagsCommand>},
 };
 } // namespace
 

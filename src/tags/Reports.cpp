@@ -5,6 +5,8 @@
 #include "platform/base/Printable.h"
 #include "platform/base/SystemCalls.h"
 
+#include <algorithm>
+
 namespace torvane {
 
 namespace {
@@ -31,10 +33,14 @@ void Reports::print(const QByteArray& text) const {
     }
 }
 
-void Reports::fault(const QByteArray& name, const QByteArray& reason) {
+void Reports::refusal(const QByteArray& reason) {
     clearBar();
     m_hasFaults = true;
-    print("torvane-tags: " + printable(name) + ": " + reason + '\n');
+    print("torvane-tags: " + reason + '\n');
+}
+
+void Reports::fault(const QByteArray& name, const QByteArray& reason) {
+    refusal(printable(name) + ": " + reason);
 }
 
 void Reports::fault(const QByteArray& name, const RuntimeFailure& failure) {
@@ -49,7 +55,7 @@ void Reports::begin(int total) {
 }
 
 void Reports::step() {
-    ++m_done;
+    m_done = std::min(m_done + 1, m_total);
     if (!m_mayShow || Clock::now() < m_nextLook) return;
     m_nextLook = Clock::now() + betweenLooks;
     showBar();

@@ -24,6 +24,8 @@ public:
     void fault(const QByteArray& name, const QByteArray& reason);
     /// The same for a failure, in English.
     void fault(const QByteArray& name, const RuntimeFailure& failure);
+    /// Reports that all of the work is refused; the reason is given without a line end.
+    void refusal(const QByteArray& reason);
     bool hasFaults() const { return m_hasFaults; }
     /// Prints a text as it is.
     void print(const QByteArray& text) const;

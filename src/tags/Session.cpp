@@ -29,7 +29,6 @@ void Session::attempt(const QByteArray& name, const std::function<void()>& work)
     } catch (const RuntimeFailure& failure) {
         m_reports.fault(name, failure);
     }
-    m_reports.step();
 }
 
 void Session::eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,
@@ -40,6 +39,7 @@ void Session::eachGame(const GameFiles& games, const std::function<void(const Ga
     games.visit([&](const GameFile& game) {
         if (isOver()) return false;
         attempt(game.name, [&] { work(game); });
+        m_reports.step();
         return true;
     });
     m_reports.end();

@@ -28,8 +28,7 @@ public:
     /// Whether the command has to end before its work is done: the user wants it to, or nobody gets its
     /// output.
     bool isOver() const;
-    /// Works on one game. A failure is reported with its name, and is none of the caller's business. Counts
-    /// for the progress bar.
+    /// Does some work for a game or another file. A failure is reported with its name, and goes no further.
     void attempt(const QByteArray& name, const std::function<void()>& work);
     /// Works on one game after the other. `rows`: what is printed meanwhile; null for nothing.
     void eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,

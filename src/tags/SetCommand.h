@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// set: gives games a tag, or other texts in the tag that they have.
+#pragma once
+
+#include "ChangeRows.h"
+#include "Command.h"
+#include "GivenTag.h"
+
+namespace torvane {
+
+class SetCommand : public Command {
+public:
+    std::vector<OptionForm> options() const override;
+    QByteArray help() const override;
+    QByteArray faultOf(const Arguments& given) const override;
+    void run(const Arguments& given, Session& session) override;
+
+private:
+    struct Work {
+        Session& session;
+        TagEdits& edits;
+        ChangeRows& rows;
+    };
+    static void setGiven(const Arguments& given, Work& work);
+    static void setFromTable(const QByteArray& path, Work& work);
+    static QByteArray setOne(const GameFile& game, const GivenTag& tag, Work& work);
+};
+
+} // namespace torvane

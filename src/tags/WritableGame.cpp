@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// By the end of the name and by the kind that the list shows.
+#include "WritableGame.h"
+#include "GameFiles.h"
+#include "GameRow.h"
+#include "platform/base/NamePattern.h"
+
+namespace torvane {
+
+QByteArray faultOfWriting(const QByteArray& name) {
+    const bool isArchive = GameRow::consoleOf(name, 0) == "ZIP" || name.toLower().endsWith(".zip");
+    if (isArchive) return "an archive gets no tag";
+    const QByteArray bareName = name.sliced(name.lastIndexOf('/') + 1);
+    return NamePattern(gamePatterns).matches(bareName) ? QByteArray() : "its name is not that of a game";
+}
+
+} // namespace torvane
