@@ -85,6 +85,7 @@ public:
         reportImports();
         reportArchives();
         reportNames();
+        reportTags();
         reportLists();
         reportDatabase();
         reportGallery();
@@ -291,6 +292,21 @@ private:
         const double plain = values.at("plain") / 1e6;
         m_report.row("The list of 100,000 names", table / plain, 3,
                      format("%.1f ms against %.1f ms of reading and sorting plainly", table, plain));
+    }
+
+    // The command is the one of the program's folder, as it is shipped.
+    void reportTags() {
+        const auto runWith = [&](const char* count) {
+            return run({program("bench_tags"), TORVANE_FOLDER "/torvane-tags", count, std::to_string(rounds)},
+                       m_small.configuration);
+        };
+        const Values values = runWith("10000");
+        const double list = values.at("list") / 1e6;
+        const double plain = values.at("plain") / 1e6;
+        m_report.row("The command that lists 10,000 tagged games", list / plain, 2,
+                     format("%.1f ms, of which %.1f ms for its start, against %.1f ms of plain reading", list,
+                            values.at("version") / 1e6, plain));
+        m_report.row("Its memory for 100,000 games, in MiB", runWith("100000").at("most-kB") / 1024, 100, "");
     }
 
     void reportLists() {
