@@ -13,7 +13,7 @@ bool isFolderAt(const QByteArray& path) {
     return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-bool isAt(const QByteArray& path) {
+bool existsAt(const QByteArray& path) {
     struct stat info {};
     return stat(path.constData(), &info) == 0;
 }
@@ -41,7 +41,7 @@ public:
             const GameFile game{isIntoFolder ? inFolder(to.name, source.name) : to.name,
                                 isIntoFolder ? inFolder(to.path, source.name) : to.path};
             // Of two folders, only games that both of them have are meant.
-            if (isFromFolder && !isAt(game.path)) return;
+            if (isFromFolder && !existsAt(game.path)) return;
             copyOne(source, game, !isFromFolder);
         };
         m_session.eachGame(m_session.games({from.name}), copy, m_rows.writer());

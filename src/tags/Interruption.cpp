@@ -5,7 +5,7 @@
 namespace torvane {
 
 namespace {
-constexpr int signals[] = {SIGINT, SIGTERM};
+constexpr int endSignals[] = {SIGINT, SIGTERM};
 
 struct sigaction dispositionOf(int number) {
     struct sigaction disposition {};
@@ -14,7 +14,7 @@ struct sigaction dispositionOf(int number) {
 }
 
 void restoreDefaults(int) {
-    for (const int number : signals) {
+    for (const int number : endSignals) {
         if (dispositionOf(number).sa_handler == restoreDefaults) std::signal(number, SIG_DFL);
     }
 }
@@ -24,7 +24,7 @@ Interruption::Interruption() {
     struct sigaction noting {};
     noting.sa_handler = restoreDefaults;
     noting.sa_flags = SA_RESTART;
-    for (const int number : signals) {
+    for (const int number : endSignals) {
         if (dispositionOf(number).sa_handler == SIG_IGN) continue;
         if (sigaction(number, &noting, nullptr) == 0) m_watched = number;
     }

@@ -10,6 +10,10 @@ namespace torvane {
 namespace {
 bool isPlainInJson(char c) { return c >= ' ' && c != '"' && c != '\\'; }
 
+std::string_view viewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<size_t>(bytes.size())};
+}
+
 QByteArray unicodeEscape(char16_t unit) {
     return "\\u" + QByteArray::number(unit, 16).rightJustified(4, '0');
 }
@@ -17,12 +21,12 @@ QByteArray unicodeEscape(char16_t unit) {
 
 JsonRows::JsonRows(const Columns& columns, Output& output) : m_output(output) {
     for (const Column& column : columns) {
-        m_keys.push_back((m_keys.empty() ? "{\"" : ",\"") + QByteArray(column.name) + "\":");
+        m_keys.push_back((m_keys.empty() ? "{\"" : ",\"") + std::string(column.name) + "\":");
     }
 }
 
 void JsonRows::add(const Row& row) {
-    m_line.resize(0); // keeps its room
+    m_line.clear();
     for (size_t i = 0; i < m_keys.size(); ++i) {
         m_line += m_keys[i];
         addValue(row[i]);
@@ -35,7 +39,7 @@ void JsonRows::addValue(const Field& field) {
     switch (field.kind) {
     case Field::Kind::missing: m_line += "null"; break;
     case Field::Kind::text: addString(field.bytes); break;
-    case Field::Kind::number: m_line += field.bytes; break;
+    case Field::Kind::number: m_line += viewOf(field.bytes); break;
     case Field::Kind::yes: m_line += "true"; break;
     case Field::Kind::no: m_line += "false"; break;
     }
@@ -44,7 +48,7 @@ void JsonRows::addValue(const Field& field) {
 void JsonRows::addString(const QByteArray& bytes) {
     m_line += '"';
     if (std::all_of(bytes.begin(), bytes.end(), isPlainInJson)) {
-        m_line += bytes;
+        m_line += viewOf(bytes);
     } else {
         addEscaped(bytes);
     }
@@ -59,12 +63,12 @@ void JsonRows::addEscaped(const QByteArray& bytes) {
         if (c == QChar(u'\xDC5C')) { // a backslash in a name
             m_line += "\\\\";
         } else if (isPair) {
-            m_line += QStringView(text).sliced(i++, 2).toUtf8();
+            m_line += viewOf(QStringView(text).sliced(i++, 2).toUtf8());
         } else if (c.unicode() < ' ' || c.isSurrogate()) {
-            m_line += unicodeEscape(c.unicode());
+            m_line += viewOf(unicodeEscape(c.unicode()));
         } else {
             if (c == QLatin1Char('"')) m_line += '\\';
-            m_line += QStringView(&c, 1).toUtf8();
+            m_line += viewOf(QStringView(&c, 1).toUtf8());
         }
     }
 }

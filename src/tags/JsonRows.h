@@ -5,6 +5,8 @@
 #include "Output.h"
 #include "RowWriter.h"
 
+#include <string>
+
 namespace torvane {
 
 /// Bytes of a name that are not UTF-8 become escapes of lone low surrogates, from \udc80 for 80 to \udcff for
@@ -20,9 +22,9 @@ private:
     void addString(const QByteArray& bytes);
     void addEscaped(const QByteArray& bytes);
 
-    std::vector<QByteArray> m_keys; // each with all that precedes its value
+    std::vector<std::string> m_keys; // each with all that precedes its value
     Output& m_output;
-    QByteArray m_line;
+    std::string m_line; // appending to Qt's byte arrays takes three times as long
 };
 
 } // namespace torvane

@@ -9,21 +9,21 @@
 namespace torvane {
 
 namespace {
-constexpr qsizetype enough = 64 << 10;
+constexpr size_t enough = 64 << 10;
 }
 
 void Output::write(QByteArrayView bytes) {
     if (m_error != 0) return;
-    m_waiting += bytes;
+    m_waiting.append(bytes.data(), static_cast<size_t>(bytes.size()));
     if (m_waiting.size() >= enough) flush();
 }
 
 void Output::flush() {
-    QByteArrayView rest = m_waiting;
+    QByteArrayView rest(m_waiting.data(), static_cast<qsizetype>(m_waiting.size()));
     while (m_error == 0 && !rest.isEmpty()) {
         if (!writeSome(rest)) m_error = errno;
     }
-    m_waiting.resize(0); // keeps its room
+    m_waiting.clear();
 }
 
 // False with errno set if it failed.

@@ -3,8 +3,8 @@
 // that a full disk or a closed pipe is noticed and not written to again.
 #pragma once
 
-#include <QByteArray>
 #include <QByteArrayView>
+#include <string>
 
 namespace torvane {
 
@@ -31,7 +31,7 @@ private:
 
     int m_descriptor;
     int m_error = 0;
-    QByteArray m_waiting;
+    std::string m_waiting;
 };
 
 } // namespace torvane

@@ -20,14 +20,15 @@ char letterFor(char c) {
 
 TsvRows::TsvRows(const Columns& columns, Output& output) : m_output(output) {
     for (const Column& column : columns) {
-        if (!m_line.isEmpty()) m_line += '\t';
+        if (!m_line.empty()) m_line += '\t';
         m_line += column.name;
     }
-    m_output.write(m_line + '\n');
+    m_line += '\n';
+    m_output.write(m_line);
 }
 
 void TsvRows::add(const Row& row) {
-    m_line.resize(0); // keeps its room
+    m_line.clear();
     bool isFirst = true;
     for (const Field& field : row) {
         if (!isFirst) m_line += '\t';

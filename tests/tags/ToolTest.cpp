@@ -5,6 +5,7 @@
 #include "support/TestMain.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -116,6 +117,49 @@ private slots:
         QVERIFY(run.errors.contains("torvane-tags: pipe: it is no ordinary file"));
     }
 
+    void a_file_that_vanishes_meanwhile_is_reported() {
+        makeGames(400);
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const MemoryFile errors;
+        const pid_t child =
+            program->start({"--folder", "home", "list", "--tsv"}, ends[1], errors.descriptor());
+        close(ends[1]);
+        QByteArray some(65536, '\0');
+        QCOMPARE(read(ends[0], some.data(), 1), 1); // it has read the folder, and waits for the pipe
+        QVERIFY(QFile::remove(program->folder.path(u"home/roms/game 0399.gb"_s)));
+        while (read(ends[0], some.data(), 65536) > 0) {
+        }
+        QCOMPARE(TagsProgram::endOf(child), 1);
+        QCOMPARE(errors.content(), QByteArray("torvane-tags: game 0399.gb: it doesn’t exist\n"));
+        close(ends[0]);
+    }
+    void a_hundred_thousand_games_take_little_memory() {
+        constexpr int count = 100'000;
+        const QByteArray roms = program->folder.native("home/roms/");
+        for (int i = 0; i < count; ++i) {
+            // Many names of one file are made in no time.
+            const QByteArray name =
+                roms + "A game with a name of some length " + QByteArray::number(i) + ".gb";
+            if (i % 1000 == 0) program->folder.write(u"home/source%1"_s.arg(i / 1000), taggedGame("T"));
+            const QByteArray source = program->folder.native("home/source" + QByteArray::number(i / 1000));
+            QCOMPARE(link(source.constData(), name.constData()), 0);
+        }
+        for (const char* form : {"--json", "--tsv", "--"}) {
+            const MemoryFile output;
+            const pid_t child =
+                program->start({"--folder", "home", "list", form}, output.descriptor(), STDERR_FILENO);
+            int status = -1;
+            rusage used{};
+            QCOMPARE(wait4(child, &status, 0, &used), child);
+            QCOMPARE(status, 0);
+            QCOMPARE(output.content().count('\n'), qstrcmp(form, "--json") == 0 ? count : count + 1);
+#ifndef __SANITIZE_ADDRESS__
+            QVERIFY2(used.ru_maxrss < 100 * 1024, qPrintable(u"%1 kB"_s.arg(used.ru_maxrss)));
+#endif
+        }
+    }
+
     // Places to print to
     void a_full_disk_is_reported() {
         program->folder.write(u"a.gb"_s, taggedGame("T"));
@@ -176,6 +220,27 @@ private slots:
         QCOMPARE(TagsProgram::endOf(child), 130);
         QVERIFY(output.endsWith('\n'));
         QVERIFY(output.count('\n') > 50 && output.count('\n') < 400);
+        close(ends[0]);
+    }
+    void a_signal_ends_a_table_after_the_row_at_work() {
+        makeGames(400);
+        QByteArray table = "file\ttitle\n";
+        for (int i = 0; i < 4000; ++i)
+            table += "game " + QByteArray::number(i % 400).rightJustified(4, '0') + ".gb\tNew\n";
+        program->folder.write(u"t.tsv"_s, table);
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const pid_t child = program->start(
+            {"--folder", "home", "set", "--from", "t.tsv", "--dry-run", "--tsv"}, ends[1], STDERR_FILENO);
+        close(ends[1]);
+        QByteArray output(1, '\0');
+        QCOMPARE(read(ends[0], output.data(), 1), 1);
+        kill(child, SIGINT);
+        QByteArray some(65536, '\0');
+        ssize_t got = 0;
+        while ((got = read(ends[0], some.data(), 65536)) > 0) output += some.first(got);
+        QCOMPARE(TagsProgram::endOf(child), 130);
+        QVERIFY(output.count('\n') < 8000);
         close(ends[0]);
     }
     void a_second_signal_kills_at_once() {
