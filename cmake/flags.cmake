@@ -10,6 +10,9 @@ if(TORVANE_SHIPPED)
   add_compile_options(-fstack-protector-strong -Wformat -Werror=format-security -D_FORTIFY_SOURCE=2 -Wdate-time)
   add_compile_options(-ffile-prefix-map=${CMAKE_BINARY_DIR}=build -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
   add_link_options(-Wl,-z,relro -Wl,-z,now)
+  # A program has only those functions of a library that it uses: the one without windows uses few.
+  add_compile_options(-ffunction-sections -fdata-sections)
+  add_link_options(-Wl,--gc-sections)
 endif()
 
 # The warnings, all of them errors. Whether a number has a sign is left alone: Clang's -Wconversion asks for it,
