@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What an installed copy has, by Debian's rules for games: the program in games/, its read-only tree below
+# What an installed copy has, by Debian's rules for games: the programs in games/, its read-only tree below
 # share/torvane, and its files for the desktop. Permissions of files are fixed, whatever those of the sources are.
 set(shared share/torvane)
 set(plain_file PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
@@ -34,7 +34,9 @@ foreach(size 16 22 24 32 36 48 64 72 96 128 192 256 512)
           DESTINATION share/icons/hicolor/${size}x${size}/apps)
 endforeach()
 install(FILES ${CMAKE_SOURCE_DIR}/art/svg/torvane.svg DESTINATION share/icons/hicolor/scalable/apps ${plain_file})
-install(FILES ${desktop}/torvane.bash RENAME torvane ${plain_file} DESTINATION share/bash-completion/completions)
+foreach(program torvane torvane-tags)
+  install(FILES ${desktop}/${program}.bash RENAME ${program} ${plain_file} DESTINATION share/bash-completion/completions)
+endforeach()
 
 # The date of the newest entry, as 2026-11-22, for the manual page and the releases.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${debian}/changelog)
@@ -49,7 +51,9 @@ math(EXPR month "${month} / 3 + 101")
 string(SUBSTRING ${month} 1 2 month)
 set(TORVANE_DATE ${year}-${month}-${day})
 configure_file(${desktop}/torvane.metainfo.xml.in ${prepared}/org.example.torvane.metainfo.xml @ONLY)
-configure_file(${desktop}/torvane.6.in ${prepared}/torvane.6 @ONLY)
+foreach(program torvane torvane-tags)
+  configure_file(${desktop}/${program}.6.in ${prepared}/${program}.6 @ONLY)
+endforeach()
 install(FILES ${prepared}/org.example.torvane.metainfo.xml DESTINATION share/metainfo ${plain_file})
 
 # zipped(FILE OUTPUT FOLDER): installs FILE without a time or a name inside.
@@ -61,7 +65,9 @@ function(zipped file output folder)
   install(FILES ${prepared}/${output} DESTINATION ${folder} ${plain_file})
   set(zipped_files ${zipped_files} ${prepared}/${output} PARENT_SCOPE)
 endfunction()
-zipped(${prepared}/torvane.6 torvane.6.gz share/man/man6)
+foreach(program torvane torvane-tags)
+  zipped(${prepared}/${program}.6 ${program}.6.gz share/man/man6)
+endforeach()
 zipped(${debian}/changelog changelog.gz share/doc/torvane)
 add_custom_target(torvane_zipped_files ALL DEPENDS ${zipped_files})
 install(FILES ${debian}/copyright DESTINATION share/doc/torvane ${plain_file})

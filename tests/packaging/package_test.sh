@@ -64,8 +64,10 @@ same 'other permissions' '' "$(find "$usr" ! -type d ! -perm 644 ! -perm 755 -o 
 same 'files of the desktop' "applications/torvane.desktop
 applications/zz-torvane-open.desktop
 bash-completion/completions/torvane
+bash-completion/completions/torvane-tags
 doc/torvane/changelog.gz
 doc/torvane/copyright
+man/man6/torvane-tags.6.gz
 man/man6/torvane.6.gz
 metainfo/org.example.torvane.metainfo.xml" \
     "$(cd "$share" && find . -type f ! -path './torvane/*' ! -path './icons/*' | sed 's/^..//' | sort)"
@@ -85,21 +87,30 @@ cmp "$source/art/svg/torvane.svg" "$share/icons/hicolor/scalable/apps/torvane.sv
 is_silent desktop-file-validate desktop-file-validate "$share"/applications/*.desktop
 said=$(appstreamcli validate --pedantic --strict --no-net "$share"/metainfo/*.xml) &&
     [ "$(wc -l <<<"$said")" = 1 ] || fail "appstreamcli: $said"
-warnings_of_man() { man --warnings -E UTF-8 -l -Tutf8 -Z "$share/man/man6/torvane.6.gz" 2>&1 >/dev/null; }
-is_silent man warnings_of_man
-gzip -dc "$share/man/man6/torvane.6.gz" >"$dir/page"
+warnings_of_man() { man --warnings -E UTF-8 -l -Tutf8 -Z "$share/man/man6/$1.6.gz" 2>&1 >/dev/null; }
+options_of() { "$usr/games/$@" --help | grep -o -- '--[a-z-]\+' | LC_ALL=C sort -u; } # PROGRAM [COMMAND]
 changed=$(dpkg-parsechangelog -l "$source/packaging/debian/changelog" -S Date)
 changed=$(date -d "${changed% *}" +%F)
-grep -q "^.TH TORVANE 6 \"$changed\" \"Torvane $version\"" "$dir/page" || fail 'the head of the manual page'
+for program in torvane torvane-tags; do
+    is_silent "man $program" warnings_of_man "$program"
+    gzip -dc "$share/man/man6/$program.6.gz" >"$dir/$program.6"
+    grep -q "^.TH ${program^^} 6 \"$changed\" \"Torvane $version\"" "$dir/$program.6" || fail "the head of $program.6"
+done
 grep -q "<release version=\"$version\" date=\"$changed\"/>" "$share"/metainfo/*.xml || fail 'the release in the metadata'
-options=$("$usr/games/torvane" --help | grep -o -- '--[a-z]*' | LC_ALL=C sort -u)
-same 'options of the manual page' "$options" "$(sed 's/\\-/-/g' "$dir/page" | grep -o -- '--[a-z]\+' | LC_ALL=C sort -u)"
+commands=$("$usr/games/torvane-tags" --help | sed -n 's/^  \([a-z-]\+\) .*/\1/p' | LC_ALL=C sort)
+[ "$(wc -l <<<"$commands")" -ge 5 ] || fail "only these commands: $commands"
+options_in() { sed 's/\\-/-/g' "$dir/$1.6" | grep -o -- '--[a-z-]*[a-z]' | LC_ALL=C sort -u; } # PROGRAM
+same 'options of the manual page' "$(options_of torvane)" "$(options_in torvane)"
+same 'options of torvane-tags.6' "$(for name in '' $commands; do options_of torvane-tags $name; done | LC_ALL=C sort -u)" \
+    "$(options_in torvane-tags)"
+page=$(man -l "$share/man/man6/torvane-tags.6.gz")
+for command in $commands; do grep -q "^ *$command " <<<"$page" || fail "the page lacks $command"; done
 gzip -dc "$share/doc/torvane/changelog.gz" | cmp -s - "$source/packaging/debian/changelog" || fail 'another changelog'
 # A name or a time inside would make another package of the same sources.
-for file in "$share/doc/torvane/changelog.gz" "$share/man/man6/torvane.6.gz"; do
+for file in "$share/doc/torvane/changelog.gz" "$share"/man/man6/*.gz; do
     same "flags and time of $file" ' 00 00 00 00 00' "$(od -An -tx1 -j 3 -N 5 "$file")"
 done
-grep -q '@' "$dir/page" "$share"/metainfo/*.xml && fail 'a value was not filled in'
+grep -q '@' "$dir"/*.6 "$share"/metainfo/*.xml && fail 'a value was not filled in'
 
 menu=$share/applications/torvane.desktop
 opener=$share/applications/zz-torvane-open.desktop
@@ -187,14 +198,16 @@ offered() {
         source /usr/share/bash-completion/bash_completion
         source "$0"
         # As bash itself finds the function.
-        [[ $(complete -p torvane) =~ ^complete\ -F\ ([^ ]+)\ torvane$ ]] || exit 1
-        COMP_LINE=${1:-torvane ${*:2}}
-        COMP_WORDS=(torvane "${@:2}") COMP_CWORD=$(($# - 1)) COMP_POINT=${#COMP_LINE}
+        program=${0##*/}
+        [[ $(complete -p "$program") =~ ^complete\ -F\ ([^ ]+)\ "$program"$ ]] || exit 1
+        COMP_LINE=${1:-$program ${*:2}}
+        COMP_WORDS=("$program" "${@:2}") COMP_CWORD=$(($# - 1)) COMP_POINT=${#COMP_LINE}
         "${BASH_REMATCH[1]}"
-        printf "%s\n" "${COMPREPLY[@]}"' "$share/bash-completion/completions/torvane" "$@" | LC_ALL=C sort)
+        printf "%s\n" "${COMPREPLY[@]}"' "$share/bash-completion/completions/$program" "$@" | LC_ALL=C sort)
 }
 files=$'-four.zip\nfolder\none.gb\ntwo.GBA'
-same 'completion of options' "$options" "$(offered '' --)"
+program=torvane
+same 'completion of options' "$(options_of torvane)" "$(offered '' --)"
 same 'completion of --folder' folder "$(offered '' --folder '')"
 same 'completion of --folder=' folder "$(offered 'torvane --folder=' --folder =)"
 same 'completion of --folder=fol' folder "$(offered 'torvane --folder=fol' --folder = fol)"
@@ -202,5 +215,14 @@ same 'completion of files' "$files" "$(offered '' '')"
 same 'completion after a folder' "$files" "$(offered '' --folder -- '')"
 same 'completion after --' -four.zip "$(offered '' -- -)"
 same 'completion after -- and what looks like an option' "$files" "$(offered '' -- --folder '')"
+program=torvane-tags
+same 'completion of commands' "$commands" "$(offered '' '')"
+for command in $commands; do
+    same "completion of $command" \
+        "$(printf '%s\n' --folder --help --version | cat - <(options_of torvane-tags "$command") | LC_ALL=C sort)" \
+        "$(offered '' "$command" --)"
+done
+same 'completion of games' "$files" "$(offered '' set --title x '')"
+same 'completion of a table' $'folder\nlist.tsv' "$(touch "$dir/games/list.tsv"; offered '' set --from '')"
 
 [ "$failures" -eq 0 ]

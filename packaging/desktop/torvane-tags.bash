@@ -1,0 +1,42 @@
+# SPDX-License-Identifier: MIT
+# Completion of torvane-tags' command line for bash.
+_torvane_tags() {
+    local cur prev words cword split word command= options='--folder --help --version'
+    _init_completion -s || return
+    case $prev in
+    --folder)
+        _filedir -d
+        return
+        ;;
+    --from)
+        _filedir tsv
+        return
+        ;;
+    --title | --company | --info | --date) return ;;
+    esac
+    local i
+    for ((i = 1; i < cword; i++)); do
+        word=${words[i]}
+        case $word in
+        --folder) ((i++)) ;;
+        -*) ;;
+        *)
+            command=$word
+            break
+            ;;
+        esac
+    done
+    case $command in
+    list | show) options+=' --json --tsv' ;;
+    set) options+=' --json --tsv --dry-run --title --company --info --date --from' ;;
+    clear | copy-tags) options+=' --json --tsv --dry-run' ;;
+    esac
+    if [[ $cur == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
+    elif [[ -z $command ]]; then
+        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags' -- "$cur")
+    else
+        _filedir '@(gb|gbc|gba|cgb|agb|zip|bin)'
+    fi
+} &&
+    complete -F _torvane_tags torvane-tags
