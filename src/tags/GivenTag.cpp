@@ -108,7 +108,8 @@ QByteArray GivenTag::fault() const {
     return {};
 }
 
-GivenTag::Result GivenTag::over(const std::optional<TagWindow::Tag>& present, qint64 length) const {
+GivenTag::Result GivenTag::over(const std::optional<TagWindow::Tag>& present, qint64 length,
+                                const QByteArray& today) const {
     Result result;
     if (present) result.fields = present->fields;
     for (const FieldPair& pair : pairs) {
@@ -121,7 +122,7 @@ GivenTag::Result GivenTag::over(const std::optional<TagWindow::Tag>& present, qi
         result.isNew = true;
     }
     if (!result.isNew) return result;
-    if (!date) result.fields.date = CodePage1252::toBytes(TagInput::todayAsText());
+    if (!date) result.fields.date = today;
     // Where there is a tag, the image that remains of it gets a line end.
     const qint64 image = present ? present->imageSize + TagLine::lineEnd.size() : length;
     result.fields.size = QByteArray::number(image);

@@ -23,7 +23,7 @@ struct GivenTag {
     /// The tag of a game whose present one is `present`; `length` is that of its file in bytes. Title,
     /// company and information are required, be they given or present. The date is that of today if none is
     /// given and another field changes. A given text that is the present one is never a fault.
-    Result over(const std::optional<TagWindow::Tag>& present, qint64 length) const;
+    Result over(const std::optional<TagWindow::Tag>& present, qint64 length, const QByteArray& today) const;
 
     /// Why one of the texts can be stored in no tag: the field, the number of the character, counted from 1,
     /// and the reason, without a line end; empty if all can be stored.

@@ -3,6 +3,8 @@
 #include "SetCommand.h"
 #include "TagTable.h"
 #include "WritableGame.h"
+#include "catalogue/TagInput.h"
+#include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
 
 namespace torvane {
@@ -59,7 +61,7 @@ QByteArray SetCommand::faultOf(const Arguments& given) const {
 void SetCommand::run(const Arguments& given, Session& session) {
     TagEdits edits(ChangeRows::modeOf(given), session.reports());
     ChangeRows rows(given, session.output());
-    Work work{session, edits, rows};
+    Work work{session, edits, rows, CodePage1252::toBytes(TagInput::todayAsText())};
     const auto table = given.value("--from");
     table ? setFromTable(*table, work) : setGiven(given, work);
     edits.finish();
@@ -107,7 +109,7 @@ QByteArray SetCommand::setOne(const GameFile& game, const GivenTag& tag, Work& w
     const QByteArray fault = faultOfWriting(game.name);
     if (!fault.isEmpty()) return fault;
     const TagEdits::State state = work.edits.stateOf(game);
-    const GivenTag::Result result = tag.over(state.tag, state.length);
+    const GivenTag::Result result = tag.over(state.tag, state.length, work.today);
     if (!result.fault.isEmpty()) return result.fault;
     if (!result.isNew) return {};
     const TagEdit edit{game, result.fields};

@@ -20,6 +20,7 @@ private:
         Session& session;
         TagEdits& edits;
         ChangeRows& rows;
+        QByteArray today; // in code page 1252
     };
     static void setGiven(const Arguments& given, Work& work);
     static void setFromTable(const QByteArray& path, Work& work);

@@ -3,7 +3,6 @@
 // again, and what becomes a tag is read back as it was given.
 // Input: the company of the present tag, and the table.
 #include "Fuzz.h"
-#include "catalogue/TagInput.h"
 #include "tags/TagTable.h"
 
 #include <map>
@@ -113,7 +112,7 @@ void checkAgain(const TagTable::Row& row) {
 
 void checkTag(const GivenTag& given, const QByteArray& company) {
     const TagWindow::Tag present{{company, "T", "D", "I", "3000"}, 3, 3000};
-    const GivenTag::Result result = given.over(present, 4000);
+    const GivenTag::Result result = given.over(present, 4000, "1/2/03");
     if (!result.fault.isEmpty() || !result.isNew) return;
     const QByteArray line = TagLine::build(result.fields);
     require(line.size() <= 1025, "a tag that is not refused can be read");
