@@ -102,11 +102,11 @@ private slots:
     }
     void what_is_not_there_is_reported_and_the_others_are_taken() {
         folder->write(u"a.gb"_s, "x");
-        folder->write(u"library/a.gb"_s, "x");
-        for (const char* name : {"no\n.gb", "a.gb", "/no.gb", "a.gb/"}) games->add(name);
+        folder->write(u"library/b.gb"_s, "x");
+        for (const char* name : {"no\n.gb", "a.gb", "/b.gb", "a.gb/"}) games->add(name);
         QCOMPARE(names(), QByteArrayList{"a.gb"});
         QCOMPARE(errors->content(), QByteArray("torvane-tags: no?.gb: it doesn’t exist\n"
-                                               "torvane-tags: /no.gb: it doesn’t exist\n"
+                                               "torvane-tags: /b.gb: it doesn’t exist\n"
                                                "torvane-tags: a.gb/: its folder doesn’t exist\n"));
     }
     void a_folder_that_can_not_be_read_is_reported() {

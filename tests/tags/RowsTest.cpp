@@ -65,6 +65,10 @@ private slots:
                                         QByteArray("\0\t\n\x7F", 4))}),
                  expected);
     }
+    void json_escapes_a_single_sign_too() {
+        QVERIFY(printed<JsonRows>({row("\"", 0, "\\")})
+                    .contains("{\"file\":\"\\\"\",\"size\":0,\"text\":\"\\\\\"}"));
+    }
     void any_byte_survives_in_json_as_python_reads_it() {
         const QByteArrayList read = readByPython("row = json.loads(sys.stdin.readline())",
                                                  printed<JsonRows>({row(allBytes(1), 0, allBytes(0))}));

@@ -151,6 +151,15 @@ private slots:
         QVERIFY(!program->folder.entries().contains(u".torvane-abcdef"_s));
     }
 
+    void the_folder_that_a_link_leads_to_is_swept() {
+        write("home/real.gb", taggedGame("T"));
+        write("home/.torvane-abcdef", "half a copy");
+        QVERIFY(symlink("home/real.gb", program->folder.native("link.gb").constData()) == 0);
+        runWell({"set", "--title=N", "link.gb"});
+        QVERIFY(read("home/real.gb").contains("\xA7N\xA7"));
+        QVERIFY(!program->folder.entries(u"home"_s).contains(u".torvane-abcdef"_s));
+    }
+
     // --dry-run
     void a_rehearsal_prints_what_would_change_and_changes_nothing() {
         write(".torvane-abcdef", "half a copy");

@@ -5,9 +5,12 @@
 #include "MemoryFile.h"
 #include "support/TestFolder.h"
 
+#include <array>
 #include <csignal>
+#include <fcntl.h>
 #include <functional>
 #include <sys/wait.h>
+#include <utility>
 
 namespace torvane {
 
@@ -61,6 +64,52 @@ public:
     ProgramRun runHere(QByteArrayList arguments) const {
         return run(QByteArrayList{"--folder", "home"} + arguments);
     }
+};
+
+/// A run whose output is a pipe that nobody empties: having printed enough, it waits.
+class PipedRun {
+public:
+    /// Returns as soon as the run has printed something.
+    PipedRun(const TagsProgram& program, const QByteArrayList& arguments, int errors = STDERR_FILENO) {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0) qFatal("no pipe");
+        m_reading = ends[0];
+        m_child = program.start(arguments, ends[1], errors);
+        close(ends[1]);
+        takeSome(1); // one byte makes no room for others
+    }
+    ~PipedRun() {
+        if (m_child > 0) {
+            kill(m_child, SIGKILL);
+            TagsProgram::endOf(m_child);
+        }
+        close(m_reading);
+    }
+    PipedRun(const PipedRun&) = delete;
+    PipedRun& operator=(const PipedRun&) = delete;
+
+    pid_t child() const { return m_child; }
+    const QByteArray& output() const { return m_output; }
+    /// Takes all that is printed until the end, and gives the status.
+    int end() {
+        while (takeSome(4096)) {
+        }
+        return wait();
+    }
+    /// Waits for the end without emptying the pipe.
+    int wait() { return TagsProgram::endOf(std::exchange(m_child, -1)); }
+
+private:
+    bool takeSome(size_t most) {
+        std::array<char, 4096> some{};
+        const ssize_t got = read(m_reading, some.data(), most);
+        if (got > 0) m_output.append(some.data(), got);
+        return got > 0;
+    }
+
+    int m_reading = -1;
+    pid_t m_child = -1;
+    QByteArray m_output;
 };
 
 /// An image of so many bytes with a tag line after it.

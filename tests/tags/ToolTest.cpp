@@ -119,20 +119,12 @@ private slots:
 
     void a_file_that_vanishes_meanwhile_is_reported() {
         makeGames(400);
-        int ends[2];
-        QCOMPARE(pipe(ends), 0);
         const MemoryFile errors;
-        const pid_t child =
-            program->start({"--folder", "home", "list", "--tsv"}, ends[1], errors.descriptor());
-        close(ends[1]);
-        QByteArray some(65536, '\0');
-        QCOMPARE(read(ends[0], some.data(), 1), 1); // it has read the folder, and waits for the pipe
+        // It has read the folder, and waits for the pipe.
+        PipedRun run(*program, {"--folder", "home", "list", "--tsv"}, errors.descriptor());
         QVERIFY(QFile::remove(program->folder.path(u"home/roms/game 0399.gb"_s)));
-        while (read(ends[0], some.data(), 65536) > 0) {
-        }
-        QCOMPARE(TagsProgram::endOf(child), 1);
+        QCOMPARE(run.end(), 1);
         QCOMPARE(errors.content(), QByteArray("torvane-tags: game 0399.gb: it doesn’t exist\n"));
-        close(ends[0]);
     }
     void a_hundred_thousand_games_take_little_memory() {
         constexpr int count = 100'000;
@@ -192,6 +184,8 @@ private slots:
         const ProgramRun run = program->run({"list", "a.gb"});
         QCOMPARE(run.status, 1);
         QCOMPARE(run.errors, QByteArray("torvane-tags: standard output: Bad file descriptor\n"));
+        // What takes the place of a closed one is there before the first file is opened.
+        QVERIFY(program->run({"show", "/proc/self/fd/1"}).errors.contains("it is no ordinary file"));
         program->prepare = [] { close(STDERR_FILENO); };
         QCOMPARE(program->run({"list", "a.gb", "no.gb"}).status, 1);
         QCOMPARE(program->folder.read(u"a.gb"_s), before);
@@ -206,21 +200,11 @@ private slots:
     void a_signal_ends_it_after_the_file_at_work() {
         QFETCH(int, signal);
         makeGames(400);
-        int ends[2];
-        QCOMPARE(pipe(ends), 0);
-        const pid_t child = program->start({"--folder", "home", "list", "--tsv"}, ends[1], STDERR_FILENO);
-        close(ends[1]);
-        // Once the first bytes are here it waits for the pipe to be emptied.
-        QByteArray output(1, '\0');
-        QCOMPARE(read(ends[0], output.data(), 1), 1);
-        kill(child, signal);
-        QByteArray some(65536, '\0');
-        ssize_t got = 0;
-        while ((got = read(ends[0], some.data(), 65536)) > 0) output += some.first(got);
-        QCOMPARE(TagsProgram::endOf(child), 130);
-        QVERIFY(output.endsWith('\n'));
-        QVERIFY(output.count('\n') > 50 && output.count('\n') < 400);
-        close(ends[0]);
+        PipedRun run(*program, {"--folder", "home", "list", "--tsv"});
+        kill(run.child(), signal);
+        QCOMPARE(run.end(), 130);
+        QVERIFY(run.output().endsWith('\n'));
+        QVERIFY(run.output().count('\n') > 50 && run.output().count('\n') < 400);
     }
     void a_signal_ends_a_table_after_the_row_at_work() {
         makeGames(400);
@@ -228,53 +212,27 @@ private slots:
         for (int i = 0; i < 4000; ++i)
             table += "game " + QByteArray::number(i % 400).rightJustified(4, '0') + ".gb\tNew\n";
         program->folder.write(u"t.tsv"_s, table);
-        int ends[2];
-        QCOMPARE(pipe(ends), 0);
-        const pid_t child = program->start(
-            {"--folder", "home", "set", "--from", "t.tsv", "--dry-run", "--tsv"}, ends[1], STDERR_FILENO);
-        close(ends[1]);
-        QByteArray output(1, '\0');
-        QCOMPARE(read(ends[0], output.data(), 1), 1);
-        kill(child, SIGINT);
-        QByteArray some(65536, '\0');
-        ssize_t got = 0;
-        while ((got = read(ends[0], some.data(), 65536)) > 0) output += some.first(got);
-        QCOMPARE(TagsProgram::endOf(child), 130);
-        QVERIFY(output.count('\n') < 8000);
-        close(ends[0]);
+        PipedRun run(*program, {"--folder", "home", "set", "--from", "t.tsv", "--dry-run", "--tsv"});
+        kill(run.child(), SIGINT);
+        QCOMPARE(run.end(), 130);
+        QVERIFY(run.output().count('\n') < 8000);
     }
     void a_second_signal_kills_at_once() {
         makeGames(400);
-        int ends[2];
-        QCOMPARE(pipe(ends), 0);
-        const pid_t child = program->start({"--folder", "home", "list", "--tsv"}, ends[1], STDERR_FILENO);
-        close(ends[1]);
-        char first = 0;
-        QCOMPARE(read(ends[0], &first, 1), 1);
-        kill(child, SIGINT);
-        QTRY_VERIFY(([&] { // the first one was handled: no default is left to come
-            return outputOf({"grep", "SigCgt", "/proc/" + QByteArray::number(child) + "/status"})
-                .trimmed()
-                .endsWith("0000000000000000");
-        }()));
-        kill(child, SIGTERM);
-        QCOMPARE(TagsProgram::endOf(child), 128 + SIGTERM);
-        close(ends[0]);
+        PipedRun run(*program, {"--folder", "home", "list", "--tsv"});
+        kill(run.child(), SIGINT);
+        const QByteArray state = "/proc/" + QByteArray::number(run.child()) + "/status";
+        // The first one was handled when no signal has a handler any more.
+        QTRY_VERIFY(outputOf({"grep", "SigCgt", state}).trimmed().endsWith("0000000000000000"));
+        kill(run.child(), SIGTERM);
+        QCOMPARE(run.wait(), 128 + SIGTERM);
     }
     void a_signal_that_was_ignored_stays_ignored() {
         makeGames(400);
         program->prepare = [] { std::signal(SIGINT, SIG_IGN); };
-        int ends[2];
-        QCOMPARE(pipe(ends), 0);
-        const pid_t child = program->start({"--folder", "home", "list", "--tsv"}, ends[1], STDERR_FILENO);
-        close(ends[1]);
-        QByteArray some(65536, '\0');
-        QCOMPARE(read(ends[0], some.data(), 1), 1);
-        kill(child, SIGINT);
-        while (read(ends[0], some.data(), 65536) > 0) {
-        }
-        QCOMPARE(TagsProgram::endOf(child), 0);
-        close(ends[0]);
+        PipedRun run(*program, {"--folder", "home", "list", "--tsv"});
+        kill(run.child(), SIGINT);
+        QCOMPARE(run.end(), 0);
     }
 };
 
