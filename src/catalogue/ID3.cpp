@@ -97,10 +97,10 @@ void ID3::AppendRomTag(const QString& path) {
 
 void ID3::StripRomTag(const QString& path) {
     aboutFile(path, [&] {
-        const SafeFile::Change change(path);
+        const SafeFile::Change change(path, SafeFile::Change::Part::end);
         const auto image = TagInFile::keptLength(change.file());
         if (!image) throw TagLine::unreadable(RuntimeFailure::subscript);
-        change.commit(*image, {TagLine::lineEnd});
+        change.commitEnd(*image, {TagLine::lineEnd});
     });
 }
 
@@ -151,18 +151,25 @@ void ID3::SaveRomTag(const QString& path, const std::function<void()>& yield) {
 // False if the file has a tag by now.
 bool ID3::appendFirstTag(const QString& path) {
     const auto hasNone = [](const Handle& file) { return !TagInFile::hasMarker(file); };
+    qint64 marker = 0;
+    const auto lineAt = [this, &marker](qint64 size) {
+        marker = size;
+        return newLine(size);
+    };
     fillBlanks();
-    return SafeFile::append(
-        path, [this](qint64 size) { return newLine(size); }, hasNone);
+    return SafeFile::append(path, lineAt, hasNone,
+                            [&marker](const Handle& file) { TagInFile::rememberMarker(file, marker); });
 }
 
 // False if the file has no tag any more.
 bool ID3::replaceTag(const QString& path) {
-    const SafeFile::Change change(path);
+    const SafeFile::Change change(path, SafeFile::Change::Part::end);
     const auto image = TagInFile::keptLength(change.file());
     if (!image) return false;
     fillBlanks();
-    change.commit(*image, {TagLine::lineEnd, newLine(*image + TagLine::lineEnd.size())});
+    const qint64 marker = *image + TagLine::lineEnd.size();
+    change.commitEnd(*image, {TagLine::lineEnd, newLine(marker)},
+                     [marker](const Handle& file) { TagInFile::rememberMarker(file, marker); });
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "TagInFile.h"
 #include "TagLine.h"
 #include "platform/base/FileBlocks.h"
+#include "platform/base/FileMark.h"
 
 #include <algorithm>
 
@@ -10,6 +11,7 @@ namespace torvane::TagInFile {
 
 namespace {
 constexpr qint64 longestSize = 16 << 20;
+constexpr const char* remembered = "marker";
 
 // The offset of the first hit of `locate`, which looks for `length` bytes; -1 if there is none.
 template <typename Locate>
@@ -28,6 +30,13 @@ qint64 markerAt(const Handle& file, qint64 from, qint64 to) {
 
 qint64 separatorAt(const Handle& file, qint64 from, qint64 to) {
     return find(file, from, to, 1, [](QByteArrayView block) { return block.indexOf(TagLine::separator); });
+}
+
+qint64 firstMarker(const Handle& file, qint64 length) {
+    const auto known = FileMark::read(file, remembered);
+    const bool isThere =
+        known && *known >= 0 && bytesOf(file, *known, TagLine::marker.size()) == TagLine::marker;
+    return isThere ? *known : markerAt(file, 0, length);
 }
 
 QByteArray sizeText(const Handle& file, qint64 tag, qint64 end) {
@@ -50,11 +59,13 @@ bool hasMarker(const Handle& file) { return markerAt(file, 0, infoOf(file).st_si
 
 std::optional<qint64> keptLength(const Handle& file) {
     const qint64 length = infoOf(file).st_size;
-    const qint64 image = markerAt(file, 0, length);
+    const qint64 image = firstMarker(file, length);
     if (image < 0) return std::nullopt;
     const qint64 tag = image + TagLine::marker.size();
     const qint64 next = markerAt(file, tag, length);
     return TagLine::keptLength(image, sizeText(file, tag, next < 0 ? length : next));
 }
+
+void rememberMarker(const Handle& file, qint64 marker) { FileMark::write(file, remembered, marker); }
 
 } // namespace torvane::TagInFile

@@ -16,4 +16,8 @@ bool hasMarker(const Handle& file);
 /// piece of more than 16 MiB is a "type mismatch", whatever it holds.
 std::optional<qint64> keptLength(const Handle& file);
 
+/// Remembers where the first marker of a file is, as long as nothing is written to the file: the next
+/// `keptLength` need not search the image, which may be many megabytes.
+void rememberMarker(const Handle& file, qint64 marker);
+
 } // namespace torvane::TagInFile

@@ -14,16 +14,23 @@ bool Inspection::holds(const std::string& path, const Content& content) const {
     return content ? m_workshop.holds(path, *content) : !m_workshop.lengthOf(path);
 }
 
-// Whether the old content is followed by a part of the line and nothing else.
+// Whether only the end that is changed in place differs, and is a mixture of the old and the new one.
 bool Inspection::isPart() const {
-    const QByteArray& line = m_situation.line;
-    const auto length = m_workshop.lengthOf(m_situation.subject);
-    if (line.isEmpty() || !length || *length <= m_situation.old->size()) return false;
-    if (!m_workshop.beginsWith(m_situation.subject, *m_situation.old)) return false;
-    const QByteArray tail = m_workshop.read(m_situation.subject, m_situation.old->size());
-    if (!m_ending.isPowerLost || tail.size() > line.size()) return line.startsWith(tail);
-    const auto isOwn = [](char found, char written) { return found == written || found == '\0'; };
-    return std::equal(tail.begin(), tail.end(), line.begin(), isOwn);
+    if (!m_situation.end || !m_situation.old || !m_situation.fresh) return false;
+    const QByteArray image = m_situation.old->first(*m_situation.end);
+    if (!m_workshop.beginsWith(m_situation.subject, image)) return false;
+    const QByteArray found = m_workshop.read(m_situation.subject, image.size());
+    const QByteArray old = m_situation.old->sliced(image.size());
+    const QByteArray fresh = m_situation.fresh->sliced(image.size());
+    const auto isFrom = [&found](const QByteArray& end, qsizetype i) {
+        return i < end.size() && end[i] == found[i];
+    };
+    for (qsizetype i = 0; i < found.size(); ++i) {
+        const bool isZero = m_ending.isPowerLost && found[i] == '\0';
+        if (!isFrom(old, i) && !isFrom(fresh, i) && !isZero) return false;
+    }
+    return found.size() >= std::min(old.size(), fresh.size()) &&
+           found.size() <= std::max(old.size(), fresh.size());
 }
 
 Inspection::Found Inspection::found() const {
@@ -38,11 +45,11 @@ void Inspection::checkSubject(Found found) {
     case Outcome::success:
         return check(found == Found::fresh, "success was reported, but the file is not the new one");
     case Outcome::failure:
-        // If a line could not be cut back, it may even be complete.
+        // If the old end could not be restored, the new one may even be complete.
         check(found != Found::fresh || m_ending.isFreshAllowed || m_situation.isBatch ||
-                  (m_ending.isPartAllowed && !m_situation.line.isEmpty()),
+                  (m_ending.isPartAllowed && m_situation.end),
               "a failure was reported, but the file is the new one");
-        return check(found != Found::part || m_ending.isPartAllowed, "a part of the line was left behind");
+        return check(found != Found::part || m_ending.isPartAllowed, "a part of the new end was left behind");
     case Outcome::unreported: return;
     case Outcome::invalid: return check(false, "the program ended in a forbidden way");
     }

@@ -18,9 +18,9 @@ struct Ending {
     Outcome outcome = Outcome::unreported;
     /// The failure came after the new file had got its name.
     bool isFreshAllowed = false;
-    /// The old length could not be restored: part of the line may remain until the next start.
+    /// The old end could not be restored: part of the new one may remain until the next start.
     bool isPartAllowed = false;
-    /// The power failed: zeros may replace parts of the line.
+    /// The power failed: zeros may replace parts of the end that is changed in place.
     bool isPowerLost = false;
     /// The settings failed: a copy is made without recording its folder, which a later start then can't
     /// sweep.

@@ -35,6 +35,7 @@ public:
     Situation strip() {
         Situation made = onGame("StripRomTag");
         made.fresh = TagBytes::stripped(*made.old);
+        if (made.fresh) made.end = m_size;
         made.run = [path = game()] { ID3::StripRomTag(path); };
         return made;
     }
@@ -54,14 +55,14 @@ public:
     Situation append() {
         Situation made = onGame("AppendRomTag");
         made.fresh = TagBytes::appended(*made.old);
-        made.line = TagBytes::newLine(made.old->size());
+        made.end = made.old->size();
         made.run = [&id3 = m_parts.id3, path = game()] { id3.AppendRomTag(path); };
         return made;
     }
     Situation save() {
         Situation made = onGame("SaveRomTag");
         made.fresh = TagBytes::saved(*made.old);
-        if (m_standing == Standing::none) made.line = TagBytes::newLine(made.old->size());
+        made.end = m_size;
         made.run = [&id3 = m_parts.id3, path = game()] { id3.SaveRomTag(path, [] {}); };
         return made;
     }

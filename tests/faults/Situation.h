@@ -33,7 +33,9 @@ struct Situation {
     std::string subject; ///< the file that the operation changes
     Content old;         ///< its content before
     Content fresh;       ///< its content afterwards; nothing if the operation must fail
-    QByteArray line;     ///< the line that is appended, if the operation appends
+    /// Where the part of the file begins that is changed in place, in bytes, if any is: interrupted, it may
+    /// be a mixture of the old and the new one until the next start.
+    std::optional<qsizetype> end;
     std::map<std::string, Aside> asides;
     std::vector<Treasure> treasures;
     bool isBatch = false; ///< several files, some of which may be changed when another one fails

@@ -86,8 +86,9 @@ bool Workshop::isUntouched(const std::string& relative, const FileState& state) 
     if (laid == m_laidOut.end() || stat(path(relative).c_str(), &now) != 0) return false;
     const struct stat& then = laid->second.info;
     return laid->second.bytes.constData() == state.bytes.constData() && now.st_ino == then.st_ino &&
-           now.st_nlink == 1 && now.st_size == then.st_size && now.st_ctim.tv_sec == then.st_ctim.tv_sec &&
-           now.st_ctim.tv_nsec == then.st_ctim.tv_nsec && rightsOf(relative) == state.rights;
+           now.st_nlink == 1 && now.st_size == then.st_size && now.st_mtim.tv_sec == then.st_mtim.tv_sec &&
+           now.st_ctim.tv_sec == then.st_ctim.tv_sec && now.st_ctim.tv_nsec == then.st_ctim.tv_nsec &&
+           rightsOf(relative) == state.rights;
 }
 
 void Workshop::write(const std::string& relative, const FileState& state) {
@@ -104,6 +105,9 @@ void Workshop::write(const std::string& relative, const FileState& state) {
     }
     if (fchown(handle, state.rights.owner, state.rights.group) != 0) fail("give away " + whole);
     if (fchmod(handle, state.rights.mode) != 0) fail("set the mode of " + whole);
+    // Any write in place will show, however soon it comes.
+    const timespec times[2] = {{0, UTIME_OMIT}, {1000000000, 0}};
+    if (futimens(handle, times) != 0) fail("set the time of " + whole);
     LaidOut& laidOut = m_laidOut[relative];
     laidOut.bytes = state.bytes;
     if (fstat(handle, &laidOut.info) != 0) fail("look at " + whole);

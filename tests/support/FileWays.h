@@ -7,7 +7,7 @@
 
 namespace torvane {
 
-enum class Way { replace, copy, change, append };
+enum class Way { replace, copy, change, append, end };
 
 class FileWays : public FileFixture {
 protected:
@@ -18,6 +18,7 @@ protected:
         QTest::newRow("copy") << Way::copy;
         QTest::newRow("change") << Way::change;
         if (!replacingAlone) QTest::newRow("append") << Way::append;
+        if (!replacingAlone) QTest::newRow("end") << Way::end;
     }
     /// Changes a file in one of the ways. A copy is made of the file "source".
     void changeBy(Way way, const char* name, const QByteArray& bytes = "new") const {
@@ -29,13 +30,16 @@ protected:
         case Way::copy: return SafeFile::copy(at("source"), path);
         case Way::change: return SafeFile::Change(path).commit({bytes});
         case Way::append: SafeFile::append(path, [&](qint64) { return bytes; }); return;
+        case Way::end: return SafeFile::Change(path, SafeFile::Change::Part::end).commitEnd(3, {bytes});
         }
     }
     std::optional<int> failureBy(Way way, const char* name) const {
         return failureOf([&] { changeBy(way, name); });
     }
     /// The content after the change of a file that held "former".
-    static QByteArray changed(Way way) { return way == Way::append ? "formernew" : "new"; }
+    static QByteArray changed(Way way) {
+        return way == Way::append ? "formernew" : way == Way::end ? "fornew" : "new";
+    }
 };
 
 } // namespace torvane

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The hidden files through which other files are changed: new content that will replace a file, and notes
-// about pending appends. By their names, Leftovers recognizes what a killed run left behind.
+// about changes in place. By their names, Leftovers recognizes what a killed run left behind.
 #pragma once
 
 #include "Folder.h"
@@ -14,8 +14,10 @@ namespace torvane {
 /// run of the program takes it for a leftover, and unlinked at the end of the scope unless it was renamed.
 class HiddenFile {
 public:
-    /// The two kinds of names; six random letters or digits follow.
+    /// The kinds of names; six random letters or digits follow.
     inline static const QByteArray replacement = QByteArrayLiteral(".torvane-");
+    inline static const QByteArray tailNote = QByteArrayLiteral(".torvane-tail-");
+    /// Notes of earlier versions, about pending appends.
     inline static const QByteArray appendNote = QByteArrayLiteral(".torvane-append-");
     /// Whether a name is of a kind: its prefix and six letters or digits.
     static bool isOfKind(const QByteArray& kind, QByteArrayView name);

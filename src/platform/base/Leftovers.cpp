@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Finding and removing leftovers.
 #include "Leftovers.h"
-#include "AppendNote.h"
 #include "Paths.h"
+#include "TailNote.h"
 
 #include <QByteArrayList>
+#include <algorithm>
 #include <cstring>
 #include <dirent.h>
 #include <memory>
@@ -13,17 +14,25 @@
 namespace torvane::Leftovers {
 
 namespace {
-bool isNote(QByteArrayView name) { return HiddenFile::isOfKind(HiddenFile::appendNote, name); }
-
 QByteArrayList candidates(const QByteArray& path) {
     QByteArrayList names;
     const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(path.constData()), closedir);
     if (!dir) return names;
     while (const dirent* entry = readdir(dir.get())) {
         const QByteArrayView name(entry->d_name, static_cast<qsizetype>(std::strlen(entry->d_name)));
-        if (isNote(name) || HiddenFile::isOfKind(HiddenFile::replacement, name)) names << name.toByteArray();
+        if (TailNote::isName(name) || HiddenFile::isOfKind(HiddenFile::replacement, name))
+            names << name.toByteArray();
     }
     return names;
+}
+
+// Tries each: one that can't be restored now must not keep the others from it.
+bool areRecovered(const Folder& folder, const std::optional<TailNote::Changes>& changes) {
+    if (!changes) return true;
+    const auto failed = std::count_if(changes->begin(), changes->end(), [&folder](const TailChange& change) {
+        return !TailNote::recover(folder, change);
+    });
+    return failed == 0;
 }
 
 void remove(const Folder& folder, const QByteArray& name) {
@@ -32,10 +41,7 @@ void remove(const Folder& folder, const QByteArray& name) {
     if (!file.isOpen() || !S_ISREG(infoOf(file).st_mode)) return;
     // A run that is still alive holds a lock on its files.
     if (flock(file.number(), LOCK_EX | LOCK_NB) != 0) return;
-    if (isNote(name)) {
-        const auto note = AppendNote::read(file);
-        if (note && !AppendNote::recover(folder, *note)) return;
-    }
+    if (TailNote::isName(name) && !areRecovered(folder, TailNote::read(file, name))) return;
     folder.unlink(name);
 }
 } // namespace

@@ -2,7 +2,6 @@
 // Replacing, copying and appending. Change, which also detects other programs' changes, is in
 // SafeFileChange.cpp.
 #include "SafeFile.h"
-#include "AppendNote.h"
 #include "Arrival.h"
 #include "FileRights.h"
 #include "Lease.h"
@@ -25,9 +24,9 @@ void requireLength(const Handle& file, qint64 expected) {
 
 // Removes what was written. It need not begin at the old end: another program may have changed the length
 // just before.
-bool undoWrite(const Handle& file, AppendNote::Content content, qsizetype written) {
-    if (written > 0) content.length = lseek(file.number(), 0, SEEK_CUR) - written;
-    return AppendNote::cutBack(file, content);
+bool undoWrite(const Handle& file, TailChange change, qsizetype written) {
+    if (written > 0) change.start = lseek(file.number(), 0, SEEK_CUR) - written;
+    return TailNote::restore(file, change);
 }
 
 // A program that is still writing the file would overwrite the line. Writers can only be detected before the
@@ -43,7 +42,7 @@ Handle openedAlone(const std::function<Handle(int)>& openAs) {
 }
 
 bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>& bytesAt,
-              const std::function<bool(const Handle&)>& isWanted) {
+              const std::function<bool(const Handle&)>& isWanted, const Afterwards& afterwards) {
     const Place place = placeOf(target);
     const Folder folder(place.folder);
     const auto openAs = [&](int flags) {
@@ -54,19 +53,20 @@ bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>&
     const Handle file = openedAlone(openAs);
     const struct stat info = infoOf(file);
     if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    const AppendNote::Content content{place.name, info.st_size, bytesAt(info.st_size)};
-    requireLength(file, content.length);
+    const TailChange change{place.name, info.st_ino, info.st_size, {}, bytesAt(info.st_size)};
+    requireLength(file, change.start);
     if (isWanted && !isWanted(file)) return false;
-    AppendNote note(folder, content);
-    QByteArrayView rest = content.bytes;
+    TailNote note(folder, {change});
+    QByteArrayView rest = change.after;
     try {
         writeAll(file, rest);
         if (uninterrupted([&] { return fsync(file.number()); }) != 0) failWithErrno();
-        requireLength(file, content.length + content.bytes.size());
+        requireLength(file, change.start + change.after.size());
     } catch (const RuntimeFailure&) {
-        if (!undoWrite(file, content, content.bytes.size() - rest.size())) note.leave();
+        if (!undoWrite(file, change, change.after.size() - rest.size())) note.leave();
         throw;
     }
+    if (afterwards) afterwards(file);
     return true;
 }
 } // namespace
@@ -92,8 +92,8 @@ void copy(const QString& sourcePath, const QString& targetPath) {
 }
 
 bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesAt,
-            const std::function<bool(const Handle&)>& isWanted) {
-    return aboutFile(path, [&] { return appendTo(Paths::real(path), bytesAt, isWanted); });
+            const std::function<bool(const Handle&)>& isWanted, const Afterwards& afterwards) {
+    return aboutFile(path, [&] { return appendTo(Paths::real(path), bytesAt, isWanted, afterwards); });
 }
 
 } // namespace torvane::SafeFile

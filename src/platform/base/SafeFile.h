@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The only functions through which the program changes files. At any moment, after any failure or power cut,
 // a file is completely the old one or the new one: new content is written to a hidden file in the same
-// folder, synced, and renamed over the old one; then the folder is synced. A line is appended to a file in
-// one call and synced, with a note beside the file from which Leftovers can undo half a line.
+// folder, synced, and renamed over the old one; then the folder is synced. The end of a file is changed in
+// place and synced, with a note beside the file from which Leftovers can restore the old end.
 //
 // A file that is replaced keeps its mode, its owner as far as the system allows (otherwise it belongs to the
 // user who saved it) and its group (otherwise the group gets the permissions of all others); its modification
@@ -12,7 +12,7 @@
 // Failures name the file: the target of a copy, unless the source is at fault. Failures of a Change do not.
 #pragma once
 
-#include "HiddenFile.h"
+#include "TailNote.h"
 
 #include <QString>
 #include <functional>
@@ -28,20 +28,29 @@ void replace(const QString& path, const QByteArray& bytes);
 /// source changes meanwhile.
 void copy(const QString& source, const QString& target);
 
+/// What remains to be done with a file once it has been changed in place, while no other program can open it
+/// (as far as leases are available). Must not fail.
+using Afterwards = std::function<void(const Handle&)>;
+
 /// Appends bytes to an existing file. `bytesAt` makes them from the old length, in bytes. On a failure the
 /// file is cut back to that length, unless another program has appended to it, too. Fails with
 /// permissionDenied while another program has the file open for writing. `isWanted` checks the file once no
 /// other program can open it any more (as far as leases are available and no reader holds it open): if it
 /// returns false, nothing is appended, and the result is false.
+/// `afterwards` is called with the changed file.
 bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesAt,
-            const std::function<bool(const Handle&)>& isWanted = {});
+            const std::function<bool(const Handle&)>& isWanted = {}, const Afterwards& afterwards = {});
 
 /// A change of one file, from reading it to replacing it. What another program does to the file meanwhile
 /// (write to it, rename, remove or replace it) is never overwritten unnoticed: the change fails with
 /// permissionDenied, as it does at once if another program has the file open for writing.
 class Change {
 public:
-    explicit Change(const QString& path);
+    /// Which part of the file is going to be changed. For a change of the end alone, other programs are kept
+    /// from opening the file, as far as leases are available and none has it open already.
+    enum class Part { any, end };
+
+    explicit Change(const QString& path, Part part = Part::any);
     Change(const Change&) = delete;
     Change& operator=(const Change&) = delete;
 
@@ -59,8 +68,17 @@ public:
     /// The same, but keeps the first `kept` bytes of the file, which may be any number of gigabytes, before
     /// the pieces.
     void commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) const;
+    /// The same in place, at a cost that does not depend on the length of the file, and then `afterwards`. If
+    /// other programs can open the file, it has a second link, or more than 64 KiB change, it is replaced
+    /// instead, and `afterwards` is not called.
+    void commitEnd(qint64 kept, std::initializer_list<QByteArrayView> pieces,
+                   const Afterwards& afterwards = {}) const;
 
 private:
+    int openedAs(int flags) const;
+    void holdAlone();
+    bool isAtMostRead() const;
+    void changeEnd(const TailChange& change) const;
     bool isUntouched(const Folder& folder, const QByteArray& name) const;
     bool keepLink(const Folder& keeping, const QByteArray& name) const;
     void keepCopy(const Folder& keeping, const QByteArray& name) const;
@@ -72,7 +90,7 @@ private:
     Folder m_folder;
     Handle m_file;
     struct stat m_before {};
-    bool m_hasLease = false;
+    int m_lease = F_UNLCK; // its kind; F_UNLCK for none
 };
 
 } // namespace torvane::SafeFile

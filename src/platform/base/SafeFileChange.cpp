@@ -29,14 +29,12 @@ void nameKept(const Folder& keeping, HiddenFile& kept, const QByteArray& name) {
 }
 } // namespace
 
-Change::Change(const QString& path)
+Change::Change(const QString& path, Part part)
     : m_path(Paths::real(path)), m_place(placeOf(m_path)), m_folder(m_place.folder) {
     FileRights::refuseUnlessWritable(m_path);
-    m_file = opened(uninterrupted([this] {
-        return openat(m_folder.number(), m_place.name.constData(),
-                      O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
-    }));
-    m_hasLease = takeLease(m_file);
+    m_file = opened(openedAs(O_RDONLY));
+    m_lease = takeLease(m_file) ? F_RDLCK : F_UNLCK;
+    if (part == Part::end && m_lease == F_RDLCK) holdAlone();
     m_before = infoOf(m_file);
     if (!S_ISREG(m_before.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     // The file will have a hidden name for a moment: the lock keeps other runs of the program from sweeping
@@ -44,8 +42,35 @@ Change::Change(const QString& path)
     flock(m_file.number(), LOCK_SH | LOCK_NB);
 }
 
+int Change::openedAs(int flags) const {
+    return uninterrupted([this, flags] {
+        return openat(m_folder.number(), m_place.name.constData(),
+                      flags | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
+    });
+}
+
+// Only who has a file open alone can keep all others from opening it.
+void Change::holdAlone() {
+    m_file = Handle();
+    m_file = Handle(openedAs(O_RDWR));
+    if (m_file.isOpen() && holdUpOthers(m_file)) {
+        m_lease = F_WRLCK;
+        return;
+    }
+    m_file = Handle();
+    m_file = opened(openedAs(O_RDONLY));
+    m_lease = takeLease(m_file) ? F_RDLCK : F_UNLCK;
+}
+
+// Whether no other program has opened the file for writing, or is waiting to. One that waits to read leaves a
+// lease for reading of one for writing.
+bool Change::isAtMostRead() const {
+    const int lease = fcntl(m_file.number(), F_GETLEASE);
+    return lease == m_lease || lease == F_RDLCK;
+}
+
 bool Change::isUntouched(const Folder& folder, const QByteArray& name) const {
-    if (m_hasLease && fcntl(m_file.number(), F_GETLEASE) != F_RDLCK) return false;
+    if (m_lease != F_UNLCK && !isAtMostRead()) return false;
     struct stat now {};
     return folder.stat(name, now) && isSameState(now, m_before);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Leftovers of a killed run are removed from a folder, and nothing else is.
 #include "platform/base/Leftovers.h"
-#include "platform/base/AppendNote.h"
+#include "platform/base/TailNote.h"
 #include "support/FileFixture.h"
 #include "support/OtherProgram.h"
 #include "support/TestMain.h"
@@ -13,17 +13,17 @@ const QByteArray rom = "rom bytes";
 const QByteArray line("ID3TAG\xA7"
                       "a\xA7"
                       "b\xA7\r\n");
-const AppendNote::Content game{"a.gb", rom.size(), line};
+const TailChange game{"a.gb", 0, rom.size(), {}, line};
 } // namespace
 
 class LeftoversTest : public FileFixture {
     Q_OBJECT
 
     // A note as a killed run leaves it.
-    QString leaveNote(const AppendNote::Content& content = game) const {
+    QString leaveNote(const TailNote::Changes& changes = {game}) const {
         const QStringList before = folder->entries();
         const Folder open(folder->native("."));
-        { AppendNote(open, content).leave(); }
+        { TailNote(open, changes).leave(); }
         for (const QString& name : folder->entries()) {
             if (!before.contains(name)) return name;
         }
@@ -34,13 +34,13 @@ class LeftoversTest : public FileFixture {
 private slots:
     void init() { renewFolder(); }
 
-    void hidden_files_of_both_kinds_are_removed_data() {
+    void hidden_files_of_all_kinds_are_removed_data() {
         QTest::addColumn<QString>("name");
         for (const char* name : {".torvane-abcdef", ".torvane-zzzzzz", ".torvane-a0b1c9", ".torvane-012345",
-                                 ".torvane-append", ".torvane-append-abcdef", ".torvane-append-000000"})
+                                 ".torvane-append", ".torvane-append-abcdef", ".torvane-tail-000000"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
-    void hidden_files_of_both_kinds_are_removed() {
+    void hidden_files_of_all_kinds_are_removed() {
         QFETCH(QString, name);
         folder->write(name, "content");
         write("a.gb", rom);
@@ -70,6 +70,10 @@ private slots:
                                  ".torvane-append-abcdefg",
                                  ".torvane-append-ABCDEF",
                                  ".torvane-appendabcdef",
+                                 ".torvane-tail-",
+                                 ".torvane-tail-abc",
+                                 ".torvane-tail-abcdefg",
+                                 ".torvane-tailabcdef",
                                  ".torvane_abcdef",
                                  ".hidden",
                                  ".directory",
@@ -133,7 +137,8 @@ private slots:
     void files_of_a_living_run_stay_and_those_of_a_killed_one_are_removed_data() {
         QTest::addColumn<QByteArray>("kind");
         QTest::newRow("replacement") << HiddenFile::replacement;
-        QTest::newRow("note") << HiddenFile::appendNote;
+        QTest::newRow("note") << HiddenFile::tailNote;
+        QTest::newRow("note of an earlier version") << HiddenFile::appendNote;
     }
     void files_of_a_living_run_stay_and_those_of_a_killed_one_are_removed() {
         QFETCH(QByteArray, kind);
@@ -152,7 +157,7 @@ private slots:
     void an_append_that_is_under_way_is_not_disturbed() {
         write("a.gb", rom);
         const Folder open(folder->native("."));
-        const AppendNote note(open, game);
+        const TailNote note(open, {game});
         write("a.gb", rom + line.first(4));
         sweep();
         QCOMPARE(read("a.gb"), rom + line.first(4));
@@ -186,6 +191,20 @@ private slots:
             expectNames({QStringLiteral("a.gb")});
         }
     }
+    void one_note_restores_the_ends_of_several_files() {
+        write("a.gb", rom + line.first(3));
+        write("b.gb", rom + line.first(3) + " old end");
+        write("c.gb", rom + line);
+        leaveNote({game,
+                   {"gone.gb", 0, rom.size(), {}, line},
+                   {"b.gb", 0, rom.size(), "the old end", line},
+                   {"c.gb", 0, rom.size(), "the old end", line}});
+        sweep();
+        QCOMPARE(read("a.gb"), rom);
+        QCOMPARE(read("b.gb"), rom + "the old end");
+        QCOMPARE(read("c.gb"), rom + line);
+        expectNames({QStringLiteral("a.gb"), QStringLiteral("b.gb"), QStringLiteral("c.gb")});
+    }
     void a_damaged_note_changes_nothing_and_is_removed() {
         const QByteArray half = rom + line.first(3);
         write("a.gb", half);
@@ -196,7 +215,7 @@ private slots:
         for (qsizetype i = 0; i < whole.size(); ++i) {
             QByteArray damaged = whole;
             damaged[i] = static_cast<char>(~damaged[i]);
-            write(".torvane-append-abcdef", damaged);
+            write(".torvane-tail-abcdef", damaged);
             sweep();
             QCOMPARE(read("a.gb"), half);
             expectNames({QStringLiteral("a.gb")});
@@ -205,9 +224,9 @@ private slots:
     void a_note_on_a_path_or_a_missing_file_changes_nothing_and_is_removed() {
         const QByteArray half = rom + line.first(3);
         write("sub/a.gb", half);
-        leaveNote({"sub/a.gb", rom.size(), line});
-        leaveNote({"../a.gb", rom.size(), line});
-        leaveNote({"gone.gb", rom.size(), line});
+        leaveNote({{"sub/a.gb", 0, rom.size(), {}, line}});
+        leaveNote({{"../a.gb", 0, rom.size(), {}, line}});
+        leaveNote({{"gone.gb", 0, rom.size(), {}, line}});
         QCOMPARE(folder->entries().size(), 4);
         sweep();
         QCOMPARE(read("sub/a.gb"), half);
@@ -217,8 +236,8 @@ private slots:
         write("a.gb", rom + line.first(3));
         write("b.gb", rom + line);
         leaveNote();
-        leaveNote({"b.gb", rom.size(), line});
-        write(".torvane-append-abcdef", "damaged");
+        leaveNote({{"b.gb", 0, rom.size(), {}, line}});
+        write(".torvane-tail-abcdef", "damaged");
         sweep();
         QCOMPARE(read("a.gb"), rom);
         QCOMPARE(read("b.gb"), rom + line);
