@@ -68,17 +68,29 @@ public:
     /// The same, but keeps the first `kept` bytes of the file, which may be any number of gigabytes, before
     /// the pieces.
     void commit(qint64 kept, std::initializer_list<QByteArrayView> pieces) const;
-    /// The same in place, at a cost that does not depend on the length of the file, and then `afterwards`. If
-    /// other programs can open the file, it has a second link, or more than 64 KiB change, it is replaced
-    /// instead, and `afterwards` is not called.
+    /// The same in place, at a cost that does not depend on the length of the file, and then `afterwards`.
+    /// Where that is impossible (see `canChangeEnd`), the file is replaced, and `afterwards` is not called.
     void commitEnd(qint64 kept, std::initializer_list<QByteArrayView> pieces,
                    const Afterwards& afterwards = {}) const;
+
+    /// How many bytes at the end of a file, old or new, are changed in place at most.
+    static constexpr qint64 largestEnd = 64 << 10;
+    /// Whether all bytes but the first `kept` ones can be replaced in place by so many others: not if other
+    /// programs can open the file, if it has a second link, or if more than `largestEnd` change.
+    bool canChangeEnd(qint64 kept, qint64 count) const;
+    /// That change, for a note. Fails if the name leads to another file by now.
+    TailChange endChange(qint64 kept, const QByteArray& bytes) const;
+    /// Makes it, without a sync.
+    void writeEnd(const TailChange& change) const;
+    /// Syncs the content; an error is a failure.
+    void sync() const;
+    /// The folder of the file, after following all symbolic links.
+    const Folder& folder() const { return m_folder; }
 
 private:
     int openedAs(int flags) const;
     void holdAlone();
     bool isAtMostRead() const;
-    void changeEnd(const TailChange& change) const;
     bool isUntouched(const Folder& folder, const QByteArray& name) const;
     bool keepLink(const Folder& keeping, const QByteArray& name) const;
     void keepCopy(const Folder& keeping, const QByteArray& name) const;

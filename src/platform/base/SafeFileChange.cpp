@@ -86,7 +86,7 @@ void Change::keepBackup(const QString& folderPath, const QByteArray& name) const
 // False if no link can be made.
 bool Change::keepLink(const Folder& keeping, const QByteArray& name) const {
     // What another program has just written may not be synced yet, and nobody else will sync it.
-    if (uninterrupted([this] { return fsync(m_file.number()); }) != 0) failWithErrno();
+    sync();
     HiddenFile kept(keeping, HiddenFile::replacement);
     keeping.unlink(kept.name());
     const int linked = uninterrupted([&] {

@@ -5,8 +5,6 @@
 namespace torvane::SafeFile {
 
 namespace {
-constexpr qint64 largestEnd = 64 << 10; // a note holds the old end and the new one
-
 QByteArray joined(std::initializer_list<QByteArrayView> pieces) {
     QByteArray bytes;
     for (const QByteArrayView piece : pieces) bytes.append(piece);
@@ -14,31 +12,44 @@ QByteArray joined(std::initializer_list<QByteArrayView> pieces) {
 }
 } // namespace
 
+bool Change::canChangeEnd(qint64 kept, qint64 count) const {
+    const bool isShort = m_before.st_size - kept <= largestEnd && count <= largestEnd;
+    return m_lease == F_WRLCK && isShort && infoOf(m_file).st_nlink == 1;
+}
+
+TailChange Change::endChange(qint64 kept, const QByteArray& bytes) const {
+    struct stat named {};
+    // Other programs can't open the file, but give its name to another one.
+    if (!m_folder.stat(m_place.name, named) || !isSameState(named, m_before)) failAsChanged();
+    return {m_place.name, m_before.st_ino, kept, readAt(kept, m_before.st_size - kept), bytes};
+}
+
+void Change::writeEnd(const TailChange& change) const {
+    if (lseek(m_file.number(), change.start, SEEK_SET) < 0) failWithErrno();
+    QByteArrayView rest = change.after;
+    writeAll(m_file, rest);
+    const qint64 end = change.start + change.after.size();
+    if (uninterrupted([&] { return ftruncate(m_file.number(), end); }) != 0) failWithErrno();
+}
+
+void Change::sync() const {
+    if (uninterrupted([this] { return fsync(m_file.number()); }) != 0) failWithErrno();
+}
+
 void Change::commitEnd(qint64 kept, std::initializer_list<QByteArrayView> pieces,
                        const Afterwards& afterwards) const {
     const QByteArray after = joined(pieces);
-    const bool isShort = m_before.st_size - kept <= largestEnd && after.size() <= largestEnd;
-    if (m_lease != F_WRLCK || !isShort || infoOf(m_file).st_nlink != 1) return commit(kept, pieces);
-    struct stat named {};
-    // Other programs can still give the name to another file.
-    if (!m_folder.stat(m_place.name, named) || !isSameState(named, m_before)) failAsChanged();
-    changeEnd({m_place.name, m_before.st_ino, kept, readAt(kept, m_before.st_size - kept), after});
-    if (afterwards) afterwards(m_file);
-}
-
-void Change::changeEnd(const TailChange& change) const {
+    if (!canChangeEnd(kept, after.size())) return commit(kept, pieces);
+    const TailChange change = endChange(kept, after);
     TailNote note(m_folder, {change});
     try {
-        if (lseek(m_file.number(), change.start, SEEK_SET) < 0) failWithErrno();
-        QByteArrayView rest = change.after;
-        writeAll(m_file, rest);
-        const qint64 end = change.start + change.after.size();
-        if (uninterrupted([&] { return ftruncate(m_file.number(), end); }) != 0) failWithErrno();
-        if (uninterrupted([&] { return fsync(m_file.number()); }) != 0) failWithErrno();
+        writeEnd(change);
+        sync();
     } catch (const RuntimeFailure&) {
         if (!TailNote::restore(m_file, change)) note.leave();
         throw;
     }
+    if (afterwards) afterwards(m_file);
 }
 
 } // namespace torvane::SafeFile
