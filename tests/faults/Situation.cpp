@@ -2,6 +2,7 @@
 // The operations and their initial files.
 #include "Situation.h"
 #include "TagBytes.h"
+#include "catalogue/TagEnds.h"
 #include "platform/base/SafeFile.h"
 #include "settings/GeneralOptions.h"
 #include "settings/LanguageFiles.h"
@@ -180,11 +181,46 @@ public:
         return made;
     }
 
+    Situation tagMany(const char* operation, int count) {
+        Situation made = common(operation, tagged(0));
+        made.details += ", " + std::to_string(count) + " games";
+        made.isBatch = true;
+        for (int i = 0; i < count; ++i) addTagged(made, i);
+        made.old = in(made.before, made.subject);
+        made.fresh = TagBytes::saved(*made.old);
+        made.end = m_size;
+        made.run = [&parts = m_parts, count] {
+            EndChanges changes({}, TagEnds::remember);
+            for (int i = 0; i < count; ++i) {
+                changes.add(parts.spelled(tagged(i)),
+                            [](const Handle& file) { return TagEnds::withTag(file, TagBytes::newFields()); });
+            }
+            for (const EndChanges::Result& result : changes.finish()) {
+                if (result.failure) throw RuntimeFailure(*result.failure);
+            }
+        };
+        return made;
+    }
+
 private:
     QString game() const { return m_parts.spelled(gameFile); }
 
     static std::string imported(const std::string& folder, int index) {
         return folder + "new" + std::to_string(index) + ".gb";
+    }
+
+    static std::string tagged(int index) { return "program/roms/many" + std::to_string(index) + ".gb"; }
+
+    void addTagged(Situation& made, int index) const {
+        const auto seed = static_cast<quint64>(40 + index);
+        FileState& game = made.before[tagged(index)] = {TagBytes::image(m_size, seed), withMode(0664)};
+        if (m_standing != Standing::none) game.bytes += TagBytes::line(m_size, "Old", oldLineLength());
+        if (index == 0) return;
+        const Content fresh = TagBytes::saved(game.bytes);
+        made.asides[tagged(index)] = {.meanwhile = {},
+                                      .afterNextStart = {game.bytes, fresh},
+                                      .whenDone = {fresh},
+                                      .isFreeMeanwhile = true};
     }
 
     void addImport(Situation& made, int index, bool deletesOriginals) const {
@@ -237,15 +273,16 @@ private:
         return isRoot ? Rights{mode, 1234, 2345} : Rights{mode, Rights().owner, Rights().group};
     }
 
+    qsizetype oldLineLength() const {
+        const qsizetype length = TagBytes::newLength(m_size);
+        return m_standing == Standing::shorter ? 0 : m_standing == Standing::longer ? length + 200 : length;
+    }
+
     Situation onGame(const char* operation) const {
         Situation made = common(operation, gameFile);
         FileState& file = made.before[gameFile];
         file.rights = withMode(0664);
-        const qsizetype length = TagBytes::newLength(m_size);
-        const qsizetype old = m_standing == Standing::shorter  ? 0
-                              : m_standing == Standing::longer ? length + 200
-                                                               : length;
-        if (m_standing != Standing::none) file.bytes += TagBytes::line(m_size, "Old", old);
+        if (m_standing != Standing::none) file.bytes += TagBytes::line(m_size, "Old", oldLineLength());
         made.old = file.bytes;
         return made;
     }
@@ -319,13 +356,14 @@ std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsize
     return all;
 }
 
-std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
+std::vector<Situation> batches(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
                                const Standings& standings, bool isLarge) {
     std::vector<Situation> all;
     for (const Standing standing : standings) {
         Maker make(workshop, parts, imageSize, standing);
         all.push_back(make.import("games into the library", isLarge ? 9 : 3, false));
         all.push_back(make.import("games, originals deleted", isLarge ? 9 : 3, true));
+        all.push_back(make.tagMany("tags of several games", isLarge ? 9 : 3));
     }
     return all;
 }

@@ -71,9 +71,10 @@ bool isOnSmallFile(const std::string& operation);
 std::vector<Situation> situations(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
                                   const Standings& standings);
 
-/// The assistant's copies of several games of that size at once, with and without deleting the originals.
+/// What is done to several games of that size at once: the assistant's copies, with and without deleting the
+/// originals, and tags.
 /// `isLarge` uses so many games that they share one sync of the whole file system.
-std::vector<Situation> imports(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
+std::vector<Situation> batches(Workshop& workshop, ProgramParts& parts, qsizetype imageSize,
                                const Standings& standings, bool isLarge);
 
 } // namespace torvane::faults

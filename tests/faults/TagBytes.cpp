@@ -46,6 +46,8 @@ QByteArray line(qsizetype size, const QByteArray& lineCompany, qsizetype length)
 
 QByteArray newLine(qsizetype size) { return built({company, title, date, info, QByteArray::number(size)}); }
 
+TagLine::Fields newFields() { return {company, title, date, info, {}}; }
+
 qsizetype newLength(qsizetype size) { return newLine(size).size(); }
 
 std::optional<QByteArray> stripped(const QByteArray& file) {

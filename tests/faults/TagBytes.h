@@ -2,6 +2,8 @@
 // What the tag operations must make of a file's bytes, worked out independently of the program's code.
 #pragma once
 
+#include "catalogue/TagLine.h"
+
 #include <QByteArray>
 #include <optional>
 
@@ -13,6 +15,8 @@ QByteArray image(qsizetype size, quint64 seed);
 QByteArray line(qsizetype size, const QByteArray& company, qsizetype length);
 /// The line that the operations append to a file or an image of this size.
 QByteArray newLine(qsizetype size);
+/// The fields of that line, without its size.
+TagLine::Fields newFields();
 /// The length of a new line for this size.
 qsizetype newLength(qsizetype size);
 

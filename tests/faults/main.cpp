@@ -44,8 +44,8 @@ private:
     std::vector<Situation> situations(qsizetype size, const Standings& standings) {
         return chosen(faults::situations(m_workshop, m_parts, size, standings));
     }
-    std::vector<Situation> imports(qsizetype size, const Standings& standings, bool isLarge) {
-        return chosen(faults::imports(m_workshop, m_parts, size, standings, isLarge));
+    std::vector<Situation> batches(qsizetype size, const Standings& standings, bool isLarge) {
+        return chosen(faults::batches(m_workshop, m_parts, size, standings, isLarge));
     }
     std::vector<Situation> homes(const Standings& standings, bool isLarge) {
         return chosen(faults::homes(m_workshop, standings, isLarge));
@@ -59,14 +59,14 @@ private:
     void calls() {
         Runner runner(m_workshop, m_tally);
         strikeAll(runner, 32 * kibibyte, m_isLong ? everyStanding : extremes);
-        strikeImports(runner, 4 * kibibyte, m_isLong ? everyStanding : extremes, false);
-        strikeImports(runner, 4 * kibibyte, m_isLong ? extremes : onlyLonger, true);
+        strikeBatches(runner, 4 * kibibyte, m_isLong ? everyStanding : extremes, false);
+        strikeBatches(runner, 4 * kibibyte, m_isLong ? extremes : onlyLonger, true);
         strikeHomes(runner, m_isLong ? everyStanding : extremes, false);
         if (m_isLong) strikeHomes(runner, extremes, true);
         strikeTwo(runner);
         strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, m_isLong ? everyStanding : onlyLonger);
         if (!m_isLong) return;
-        strikeImports(runner, 8 * mebibyte, extremes, false);
+        strikeBatches(runner, 8 * mebibyte, extremes, false);
         strikeAll(runner, 32 * mebibyte, everyStanding);
     }
 
@@ -79,8 +79,8 @@ private:
         }
     }
 
-    void strikeImports(Runner& runner, qsizetype size, const Standings& standings, bool isLarge) {
-        for (const Situation& situation : imports(size, standings, isLarge)) {
+    void strikeBatches(Runner& runner, qsizetype size, const Standings& standings, bool isLarge) {
+        for (const Situation& situation : batches(size, standings, isLarge)) {
             runner.run(situation, {});
             strikeEveryCall(runner, situation, !m_isLong);
         }
@@ -105,12 +105,12 @@ private:
         const qsizetype uneven = 4 * kibibyte + 300; // so that an appended line crosses more disk blocks
         failPowerIn(situations(uneven, everyStanding), m_isLong);
         failPowerIn(situations(32 * kibibyte, m_isLong ? everyStanding : onlyLonger), false);
-        failPowerIn(imports(kibibyte, m_isLong ? everyStanding : extremes, false), false);
+        failPowerIn(batches(kibibyte, m_isLong ? everyStanding : extremes, false), false);
         failPowerIn(homes(m_isLong ? everyStanding : extremes, false), m_isLong);
         if (!m_isLong) return;
         failPowerIn(homes(extremes, true), false);
         failPowerIn(situations(4 * kibibyte, everyStanding), false);
-        failPowerIn(imports(kibibyte, extremes, true), false);
+        failPowerIn(batches(kibibyte, extremes, true), false);
     }
 
     void failPowerIn(const std::vector<Situation>& all, bool alsoAfterFaults) {
@@ -124,7 +124,7 @@ private:
         auto all = situations(32 * kibibyte, extremes);
         for (const Situation& one : situations(8 * mebibyte, extremes)) all.push_back(one);
         for (const bool isLarge : {false, true}) {
-            const auto games = imports(32 * kibibyte, extremes, isLarge);
+            const auto games = batches(32 * kibibyte, extremes, isLarge);
             all.insert(all.end(), games.begin(), games.end());
             const auto trees = homes(extremes, isLarge);
             all.insert(all.end(), trees.begin(), trees.end());
