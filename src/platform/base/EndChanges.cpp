@@ -2,6 +2,7 @@
 // Batches of files, their notes and their syncs.
 #include "EndChanges.h"
 #include "Arrival.h"
+#include "Parallel.h"
 #include "Paths.h"
 
 #include <algorithm>
@@ -11,12 +12,11 @@
 namespace torvane {
 
 void EndChanges::add(const QString& path, const Decide& decide) {
+    struct stat info {};
+    // What this batch keeps others from opening, it can't open a second time.
+    if (stat(Paths::real(path).constData(), &info) == 0 && isWaiting(info)) place();
     m_results.push_back({path, {}, false, {}});
-    try {
-        aboutFile(path, [&] { addOne(path, decide); });
-    } catch (const RuntimeFailure& failure) {
-        m_results.back().failure = failure;
-    }
+    m_waiting.push_back({m_results.size() - 1, info, decide});
     if (m_waiting.size() == Arrival::largestBatch) place();
 }
 
@@ -30,46 +30,61 @@ bool EndChanges::isWaiting(const struct stat& info) const {
                        [&](const Waiting& one) { return isSameFile(one.info, info); });
 }
 
-void EndChanges::addOne(const QString& path, const Decide& decide) {
-    struct stat info {};
-    // What this batch keeps others from opening, it can't open itself.
-    if (stat(Paths::real(path).constData(), &info) == 0 && isWaiting(info)) place();
-    auto file = std::make_unique<SafeFile::Change>(path, SafeFile::Change::Part::end);
-    const std::optional<End> end = decide(file->file());
-    if (!end) return;
-    const qint64 replaced = file->length() - end->kept;
-    if (std::max<qint64>(replaced, end->bytes.size()) > SafeFile::Change::largestEnd) {
-        throw RuntimeFailure(RuntimeFailure::invalidCall);
+// Runs on any thread.
+void EndChanges::prepare(Waiting& one) {
+    Result& result = m_results[one.result];
+    try {
+        aboutFile(result.path, [&] {
+            one.file = std::make_unique<SafeFile::Change>(result.path, SafeFile::Change::Part::end);
+            one.end = one.decide(one.file->file());
+            if (!one.end) return;
+            const qint64 replaced = one.file->length() - one.end->kept;
+            if (std::max<qint64>(replaced, one.end->bytes.size()) > SafeFile::Change::largestEnd) {
+                throw RuntimeFailure(RuntimeFailure::invalidCall);
+            }
+            result.change = one.file->endChange(one.end->kept, one.end->bytes);
+        });
+    } catch (const RuntimeFailure& failure) {
+        result.failure = failure;
     }
-    Result& result = m_results.back();
-    result.change = file->endChange(end->kept, end->bytes);
-    if (!file->canChangeEnd(end->kept, end->bytes.size())) return replace(*file, *end);
-    const struct stat held = infoOf(file->file());
-    m_waiting.push_back({m_results.size() - 1, std::move(file), held});
-}
-
-// Where a file can't be changed in place, it is replaced by itself.
-void EndChanges::replace(const SafeFile::Change& file, const End& end) {
-    if (m_aboutToWrite) m_aboutToWrite({m_results.back()});
-    file.commit(end.kept, {end.bytes});
-    m_results.back().isDone = true;
 }
 
 void EndChanges::place() {
+    inParallel(m_waiting.size(), [this](size_t index) { prepare(m_waiting[index]); });
+    replaceOthers();
     announce();
     {
         const Notes notes = takeNotes();
-        forEach([this](const Waiting& one) { one.file->writeEnd(m_results[one.result].change); });
+        forEach([this](const Waiting& one) {
+            const TailChange& change = m_results[one.result].change;
+            one.file->writeEnd(change);
+            if (m_afterwards) m_afterwards(one.file->file(), change);
+        });
         sync();
         if (!restoreWhatFailed()) {
             for (const auto& note : notes) note->leave();
         }
-        forEach([this](const Waiting& one) {
-            m_results[one.result].isDone = true;
-            if (m_afterwards) m_afterwards(one.file->file(), m_results[one.result].change);
-        });
+        forEach([this](const Waiting& one) { m_results[one.result].isDone = true; });
     }
     m_waiting.clear();
+}
+
+// What is to stay waits no longer; neither does what can't be changed in place: it is replaced now.
+void EndChanges::replaceOthers() {
+    forEach([this](const Waiting& one) {
+        if (one.end && !one.file->canChangeEnd(one.end->kept, one.end->bytes.size())) replace(one);
+    });
+    std::erase_if(m_waiting, [this](const Waiting& one) {
+        const Result& result = m_results[one.result];
+        return !one.end || result.isDone || result.failure;
+    });
+}
+
+void EndChanges::replace(const Waiting& one) {
+    Result& result = m_results[one.result];
+    if (m_aboutToWrite) m_aboutToWrite({result});
+    one.file->commit(one.end->kept, {one.end->bytes});
+    result.isDone = true;
 }
 
 void EndChanges::forEach(const std::function<void(const Waiting&)>& action) {

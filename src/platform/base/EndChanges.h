@@ -17,7 +17,8 @@ public:
         qint64 kept = 0;
         QByteArray bytes;
     };
-    /// Looks at an open file and gives its new end, or nothing if it is to stay as it is. May fail.
+    /// Looks at an open file and gives its new end, or nothing if it is to stay as it is. May fail. Is called
+    /// on any thread, at the same time for several files.
     using Decide = std::function<std::optional<End>(const Handle&)>;
     /// What became of a file.
     struct Result {
@@ -27,7 +28,7 @@ public:
         std::optional<RuntimeFailure> failure; ///< none if the file was to stay as it is
     };
     using Results = std::vector<Result>;
-    /// What remains to be done with a file that was changed in place. Must not fail.
+    /// What else is to be done with a file that was changed in place, before it is synced. Must not fail.
     using Afterwards = std::function<void(const Handle&, const TailChange&)>;
 
     /// `aboutToWrite` gets the changes that are going to be made next; if it fails, they fail. `afterwards`
@@ -35,9 +36,8 @@ public:
     explicit EndChanges(std::function<void(const Results&)> aboutToWrite = {}, Afterwards afterwards = {})
         : m_aboutToWrite(std::move(aboutToWrite)), m_afterwards(std::move(afterwards)) {}
 
-    /// Changes a file at once, or with others until `finish` at the latest: until then no other program can
-    /// open it. Never fails. An end of more than SafeFile::Change::largestEnd, old or new, is refused with
-    /// invalidCall.
+    /// Changes a file, with up to 127 others, until `finish` at the latest. Never fails. An end of more than
+    /// SafeFile::Change::largestEnd, old or new, is refused with invalidCall.
     void add(const QString& path, const Decide& decide);
     /// Completes all changes. Returns the results of all files that were added, in their order, and forgets
     /// them.
@@ -46,15 +46,18 @@ public:
 private:
     struct Waiting {
         size_t result; // the index of its result
-        std::unique_ptr<SafeFile::Change> file;
         struct stat info;
+        Decide decide;
+        std::unique_ptr<SafeFile::Change> file = {}; // open from `prepare` on
+        std::optional<End> end = {};
     };
     using Notes = std::vector<std::unique_ptr<TailNote>>;
 
-    void addOne(const QString& path, const Decide& decide);
     bool isWaiting(const struct stat& info) const;
-    void replace(const SafeFile::Change& file, const End& end);
+    void prepare(Waiting& one);
     void place();
+    void replaceOthers();
+    void replace(const Waiting& one);
     void announce();
     Notes takeNotes();
     bool areOnOneDisk() const;

@@ -60,13 +60,13 @@ bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>&
     QByteArrayView rest = change.after;
     try {
         writeAll(file, rest);
+        if (afterwards) afterwards(file);
         if (uninterrupted([&] { return fsync(file.number()); }) != 0) failWithErrno();
         requireLength(file, change.start + change.after.size());
     } catch (const RuntimeFailure&) {
         if (!undoWrite(file, change, change.after.size() - rest.size())) note.leave();
         throw;
     }
-    if (afterwards) afterwards(file);
     return true;
 }
 } // namespace

@@ -28,8 +28,7 @@ void replace(const QString& path, const QByteArray& bytes);
 /// source changes meanwhile.
 void copy(const QString& source, const QString& target);
 
-/// What remains to be done with a file once it has been changed in place, while no other program can open it
-/// (as far as leases are available). Must not fail.
+/// What else is to be done with a file that was changed in place, before it is synced. Must not fail.
 using Afterwards = std::function<void(const Handle&)>;
 
 /// Appends bytes to an existing file. `bytesAt` makes them from the old length, in bytes. On a failure the

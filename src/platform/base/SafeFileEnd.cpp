@@ -28,6 +28,7 @@ void Change::writeEnd(const TailChange& change) const {
     if (lseek(m_file.number(), change.start, SEEK_SET) < 0) failWithErrno();
     QByteArrayView rest = change.after;
     writeAll(m_file, rest);
+    if (change.after.size() >= change.before.size()) return;
     const qint64 end = change.start + change.after.size();
     if (uninterrupted([&] { return ftruncate(m_file.number(), end); }) != 0) failWithErrno();
 }
@@ -44,12 +45,12 @@ void Change::commitEnd(qint64 kept, std::initializer_list<QByteArrayView> pieces
     TailNote note(m_folder, {change});
     try {
         writeEnd(change);
+        if (afterwards) afterwards(m_file);
         sync();
     } catch (const RuntimeFailure&) {
         if (!TailNote::restore(m_file, change)) note.leave();
         throw;
     }
-    if (afterwards) afterwards(m_file);
 }
 
 } // namespace torvane::SafeFile
