@@ -19,13 +19,13 @@ QByteArray ClearCommand::faultOf(const Arguments& given) const {
 }
 
 void ClearCommand::run(const Arguments& given, Session& session) {
-    TagEdits edits(ChangeRows::modeOf(given), session.reports());
+    TagEdits edits(ChangeRows::modeOf(given), session);
     ChangeRows rows(given, session.output());
     const auto clear = [&](const GameFile& game) {
         const QByteArray fault = faultOfWriting(game.name);
         if (!fault.isEmpty()) return session.reports().fault(game.name, fault);
         const TagEdits::State state = edits.stateOf(game);
-        if (!edits.hasTag(game)) return;
+        if (!state.tag && !edits.hasTag(game)) return;
         const TagEdit edit{game, std::nullopt};
         rows.add(edit, state);
         edits.add(edit);

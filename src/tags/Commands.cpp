@@ -6,6 +6,7 @@
 #include "ListCommand.h"
 #include "SetCommand.h"
 #include "ShowCommand.h"
+#include "UndoCommand.h"
 
 #include <algorithm>
 
@@ -23,6 +24,7 @@ const std::vector<CommandEntry> table = {
     {"set", "give games a tag, or other texts in it", make<SetCommand>},
     {"clear", "remove the tags of games", make<ClearCommand>},
     {"copy-tags", "give games the tags of others", make<CopyTagsCommand>},
+    {"undo", "take back what the last command has changed", make<UndoCommand>},
 };
 } // namespace
 

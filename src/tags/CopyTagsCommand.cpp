@@ -30,8 +30,7 @@ bool isSameTag(const TagLine::Fields& one, const TagLine::Fields& other) {
 class TagCopies {
 public:
     TagCopies(const Arguments& given, Session& session)
-        : m_session(session), m_edits(ChangeRows::modeOf(given), session.reports()),
-          m_rows(given, session.output()) {}
+        : m_session(session), m_edits(ChangeRows::modeOf(given), session), m_rows(given, session.output()) {}
 
     void copyAll(const GameFile& from, const GameFile& to) {
         const bool isFromFolder = isFolderAt(from.path);

@@ -23,6 +23,8 @@ public:
 
     /// The real path of the folder of games, whether it is there or not.
     const QByteArray& library();
+    /// The real path of the folder of backups in it.
+    QByteArray backups() { return library() + "/data/backup"; }
     /// The games that the operands name.
     GameFiles games(const QByteArrayList& operands);
     /// Whether the command has to end before its work is done: the user wants it to, or nobody gets its

@@ -59,7 +59,7 @@ QByteArray SetCommand::faultOf(const Arguments& given) const {
 }
 
 void SetCommand::run(const Arguments& given, Session& session) {
-    TagEdits edits(ChangeRows::modeOf(given), session.reports());
+    TagEdits edits(ChangeRows::modeOf(given), session);
     ChangeRows rows(given, session.output());
     Work work{session, edits, rows, CodePage1252::toBytes(TagInput::todayAsText())};
     const auto table = given.value("--from");

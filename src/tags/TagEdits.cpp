@@ -1,18 +1,50 @@
 // SPDX-License-Identifier: MIT
-// Reading before a change, and the change by the tag module.
+// Reading before a change, and changes in batches.
 #include "TagEdits.h"
-#include "Reports.h"
-#include "platform/base/CodePage1252.h"
+#include "Session.h"
+#include "catalogue/TagEnds.h"
+#include "catalogue/TagInFile.h"
+#include "platform/base/Arrival.h"
 #include "platform/base/File.h"
-#include "platform/base/Folder.h"
 #include "platform/base/Leftovers.h"
+#include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
+
+#include <algorithm>
 
 namespace torvane {
 
-TagEdits::TagEdits(Mode mode, Reports& reports) : m_mode(mode), m_reports(reports) {}
+namespace {
+bool isFolder(const QByteArray& path) {
+    struct stat info {};
+    return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::optional<EndChanges::End> endOf(const Handle& file, const std::optional<TagLine::Fields>& tag) {
+    return tag ? std::optional(TagEnds::withTag(file, *tag)) : TagEnds::withoutTag(file);
+}
+
+// The old end of a game that ends with the new one; nothing if it has the old end already.
+std::optional<EndChanges::End> oldEnd(const Handle& file, const UndoEntry& entry) {
+    const qint64 count = infoOf(file).st_size - entry.start;
+    const qint64 longest = std::max(entry.before.size(), entry.after.size());
+    const QByteArray found = count < 0 || count > longest ? QByteArray() : bytesOf(file, entry.start, count);
+    if (count == entry.after.size() && found == entry.after)
+        return EndChanges::End{entry.start, entry.before};
+    if (count == entry.before.size() && found == entry.before) return std::nullopt;
+    failAsChanged();
+}
+} // namespace
+
+TagEdits::TagEdits(Mode mode, Session& session)
+    : m_mode(mode), m_reports(session.reports()), m_undo(session.backups()),
+      m_canUndo(isFolder(session.library())),
+      m_changes([this](const EndChanges::Results& next) { keep(next); }, TagEnds::remember) {}
 
 TagEdits::State TagEdits::stateOf(const GameFile& game) {
+    const bool isWaiting = std::any_of(m_waiting.begin(), m_waiting.end(),
+                                       [&](const GameFile& one) { return one.path == game.path; });
+    if (isWaiting) finish();
     if (!isRehearsal()) sweepBeside(game.path);
     const File file = File::ofReal(game.path);
     const qint64 length = file.length();
@@ -25,25 +57,42 @@ void TagEdits::sweepBeside(const QByteArray& path) {
     if (m_swept.insert(folder).second) Leftovers::sweep(Paths::spelled(folder));
 }
 
-bool TagEdits::hasTag(const GameFile& game) const { return m_id3.HasRomTag(Paths::spelled(game.path)); }
-
-void TagEdits::add(const TagEdit& edit) {
-    if (isRehearsal()) return;
-    try {
-        write(edit);
-    } catch (const RuntimeFailure& failure) {
-        m_reports.fault(edit.game.name, failure);
-    }
+bool TagEdits::hasTag(const GameFile& game) const {
+    return TagInFile::hasMarker(File::ofReal(game.path).handle());
 }
 
-void TagEdits::write(const TagEdit& edit) {
-    const QString path = Paths::spelled(edit.game.path);
-    if (!edit.tag) return ID3::StripRomTag(path);
-    m_id3.NewTitle = CodePage1252::fromBytes(edit.tag->title);
-    m_id3.NewCompany = CodePage1252::fromBytes(edit.tag->company);
-    m_id3.NewDate = CodePage1252::fromBytes(edit.tag->date);
-    m_id3.NewInfo = CodePage1252::fromBytes(edit.tag->info);
-    m_id3.SaveRomTag(path, [] {});
+void TagEdits::add(const TagEdit& edit) {
+    change(edit.game, [tag = edit.tag](const Handle& file) { return endOf(file, tag); });
+}
+
+void TagEdits::putBack(const UndoEntry& entry) {
+    if (!isRehearsal()) sweepBeside(entry.path);
+    change({entry.path, entry.path}, [entry](const Handle& file) { return oldEnd(file, entry); });
+}
+
+void TagEdits::change(const GameFile& game, const EndChanges::Decide& decide) {
+    if (isRehearsal()) return;
+    m_waiting.push_back(game);
+    m_changes.add(Paths::spelled(game.path), decide);
+    if (m_waiting.size() == Arrival::largestBatch) finish();
+}
+
+void TagEdits::finish() {
+    const EndChanges::Results results = m_changes.finish();
+    for (size_t i = 0; i < results.size(); ++i) {
+        const auto& failure = results[i].failure;
+        if (!failure) continue;
+        // The file of the undo may be at fault.
+        const bool isOther = !failure->file().isEmpty() && failure->file() != results[i].path;
+        const QByteArray other = isOther ? ": " + NativeText::toNative(failure->file()) : QByteArray();
+        m_reports.fault(m_waiting[i].name + other, *failure);
+    }
+    m_waiting.clear();
+}
+
+// Games may be changed where there is no library to keep anything in.
+void TagEdits::keep(const EndChanges::Results& next) {
+    if (m_canUndo) m_undo.add(next);
 }
 
 } // namespace torvane

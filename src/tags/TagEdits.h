@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Changes of tags, one game after the other: the one place through which commands write to games. How the
-// bytes reach a file, and how many files share a sync, is decided here and below.
+// Changes of tags: the one place through which commands write to games. Many games share a sync, and what is
+// changed can be undone.
 #pragma once
 
 #include "GameFiles.h"
-#include "catalogue/ID3.h"
+#include "UndoFile.h"
 #include "catalogue/TagWindow.h"
 
 #include <set>
 
 namespace torvane {
+
+class Reports;
+class Session;
 
 /// What becomes of the tag of a game.
 struct TagEdit {
@@ -23,7 +26,7 @@ public:
         forReal,
         rehearsal ///< nothing is written, and nothing that a killed run has left is removed
     };
-    TagEdits(Mode mode, Reports& reports);
+    TagEdits(Mode mode, Session& session);
 
     /// What a selection sees of a game now.
     struct State {
@@ -37,28 +40,28 @@ public:
     /// read.
     bool hasTag(const GameFile& game) const;
 
-    /// Makes a change, at once or before the end of finish(). A failure is reported with the name of the
+    /// Makes a change, with others, before the end of finish(). A failure is reported with the name of the
     /// game, which then is as it was.
     void add(const TagEdit& edit);
+    /// Puts the old end of a game back in the same way, unless another program has changed it since. Nothing
+    /// if it is there already.
+    void putBack(const UndoEntry& entry);
     /// Ends all changes that were added.
-    void finish() {}
+    void finish();
 
     bool isRehearsal() const { return m_mode == Mode::rehearsal; }
 
 private:
-    // The tag module asks nothing when it saves or strips.
-    struct NoBoxes : MessageBoxes {
-        int MsgBox(const QString&, int, const QString&) override { return MsgBoxFlags::answerOk; }
-    };
     void sweepBeside(const QByteArray& path);
-    void write(const TagEdit& edit);
+    void change(const GameFile& game, const EndChanges::Decide& decide);
+    void keep(const EndChanges::Results& next);
 
     Mode m_mode;
     Reports& m_reports;
-    Globals m_globals;
-    LanguageTables m_language{m_globals};
-    NoBoxes m_boxes;
-    ID3 m_id3{m_globals, m_language, m_boxes};
+    UndoFile m_undo;
+    bool m_canUndo;
+    EndChanges m_changes;
+    std::vector<GameFile> m_waiting;
     std::set<QByteArray> m_swept; // folders
 };
 

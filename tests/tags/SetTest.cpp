@@ -143,7 +143,12 @@ private slots:
             const rlimit limit{2000, 2000};
             setrlimit(RLIMIT_FSIZE, &limit);
         };
-        refuses({"set", "--title=N", "a.gb"}, "a.gb: the disk is full");
+        const QStringList names = program->folder.entries();
+        const ProgramRun run = program->runHere({"set", "--title=N", "a.gb"});
+        QCOMPARE(run.errors, QByteArray("torvane-tags: a.gb: the disk is full\n"));
+        QCOMPARE(run.status, 1);
+        QCOMPARE(read("a.gb"), taggedGame("T"));
+        QCOMPARE(program->folder.entries(), names);
     }
     void what_a_killed_run_has_left_is_swept_before() {
         write(".torvane-abcdef", "half a copy");

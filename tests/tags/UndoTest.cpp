@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// The last run that wrote to games is undone, run as a user runs it.
+#include "TagsProgram.h"
+#include "support/Failing.h"
+#include "support/FolderTree.h"
+#include "support/TestMain.h"
+
+using namespace torvane;
+
+class UndoTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TagsProgram> program;
+
+    void write(const char* name, const QByteArray& bytes) const { program->folder.writeNative(name, bytes); }
+    QByteArray read(const char* name) const {
+        return bytesOfFile(program->folder.native(name).toStdString());
+    }
+    FolderTree games() const {
+        FolderTree all = treeOf(program->folder.path().toStdString());
+        for (const QByteArray& name : all.keys()) {
+            if (name.contains("roms/data")) all.remove(name);
+        }
+        return all;
+    }
+    void runWell(const QByteArrayList& arguments) const {
+        const ProgramRun run = program->runHere(arguments);
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.status, 0);
+    }
+
+private slots:
+    void init() {
+        program = std::make_unique<TagsProgram>();
+        write("a.gb", taggedGame("T"));
+        write("new.gbc", QByteArray(3000, 'n'));
+        write("home/roms/own.gba", taggedGame("Own"));
+    }
+
+    void every_command_is_undone_byte_for_byte_data() {
+        QTest::addColumn<QByteArrayList>("arguments");
+        QTest::newRow("set") << QByteArrayList{"set", "a.gb",      "new.gbc", "own.gba", "--title",
+                                               "N",   "--company", "C",       "--info",  "I"};
+        QTest::newRow("set, a shorter tag") << QByteArrayList{"set", "a.gb", "--info", "I", "--date", ""};
+        QTest::newRow("set, from a table") << QByteArrayList{"set", "--from", "table.tsv"};
+        QTest::newRow("clear") << QByteArrayList{"clear", "a.gb", "own.gba"};
+        QTest::newRow("copy-tags") << QByteArrayList{"copy-tags", "a.gb", "own.gba"};
+    }
+    void every_command_is_undone_byte_for_byte() {
+        QFETCH(QByteArrayList, arguments);
+        write("table.tsv", "file\ttitle\na.gb\tFirst\na.gb\tSecond\nown.gba\tThird\n");
+        const FolderTree before = games();
+        runWell(arguments);
+        const FolderTree after = games();
+        QVERIFY(after != before);
+        runWell({"undo"});
+        QCOMPARE(games(), before);
+        runWell({"undo"}); // does it again
+        QCOMPARE(games(), after);
+        runWell({"undo"});
+        QCOMPARE(games(), before);
+    }
+    void many_games_are_undone() {
+        for (int i = 0; i < 300; ++i) {
+            const QByteArray name = "home/roms/" + QByteArray::number(i) + ".gb";
+            write(name.constData(), i % 2 == 0 ? taggedGame("T") : QByteArray(3000, 'n'));
+        }
+        const FolderTree before = games();
+        runWell({"set", "home/roms", "--title", "N", "--company", "C", "--info", "I"});
+        QVERIFY(read("home/roms/299.gb").contains("\xA7N\xA7"));
+        runWell({"undo"});
+        QCOMPARE(games(), before);
+    }
+    void only_the_last_run_is_undone() {
+        runWell({"set", "a.gb", "--title", "One"});
+        const FolderTree between = games();
+        runWell({"set", "own.gba", "--title", "Two"});
+        runWell({"undo"});
+        QCOMPARE(games(), between);
+    }
+    void a_run_that_changes_nothing_leaves_the_one_before_it() {
+        const FolderTree before = games();
+        runWell({"set", "a.gb", "--title", "One"});
+        runWell({"set", "a.gb", "--title", "One"});
+        runWell({"set", "a.gb", "--title", "Two", "--dry-run"});
+        QCOMPARE(program->runHere({"set", "gone.gb", "--title", "Two"}).status, 1);
+        runWell({"undo"});
+        QCOMPARE(games(), before);
+    }
+    void a_game_that_was_changed_since_stays_and_the_others_are_undone() {
+        write("b.gb", taggedGame("B"));
+        const QByteArray old = read("b.gb");
+        runWell({"set", "a.gb", "b.gb", "--title", "N"});
+        const QByteArray changed = read("a.gb") + "more";
+        write("a.gb", changed);
+        const ProgramRun run = program->runHere({"undo"});
+        QCOMPARE(run.status, 1);
+        QVERIFY(run.errors.contains("a.gb: "));
+        QVERIFY(!run.errors.contains("b.gb"));
+        QCOMPARE(read("a.gb"), changed);
+        QCOMPARE(read("b.gb"), old);
+    }
+    void a_game_that_has_its_old_end_again_is_no_fault() {
+        const FolderTree before = games();
+        const QByteArray old = read("a.gb");
+        runWell({"set", "a.gb", "own.gba", "--title", "N"});
+        write("a.gb", old);
+        runWell({"undo"});
+        QCOMPARE(games(), before);
+    }
+    void a_rehearsal_names_the_games_and_changes_nothing() {
+        runWell({"set", "a.gb", "own.gba", "--title", "N"});
+        const FolderTree before = games();
+        const ProgramRun run = program->runHere({"undo", "--dry-run", "--tsv"});
+        QCOMPARE(run.status, 0);
+        const QByteArray base = program->folder.native("");
+        QVERIFY(run.output.startsWith("file\n"));
+        QVERIFY(run.output.contains("own.gba\n") && run.output.contains("/a.gb\n"));
+        QCOMPARE(games(), before);
+    }
+    void without_a_run_there_is_nothing_to_undo() {
+        const ProgramRun run = program->runHere({"undo"});
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.errors, QByteArray("torvane-tags: there is no run to undo\n"));
+        QCOMPARE(program->runHere({"undo", "a.gb"}).status, 2);
+    }
+    void a_damaged_file_undoes_what_is_whole_data() {
+        QTest::addColumn<int>("cut");
+        QTest::newRow("last byte") << 1;
+        QTest::newRow("half of the last block") << 3000;
+    }
+    void a_damaged_file_undoes_what_is_whole() {
+        QFETCH(int, cut);
+        for (int i = 0; i < 200; ++i)
+            write(("home/roms/" + QByteArray::number(i) + ".gb").constData(), taggedGame("T"));
+        runWell({"set", "home/roms", "--title", "N"});
+        const QByteArray whole = read("home/roms/data/backup/last-run.undo");
+        write("home/roms/data/backup/last-run.undo", whole.chopped(cut));
+        runWell({"undo"});
+        int undone = 0;
+        for (int i = 0; i < 200; ++i)
+            undone +=
+                read(("home/roms/" + QByteArray::number(i) + ".gb").constData()) == taggedGame("T") ? 1 : 0;
+        QCOMPARE(undone, 128);
+    }
+    void a_file_of_another_kind_is_refused_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("text") << QByteArray("any text at all, longer than the line");
+    }
+    void a_file_of_another_kind_is_refused() {
+        QFETCH(QByteArray, bytes);
+        program->folder.makeFolder(QStringLiteral("home/roms/data/backup"));
+        write("home/roms/data/backup/last-run.undo", bytes);
+        const ProgramRun run = program->runHere({"undo"});
+        QCOMPARE(run.status, 1);
+        QVERIFY(run.errors.contains("last-run.undo"));
+    }
+    void what_can_not_be_undone_is_not_done() {
+        write("home/roms/data", "a file where the backups' folder should be");
+        const FolderTree before = treeOf(program->folder.path().toStdString());
+        const ProgramRun run = program->runHere({"set", "a.gb", "--title", "N"});
+        QCOMPARE(run.status, 1);
+        QVERIFY(run.errors.contains("last-run.undo"));
+        QCOMPARE(treeOf(program->folder.path().toStdString()), before);
+    }
+    void without_a_library_games_are_changed_all_the_same() {
+        const ProgramRun run = program->run({"--folder", "nowhere", "set", "a.gb", "--title", "N"});
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.status, 0);
+        QVERIFY(read("a.gb").contains("\xA7N\xA7"));
+    }
+};
+
+TORVANE_APPLESS_TEST(UndoTest)
+#include "UndoTest.moc"
