@@ -29,12 +29,12 @@ _torvane_tags() {
     case $command in
     list | show) options+=' --json --tsv' ;;
     set) options+=' --json --tsv --dry-run --title --company --info --date --from' ;;
-    clear | copy-tags) options+=' --json --tsv --dry-run' ;;
+    clear | copy-tags | undo) options+=' --json --tsv --dry-run' ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
     elif [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo' -- "$cur")
     else
         _filedir '@(gb|gbc|gba|cgb|agb|zip|bin)'
     fi
