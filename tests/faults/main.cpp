@@ -59,7 +59,7 @@ private:
     void calls() {
         Runner runner(m_workshop, m_tally);
         strikeAll(runner, 32 * kibibyte, m_isLong ? everyStanding : extremes);
-        strikeBatches(runner, 4 * kibibyte, m_isLong ? everyStanding : extremes, false);
+        strikeBatches(runner, 4 * kibibyte, m_isLong ? everyStanding : onlyLonger, false);
         strikeBatches(runner, 4 * kibibyte, m_isLong ? extremes : onlyLonger, true);
         strikeHomes(runner, m_isLong ? everyStanding : extremes, false);
         if (m_isLong) strikeHomes(runner, extremes, true);
