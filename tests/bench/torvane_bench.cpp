@@ -82,6 +82,7 @@ public:
         reportSearch();
         reportButtons();
         reportSaves();
+        reportTaggings();
         reportImports();
         reportArchives();
         reportNames();
@@ -259,6 +260,15 @@ private:
         const double small = values.at("small") / 1e6;
         m_report.row("Saving the tag of a 32 MiB game", large / small, 1.3,
                      format("%.2f ms against %.2f ms for one of 32 KiB", large, small));
+    }
+
+    void reportTaggings() {
+        const Values values =
+            run({program("bench_taggings"), m_small.folder, std::to_string(rounds)}, m_small.configuration);
+        const double tagging = values.at("tagging") / 1e6;
+        const double plain = values.at("plain") / 1e6;
+        m_report.row("First tags of 1,000 games of 1 MiB", tagging / plain, 2,
+                     format("%.0f ms against %.0f ms of plain appends, synced as often", tagging, plain));
     }
 
     // The library of the first is empty, and what it imports is not an archive.
