@@ -7,6 +7,7 @@
 #include "SetCommand.h"
 #include "ShowCommand.h"
 #include "UndoCommand.h"
+#include "VerifyCommand.h"
 
 #include <algorithm>
 
@@ -25,6 +26,7 @@ const std::vector<CommandEntry> table = {
     {"clear", "remove the tags of games", make<ClearCommand>},
     {"copy-tags", "give games the tags of others", make<CopyTagsCommand>},
     {"undo", "take back what the last command has changed", make<UndoCommand>},
+    {"verify", "find what is wrong with games and their tags", make<VerifyCommand>},
 };
 } // namespace
 
