@@ -3,6 +3,8 @@
 #include "Commands.h"
 #include "ClearCommand.h"
 #include "CopyTagsCommand.h"
+#include "ExportCommand.h"
+#include "ImportCommand.h"
 #include "ListCommand.h"
 #include "SetCommand.h"
 #include "ShowCommand.h"
@@ -27,6 +29,8 @@ const std::vector<CommandEntry> table = {
     {"copy-tags", "give games the tags of others", make<CopyTagsCommand>},
     {"undo", "take back what the last command has changed", make<UndoCommand>},
     {"verify", "find what is wrong with games and their tags", make<VerifyCommand>},
+    {"export", "write the tags of games as a database file", make<ExportCommand>},
+    {"import", "give games the tags of a database file", make<ImportCommand>},
 };
 } // namespace
 
