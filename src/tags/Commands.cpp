@@ -6,6 +6,7 @@
 #include "ExportCommand.h"
 #include "ImportCommand.h"
 #include "ListCommand.h"
+#include "PlayCommand.h"
 #include "SetCommand.h"
 #include "ShowCommand.h"
 #include "UndoCommand.h"
@@ -31,6 +32,7 @@ const std::vector<CommandEntry> table = {
     {"verify", "find what is wrong with games and their tags", make<VerifyCommand>},
     {"export", "write the tags of games as a database file", make<ExportCommand>},
     {"import", "give games the tags of a database file", make<ImportCommand>},
+    {"play", "run a game in the emulator", make<PlayCommand>},
 };
 } // namespace
 

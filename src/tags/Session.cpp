@@ -7,11 +7,14 @@
 
 namespace torvane {
 
-// Only looked for, never laid out: a command that reads makes nothing.
+// A command that reads makes nothing.
+const QString& Session::home() {
+    if (m_home.isEmpty()) m_home = Paths::spelled(homeOfProgram(m_folder).folder);
+    return m_home;
+}
+
 const QByteArray& Session::library() {
-    if (m_library.isEmpty()) {
-        m_library = Paths::real(Paths::spelled(homeOfProgram(m_folder).folder) + QStringLiteral("\\roms"));
-    }
+    if (m_library.isEmpty()) m_library = Paths::real(home() + QStringLiteral("\\roms"));
     return m_library;
 }
 

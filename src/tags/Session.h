@@ -8,6 +8,8 @@
 #include "Reports.h"
 #include "RowWriter.h"
 
+#include <optional>
+
 namespace torvane {
 
 class Interruption;
@@ -21,6 +23,8 @@ public:
     Output& output() { return m_output; }
     Reports& reports() { return m_reports; }
 
+    /// The home of the program, spelled. It is only looked for, never laid out.
+    const QString& home();
     /// The real path of the folder of games, whether it is there or not.
     const QByteArray& library();
     /// The real path of the folder of backups in it.
@@ -36,12 +40,18 @@ public:
     void eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,
                   const RowWriter* rows = nullptr);
 
+    /// What the process ends with, for a command that has a status of its own; nothing for the usual ones.
+    std::optional<int> status() const { return m_status; }
+    void setStatus(int status) { m_status = status; }
+
 private:
     QByteArray m_folder;
+    QString m_home;
     QByteArray m_library;
     Output& m_output;
     Reports& m_reports;
     const Interruption& m_interruption;
+    std::optional<int> m_status;
 };
 
 } // namespace torvane

@@ -56,7 +56,8 @@ int Tool::runCommand(const QByteArray& name, const QByteArrayList& arguments, QB
     const Interruption interruption;
     Session session(given.value("--folder").value_or(folder), m_output, m_reports, interruption);
     command->run(given, session);
-    return end(interruption.hasCome());
+    const int status = end(interruption.hasCome());
+    return session.status().value_or(status);
 }
 
 int Tool::answer(const QByteArray& text) {
