@@ -12,7 +12,11 @@ _torvane_tags() {
         _filedir tsv
         return
         ;;
-    --title | --company | --info | --date) return ;;
+    --output)
+        _filedir
+        return
+        ;;
+    --title | --company | --info | --date | --author) return ;;
     esac
     local i
     for ((i = 1; i < cword; i++)); do
@@ -27,14 +31,19 @@ _torvane_tags() {
         esac
     done
     case $command in
-    list | show) options+=' --json --tsv' ;;
+    list | show | verify) options+=' --json --tsv' ;;
     set) options+=' --json --tsv --dry-run --title --company --info --date --from' ;;
     clear | copy-tags | undo) options+=' --json --tsv --dry-run' ;;
+    clear | copy-tags | import) options+=' --json --tsv --dry-run' ;;
+    export) options+=' --output --author' ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
     elif [[ -z $command ]]; then
         mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags verify export import play' -- "$cur")
+    elif [[ $command == import && $prev == import ]]; then
+        _filedir
     else
         _filedir '@(gb|gbc|gba|cgb|agb|zip|bin)'
     fi
