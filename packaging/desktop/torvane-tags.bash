@@ -33,15 +33,13 @@ _torvane_tags() {
     case $command in
     list | show | verify) options+=' --json --tsv' ;;
     set) options+=' --json --tsv --dry-run --title --company --info --date --from' ;;
-    clear | copy-tags | undo) options+=' --json --tsv --dry-run' ;;
-    clear | copy-tags | import) options+=' --json --tsv --dry-run' ;;
+    clear | copy-tags | undo | import) options+=' --json --tsv --dry-run' ;;
     export) options+=' --output --author' ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
     elif [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo' -- "$cur")
-        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags verify export import play' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo verify export import play' -- "$cur")
     elif [[ $command == import && $prev == import ]]; then
         _filedir
     else

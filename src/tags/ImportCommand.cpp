@@ -60,7 +60,7 @@ void ImportCommand::run(const Arguments& given, Session& session) {
         if (entries.isEmpty()) return session.reports().fault(path, "it has no entries");
         GameFiles games = session.games(given.operands.sliced(1));
         if (given.operands.size() == 1) games.addLibrary();
-        TagEdits edits(ChangeRows::modeOf(given), session.reports());
+        TagEdits edits(ChangeRows::modeOf(given), session);
         ChangeRows rows(given, session.output());
         Work work{entries, edits, rows};
         const auto import = [&](const GameFile& game) {
