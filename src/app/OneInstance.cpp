@@ -55,13 +55,29 @@ std::optional<int> OneInstance::handOver(const StartCall& call) {
 }
 
 void OneInstance::listen(const std::function<void(const StartCall&)>& called) {
+    m_called = called;
     Handle listener = m_link ? m_link->takeListener() : Handle();
     if (!listener.isOpen()) return;
     m_listener = std::make_unique<InstanceListener>(std::move(listener));
     QObject::connect(m_listener.get(), &InstanceListener::received, m_listener.get(),
-                     [called](const QByteArray& message) {
-                         if (const auto call = StartCall::unpacked(message)) called(*call);
-                     });
+                     [this](const QByteArray& message) { report(message); });
+}
+
+// A program of another version may say what this one does not understand: its user wants a window all the
+// same.
+void OneInstance::report(const QByteArray& message) const {
+    m_called(StartCall::unpacked(message).value_or(StartCall()));
+}
+
+std::optional<StartCall> OneInstance::close() {
+    std::optional<StartCall> all;
+    listen([&all](const StartCall& call) {
+        const QByteArrayList files = all ? all->files : QByteArrayList();
+        all = {call.startupId, call.activationToken, files + call.files};
+    });
+    if (m_listener) m_listener->close();
+    m_called = [](const StartCall&) {};
+    return all;
 }
 
 } // namespace torvane

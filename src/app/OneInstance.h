@@ -29,8 +29,16 @@ public:
     /// From now on later starts are reported, while events are served. Needs the application object.
     void listen(const std::function<void(const StartCall&)>& called);
 
+    /// To be called when the process ends: from now on later starts wait for its end and then go on by
+    /// themselves. Gives the calls that have come and were not reported, as one; nothing if there is none.
+    /// Those starts have ended, so somebody has to answer them. Needs the application object.
+    std::optional<StartCall> close();
+
 private:
+    void report(const QByteArray& message) const;
+
     std::optional<InstanceLink> m_link;
+    std::function<void(const StartCall&)> m_called;
     std::unique_ptr<InstanceListener> m_listener;
 };
 

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "GivenFiles.h"
 #include "HomeReport.h"
+#include "NextStart.h"
 #include "OneInstance.h"
 #include "Program.h"
 #include "art/ArtResources.h"
@@ -53,15 +54,24 @@ QByteArrayList filesToOpen(const torvane::GivenFiles& given) {
     return isatty(STDERR_FILENO) != 0 ? given.paths : given.paths + given.faulty;
 }
 
-[[noreturn]] void endProcess() {
+struct Start {
+    const torvane::Home& home;
+    torvane::OneInstance& instance;
+    const QByteArrayList& files;
+    const torvane::NextStart& next;
+};
+
+// Who has called while nobody served events any more, and has ended since, gets the program once more.
+[[noreturn]] void endProcess(const Start& start) {
+    const auto call = start.instance.close();
     std::fflush(nullptr);
-    _exit(0);
+    if (call) start.next.begin(*call);
+    _exit(call ? EXIT_FAILURE : EXIT_SUCCESS);
 }
 
 // The program itself, if this start is the first one. Returns when the event loop ends, which endProcess
 // prevents.
-int run(char** argv, const torvane::Home& chosen, torvane::OneInstance& instance,
-        const QByteArrayList& files) {
+int run(char** argv, const Start& start) {
     torvane::WindowingSystem::preferX11();
     int argc = 1; // nothing of the command line is meant for Qt
     QApplication application(argc, argv);
@@ -78,16 +88,17 @@ int run(char** argv, const torvane::Home& chosen, torvane::OneInstance& instance
     torvane::NativeProcess processes;
     torvane::DesktopPrinter printer;
     torvane::Settings settings(torvane::Paths::spelled(torvane::UserFolders::configuration()));
-    torvane::Runtime runtime{messages, dialogs, browser, processes, printer, settings, endProcess};
-    const torvane::OpenedHome home = torvane::openHome(chosen);
+    torvane::Runtime runtime{
+        messages, dialogs, browser, processes, printer, settings, [&start] { endProcess(start); }};
+    const torvane::OpenedHome home = torvane::openHome(start.home);
     torvane::Program program(runtime, home.folder);
     const torvane::DialogLanguage dialogLanguage(program.globals, program.language);
     qtLanguage.setSource(
         {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
     torvane::reportHome(program, home);
     program.start();
-    program.openFiles(files);
-    instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });
+    program.openFiles(start.files);
+    start.instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });
     QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
     QTimer::singleShot(sweepDelay, &application, [&] {
         program.funciones.sweepLeftovers();
@@ -104,8 +115,9 @@ int main(int argc, char** argv) {
     for (const QByteArray& fault : given.faults) std::fprintf(stderr, "torvane: %s\n", fault.constData());
     const QByteArrayList files = filesToOpen(given);
     const torvane::Home home = torvane::homeOfProgram(line.folder);
+    const auto next = torvane::NextStart::ofThisProgram(line.folder);
     torvane::OneInstance instance(home.folder);
     const auto status = instance.handOver(torvane::StartCall::ofThisProcess(files));
     if (status) return given.faults.isEmpty() ? *status : EXIT_FAILURE;
-    return run(argv, home, instance, files);
+    return run(argv, {home, instance, files, next});
 }

@@ -25,6 +25,10 @@ class OneInstanceTest : public QObject {
     QString lock() const {
         return u"run/"_s + QDir(folder->path(u"run"_s)).entryList({u"*.lock"_s}).value(0);
     }
+    void callAgain(const StartCall& call) const {
+        OneInstance second(folder->native("games"));
+        QCOMPARE(second.handOver(call), std::optional<int>(0));
+    }
     // What another process reports that hands a call over and exits with what it gets.
     QByteArray reportOf(const StartCall& call, int expectedStatus) const {
         const int status = inOtherProgram([&] {
@@ -82,7 +86,7 @@ private slots:
         QVERIFY(!isFirst(folder->native("new/home")));
     }
     void without_a_runtime_folder_every_start_goes_on() {
-        qputenv("XDG_RUNTIME_DIR", "");
+        qputenv("XDG_RUNTIME_DIR", folder->native("missing"));
         const QByteArray before = qgetenv("TMPDIR");
         qputenv("TMPDIR", folder->native("missing"));
         QVERIFY(isFirst(folder->native("games")) && isFirst(folder->native("games")));
@@ -132,16 +136,36 @@ private slots:
         for (int i = 0; i < 2000; ++i) call.files.append('/' + QByteArray(4000, 'x'));
         QCOMPARE(reportOf(call, 1), QByteArray("torvane: too many files for the running one\n"));
     }
-    void a_message_that_is_no_call_changes_nothing() {
+    void a_call_that_is_not_understood_is_one_without_files() {
+        QList<StartCall> calls;
+        first->listen([&](const StartCall& call) { calls.append(call); });
+        callAgain({"id", "token", {"relative"}});
+        QTRY_COMPARE(calls.size(), 1);
+        QCOMPARE(calls[0].packed(), StartCall().packed());
+    }
+    void calls_that_nobody_has_served_are_given_at_the_end_as_one() {
+        callAgain({"id1", "token1", {"/a", "/b"}});
+        callAgain({"id2", "token2", {"/c"}});
+        const auto all = first->close();
+        QVERIFY(all.has_value());
+        QCOMPARE(all->packed(), (StartCall{"id2", "token2", {"/a", "/b", "/c"}}.packed()));
+    }
+    void calls_that_were_reported_are_not_given_at_the_end() {
         int calls = 0;
         first->listen([&](const StartCall&) { ++calls; });
-        OneInstance second(folder->native("games"));
-        QCOMPARE(second.handOver({"", "", {"relative"}}), std::optional<int>(0));
-        OneInstance third(folder->native("games"));
-        QCOMPARE(third.handOver({}), std::optional<int>(0));
-        QTRY_VERIFY(calls > 0);
-        QTest::qWait(50);
+        callAgain({});
+        QTRY_COMPARE(calls, 1);
+        callAgain({"", "", {"/later"}});
+        const auto rest = first->close();
+        QVERIFY(rest.has_value());
+        QCOMPARE(rest->files, QByteArrayList{"/later"});
         QCOMPARE(calls, 1);
+    }
+    void without_calls_nothing_is_given_at_the_end() {
+        QVERIFY(!first->close().has_value());
+        first->listen([](const StartCall&) {});
+        QVERIFY(!first->close().has_value());
+        QVERIFY(!OneInstance(folder->native("other")).close().has_value());
     }
 };
 

@@ -19,19 +19,29 @@ public:
         : QObject(&listener), m_listener(listener), m_socket(std::move(socket)),
           m_notifier(m_socket.number(), QSocketNotifier::Read) {
         connect(&m_notifier, &QSocketNotifier::activated, this, [this] { read(); });
-        QTimer::singleShot(patience, this, [this] { end(); });
+        QTimer::singleShot(patience, this, [this] { close(); });
+    }
+
+    // The message may have been there in time, and this process have been stopped.
+    void close() {
+        read();
+        end();
+        m_socket = Handle();
     }
 
 private:
+    // All that is there.
     void read() {
         std::array<char, 1 << 16> buffer;
-        const ssize_t got =
-            uninterrupted([&] { return recv(m_socket.number(), buffer.data(), buffer.size(), 0); });
-        if (got < 0 && errno == EAGAIN) return;
-        if (got > 0) m_bytes.append(buffer.data(), got);
-        constexpr qsizetype most = InstanceProtocol::headLength + InstanceProtocol::longestMessage;
-        if (got < 0 || m_bytes.size() > most) return end();
-        if (got == 0) finish();
+        for (;;) {
+            const ssize_t got =
+                uninterrupted([&] { return recv(m_socket.number(), buffer.data(), buffer.size(), 0); });
+            if (got < 0 && errno == EAGAIN) return;
+            if (got == 0) return finish();
+            if (got > 0) m_bytes.append(buffer.data(), got);
+            constexpr qsizetype most = InstanceProtocol::headLength + InstanceProtocol::longestMessage;
+            if (got < 0 || m_bytes.size() > most) return end();
+        }
     }
     void finish() {
         end();
@@ -81,6 +91,19 @@ bool InstanceListener::takeCall() {
     }
     if (InstanceProtocol::isOfThisUser(socket)) new InstanceCall(*this, std::move(socket), m_patience);
     return true;
+}
+
+// Who calls from now on is refused; who has called before is in the queue, or a child.
+void InstanceListener::close() {
+    shutdown(m_listener.number(), SHUT_RDWR);
+    m_notifier.setEnabled(false);
+    m_pause.stop();
+    while (takeCall()) {
+    }
+    m_pause.stop();
+    const QObjectList calls = children();
+    for (QObject* call : calls) static_cast<InstanceCall*>(call)->close();
+    m_listener = Handle();
 }
 
 // The queue stays readable: without a pause the notifier would keep a processor busy.

@@ -17,6 +17,10 @@ public:
     /// have not sent a whole message `patience` after their call, are dropped.
     explicit InstanceListener(Handle listener, std::chrono::milliseconds patience = std::chrono::seconds(2));
 
+    /// Takes no more calls, and reports all messages that have come so far: their callers may have left.
+    /// Callers that have not sent a whole message yet, and later ones, learn that nobody listens.
+    void close();
+
 signals:
     /// A later instance has handed over a message. Emitted in whatever loop serves events, also in those of
     /// handlers.

@@ -198,6 +198,75 @@ private slots:
         QTRY_COMPARE(received, QByteArrayList{"meanwhile"});
         QCOMPARE(answerTo(silent), QByteArray());
     }
+    void a_message_that_was_there_in_time_survives_a_stop_of_the_process_data() {
+        QTest::addColumn<std::chrono::milliseconds>("stop");
+        QTest::newRow("1 s") << 1000ms;
+        QTest::newRow("2.2 s") << 2200ms;
+        QTest::newRow("3 s") << 3000ms;
+    }
+    void a_message_that_was_there_in_time_survives_a_stop_of_the_process() {
+        QFETCH(std::chrono::milliseconds, stop);
+        listen(2s);
+        const Handle one = caller();
+        QTRY_COMPARE(listener->children().size(), 1); // it has been accepted
+        send(one, InstanceProtocol::framed("in time"));
+        shutdown(one.number(), SHUT_WR);
+        std::this_thread::sleep_for(stop);
+        QCOMPARE(answerTo(one), receipt);
+        QCOMPARE(received, QByteArrayList{"in time"});
+    }
+    void at_the_end_of_the_patience_what_has_come_is_read() {
+        listen(50ms);
+        const Handle one = caller();
+        QTRY_COMPARE(listener->children().size(), 1);
+        send(one, InstanceProtocol::framed("late"));
+        shutdown(one.number(), SHUT_WR);
+        std::this_thread::sleep_for(100ms);
+        // Timers may come first.
+        QEventLoop().processEvents(QEventLoop::ExcludeSocketNotifiers);
+        QCOMPARE(answerTo(one), receipt);
+        QCOMPARE(received, QByteArrayList{"late"});
+    }
+    void closing_reports_what_has_come_and_refuses_what_comes() {
+        listen();
+        const Handle accepted = caller();
+        const Handle half = caller();
+        QTRY_COMPARE(listener->children().size(), 2);
+        for (int i = 0; i < 100; ++i) {
+            InstanceLink second = link();
+            QCOMPARE(second.meet("queued", {.receipt = 0ms}), InstanceLink::Role::second);
+        }
+        send(accepted, InstanceProtocol::framed("accepted"));
+        shutdown(accepted.number(), SHUT_WR);
+        send(half, InstanceProtocol::framed("half").chopped(1));
+        listener->close();
+        QCOMPARE(received.count("accepted"), 1);
+        QCOMPARE(received.count("queued"), 100);
+        QCOMPARE(received.size(), 101);
+        QCOMPARE(answerTo(accepted), receipt);
+        QCOMPARE(answerTo(half), QByteArray());
+        InstanceLink second = link();
+        QCOMPARE(second.meet("later", {.total = 50ms}), InstanceLink::Role::unanswered);
+        QTest::qWait(150);
+        QCOMPARE(received.size(), 101);
+    }
+    void after_the_end_of_the_first_one_a_refused_caller_is_the_first() {
+        listen();
+        listener->close();
+        std::atomic<bool> hasBegun = false;
+        InstanceLink::Role role{};
+        std::thread caller([&] {
+            InstanceLink second = link();
+            hasBegun = true;
+            role = second.meet("later", {.total = 20s});
+        });
+        QTRY_VERIFY(hasBegun);
+        QTest::qWait(20);
+        listener.reset();
+        first.reset();
+        caller.join();
+        QCOMPARE(role, InstanceLink::Role::first);
+    }
     void a_crowd_of_silent_callers_costs_no_processor_and_goes() {
         listen(1s);
         std::vector<Handle> silent;
