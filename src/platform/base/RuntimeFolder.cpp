@@ -21,9 +21,10 @@ std::optional<Handle> openPrivate(const QByteArray& path, int flags) {
 } // namespace
 
 RuntimePlaces RuntimePlaces::ofEnvironment(const QByteArray& programName) {
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
     const QByteArray temporary = qgetenv("TMPDIR");
-    return {qgetenv("XDG_RUNTIME_DIR"), temporary.startsWith('/') ? temporary : QByteArray("/tmp"),
-            programName};
+    return {runtime.isEmpty() ? "/run/user/" + QByteArray::number(geteuid()) : runtime,
+            temporary.startsWith('/') ? temporary : QByteArray("/tmp"), programName};
 }
 
 std::optional<Handle> openRuntimeFolder(const RuntimePlaces& places) {

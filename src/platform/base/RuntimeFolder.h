@@ -14,7 +14,9 @@ struct RuntimePlaces {
     QByteArray temporary; ///< the folder in which one is made if the other one is unusable
     QByteArray name;      ///< of the program: the folder made is called NAME-UID
 
-    /// As the environment says: $XDG_RUNTIME_DIR, and $TMPDIR or else /tmp.
+    /// As the environment says: $XDG_RUNTIME_DIR, and $TMPDIR or else /tmp. Where the first one is unset or
+    /// empty, as after su and in jobs of cron, it is the folder that a session of this user has on most
+    /// systems: both kinds of start should find each other.
     static RuntimePlaces ofEnvironment(const QByteArray& programName);
 };
 

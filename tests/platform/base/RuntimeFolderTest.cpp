@@ -125,6 +125,8 @@ private slots:
         const auto both = set("/r", "/t");
         QCOMPARE((QByteArrayList{both.runtime, both.temporary, both.name}),
                  (QByteArrayList{"/r", "/t", "prog"}));
+        QCOMPARE(set("", "").runtime, "/run/user/" + QByteArray::number(geteuid()));
+        QCOMPARE(set("r", "").runtime, QByteArray("r"));
         QCOMPARE(set("/r", "").temporary, QByteArray("/tmp"));
         QCOMPARE(set("/r", "t").temporary, QByteArray("/tmp"));
         before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
