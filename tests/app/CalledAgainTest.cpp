@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A second start brings what is there to the front, and nothing that is not.
 #include "platform/base/RuntimeFailure.h"
+#include "support/ClaimedPlatform.h"
 #include "support/OpenedMenu.h"
 #include "support/TestMain.h"
 
@@ -29,6 +30,14 @@ private slots:
         callAgain({opened->world.folder.native("roms/g002.gb")});
         QTRY_COMPARE(main().Games.FileName(), u"g002.gb"_s);
         QCOMPARE(main().windowStateWord(), Form::normal);
+    }
+    void the_desktop_gets_its_answer_with_the_window() {
+        openWithGames(1);
+        const ClaimedPlatform claimed(u"wayland"_s);
+        opened->program->calledAgain({"id", "the token", {}});
+        QCOMPARE(qgetenv("XDG_ACTIVATION_TOKEN"), QByteArray("the token"));
+        QVERIFY(main().isActiveWindow());
+        qunsetenv("XDG_ACTIVATION_TOKEN");
     }
     void the_compact_window_comes_and_not_the_main_window() {
         openWithGames(1);

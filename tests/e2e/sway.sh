@@ -16,7 +16,7 @@ start_sway() {
     export XDG_RUNTIME_DIR=$1/run
     mkdir -m 700 "$XDG_RUNTIME_DIR"
     printf '%s\n' 'output HEADLESS-1 resolution 1280x900 position 0,0' 'xwayland disable' 'default_border none' \
-        'for_window [app_id=".*"] floating enable' >"$1/sway.conf"
+        'for_window [app_id=".*"] floating enable' 'focus_on_window_activation focus' >"$1/sway.conf"
     unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
     WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman sway -c "$1/sway.conf" >"$1/sway.log" 2>&1 &
     desk_xvfb=$!
@@ -42,6 +42,12 @@ stop_sway() {
 mouse() {
     local answer
     echo "$@" >&"${desk_mouse[1]}" && read -r -t 10 answer <&"${desk_mouse[0]}" && [ "$answer" = done ]
+}
+
+# Prints a token by which a program that is started may take the focus.
+activation_token() {
+    local answer
+    echo token >&"${desk_mouse[1]}" && read -r -t 10 answer <&"${desk_mouse[0]}" && echo "$answer"
 }
 
 # All windows, one a line: id, left, top, width, height, whether it has the focus, app id, title.

@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 # A mouse for a Wayland compositor without any: it speaks the protocol wlr-virtual-pointer-unstable-v1, as sway does.
 # Reads lines: "move X Y WIDTH HEIGHT" (pixels of a desk of that size), "press" or "release" with "left" or "right",
-# "wheel STEPS". Answers each with "done" as soon as the compositor has dealt with it.
+# "wheel STEPS". Answers each with "done" as soon as the compositor has dealt with it. "token" gives an activation
+# token (xdg-activation-v1) instead, as launchers get it for the programs that they start.
 import os
 import socket
 import struct
@@ -60,19 +61,36 @@ class Connection:
         return self.clock
 
 
-def make_pointer(connection):
-    interface = "zwlr_virtual_pointer_manager_v1"
+def bind(connection, interface):
     registry = connection.new_object()
     connection.send(DISPLAY, 1, registry)
     for target, body in list(connection.round_trip()):
+        if target != registry:
+            continue
         name, length = struct.unpack("=II", body[:8])
-        if target == registry and body[8 : 8 + length - 1] == interface.encode():
+        if body[8 : 8 + length - 1] == interface.encode():
             manager = connection.new_object()
             connection.send(registry, 0, name, 1, manager, text=interface)
-            pointer = connection.new_object()
-            connection.send(manager, 0, 0, pointer)
-            return pointer
-    sys.exit("the compositor has no virtual pointers")
+            return manager
+    sys.exit("the compositor has no " + interface)
+
+
+def make_pointer(connection):
+    manager = bind(connection, "zwlr_virtual_pointer_manager_v1")
+    pointer = connection.new_object()
+    connection.send(manager, 0, 0, pointer)
+    return pointer
+
+
+def make_token(connection):
+    manager = bind(connection, "xdg_activation_v1")
+    token = connection.new_object()
+    connection.send(manager, 1, token)
+    connection.send(token, 3)
+    for target, body in list(connection.round_trip()):
+        if target == token:
+            return body[4 : 4 + struct.unpack("=I", body[:4])[0] - 1].decode()
+    sys.exit("the compositor gives no token")
 
 
 def obey(connection, pointer, order, *words):
@@ -91,5 +109,8 @@ def obey(connection, pointer, order, *words):
 connection = Connection()
 pointer = make_pointer(connection)
 for line in sys.stdin:
+    if line.strip() == "token":
+        print(make_token(connection), flush=True)
+        continue
     obey(connection, pointer, *line.split())
     print("done", flush=True)
