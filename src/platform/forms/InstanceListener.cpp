@@ -96,14 +96,12 @@ bool InstanceListener::takeCall() {
 // Who calls from now on is refused; who has called before is in the queue, or a child.
 void InstanceListener::close() {
     shutdown(m_listener.number(), SHUT_RDWR);
-    m_notifier.setEnabled(false);
-    m_pause.stop();
     while (takeCall()) {
     }
+    m_notifier.setEnabled(false);
     m_pause.stop();
     const QObjectList calls = children();
     for (QObject* call : calls) static_cast<InstanceCall*>(call)->close();
-    m_listener = Handle();
 }
 
 // The queue stays readable: without a pause the notifier would keep a processor busy.
