@@ -55,6 +55,12 @@ private slots:
         QVERIFY(isShown<Splash>());
         QVERIFY(loaded<MainFrm>() == nullptr || !main().isVisible());
     }
+    void while_a_handler_runs_what_is_on_screen_comes_back() {
+        openWithGames(1);
+        main().setWindowStateWord(Form::minimised);
+        opened->world.runtime.guarded([&] { callAgain(); });
+        QCOMPARE(main().windowStateWord(), Form::normal);
+    }
     void before_the_first_window_is_shown_none_is_loaded_out_of_turn() {
         opened->games(1);
         opened->start();

@@ -109,6 +109,9 @@ private slots:
         opened->game(u"later.gb"_s);
         program().openFiles({library("later.gb")});
         QTRY_COMPARE(selected(), u"later.gb"_s);
+        opened->game(u"last.gb"_s);
+        program().openFiles({library("last.gb")});
+        QTRY_COMPARE(selected(), u"last.gb"_s);
     }
     void the_compact_window_shows_the_game() {
         open(2);
