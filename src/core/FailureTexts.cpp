@@ -24,6 +24,8 @@ constexpr std::array table = {
     Words{RuntimeFailure::none, Reason::inUse, "inuse", "another program is writing to it"},
     Words{RuntimeFailure::none, Reason::changed, "changed", "another program has just changed it"},
     Words{RuntimeFailure::none, Reason::sameFile, "samefile", "a file can’t be copied onto itself"},
+    Words{RuntimeFailure::none, Reason::noFolder, "nofolder", "it is not a folder"},
+    Words{RuntimeFailure::none, Reason::noHome, "nohome", "you have no home folder"},
     Words{RuntimeFailure::outOfMemory, Reason::none, "7", "it is too large"},
     Words{RuntimeFailure::fileNotFound, Reason::none, "53", "it doesn’t exist"},
     Words{RuntimeFailure::deviceError, Reason::none, "57", "the disk reports an error"},

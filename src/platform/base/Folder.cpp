@@ -31,12 +31,12 @@ Folder::Folder(const QByteArray& path) {
     m_handle = aboutFile(Paths::spelled(path), [&] { return opened(number); });
 }
 
-void Folder::make(const QByteArray& path) {
+void Folder::make(const QByteArray& path, mode_t mode) {
     struct stat info {};
     if (::stat(path.constData(), &info) == 0) return;
     const QByteArray parent = placeOf(path).folder;
-    if (parent != path) make(parent);
-    if (mkdir(path.constData(), 0777) != 0 && errno != EEXIST) failWithErrno();
+    if (parent != path) make(parent, mode);
+    if (mkdir(path.constData(), mode) != 0 && errno != EEXIST) failWithErrno();
     Folder(parent).sync();
 }
 

@@ -13,8 +13,10 @@ public:
     /// used, but not synced.
     explicit Folder(const QByteArray& path);
     /// Makes a folder and its missing parents, each synced before anything is put into it. An existing folder
-    /// is left as it is.
-    static void make(const QByteArray& path);
+    /// is left as it is, and a new one has this mode, as far as the umask permits it.
+    static void make(const QByteArray& path, mode_t mode = 0777);
+    /// The mode of what is made for the folders of the user's data and settings: nobody else may enter.
+    static constexpr mode_t ownMode = 0700;
 
     int number() const { return m_handle.number(); }
     /// Syncs all changes of names. File systems without such a call count as synced; every other error is a

@@ -36,6 +36,10 @@ RuntimeFailure RuntimeFailure::fromErrno(int error) {
     }
 }
 
+RuntimeFailure RuntimeFailure::ofNoHome() {
+    return RuntimeFailure(pathNotFound, Reason::noHome).about(QStringLiteral("$HOME"));
+}
+
 QString RuntimeFailure::describe(Number number) {
     switch (number) {
     case none: return QString();

@@ -40,6 +40,8 @@ public:
         inUse,     ///< another program has the file open for writing
         changed,   ///< another program has changed the file meanwhile
         sameFile,  ///< source and target of a copy are one file
+        noFolder,  ///< a file or something else is where a folder has to be
+        noHome,    ///< the file belongs into the home folder of the user, who has none
         cancelled, ///< the user or the end of the program has ended the operation: nothing to report
     };
 
@@ -47,6 +49,8 @@ public:
 
     /// The failure for an errno value of a file operation; unknown values give deviceError.
     static RuntimeFailure fromErrno(int error);
+    /// The failure where a folder of the user's is to be used, and the system knows none.
+    static RuntimeFailure ofNoHome();
     /// The standing text of a number; empty for none and for numbers that the program never raises.
     static QString describe(Number number);
 

@@ -13,12 +13,6 @@
 
 namespace torvane {
 
-namespace {
-QByteArray folderOf(const QString& file) {
-    return Paths::real(file.first(file.lastIndexOf(QLatin1Char('/'))));
-}
-} // namespace
-
 // This is a system path: a backslash in it is part of a name.
 Settings::Settings(const QString& configurationFolder)
     : m_folder(Paths::spelled(NativeText::toNative(configurationFolder))) {}
@@ -35,6 +29,7 @@ QString Settings::GetSetting(const QString& application, const QString& section,
                              const QString& absent) const {
     const auto kept = m_kept.find(nameOf(application, section, key));
     if (kept != m_kept.end()) return *kept;
+    if (m_folder.isEmpty()) return absent;
     const auto found = IniFile::value(fileOf(application), section.toUtf8(), key.toUtf8());
     return found ? SettingLine::textOf(*found) : absent;
 }
@@ -58,9 +53,17 @@ void Settings::SaveSettings(const QString& application, const QString& section, 
     }
 }
 
+// The folder of a file.
+QByteArray Settings::madeFolder(const QString& file) const {
+    if (m_folder.isEmpty()) throw RuntimeFailure::ofNoHome();
+    const QByteArray folder = Paths::real(file.first(file.lastIndexOf(QLatin1Char('/'))));
+    Folder::make(folder, Folder::ownMode);
+    return folder;
+}
+
 void Settings::store(const QString& application, const QString& section, const Values& values) const {
     const QString file = fileOf(application);
-    Folder::make(folderOf(file));
+    madeFolder(file);
     QList<std::pair<QByteArray, QByteArray>> lines;
     for (const auto& [key, value] : values) lines.append({key.toUtf8(), SettingLine::of(value)});
     IniFile::setValues(file, section.toUtf8(), lines);
@@ -69,8 +72,7 @@ void Settings::store(const QString& application, const QString& section, const V
 void Settings::requireStorable(const QString& application) const {
     const QString file = fileOf(application);
     aboutFile(file, [&] {
-        const QByteArray folder = folderOf(file);
-        Folder::make(folder);
+        const QByteArray folder = madeFolder(file);
         if (access(folder.constData(), W_OK | X_OK) != 0) failWithErrno();
         FileRights::refuseUnlessWritable(Paths::real(file));
     });

@@ -12,7 +12,8 @@ namespace torvane {
 
 class Settings {
 public:
-    /// The store in a configuration folder (real path; usually $XDG_CONFIG_HOME).
+    /// The store in a configuration folder (real path; usually $XDG_CONFIG_HOME), which is made if necessary.
+    /// Without one, an empty path, nothing can be stored.
     explicit Settings(const QString& configurationFolder);
 
     /// The stored text; `absent` if there is no such key. An unreadable file counts as empty.
@@ -45,6 +46,7 @@ private:
     using Values = QList<std::pair<QString, QString>>;
 
     static QString nameOf(const QString& application, const QString& section, const QString& key);
+    QByteArray madeFolder(const QString& file) const;
     void store(const QString& application, const QString& section, const Values& values) const;
 
     QString m_folder;

@@ -231,6 +231,26 @@ private slots:
         }
         folder->setMode(QStringLiteral("shut"), 0755);
     }
+    void who_has_no_folder_for_settings_can_store_none() {
+        Settings none{QString()};
+        QCOMPARE(none.GetSetting(app, config, QStringLiteral("k"), absent), absent);
+        QCOMPARE(failureOf([&] { none.SaveSetting(app, config, QStringLiteral("k"), QStringLiteral("1")); }),
+                 number(RuntimeFailure::pathNotFound));
+        QCOMPARE(failureOf([&] { none.requireStorable(app); }), number(RuntimeFailure::pathNotFound));
+        none.keepWhatFails();
+        none.SaveSetting(app, config, QStringLiteral("k"), QStringLiteral("1"));
+        QCOMPARE(none.GetSetting(app, config, QStringLiteral("k"), absent), QStringLiteral("1"));
+        QVERIFY(!QFileInfo::exists(QLatin1Char('/') + app));
+    }
+    void missing_folders_are_made_for_the_user_alone() {
+        Settings fresh(folder->path(QStringLiteral("home/config")));
+        fresh.SaveSetting(app, config, QStringLiteral("k"), QStringLiteral("1"));
+        for (const char* made : {"home", "home/config", "home/config/Torvane"}) {
+            struct stat info {};
+            QCOMPARE(stat(folder->native(made).constData(), &info), 0);
+            QCOMPARE(info.st_mode & 07777, mode_t(0700));
+        }
+    }
     void a_kill_during_a_save_loses_nothing() {
         set("Language", QStringLiteral("kept"));
         set("Capturas", QStringLiteral("0"));
