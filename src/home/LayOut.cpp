@@ -21,6 +21,10 @@ constexpr std::array expectedFolders = {
 
 constexpr std::chrono::milliseconds betweenLooks(10);
 
+QByteArray folderOf(const QByteArray& path) {
+    return path.first(std::max<qsizetype>(path.lastIndexOf('/'), 0));
+}
+
 QVersionNumber numberOf(const QByteArray& version) {
     return QVersionNumber::fromString(QString::fromLatin1(version));
 }
@@ -59,7 +63,9 @@ bool LayOut::isPending(const QByteArray& path, const Source& source) const {
 bool LayOut::isDone() const {
     return (m_tree.version.isEmpty() || m_record.version == m_tree.version) &&
            std::all_of(expectedFolders.begin(), expectedFolders.end(),
-                       [&](const char* folder) { return File::isFolder(Paths::spelled(target(folder))); }) &&
+                       [&](const char* folder) {
+                           return File::isFolder(Paths::spelled(target(folder))) || isBarred(folder);
+                       }) &&
            std::none_of(m_tree.files.begin(), m_tree.files.end(),
                         [&](const auto& file) { return isPending(file.first, file.second); });
 }
@@ -80,6 +86,9 @@ LayOut::Report LayOut::run(std::chrono::milliseconds longestWait) {
 // wait ends, because whoever holds the lock may have been stopped.
 Handle LayOut::locked(std::chrono::milliseconds longestWait) const {
     Handle folder(open(m_folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen() && errno == ENOTDIR) {
+        throw RuntimeFailure(RuntimeFailure::pathNotFound, RuntimeFailure::Reason::noFolder);
+    }
     QElapsedTimer waited;
     waited.start();
     while (flock(folder.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
@@ -105,8 +114,20 @@ void LayOut::bringUpToDate() {
 
 void LayOut::makeFolders() {
     for (const char* folder : expectedFolders) {
+        if (isBarred(folder)) continue;
         attempt(m_folder + '/' + folder,
                 [&] { Folder::make(Paths::real(Paths::spelled(m_folder + '/' + folder))); });
+    }
+}
+
+// Whether a folder can't be there, because a name on the way to it is no folder: a file, or a link that leads
+// nowhere.
+bool LayOut::isBarred(const QByteArray& folder) const {
+    for (qsizetype end = folder.indexOf('/');; end = folder.indexOf('/', end + 1)) {
+        const QByteArray name = target(end < 0 ? folder : folder.first(end));
+        struct stat info {};
+        if (lstat(name.constData(), &info) == 0 && !File::isFolder(Paths::spelled(name))) return true;
+        if (end < 0) return false;
     }
 }
 
@@ -119,8 +140,10 @@ void LayOut::settle(const QByteArray& path, const Source& source) {
         // Nobody has to read an unknown file of another length.
         const bool isOfUser = before.laid.isEmpty() && info.st_size != source.size;
         S_ISREG(info.st_mode) && !isOfUser ? settleFile(path, source, before) : void(++m_report.kept);
-    } else if (errno != ENOENT && errno != ENOTDIR) {
-        failWithErrno();
+    } else if (const int error = errno; isBarred(folderOf(path))) {
+        ++m_report.kept;
+    } else if (error != ENOENT) {
+        throw RuntimeFailure::fromErrno(error);
     } else {
         before.laid.isEmpty() ? create(path, source) : void(++m_report.kept);
     }

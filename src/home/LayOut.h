@@ -3,6 +3,7 @@
 //     created     if it was never laid out and does not exist,
 //     updated     if it is still what was laid out last, byte for byte,
 //     left alone  in all other cases: changed, deleted, replaced, or never ours.
+// So is a file whose folder is a file, or a link that leads nowhere: its disk may come back.
 // A file that equals its source counts as laid out; so the next run completes an interrupted one. Nothing is
 // done to a folder that has the tree of a newer version.
 #pragma once
@@ -40,6 +41,7 @@ private:
     Handle locked(std::chrono::milliseconds longestWait) const;
     void bringUpToDate();
     void makeFolders();
+    bool isBarred(const QByteArray& folder) const;
     void settle(const QByteArray& path, const Source& source);
     void settleFile(const QByteArray& path, const Source& source, const LaidFile& before);
     void create(const QByteArray& path, const Source& source);

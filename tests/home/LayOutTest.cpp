@@ -210,6 +210,50 @@ private slots:
         QCOMPARE(tree->layOut().kept, 1);
         QCOMPARE(tree->inHome("emuladores"), QByteArray("mine"));
     }
+    // The library may be on a disk that is not always there.
+    void a_link_that_leads_nowhere_is_left_alone_until_it_leads_somewhere_data() {
+        QTest::addColumn<QString>("linked");
+        QTest::newRow("the library") << u"roms"_s;
+        QTest::newRow("a folder in it") << u"roms/data"_s;
+        QTest::newRow("its games") << u"roms/demo"_s;
+    }
+    void a_link_that_leads_nowhere_is_left_alone_until_it_leads_somewhere() {
+        QFETCH(QString, linked);
+        tree->makeTemplate({{u"roms/demo/game.gb"_s, "one"}, {u"roms/data/x"_s, "two"}});
+        tree->folder.makeFolder(u"home/roms"_s);
+        QDir(tree->folder.path(u"home/"_s)).rmdir(linked);
+        QVERIFY(
+            QFile::link(tree->folder.path(u"media/disk/games"_s), tree->folder.path(u"home/"_s + linked)));
+        for (int start = 0; start < 2; ++start) {
+            QVERIFY(tree->layOut().failures.empty());
+            QVERIFY(!QFileInfo::exists(tree->folder.path(u"media"_s)));
+        }
+        tree->folder.makeFolder(u"media/disk/games"_s);
+        QVERIFY(tree->layOut().failures.empty());
+        QCOMPARE(tree->inHome("roms/demo/game.gb"), QByteArray("one"));
+        QCOMPARE(tree->inHome("roms/data/x"), QByteArray("two"));
+        QVERIFY(tree->isInHome("roms/data/screenshots"));
+    }
+    void a_link_in_a_circle_is_left_alone() {
+        tree->makeTemplate({{u"roms/game.gb"_s, "one"}});
+        tree->folder.makeFolder(u"home"_s);
+        QVERIFY(QFile::link(u"roms"_s, tree->folder.path(u"home/roms"_s)));
+        QVERIFY(tree->layOut().failures.empty());
+    }
+    void while_a_disk_is_away_nothing_is_done_twice() {
+        tree->layOut();
+        QVERIFY(QDir(tree->folder.path(u"home/roms"_s)).removeRecursively());
+        QVERIFY(QFile::link(u"/nowhere/games"_s, tree->folder.path(u"home/roms"_s)));
+        const Handle other = lockedHome();
+        QVERIFY(tree->layOut().failures.empty());
+    }
+    void a_home_that_is_a_file_is_no_folder() {
+        tree->folder.write(u"home"_s, "mine");
+        const LayOut::Report report = tree->layOut();
+        QCOMPARE(report.failures.size(), 1u);
+        QCOMPARE(report.failures.front().reason(), RuntimeFailure::Reason::noFolder);
+        QCOMPARE(Paths::real(report.failures.front().file()), tree->home());
+    }
     void a_folder_that_cannot_be_entered_is_reported_with_the_file() {
         tree->layOut();
         tree->makeTemplate({{u"data/lang/lang_eng.tvl"_s, "two"}}, "1.2");
