@@ -29,14 +29,7 @@ public:
 
     QString of(const OpenedHome& home) const {
         if (!home.problem) return {};
-        const Texts texts(m_language, "Home");
-        const QString text =
-            home.isForLooking
-                ? texts("lookonly",
-                        QStringLiteral("No se puede escribir en la carpeta de Torvane. Puedes mirar "
-                                       "y jugar, pero no se guardará nada en ella."))
-                : texts("incomplete", QStringLiteral("No se ha podido poner al día la carpeta de Torvane."));
-        return with(text, *home.problem);
+        return with(whatItMeans(home), *home.problem);
     }
     QString ofSettings(const RuntimeFailure& failure) const {
         return with(
@@ -47,6 +40,16 @@ public:
     }
 
 private:
+    QString whatItMeans(const OpenedHome& home) const {
+        const Texts texts(m_language, "Home");
+        if (home.isClosed) return texts("closed", QStringLiteral("No se puede abrir la carpeta de Torvane."));
+        if (home.isForLooking) {
+            return texts("lookonly",
+                         QStringLiteral("No se puede escribir en la carpeta de Torvane. Puedes mirar "
+                                        "y jugar, pero no se guardará nada en ella."));
+        }
+        return texts("incomplete", QStringLiteral("No se ha podido poner al día la carpeta de Torvane."));
+    }
     // Whole paths: the name alone would not say which folder it is.
     QString with(const QString& text, const RuntimeFailure& failure) const {
         const QString path = QString::fromUtf8(NativeText::toNative(failure.file()));
@@ -57,13 +60,8 @@ private:
     Globals m_globals;
     LanguageTables m_language{m_globals};
 };
-} // namespace
 
-void reportHome(Program& program, const OpenedHome& home) {
-    const HomeTexts texts(program);
-    Settings& settings = program.runtime.settings;
-    QStringList problems;
-    if (home.problem) problems.append(texts.of(home));
+QStringList problemsOfSettings(Settings& settings, const OpenedHome& home, const HomeTexts& texts) {
     // Whoever may only look must still be able to choose a language, and so must others on a full disk, which
     // is often that of the settings, too.
     const bool isDiskFull = home.problem && home.problem->number() == RuntimeFailure::diskFull;
@@ -72,8 +70,17 @@ void reportHome(Program& program, const OpenedHome& home) {
         settings.requireStorable(Config::application);
     } catch (const RuntimeFailure& failure) {
         settings.keepWhatFails();
-        problems.append(texts.ofSettings(failure));
+        return {texts.ofSettings(failure)};
     }
+    return {};
+}
+} // namespace
+
+void reportHome(Program& program, const OpenedHome& home) {
+    const HomeTexts texts(program);
+    QStringList problems;
+    if (home.problem) problems.append(texts.of(home));
+    if (!home.isClosed) problems += problemsOfSettings(program.runtime.settings, home, texts);
     if (problems.isEmpty()) return;
     program.runtime.messages.MsgBox(problems.join(QStringLiteral("\n\n")), MsgBoxFlags::exclamation);
 }

@@ -96,6 +96,7 @@ int run(char** argv, const Start& start) {
     qtLanguage.setSource(
         {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
     torvane::reportHome(program, home);
+    if (home.isClosed) return EXIT_FAILURE;
     program.start();
     program.openFiles(start.files);
     start.instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });

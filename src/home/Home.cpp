@@ -55,23 +55,37 @@ QByteArray givenFolder(const QByteArray& given) {
     return normal(unknown ? path : followed);
 }
 
+QByteArray folderIn(const QByteArray& userData) {
+    return userData.isEmpty() ? userData : (userData == "/" ? userData : userData + '/') + "torvane";
+}
+
 QByteArray templateFor(const HomeQuestion& question) {
     const QByteArray installed = absolute(question.installedTemplate, question.applicationFolder);
     if (isTemplate(installed)) return installed;
     return isTemplate(question.applicationFolder) ? question.applicationFolder : QByteArray();
 }
 
+constexpr int toMakeNames = W_OK | X_OK;
+
 // Fails unless names can be made in a folder and in its folder `data`, if there is one.
 void requireWritable(const QByteArray& folder) {
-    constexpr int wanted = W_OK | X_OK;
-    if (access(folder.constData(), wanted) != 0) failWithErrno();
-    if (access((folder + "/data").constData(), wanted) != 0 && errno != ENOENT) failWithErrno();
+    if (access(folder.constData(), toMakeNames) != 0) failWithErrno();
+    if (access((folder + "/data").constData(), toMakeNames) != 0 && errno != ENOENT) failWithErrno();
+}
+
+// Whether the program could change anything in a template.
+bool isOpenToChanges(const QByteArray& folder) {
+    const auto isWritable = [&](const char* name) {
+        return access((folder + name).constData(), toMakeNames) == 0;
+    };
+    return isWritable("") || isWritable("/data") || isWritable("/roms");
 }
 
 // Whether there is enough in a folder to work with: all of it was laid out once, or a language at least.
 bool isLaidOut(const QByteArray& folder) {
     const QString languages = Paths::spelled(folder) + QStringLiteral("\\data\\lang");
-    return isTemplate(folder) || FolderNames::read(languages, QStringLiteral("*.tvl"))->count() > 0;
+    return !folder.isEmpty() &&
+           (isTemplate(folder) || FolderNames::read(languages, QStringLiteral("*.tvl"))->count() > 0);
 }
 
 std::optional<RuntimeFailure> failureToWrite(const QByteArray& folder) {
@@ -83,8 +97,14 @@ std::optional<RuntimeFailure> failureToWrite(const QByteArray& folder) {
     return std::nullopt;
 }
 
+void makeOwn(const QByteArray& folder) {
+    aboutFile(Paths::spelled(folder), [&] { Folder::make(folder, Folder::ownMode); });
+}
+
 std::optional<RuntimeFailure> failureToLayOut(const Home& home) {
     try {
+        if (home.folder.isEmpty()) throw RuntimeFailure::ofNoHome();
+        if (home.kind == Home::Kind::user) makeOwn(home.folder);
         const SourceTree tree =
             home.templateFolder.isEmpty() ? SourceTree() : SourceTree::recorded(home.templateFolder);
         const LayOut::Report report = LayOut(home.folder, tree).run();
@@ -106,7 +126,7 @@ Home chooseHome(const HomeQuestion& question) {
     if (hasData && access((own + "/data").constData(), W_OK | X_OK) == 0) {
         return {Home::Kind::portable, own, {}};
     }
-    if (isTemplate(installed)) return {Home::Kind::user, question.userData + "/torvane", installed};
+    if (isTemplate(installed)) return {Home::Kind::user, folderIn(question.userData), installed};
     return {hasData ? Home::Kind::readOnly : Home::Kind::portable, own, {}};
 }
 
@@ -121,6 +141,7 @@ OpenedHome openHome(const Home& home) {
     }
     if (opened.problem && !home.templateFolder.isEmpty() && !isLaidOut(home.folder)) {
         opened.isForLooking = true;
+        opened.isClosed = isOpenToChanges(home.templateFolder);
         opened.folder = Paths::spelled(home.templateFolder);
     }
     return opened;

@@ -15,8 +15,8 @@ namespace torvane {
 struct HomeQuestion {
     QByteArray applicationFolder; ///< of the executable
     QByteArray installedTemplate; ///< an absolute path, or one relative to the folder of the executable
-    QByteArray userData;          ///< the folder for data of the user (see UserFolders)
-    QByteArray given;             ///< the folder that the user has asked for; relative or not, empty for none
+    QByteArray userData; ///< the folder for data of the user (see UserFolders); empty if there is none
+    QByteArray given;    ///< the folder that the user has asked for; relative or not, empty for none
 };
 
 struct Home {
@@ -27,7 +27,7 @@ struct Home {
         readOnly, ///< the folder of the executable, which can't be written to: for looking only
     };
     Kind kind = Kind::portable;
-    QByteArray folder;         ///< absolute real path
+    QByteArray folder;         ///< absolute real path; empty if the user has none
     QByteArray templateFolder; ///< empty if there is none
 };
 
@@ -42,10 +42,13 @@ struct OpenedHome {
     bool isForLooking = false; ///< nothing can be written there
     /// Why it is for looking only, or why not all of it could be laid out or updated; none if all is well.
     std::optional<RuntimeFailure> problem;
+    /// Nobody can work here, nor may look: of the folder, nothing but texts may be used.
+    bool isClosed = false;
 };
 
 /// Lays a home out, or brings it up to date. Never fails: a home that can't be written to is opened as it is
-/// if it was laid out before, and otherwise in its template.
+/// if it was laid out before, and otherwise in its template; but in no template that can be written to, such
+/// as the library of a portable program: that is not what the user has asked for, and it would be changed.
 OpenedHome openHome(const Home& home);
 
 /// Removes what a killed lay-out has left in a home (spelled path). Never fails.

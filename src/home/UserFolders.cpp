@@ -9,9 +9,10 @@
 namespace torvane::UserFolders {
 
 namespace {
-QByteArray absolute(const char* variable) {
-    const QByteArray value = qgetenv(variable);
-    return value.startsWith('/') ? value : QByteArray();
+// The root stays as it is.
+QByteArray absolute(QByteArray path) {
+    while (path.size() > 1 && path.endsWith('/')) path.chop(1);
+    return path.startsWith('/') ? path : QByteArray();
 }
 
 // The system's list may be on a network: it is asked only if the environment lacks the home.
@@ -20,23 +21,28 @@ QByteArray homeInList() {
     passwd entry{};
     passwd* found = nullptr;
     getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found);
-    return found != nullptr ? QByteArray(found->pw_dir) : QByteArray();
+    return found != nullptr ? absolute(found->pw_dir) : QByteArray();
+}
+
+QByteArray inHome(const char* relative) {
+    const QByteArray home = UserFolders::home();
+    return home.isEmpty() ? home : (home == "/" ? home : home + '/') + relative;
 }
 } // namespace
 
 QByteArray home() {
-    const QByteArray given = absolute("HOME");
+    const QByteArray given = absolute(qgetenv("HOME"));
     return given.isEmpty() ? homeInList() : given;
 }
 
 QByteArray data() {
-    const QByteArray given = absolute("XDG_DATA_HOME");
-    return given.isEmpty() ? home() + "/.local/share" : given;
+    const QByteArray given = absolute(qgetenv("XDG_DATA_HOME"));
+    return given.isEmpty() ? inHome(".local/share") : given;
 }
 
 QByteArray configuration() {
-    const QByteArray given = absolute("XDG_CONFIG_HOME");
-    return given.isEmpty() ? home() + "/.config" : given;
+    const QByteArray given = absolute(qgetenv("XDG_CONFIG_HOME"));
+    return given.isEmpty() ? inHome(".config") : given;
 }
 
 } // namespace torvane::UserFolders

@@ -109,6 +109,25 @@ private slots:
         const FullDisk full(0);
         QCOMPARE(failureOf([&] { world().setSetting("Icon", u"5"_s); }), number(RuntimeFailure::diskFull));
     }
+    void who_has_no_home_hears_so() {
+        OpenedHome none{world().appPath(), true, RuntimeFailure::ofNoHome()};
+        QVERIFY(reported(none).endsWith(u"\n\n$HOME: you have no home folder (76)"_s));
+    }
+    void of_a_closed_home_nothing_else_is_said_and_no_settings_are_made() {
+        OpenedHome closed = home(RuntimeFailure::permissionDenied, true);
+        closed.isClosed = true;
+        refuseSettings();
+        const QString said = reported(closed);
+        QVERIFY2(said.endsWith(u"\n\n/home/ana/torvane: you don’t have permission to do that (70)"_s),
+                 qPrintable(said));
+        QCOMPARE(said.count(u"\n\n"_s), 1);
+        QCOMPARE(world().messages.boxes.size(), 1);
+    }
+    void a_closed_home_is_reported_as_that() {
+        OpenedHome closed = home(RuntimeFailure::permissionDenied, true);
+        closed.isClosed = true;
+        QVERIFY(reported(closed).startsWith(u"Torvane can’t open its folder.\n\n"_s));
+    }
     void both_are_reported_in_one_box() {
         refuseSettings();
         reported(home(RuntimeFailure::diskFull, true));

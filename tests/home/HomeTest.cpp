@@ -25,11 +25,29 @@ class HomeTest : public QObject {
     OpenedHome openedBelow(const char* userData) const {
         HomeQuestion asked = question();
         asked.userData = tree->real(userData);
-        const OrdinaryUser ordinary;
-        return openHome(chooseHome(asked));
+        return openedByOrdinary(asked);
+    }
+    OpenedHome openedByOrdinary(const HomeQuestion& asked) const {
+        setModesOfTemplate(0555);
+        const OpenedHome opened = [&] {
+            const OrdinaryUser ordinary;
+            return openHome(chooseHome(asked));
+        }();
+        setModesOfTemplate(0755);
+        return opened;
+    }
+    void setModesOfTemplate(mode_t mode) const {
+        for (const char* folder : {"share/tree/data", "share/tree"}) {
+            tree->folder.setMode(QString::fromUtf8(folder), mode);
+        }
+    }
+    mode_t modeOf(const char* relative) const {
+        struct stat info {};
+        stat(tree->real(relative).constData(), &info);
+        return info.st_mode & 07777;
     }
     void requireTemplateForLooking(const OpenedHome& opened) const {
-        QVERIFY(opened.isForLooking);
+        QVERIFY(opened.isForLooking && !opened.isClosed);
         QVERIFY(opened.problem);
         QCOMPARE(fileBelow(opened.folder, "/data/lang/lang_eng.tvl"), QByteArray("one"));
         QCOMPARE(Paths::real(opened.folder), tree->templateFolder());
@@ -124,9 +142,46 @@ private slots:
         for (const char* given : {"file", "file/below", "circle", "circle/../circle"}) {
             HomeQuestion asked = question();
             asked.given = tree->real(given);
-            requireTemplateForLooking(openHome(chooseHome(asked)));
+            requireTemplateForLooking(openedByOrdinary(asked));
         }
         QCOMPARE(tree->folder.read(u"file"_s), QByteArray("mine"));
+    }
+    void a_template_that_can_be_written_to_is_nothing_to_look_at_data() {
+        QTest::addColumn<QString>("writable");
+        QTest::newRow("all of it") << u"share/tree"_s;
+        QTest::newRow("its data") << u"share/tree/data"_s;
+        QTest::newRow("its games") << u"share/tree/roms"_s;
+    }
+    void a_template_that_can_be_written_to_is_nothing_to_look_at() {
+        QFETCH(QString, writable);
+        tree->folder.makeFolder(u"share/tree/roms"_s);
+        tree->folder.write(u"file"_s, "mine");
+        HomeQuestion asked = question();
+        asked.given = tree->real("file");
+        setModesOfTemplate(0555);
+        tree->folder.setMode(u"share/tree/roms"_s, 0555);
+        tree->folder.setMode(writable, 0777);
+        {
+            const OrdinaryUser ordinary;
+            const OpenedHome opened = openHome(chooseHome(asked));
+            QVERIFY(opened.isClosed && opened.problem);
+        }
+        setModesOfTemplate(0755);
+    }
+    void a_portable_library_is_not_opened_in_place_of_a_given_folder() {
+        HomeQuestion asked = question();
+        asked.applicationFolder = tree->templateFolder();
+        asked.installedTemplate = "../nowhere";
+        asked.given = "/proc/nowhere";
+        QVERIFY(openHome(chooseHome(asked)).isClosed);
+    }
+    void a_file_as_the_given_folder_is_reported_as_no_folder() {
+        tree->folder.write(u"file"_s, "mine");
+        HomeQuestion asked = question();
+        asked.given = tree->real("file");
+        const OpenedHome opened = openedByOrdinary(asked);
+        QCOMPARE(opened.problem->file(), spelled("file"));
+        QCOMPARE(opened.problem->reason(), RuntimeFailure::Reason::noFolder);
     }
     void a_given_folder_without_any_template_is_opened_with_its_folders() {
         HomeQuestion asked = question();
@@ -165,6 +220,19 @@ private slots:
         QVERIFY(opened.isForLooking);
         QCOMPARE(opened.folder, spelled("bin"));
         QCOMPARE(opened.problem->number(), RuntimeFailure::permissionDenied);
+    }
+    void a_portable_home_for_looking_gets_no_folders() {
+        tree->folder.makeFolder(u"bin/data"_s);
+        tree->folder.setMode(u"bin"_s, 0777);
+        tree->folder.setMode(u"bin/data"_s, 0555);
+        HomeQuestion asked = question();
+        asked.installedTemplate = "../nowhere";
+        {
+            const OrdinaryUser ordinary;
+            QVERIFY(openHome(chooseHome(asked)).isForLooking);
+        }
+        tree->folder.setMode(u"bin/data"_s, 0755);
+        QCOMPARE(tree->folder.entries(u"bin"_s), QStringList{u"data"_s});
     }
     void a_home_that_was_laid_out_and_is_read_only_now_is_opened_for_looking() {
         openedBelow("user");
@@ -219,9 +287,48 @@ private slots:
         QVERIFY(!opened.problem);
         QCOMPARE(opened.folder, spelled("user/not/yet/torvane"));
     }
+    void folders_of_the_users_are_made_for_him_alone() {
+        openedBelow("user/not/yet");
+        for (const char* folder : {"user/not", "user/not/yet", "user/not/yet/torvane"}) {
+            QCOMPARE(modeOf(folder), mode_t(0700));
+        }
+        QCOMPARE(modeOf("user"), mode_t(0777));
+    }
+    void a_given_folder_is_made_like_any_other() {
+        HomeQuestion asked = question();
+        asked.given = tree->real("given/games");
+        openHome(chooseHome(asked));
+        tree->folder.makeFolder(u"other"_s);
+        QCOMPARE(modeOf("given"), modeOf("other"));
+        QCOMPARE(modeOf("given/games"), modeOf("other"));
+    }
+    void who_has_no_home_sees_the_template_and_hears_why() {
+        HomeQuestion asked = question();
+        asked.userData.clear();
+        QVERIFY(chooseHome(asked).folder.isEmpty());
+        const OpenedHome opened = openedByOrdinary(asked);
+        requireTemplateForLooking(opened);
+        QCOMPARE(opened.problem->reason(), RuntimeFailure::Reason::noHome);
+        QCOMPARE(opened.problem->file(), u"$HOME"_s);
+    }
+    void without_a_home_nothing_is_made_in_the_root_folder() {
+        const QStringList before = QDir(u"/"_s).entryList(QDir::AllEntries | QDir::Hidden);
+        HomeQuestion asked = question();
+        asked.userData.clear();
+        QVERIFY(openHome(chooseHome(asked)).problem);
+        QCOMPARE(QDir(u"/"_s).entryList(QDir::AllEntries | QDir::Hidden), before);
+    }
+    void data_in_the_root_folder_has_one_separator() {
+        HomeQuestion asked = question();
+        asked.userData = "/";
+        QCOMPARE(chooseHome(asked).folder, QByteArray("/torvane"));
+    }
     void a_home_that_is_a_file_opens_the_template() {
         tree->folder.write(u"user/torvane"_s, "");
-        requireTemplateForLooking(openedBelow("user"));
+        const OpenedHome opened = openedBelow("user");
+        requireTemplateForLooking(opened);
+        QCOMPARE(opened.problem->file(), spelled("user/torvane"));
+        QCOMPARE(opened.problem->reason(), RuntimeFailure::Reason::noFolder);
     }
     void a_disk_that_is_full_from_the_start_opens_the_template() {
         const FullDisk full(0);

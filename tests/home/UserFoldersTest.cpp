@@ -53,6 +53,33 @@ private slots:
         qunsetenv("XDG_DATA_HOME");
         QCOMPARE(UserFolders::data(), QByteArray("/home/ana/.local/share"));
     }
+    void separators_at_the_end_do_not_count() {
+        const Variable home{"HOME"};
+        const Variable data{"XDG_DATA_HOME"};
+        const Variable configuration{"XDG_CONFIG_HOME"};
+        qputenv("XDG_DATA_HOME", "/data//");
+        qunsetenv("XDG_CONFIG_HOME");
+        qputenv("HOME", "/home/ana/");
+        QCOMPARE(UserFolders::home(), QByteArray("/home/ana"));
+        QCOMPARE(UserFolders::data(), QByteArray("/data"));
+        QCOMPARE(UserFolders::configuration(), QByteArray("/home/ana/.config"));
+        qputenv("HOME", "//");
+        QCOMPARE(UserFolders::home(), QByteArray("/"));
+        QCOMPARE(UserFolders::configuration(), QByteArray("/.config"));
+    }
+    void who_is_not_in_the_list_has_no_folders() {
+        if (geteuid() != 0) QSKIP("only root can become a user who is not in the list");
+        const Variable home{"HOME"};
+        const Variable data{"XDG_DATA_HOME"};
+        const Variable configuration{"XDG_CONFIG_HOME"};
+        for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"}) qunsetenv(name);
+        constexpr uid_t nobodys = 4'242'424;
+        QVERIFY(getpwuid(nobodys) == nullptr);
+        QCOMPARE(setresuid(nobodys, nobodys, 0), 0);
+        const QByteArrayList found{UserFolders::home(), UserFolders::data(), UserFolders::configuration()};
+        QCOMPARE(setresuid(0, 0, 0), 0);
+        QCOMPARE(found, QByteArrayList({"", "", ""}));
+    }
     void without_a_home_the_list_of_users_has_it() {
         const Variable home{"HOME"};
         for (const char* value : {"", "relative"}) {
