@@ -13,8 +13,10 @@ constexpr qsizetype freshSize = 1500; // three blocks of a disk
 
 class HomeMaker {
 public:
-    HomeMaker(const Workshop& workshop, Standing standing, int count)
-        : m_folder(QByteArray::fromStdString(workshop.path("home"))),
+    // A home that is not there lies below folders that aren't, either.
+    HomeMaker(const Workshop& workshop, Standing standing, int count, bool isThere = true)
+        : m_home(isThere ? "home/" : "user/share/home/"),
+          m_folder(QByteArray::fromStdString(workshop.path(m_home)).chopped(1)), m_isThere(isThere),
           m_tree(QByteArray::fromStdString(workshop.path("tree"))), m_standing(standing), m_count(count) {
         m_index.version = "1.2";
         m_known.version = "1.1";
@@ -23,14 +25,17 @@ public:
 
     Situation made() {
         m_made.operation = isUpdate() ? "home updated" : "home laid out";
-        m_made.details = std::to_string(m_count) + " files" + (isUpdate() ? ", " + lengths() : "");
+        m_made.details = std::to_string(m_count) + " files" +
+                         (isUpdate()  ? ", " + lengths()
+                          : m_isThere ? ""
+                                      : ", no home yet");
         m_made.isBatch = true;
-        m_made.before["home/roms/mine.gb"] = {"a game of the user's", {}};
+        if (m_isThere) m_made.before[m_home + "roms/mine.gb"] = {"a game of the user's", {}};
         for (int i = 0; i < m_count; ++i) addFile(i);
         if (isUpdate()) addUsersOwn();
         m_made.before["tree/" + record] = {m_index.toBytes(), {}};
-        if (isUpdate()) m_made.before["home/" + record] = {m_known.toBytes(), {}};
-        m_made.asides["home/" + record] = {
+        if (isUpdate()) m_made.before[m_home + record] = {m_known.toBytes(), {}};
+        m_made.asides[m_home + record] = {
             .meanwhile = {}, .afterNextStart = {m_done.toBytes()}, .isFreeMeanwhile = true};
         m_made.run = [folder = m_folder, tree = m_tree] { layOut(folder, tree); };
         m_made.resume = [folder = m_folder, tree = m_tree] {
@@ -68,13 +73,13 @@ private:
         Content old;
         if (isUpdate() && i % 3 != 2) old = TagBytes::image(oldSize(), static_cast<quint64>(40 + i));
         addSource(name, fresh, old, fresh);
-        if (old) m_made.before["home/" + name] = {*old, {}};
+        if (old) m_made.before[m_home + name] = {*old, {}};
         if (i == 0) {
-            m_made.subject = "home/" + name;
+            m_made.subject = m_home + name;
             m_made.old = old;
             m_made.fresh = fresh;
         } else {
-            m_made.asides["home/" + name] = {{old, fresh}, {fresh}, {fresh}};
+            m_made.asides[m_home + name] = {{old, fresh}, {fresh}, {fresh}};
         }
     }
 
@@ -83,7 +88,7 @@ private:
         for (const std::string name : {"data/changed", "data/deleted"}) {
             addSource(name, TagBytes::image(freshSize, 61), old, old);
         }
-        m_made.before["home/data/changed"] = {"the user's", Rights{.mode = 0600}};
+        m_made.before[m_home + "data/changed"] = {"the user's", Rights{.mode = 0600}};
     }
 
     void addSource(const std::string& name, const QByteArray& fresh, const Content& known,
@@ -98,7 +103,9 @@ private:
         m_known.files[path] = {knownSum, knownSum, known->size(), 0644};
     }
 
+    std::string m_home;
     QByteArray m_folder;
+    bool m_isThere;
     QByteArray m_tree;
     Standing m_standing;
     int m_count;
@@ -114,6 +121,7 @@ std::vector<Situation> homes(Workshop& workshop, const Standings& standings, boo
     for (const Standing standing : standings) {
         all.push_back(HomeMaker(workshop, standing, isLarge ? 30 : 4).made());
     }
+    if (!isLarge) all.push_back(HomeMaker(workshop, Standing::none, 1, false).made());
     return all;
 }
 
