@@ -50,9 +50,11 @@ wait_until() {
 is_watched=
 linger() { [ -z "$is_watched" ] || sleep "$1"; }
 
-# start_program FOLDER CONFIG_FOLDER: the program of a laid-out folder with settings of its own.
+# start_program FOLDER CONFIG_FOLDER: the program of a laid-out folder with settings of its own; that of another user if
+# the words of as_user say so.
+as_user=()
 start_program() {
-    XDG_CONFIG_HOME=$2 "$1/torvane" >"$2.log" 2>&1 &
+    XDG_CONFIG_HOME=$2 "${as_user[@]}" "$1/torvane" >"$2.log" 2>&1 &
     program_pid=$!
 }
 
