@@ -67,10 +67,13 @@ QByteArray templateFor(const HomeQuestion& question) {
 
 constexpr int toMakeNames = W_OK | X_OK;
 
-// Fails unless names can be made in a folder and in its folder `data`, if there is one.
+// Fails unless names can be made in a folder and in its folder `data`.
 void requireWritable(const QByteArray& folder) {
-    if (access(folder.constData(), toMakeNames) != 0) failWithErrno();
-    if (access((folder + "/data").constData(), toMakeNames) != 0 && errno != ENOENT) failWithErrno();
+    for (const QByteArray& one : {folder, folder + "/data"}) {
+        aboutFile(Paths::spelled(one), [&] {
+            if (access(one.constData(), toMakeNames) != 0) failWithErrno();
+        });
+    }
 }
 
 // Whether the program could change anything in a template.
@@ -90,7 +93,7 @@ bool isLaidOut(const QByteArray& folder) {
 
 std::optional<RuntimeFailure> failureToWrite(const QByteArray& folder) {
     try {
-        aboutFile(Paths::spelled(folder), [&] { requireWritable(folder); });
+        requireWritable(folder);
     } catch (const RuntimeFailure& failure) {
         return failure;
     }

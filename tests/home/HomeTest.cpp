@@ -144,6 +144,9 @@ private slots:
             asked.given = tree->real(given);
             requireTemplateForLooking(openedByOrdinary(asked));
         }
+        HomeQuestion odd = question();
+        odd.given = tree->real("circle/../circle");
+        QCOMPARE(chooseHome(odd).folder, tree->real("circle"));
         QCOMPARE(tree->folder.read(u"file"_s), QByteArray("mine"));
     }
     void a_template_that_can_be_written_to_is_nothing_to_look_at_data() {
@@ -252,6 +255,14 @@ private slots:
             QVERIFY2(opened.isForLooking && opened.problem, folder);
             tree->folder.setMode(QString::fromUtf8(folder), 0755);
         }
+    }
+    void a_home_whose_data_is_on_a_disk_that_is_away_opens_the_template() {
+        openedBelow("user");
+        QVERIFY(QDir(tree->folder.path(u"user/torvane/data"_s)).removeRecursively());
+        QVERIFY(QFile::link(u"/nowhere/data"_s, tree->folder.path(u"user/torvane/data"_s)));
+        const OpenedHome opened = openedBelow("user");
+        requireTemplateForLooking(opened);
+        QCOMPARE(opened.problem->file(), spelled("user/torvane/data"));
     }
     void a_read_only_home_that_was_never_laid_out_opens_the_template() {
         tree->folder.setMode(u"user"_s, 0555);

@@ -46,6 +46,14 @@ private slots:
         QCOMPARE(UserFolders::data(), counts ? value : QByteArray("/home/ana/.local/share"));
         QCOMPARE(UserFolders::configuration(), counts ? value : QByteArray("/home/ana/.config"));
     }
+    void each_folder_has_its_own_variable() {
+        const Variable data{"XDG_DATA_HOME"};
+        const Variable configuration{"XDG_CONFIG_HOME"};
+        qputenv("XDG_DATA_HOME", "/data");
+        qputenv("XDG_CONFIG_HOME", "/settings");
+        QCOMPARE(UserFolders::data(), QByteArray("/data"));
+        QCOMPARE(UserFolders::configuration(), QByteArray("/settings"));
+    }
     void unset_variables_lead_into_the_home() {
         const Variable home{"HOME"};
         const Variable data{"XDG_DATA_HOME"};
