@@ -69,8 +69,20 @@ struct Start {
     _exit(call ? EXIT_FAILURE : EXIT_SUCCESS);
 }
 
-// The program itself, if this start is the first one. Returns when the event loop ends, which endProcess
-// prevents.
+// Shows the program and serves its user. Returns when the event loop ends, which endProcess prevents.
+int work(torvane::Program& program, const torvane::OpenedHome& home, const Start& start) {
+    program.start();
+    program.openFiles(start.files);
+    start.instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });
+    QTimer::singleShot(windowIconDelay, qApp, setWindowIcon);
+    QTimer::singleShot(sweepDelay, qApp, [&] {
+        program.funciones.sweepLeftovers();
+        torvane::sweepHome(home.folder);
+    });
+    return QApplication::exec();
+}
+
+// The program itself, if this start is the first one; its exit status.
 int run(char** argv, const Start& start) {
     torvane::WindowingSystem::preferX11();
     int argc = 1; // nothing of the command line is meant for Qt
@@ -96,16 +108,7 @@ int run(char** argv, const Start& start) {
     qtLanguage.setSource(
         {[&] { return dialogLanguage.locale(); }, [&](const char* key) { return dialogLanguage.text(key); }});
     torvane::reportHome(program, home);
-    if (home.isClosed) return EXIT_FAILURE;
-    program.start();
-    program.openFiles(start.files);
-    start.instance.listen([&](const torvane::StartCall& call) { program.calledAgain(call); });
-    QTimer::singleShot(windowIconDelay, &application, setWindowIcon);
-    QTimer::singleShot(sweepDelay, &application, [&] {
-        program.funciones.sweepLeftovers();
-        torvane::sweepHome(home.folder);
-    });
-    return QApplication::exec();
+    return home.isClosed ? EXIT_FAILURE : work(program, home, start);
 }
 } // namespace
 
