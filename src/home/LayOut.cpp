@@ -29,6 +29,15 @@ QVersionNumber numberOf(const QByteArray& version) {
     return QVersionNumber::fromString(QString::fromLatin1(version));
 }
 
+// Whether there is something of that name, and it certainly is no folder.
+bool isNoFolder(const QByteArray& name) {
+    struct stat info {};
+    if (lstat(name.constData(), &info) != 0) return false;
+    if (stat(name.constData(), &info) == 0) return !S_ISDIR(info.st_mode);
+    if (errno != ENOENT && errno != ENOTDIR && errno != ELOOP) failWithErrno();
+    return true;
+}
+
 // A file system without modes has nothing to preserve.
 void giveMode(const Handle& file, mode_t mode) {
     if (fchmod(file.number(), mode) != 0 && errno != ENOSYS && errno != ENOTSUP) failWithErrno();
@@ -114,19 +123,19 @@ void LayOut::bringUpToDate() {
 
 void LayOut::makeFolders() {
     for (const char* folder : expectedFolders) {
-        if (isBarred(folder)) continue;
-        attempt(m_folder + '/' + folder,
-                [&] { Folder::make(Paths::real(Paths::spelled(m_folder + '/' + folder))); });
+        attempt(m_folder + '/' + folder, [&] {
+            if (!isBarred(folder)) Folder::make(Paths::real(Paths::spelled(m_folder + '/' + folder)));
+        });
     }
 }
 
 // Whether a folder can't be there, because a name on the way to it is no folder: a file, or a link that leads
 // nowhere.
 bool LayOut::isBarred(const QByteArray& folder) const {
+    if (File::isFolder(Paths::spelled(target(folder)))) return false;
     for (qsizetype end = folder.indexOf('/');; end = folder.indexOf('/', end + 1)) {
         const QByteArray name = target(end < 0 ? folder : folder.first(end));
-        struct stat info {};
-        if (lstat(name.constData(), &info) == 0 && !File::isFolder(Paths::spelled(name))) return true;
+        if (isNoFolder(name)) return true;
         if (end < 0) return false;
     }
 }
