@@ -82,7 +82,7 @@ void NewAssistant::showChoice() {
     chameleonButton1.setEnabled(false);
     AddFile.setVisible(true);
     AddDir.setVisible(true);
-    setPicture(Two.Picture());
+    setPicture(Two.deferred());
     FilePath.setVisible(false);
     Browse.setVisible(false);
 }
@@ -92,7 +92,7 @@ void NewAssistant::showQuestion(const char* firstKey) {
     Browse.setVisible(false);
     AddFile.setVisible(false);
     AddDir.setVisible(false);
-    setPicture(Three.Picture());
+    setPicture(Three.deferred());
     ShowDialog(pageText(firstKey, "f6", "f7"));
     chameleonButton3.setEnabled(false);
     chameleonButton1.setEnabled(false);
@@ -101,7 +101,7 @@ void NewAssistant::showQuestion(const char* firstKey) {
 }
 
 void NewAssistant::showFailure() {
-    setPicture(Four.Picture());
+    setPicture(Four.deferred());
     ShowDialog(text("f8"));
 }
 

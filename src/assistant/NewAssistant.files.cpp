@@ -21,7 +21,7 @@ void NewAssistant::AddFile_Click() {
     ShowDialog(text("f12"));
     AddFile.setEnabled(false);
     AddDir.setVisible(false);
-    setPicture(Two.Picture());
+    setPicture(Two.deferred());
     FilePath.setVisible(true);
     Browse.setVisible(true);
     FromFolder = 0;

@@ -120,6 +120,7 @@ void ButtonSurface::renderSurface() {
     const QSize wanted = (QSizeF(size()) * ratio).toSize();
     if (m_surface.size() != wanted) m_surface = QImage(wanted, QImage::Format_RGB32);
     m_surface.setDevicePixelRatio(ratio);
+    if (!m_background.isNull() && m_background.devicePixelRatio() != ratio) GrabParentBackground();
     m_asked = false;
     m_paintedEnabled = Enabled();
     if (!m_surface.isNull()) ButtonPainter(m_surface, faceToPaint()).paint();

@@ -89,8 +89,8 @@ void SelLangStartUp::ok_Click() {
     setAnswersVisible(false);
     for (Label* label : {&Label4, &Label5, &Label6}) label->setVisible(false);
     // The image is a hidden store; what the user sees is the window's own picture.
-    Image1.setPicture(Pictures::loadFitted(QStringLiteral("SelLangStartUp-second.jpg"), devicePixelRatioF()));
-    setPicture(Image1.Picture());
+    Image1.setPicture(Pictures::Deferred("SelLangStartUp-second.jpg"));
+    setPicture(Image1.deferred());
     ShowDialog(thanks());
     Timer2.setEnabled(true);
 }

@@ -184,8 +184,8 @@ void Form::setHeight(int twips) {
     m_design.border == FormDesign::sizable ? resize(size) : setFixedSize(size);
 }
 
-void Form::setPicture(const QPixmap& picture) {
-    m_picture.replace(picture);
+void Form::setPicture(const Pictures::Deferred& picture) {
+    m_picture = picture;
     update();
 }
 

@@ -71,7 +71,7 @@ public:
 
     /// The background picture: the design's at first. A null pixmap leaves the back colour.
     const QPixmap& picture() const { return m_picture.picture(devicePixelRatioF()); }
-    void setPicture(const QPixmap& picture);
+    void setPicture(const Pictures::Deferred& picture);
 
     /// The next place in the tab order; for controls under construction.
     int takeTabPlace() { return m_tabPlaces++; }

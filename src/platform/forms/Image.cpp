@@ -13,8 +13,8 @@ Image::Image(QWidget& parent, const char* name, const DesignRect& rect, const ch
     lower();
 }
 
-void Image::setPicture(const QPixmap& picture) {
-    m_picture.replace(picture);
+void Image::setPicture(const Pictures::Deferred& picture) {
+    m_picture = picture;
     update();
 }
 

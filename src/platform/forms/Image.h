@@ -22,7 +22,9 @@ public:
     /// Never: images are ornaments here, or stores.
     bool isExposed() const override { return false; }
     const QPixmap& Picture() const { return m_picture.picture(devicePixelRatioF()); }
-    void setPicture(const QPixmap& picture);
+    /// What it shows, for another control or a window that is to show the same.
+    const Pictures::Deferred& deferred() const { return m_picture; }
+    void setPicture(const Pictures::Deferred& picture);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -72,9 +72,4 @@ const QPixmap& Deferred::picture(qreal devicePixelRatio) const {
     return m_picture;
 }
 
-void Deferred::replace(const QPixmap& picture) {
-    m_name = nullptr;
-    m_picture = picture;
-}
-
 } // namespace torvane::Pictures

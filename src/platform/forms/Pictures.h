@@ -33,16 +33,16 @@ class Deferred {
 public:
     /// The name lives as long as the program.
     explicit Deferred(const char* name) : m_name(name) {}
+    /// A picture that is there already, which may be null. It stays the same for all densities.
+    Deferred(const QPixmap& picture) : m_picture(picture) {}
 
     /// The picture in the set for that ratio: it is loaded again when its window comes to a screen of another
     /// density.
     const QPixmap& picture(qreal devicePixelRatio) const;
-    /// Another picture in its place, which may be null.
-    void replace(const QPixmap& picture);
 
 private:
-    const char* m_name;          // null when there is nothing to load
-    mutable qreal m_ratio = 0.0; // that the picture was loaded for; 0 before
+    const char* m_name = nullptr; // null when there is nothing to load
+    mutable qreal m_ratio = 0.0;  // that the picture was loaded for; 0 before
     mutable QPixmap m_picture;
 };
 
