@@ -5,12 +5,20 @@
 
 e2e_here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 catalogue=$e2e_here/../catalogue
-# How many dots of the display a pixel of the designs takes: what the toolkit's own variable says.
+# How many dots of the display a pixel of the designs takes: what Qt's own variable says, as 1.5. In percent, since the
+# shell knows no fractions.
 desk_scale=${QT_SCALE_FACTOR:-1}
+desk_percent=$(awk -v s="$desk_scale" 'BEGIN { printf "%d", 100 * s + .5 }')
+# dots PIXELS: a length or a place of the design on the display, rounded as Qt does it.
+dots() { echo $((($1 * desk_percent + 50) / 100)); }
+# What gives the two sizes of a window as "width height" in dots, to awk.
+size_in_dots='function dots(pixels) { return int((pixels * percent + 50) / 100) } function size(w, h) { return dots(w) " " dots(h) }'
 
-# A display of our own with a number that is free; openbox lets frameless windows take their places.
+# A display of our own with a number that is free, of 1024 x 768 pixels of the designs; openbox lets frameless windows
+# take their places.
 start_display() {
-    local size=${1:-1024x768x24} pipe
+    local size pipe
+    size=$(dots 1024)x$(dots 768)x24
     pipe=$(mktemp -u)
     mkfifo "$pipe"
     # Without -noreset a look at the empty display that ends before the window manager is there would end this, too.
@@ -81,12 +89,16 @@ settle() {
 }
 
 # The size of a window of the catalogue, as "width height" in dots.
-size_of() { awk -F'\t' -v w="$1" -v s="$desk_scale" '$1 == w { print $3 * s, $4 * s }' "$catalogue/windows.tsv"; }
+size_of() {
+    awk -F'\t' -v w="$1" -v percent="$desk_percent" "$size_in_dots"' $1 == w { print size($3, $4) }' "$catalogue/windows.tsv"
+}
 
 # The size of the compact window when its panel is folded out.
-open_size() { echo "$((300 * desk_scale)) $((134 * desk_scale))"; }
+open_size() { echo "$(dots 300) $(dots 134)"; }
 # All sizes that windows of the catalogue have, a line each.
-sizes_of_windows() { awk -F'\t' -v s="$desk_scale" '{ print $3 * s, $4 * s }' "$catalogue/windows.tsv" && open_size; }
+sizes_of_windows() {
+    awk -F'\t' -v percent="$desk_percent" "$size_in_dots"' { print size($3, $4) }' "$catalogue/windows.tsv" && open_size
+}
 
 # The program's visible window of that name as "id left top width height"; the windows all differ in size. The
 # compact window has two: folded and open.
@@ -181,7 +193,7 @@ point() {
     local id x y left top width height
     read -r id x y _ < <(window_place "$1") || { echo "no window $1" >&2; return 1; }
     read -r left top width height < <(rect_of "$1" "$2")
-    pointed_at="$((x + (left + ${3:-$((width / 2))}) * desk_scale)) $((y + (top + ${4:-$((height / 2))}) * desk_scale))"
+    pointed_at="$((x + $(dots $((left + ${3:-$((width / 2))}))))) $((y + $(dots $((top + ${4:-$((height / 2))})))))"
     xdotool mousemove $pointed_at && settle
 }
 

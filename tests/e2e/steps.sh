@@ -28,7 +28,7 @@ shot_of_part() {
     settle
     read -r _ x y _ < <(window_place "$1") || return 1
     read -r left top width height < <(rect_of "$1" "$2")
-    maim -u -g "$((width * desk_scale))x$((height * desk_scale))+$((x + left * desk_scale))+$((y + top * desk_scale))" "$3"
+    maim -u -g "$(dots "$width")x$(dots "$height")+$((x + $(dots "$left")))+$((y + $(dots "$top")))" "$3"
 }
 # Two pictures that are both there.
 looks_different() { # FILE FILE

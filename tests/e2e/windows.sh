@@ -87,7 +87,7 @@ is_at() { wait_until 5 "[ '$1' = \"\$(compact_place)\" ]" && settle; }
 # The menu of the icon; its first entry that can be used.
 goes_compact() {
     icon_click 3 && menu_opens && xdotool key Down Return && wait_window Torvette && ! window_id MainFrm >/dev/null &&
-        is_at "$((screen_width - 300 * desk_scale)) 0" && window_id ConfGen >/dev/null
+        is_at "$((screen_width - $(dots 300))) 0" && window_id ConfGen >/dev/null
 }
 moves_left() { mark 'Option2(0)' && stores 'Mini = 0' && is_at '0 0'; }
 leaves_compact() { click Torvette chameleonButton3 && wait_no_window Torvette && wait_window MainFrm; }
