@@ -5,6 +5,7 @@
 #include "platform/forms/WindowingSystem.h"
 
 #include <QWindow>
+#include <algorithm>
 
 namespace torvane {
 
@@ -47,15 +48,12 @@ void DragStrip::release() {
 }
 
 void putInsideScreen(Form& window) {
-    int leftTwips = window.Left();
-    int topTwips = window.Top();
-    const int rightmost = Screen::Width() - window.width() * twipsPerPixel;
-    const int lowest = Screen::Height() - window.height() * twipsPerPixel;
-    if (leftTwips < 0) leftTwips = 0;
-    if (topTwips < 0) topTwips = 0;
-    if (leftTwips > rightmost) leftTwips = rightmost;
-    if (topTwips > lowest) topTwips = lowest;
-    window.moveTo(leftTwips, topTwips);
+    const QRect screen = Screen::geometryOf(window);
+    const QPoint furthest =
+        screen.topLeft() + QPoint(screen.width() - window.width(), screen.height() - window.height());
+    const int left = std::min(std::max(window.x(), screen.x()), furthest.x());
+    const int top = std::min(std::max(window.y(), screen.y()), furthest.y());
+    window.moveTo(left * twipsPerPixel, top * twipsPerPixel);
 }
 
 } // namespace torvane

@@ -31,7 +31,8 @@ private:
     qint16 m_dragY = 0;
 };
 
-/// Puts a window back inside the screen: left and top first, then right and bottom. No margin.
+/// Puts a window back inside the screen that its middle is on: left and top first, then right and bottom. No
+/// margin.
 void putInsideScreen(Form& window);
 
 } // namespace torvane

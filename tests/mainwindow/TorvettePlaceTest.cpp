@@ -12,8 +12,8 @@ class TorvettePlaceTest : public QObject {
 
     std::unique_ptr<OpenedCompact> opened;
     Torvette& window() const { return opened->compact(); }
-    int screenWidth() const { return Screen::Width(); }
-    int screenHeight() const { return Screen::Height(); }
+    int screenWidth() const { return Screen::geometry().width() * twipsPerPixel; }
+    int screenHeight() const { return Screen::geometry().height() * twipsPerPixel; }
     void openWith(const char* key, const QString& value) {
         opened->world.setSetting(key, value);
         opened->games(1);

@@ -53,7 +53,7 @@ Form::Form(Runtime& runtime, const FormDesign& design)
     if (design.border == FormDesign::sizable) {
         resize(design.clientSize);
     } else {
-        setFixedSize(design.clientSize);
+        fixSize(design.clientSize);
     }
 }
 
@@ -181,7 +181,14 @@ void Form::moveTo(int leftTwips, int topTwips) {
 
 void Form::setHeight(int twips) {
     const QSize size(width(), qRound(static_cast<double>(twips) / twipsPerPixel));
-    m_design.border == FormDesign::sizable ? resize(size) : setFixedSize(size);
+    m_design.border == FormDesign::sizable ? resize(size) : fixSize(size);
+}
+
+// Window managers count sizes in steps from the base size. With 1.5 dots to the pixel Qt makes each step two dots,
+// and would have them cut the last one off.
+void Form::fixSize(QSize size) {
+    setBaseSize(size);
+    setFixedSize(size);
 }
 
 void Form::setPicture(const Pictures::Deferred& picture) {
@@ -192,7 +199,9 @@ void Form::setPicture(const Pictures::Deferred& picture) {
 void Form::takeStartPosition() {
     m_placed = true;
     if (m_design.start != FormDesign::centreOfScreen) return;
-    const QRect screen = Screen::geometry();
+    // On the screen where the user is at work.
+    const QWidget* last = m_runtime.lastActive;
+    const QRect screen = last != nullptr ? Screen::geometryOf(*last) : Screen::geometry();
     move(screen.topLeft() + QPoint((screen.width() - width()) / 2, (screen.height() - height()) / 2));
 }
 
@@ -238,7 +247,10 @@ void Form::run(const std::function<void()>& handler, Failure failure) {
 void Form::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange) emit resized();
     // The user has brought it back, or the compositor minimises nothing: showing it anew would only move it.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_isSentAway = false;
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        m_isSentAway = false;
+        m_runtime.lastActive = this;
+    }
     QWidget::changeEvent(event);
 }
 

@@ -8,7 +8,6 @@
 #include "Runtime.h"
 #include "Wordings.h"
 
-#include <QPixmap>
 #include <QPointer>
 #include <QWidget>
 #include <concepts>
@@ -127,6 +126,7 @@ protected:
 private:
     void run(const std::function<void()>& handler, Failure failure);
     void takeStartPosition();
+    void fixSize(QSize size);
     void appear();
     void appearAnew();
     void waitFor(Form& owner);

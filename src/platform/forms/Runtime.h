@@ -8,6 +8,8 @@
 #include "../base/Settings.h"
 #include "Printer.h"
 
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 
 namespace torvane {
@@ -23,6 +25,8 @@ struct Runtime {
     std::function<void()> end;
     /// The text of a failure after which the program goes on; without it the runtime's own.
     std::function<QString(const RuntimeFailure&)> failureText = {};
+    /// The window that the user has worked in last; null if it is gone, and before the first one.
+    QPointer<const QWidget> lastActive = {};
 
     /// Runs a handler; a failure that it lets through takes the default path: the error box with number
     /// and text, then the end of the process. No exception ever reaches Qt's own frames. A failure whose

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Sizes and places of screens.
 #include "Screen.h"
-#include "Form.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -22,8 +21,5 @@ QRect geometryOf(const QWidget& window) {
     if (screen == nullptr) screen = window.screen();
     return screen ? screen->geometry() : geometry();
 }
-
-int Width() { return geometry().width() * twipsPerPixel; }
-int Height() { return geometry().height() * twipsPerPixel; }
 
 } // namespace torvane::Screen

@@ -13,8 +13,5 @@ QRect geometry();
 /// The whole screen that the middle of a window is on, or was on when it was hidden, in the same pixels: the
 /// primary one for a window that has had no place yet. Its corner is (0, 0) on one screen of several.
 QRect geometryOf(const QWidget& window);
-/// The primary screen's size in twips.
-int Width();
-int Height();
 
 } // namespace torvane::Screen

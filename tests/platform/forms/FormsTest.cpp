@@ -111,10 +111,6 @@ private slots:
         form->moveTo(157, -68);
         QCOMPARE(form->pos(), QPoint(10, -5));
     }
-    void the_screen_is_measured_in_twips() {
-        QCOMPARE(Screen::Width(), QGuiApplication::primaryScreen()->geometry().width() * 15);
-        QCOMPARE(Screen::Height(), QGuiApplication::primaryScreen()->geometry().height() * 15);
-    }
     void the_size_of_a_window_is_fixed_unless_its_border_is_sizable() {
         form->resize(900, 900);
         QCOMPARE(form->size(), QSize(300, 200));
