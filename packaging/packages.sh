@@ -22,8 +22,8 @@ packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)
 # For its icon in the tray: a tray, and a bus and its client's side for Python to play a desktop.
 packages_tray=(trayer dbus-daemon python3-gi)
-# For running it on Wayland: a compositor, Qt's side of it, keys and screenshots; a mouse comes with the tests.
-packages_wayland=(sway qt6-wayland grim wtype python3)
+# For running it on Wayland: two compositors, Qt's side of them, keys and screenshots; a mouse comes with the tests.
+packages_wayland=(sway weston qt6-wayland grim wtype python3)
 # For checking the form of the sources, making archives and certificates for tests, and measuring.
 packages_check=(clang-format clang-tidy python3 openssl)
 # To print in tests on a spooler of their own, and to measure what comes out.

@@ -14,11 +14,10 @@ dots() { echo $((($1 * desk_percent + 50) / 100)); }
 # What gives the two sizes of a window as "width height" in dots, to awk.
 size_in_dots='function dots(pixels) { return int((pixels * percent + 50) / 100) } function size(w, h) { return dots(w) " " dots(h) }'
 
-# A display of our own with a number that is free, of 1024 x 768 pixels of the designs; openbox lets frameless windows
-# take their places.
+# start_display [SIZE]: a display of our own with a number that is free, by default of 1024 x 768 pixels of the designs;
+# openbox lets frameless windows take their places.
 start_display() {
-    local size pipe
-    size=$(dots 1024)x$(dots 768)x24
+    local size=${1:-$(dots 1024)x$(dots 768)x24} pipe
     pipe=$(mktemp -u)
     mkfifo "$pipe"
     # Without -noreset a look at the empty display that ends before the window manager is there would end this, too.
