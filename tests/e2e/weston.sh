@@ -19,10 +19,10 @@ start_weston() {
     desk_picture=$1/desk.ppm
     program_display=wayland-weston
 }
-# The middle of the screen has the colour of weston's background. Its mouse is drawn until it has come and gone.
+# The middle of the screen has the colour of weston's background and no mouse, which weston draws until it has come and gone.
 desk_is_painted() { # FILE
-    mouse move 600 400 $desk_room
-    [ "$(grim -g '660,480 1x1' -t ppm - | tail -c 3 | od -An -tx1 | tr -d ' ')" = ff00ff ] && look_at_desk "$1"
+    mouse move 600 400 $desk_room && look_at_desk "$1" && sleep 0.3 && look_at_desk "$1" &&
+        [ "$(grim -g '590,390 40x40' -t ppm - | tail -c 4800 | od -An -v -tx1 -w3 | sort -u)" = ' ff 00 ff' ]
 }
 # The mouse, which weston draws, is out of the way then, and not outside: the keys would go elsewhere.
 look_at_desk() { mouse move 1296 930 $desk_room && grim -t ppm "$1"; } # FILE
