@@ -97,8 +97,6 @@ drag() {
 }
 fill_in() { click MainFrm "$1" && press -M ctrl a -m ctrl && press -d 15 -- "$2"; }
 
-remember_desk() { :; } # only needed where the compositor does not say where windows are
-
 shot() {
     settle
     grim "$1"

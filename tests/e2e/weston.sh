@@ -26,8 +26,6 @@ desk_is_painted() { # FILE
 }
 # The mouse, which weston draws, is out of the way then, and not outside: the keys would go elsewhere.
 look_at_desk() { mouse move 1296 930 $desk_room && grim -t ppm "$1"; } # FILE
-# Children lie above what was there before, so that is kept.
-remember_desk() { settle && look_at_desk "$work/before-$1.ppm"; } # NAME
 start_program() {
     WAYLAND_DISPLAY=$program_display XDG_CONFIG_HOME=$2 "$1/torvane" >"$2.log" 2>&1 &
     program_pid=$!
@@ -58,21 +56,21 @@ left, right = min(row[0] for row in found), max(row[1] for row in found)
 print(LEFT + left, TOP + found[0][2], right - left, found[-1][2] + 1 - found[0][2])
 PYTHON
 }
-# A window without a border has exactly its size; Qt draws a border around the others, even on all sides but the upper one.
+# A window that is alone on the desk, by its size.
 window_place() {
-    local wide high before x y width height side
-    read -r wide high < <(size_of "$1")
-    look_at_desk "$work/now.ppm" || return 1
-    for before in "$desk_picture" "$work"/before-*.ppm; do
-        [ -s "$before" ] && read -r x y width height < <(changed_place "$before" "$work/now.ppm") || continue
-        if [ "$1" = Torvette ] && [ "$width $height" = "$(open_size)" ]; then high=$height; fi
-        side=$(((width - wide) / 2))
-        if [ "$width $height" = "$wide $high" ] || { [ "$1" = ConfigNew ] && [ $side -gt 0 ] && [ $side -lt 60 ]; }; then
-            echo "$1 $((x + side)) $((y + height - side - high)) $wide $high"
-            return 0
-        fi
-    done
-    return 1
+    local x y width height
+    look_at_desk "$work/now.ppm" && read -r x y width height < <(changed_place "$desk_picture" "$work/now.ppm") || return 1
+    [ "$width $height" = "$(size_of "$1")" ] || { [ "$1" = Torvette ] && [ "$width $height" = "$(open_size)" ]; } || return 1
+    echo "$1 $x $y $width $height"
+}
+# The control panel lies above the main window, and has a border that Qt draws.
+panel_opens() {
+    settle && look_at_desk "$work/before.ppm" && click MainFrm chameleonButton8 && wait_until 20 has_panel
+}
+has_panel() {
+    local width height
+    look_at_desk "$work/now.ppm" && read -r _ _ width height < <(changed_place "$work/before.ppm" "$work/now.ppm") &&
+        [ "$width" -gt 570 ] && [ "$height" -gt 334 ]
 }
 # Each look takes a picture, which takes its time on a busy machine.
 wait_window() {

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Windows on a desktop of two screens: each opens where the user is at work, and stays on the screen that it is
-// dragged to.
+// Windows on a desktop of two screens: each opens where the user is at work, and stays on the screen that it
+// is dragged to.
+#include "art/ArtResources.h"
+#include "platform/forms/Pictures.h"
 #include "support/FakeDesktop.h"
 #include "support/FakeScreens.h"
 #include "support/TestForm.h"
 #include "support/TestMain.h"
 #include "toolkit/DragStrip.h"
+#include "toolkit/chameleonButton.h"
 
 using namespace torvane;
 
@@ -33,6 +36,7 @@ public:
     static void initMain() { useScreens({1.0, 2.0}); }
 
 private slots:
+    void initTestCase() { initArtResources(); }
     void init() {
         desktop.runtime.lastActive = nullptr;
         form = std::make_unique<TestForm>(desktop.runtime);
@@ -55,6 +59,28 @@ private slots:
         QVERIFY(workAt({1100, 100}));
         form.reset();
         QCOMPARE(placeOfNext(), centre);
+    }
+    void the_pictures_of_a_button_are_those_for_the_screen() {
+        const chameleonButton button(*form, "button", {20, 20, 100, 30},
+                                     {.type = 7, .picture = "close-16.png"});
+        QVERIFY(workAt({100, 100}));
+        QCOMPARE(button.PictureNormal().size(), QSize(16, 16));
+        bringToScreen(*form, 1);
+        imageOf(*form);
+        QCOMPARE(button.PictureNormal().size(), QSize(32, 32));
+        bringToScreen(*form, 0);
+        imageOf(*form);
+        QCOMPARE(button.PictureNormal().size(), QSize(16, 16));
+    }
+    void a_button_of_type_11_shows_the_ground_as_it_is_on_the_screen() {
+        chameleonButton button(*form, "button", {20, 20, 100, 30}, {.type = 11, .caption = ""});
+        form->setPicture(Pictures::Deferred("SelLangStartUp-second.jpg"));
+        QVERIFY(workAt({100, 100}));
+        imageOf(*form);
+        bringToScreen(*form, 1);
+        const QImage with = imageOf(*form);
+        button.hide();
+        QVERIFY(with == imageOf(*form));
     }
     void a_window_is_put_back_inside_the_screen_that_its_middle_is_on_data() {
         QTest::addColumn<QPoint>("letGo");

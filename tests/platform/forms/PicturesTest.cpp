@@ -75,6 +75,13 @@ private slots:
         QCOMPARE(picture.picture(1.0).toImage(), set.toImage());
     }
 
+    void a_window_that_shows_the_picture_of_a_control_loads_it_for_each_screen() {
+        const Image image(*form, "image", {0, 0, 32, 32}, name, false);
+        form->setPicture(image.deferred());
+        QCOMPARE(form->picture().size(), QSize(32, 32));
+        onDenseScreen();
+        QCOMPARE(form->picture().size(), QSize(64, 64));
+    }
     void the_rows_of_a_list_follow_their_window() {
         fill(5);
         const QSize before = list->model().index(1, 0).data(Qt::DecorationRole).value<QPixmap>().size();
