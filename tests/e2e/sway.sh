@@ -56,8 +56,9 @@ windows_on_desk() {
 import json, sys
 def show(node):
     if node.get("pid"):
-        place = node["rect"]
-        print(node["id"], place["x"], place["y"], place["width"], place["height"], node["focused"], node["app_id"], node["name"])
+        place, inner = node["rect"], node["window_rect"]  # without the border
+        left, top = place["x"] + inner["x"], place["y"] + inner["y"]
+        print(node["id"], left, top, inner["width"], inner["height"], node["focused"], node["app_id"], node["name"])
     for child in node["nodes"] + node["floating_nodes"]:
         show(child)
 show(json.load(sys.stdin))'

@@ -16,13 +16,11 @@ start_weston() {
     weston_pid=$!
     wait_until 20 '[ -S "$XDG_RUNTIME_DIR/wayland-weston" ]' || { echo "weston did not start:" >&2; cat "$1/weston.log" >&2; return 1; }
     wait_until 20 "desk_is_painted '$1/desk.ppm'" || return 1
-    desk_picture=$1/desk.ppm
     program_display=wayland-weston
 }
-# The middle of the screen has the colour of weston's background and no mouse, which weston draws until it has come and gone.
-desk_is_painted() { # FILE
-    mouse move 600 400 $desk_room && look_at_desk "$1" && sleep 0.3 && look_at_desk "$1" &&
-        [ "$(grim -g '590,390 40x40' -t ppm - | tail -c 4800 | od -An -v -tx1 -w3 | sort -u)" = ' ff 00 ff' ]
+# Weston draws the mouse where it has found it, until that has come and gone.
+desk_is_painted() {
+    mouse move 600 400 $desk_room && look_at_desk "$1" && sleep 0.3 && look_at_desk "$1" && ! seen_place "$1"
 }
 # The mouse, which weston draws, is out of the way then, and not outside: the keys would go elsewhere.
 look_at_desk() { mouse move 1296 930 $desk_room && grim -t ppm "$1"; } # FILE
@@ -31,9 +29,10 @@ start_program() {
     program_pid=$!
 }
 
-# The place of what has changed between two pictures, as "left top width height".
-changed_place() { # FILE FILE
-    python3 - "$1" "$2" <<'PYTHON'
+# The place of all that has not the colour of the background, or that has changed since an earlier picture, as "left top
+# width height".
+seen_place() { # FILE [EARLIER_FILE]
+    python3 - "$@" <<'PYTHON'
 import os, sys
 
 LEFT, TOP, RIGHT, BOTTOM = 24, 44, 1280, 936  # inside the frame, which changes with the focus
@@ -44,12 +43,15 @@ def rows(path):
         width, height = int(size[0]), int(size[1])
         return [file.read(3 * width)[3 * LEFT : 3 * RIGHT] for _ in range(height)][TOP:BOTTOM]
 
+def shared(one, other):  # whole pixels at the beginning
+    return len(os.path.commonprefix([one, other])) // 3
+
+now = rows(sys.argv[1])
+earlier = rows(sys.argv[2]) if len(sys.argv) > 2 else [bytes([255, 0, 255]) * (RIGHT - LEFT)] * len(now)
 found = []
-for y, (one, other) in enumerate(zip(rows(sys.argv[1]), rows(sys.argv[2]))):
+for y, (one, other) in enumerate(zip(now, earlier)):
     if one != other:
-        left = len(os.path.commonprefix([one, other])) // 3
-        right = (len(one) - len(os.path.commonprefix([one[::-1], other[::-1]])) + 2) // 3
-        found.append((left, right, y))
+        found.append((shared(one, other), RIGHT - LEFT - shared(one[::-1], other[::-1]), y))
 if not found:
     sys.exit(1)
 left, right = min(row[0] for row in found), max(row[1] for row in found)
@@ -59,7 +61,7 @@ PYTHON
 # A window that is alone on the desk, by its size.
 window_place() {
     local x y width height
-    look_at_desk "$work/now.ppm" && read -r x y width height < <(changed_place "$desk_picture" "$work/now.ppm") || return 1
+    look_at_desk "$work/now.ppm" && read -r x y width height < <(seen_place "$work/now.ppm") || return 1
     [ "$width $height" = "$(size_of "$1")" ] || { [ "$1" = Torvette ] && [ "$width $height" = "$(open_size)" ]; } || return 1
     echo "$1 $x $y $width $height"
 }
@@ -69,7 +71,7 @@ panel_opens() {
 }
 has_panel() {
     local width height
-    look_at_desk "$work/now.ppm" && read -r _ _ width height < <(changed_place "$work/before.ppm" "$work/now.ppm") &&
+    look_at_desk "$work/now.ppm" && read -r _ _ width height < <(seen_place "$work/now.ppm" "$work/before.ppm") &&
         [ "$width" -gt 570 ] && [ "$height" -gt 334 ]
 }
 # Each look takes a picture, which takes its time on a busy machine.
@@ -84,5 +86,5 @@ wait_box() { settle; }
 
 emulator() { pgrep -P "$(pgrep -P "$program_pid" || echo 1)" -x mgba || pgrep -P "$program_pid" -x mgba; }
 wait_game() { wait_until 20 'emulator && ! window_id MainFrm && shows_window'; }
-shows_window() { look_at_desk "$work/now.ppm" && changed_place "$desk_picture" "$work/now.ppm"; }
+shows_window() { look_at_desk "$work/now.ppm" && seen_place "$work/now.ppm"; }
 end_game() { kill "$(emulator)"; }
