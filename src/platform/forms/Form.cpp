@@ -184,8 +184,8 @@ void Form::setHeight(int twips) {
     m_design.border == FormDesign::sizable ? resize(size) : fixSize(size);
 }
 
-// Window managers count sizes in steps from the base size. With 1.5 dots to the pixel Qt makes each step two dots,
-// and would have them cut the last one off.
+// Window managers count sizes in steps from the base size. With 1.5 dots to the pixel Qt makes each step two
+// dots, and would have them cut the last one off.
 void Form::fixSize(QSize size) {
     setBaseSize(size);
     setFixedSize(size);
