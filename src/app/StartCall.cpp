@@ -7,7 +7,8 @@
 namespace torvane {
 
 namespace {
-// Comes first. A later version that says other things takes another word, so that this one takes nothing else from it.
+// Comes first. A later version that says other things takes another word, so that this one takes nothing else
+// from it.
 constexpr QByteArrayView kind = "torvane-start-1";
 constexpr qsizetype itemsBeforeFiles = 3;
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <QByteArrayList>
 
+#include <vector>
+
 namespace torvane {
 
 /// The columns are file, title, company, info and date, in any order. Those that only a list prints (console,

@@ -27,9 +27,8 @@ std::vector<OptionForm> UndoCommand::options() const { return ChangeRows::option
 
 QByteArray UndoCommand::help() const {
     return "[OPTION]...\n"
-           "Takes back what the last set, clear, copy-tags, import or identify --write has\n"
-           "changed. A game that has been changed since stays as it is. A second undo does\n"
-           "it all again.\n"
+           "Takes back what the last command has written to games. A game that has been\n"
+           "changed since stays as it is. A second undo does it all again.\n"
            "\n" +
            ChangeRows::help();
 }

@@ -81,8 +81,7 @@ public:
         reportCompact();
         reportSearch();
         reportButtons();
-        reportSaves();
-        reportTaggings();
+        reportWrites();
         reportImports();
         reportArchives();
         reportNames();
@@ -253,22 +252,16 @@ private:
                      format("processor time; %.3f on average of all", m_report.median("mean") / 1e6));
     }
 
-    void reportSaves() {
-        const Values values =
-            run({program("bench_saves"), m_small.folder, std::to_string(rounds)}, m_small.configuration);
-        const double large = values.at("large") / 1e6;
-        const double small = values.at("small") / 1e6;
-        m_report.row("Saving the tag of a 32 MiB game", large / small, 1.3,
-                     format("%.2f ms against %.2f ms for one of 32 KiB", large, small));
-    }
-
-    void reportTaggings() {
-        const Values values =
-            run({program("bench_taggings"), m_small.folder, std::to_string(rounds)}, m_small.configuration);
-        const double tagging = values.at("tagging") / 1e6;
-        const double plain = values.at("plain") / 1e6;
-        m_report.row("First tags of 1,000 games of 1 MiB", tagging / plain, 2,
-                     format("%.0f ms against %.0f ms of plain appends, synced as often", tagging, plain));
+    void reportWrites() {
+        const auto timesOf = [&](const char* name) {
+            return run({program(name), m_small.folder, std::to_string(rounds)}, m_small.configuration);
+        };
+        const Values saves = timesOf("bench_saves");
+        m_report.row("Saving the tag of a 32 MiB game", saves.at("large") / saves.at("small"), 1.3,
+                     format("%.2f ms; the other of 32 KiB", saves.at("large") / 1e6));
+        const Values tags = timesOf("bench_taggings");
+        m_report.row("First tags of 1,000 games of 1 MiB", tags.at("tagging") / tags.at("plain"), 2,
+                     format("%.0f ms; plain appends, synced as often", tags.at("tagging") / 1e6));
     }
 
     // The library of the first is empty, and what it imports is not an archive.

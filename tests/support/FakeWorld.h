@@ -9,6 +9,8 @@ namespace torvane {
 /// A program folder with the real language files and web lists and an empty library, on a fake desktop.
 struct FakeWorld : FakeDesktop {
     FakeWorld() {
+        // The program would make it for its user alone, and some tests are another user for a moment.
+        folder.makeFolder(QStringLiteral("config/Torvane"));
         folder.makeFolder(QStringLiteral("roms"));
         folder.makeFolder(QStringLiteral("data/lang"));
         folder.makeFolder(QStringLiteral("data/tray"));
