@@ -2,8 +2,8 @@
 # The Debian packages that this project's scripts need, and the function that installs them. Sourced by bash.
 
 # For building the program and its folder: the painter of the pictures writes the credits in one of the fonts.
-packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libxcb1-dev libzip-dev webp fonts-dejavu-core
-    sdcc binutils-arm-none-eabi libmgba-dev netpbm)
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsimpleini-dev libssl-dev libxcb1-dev libzip-dev zlib1g-dev webp
+    fonts-dejavu-core sdcc binutils-arm-none-eabi libmgba-dev netpbm)
 # For making the Debian package.
 packages_package=(dpkg-dev file)
 # For checking what the package installs, and which program desktops then take for a file; and to install it in a folder
@@ -15,8 +15,8 @@ packages_system=(lintian debootstrap)
 packages_panel=(lxpanel lxmenu-data dbus-daemon)
 # For running it: picture formats, Qt's own texts in the user's language, substitutes for the fonts of the designs,
 # an emulator, what converts its screenshots, the command that prints.
-packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libxcb1 libzip4
-    qt6-image-formats-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl netpbm
+packages_run=(libqt6gui6 libqt6widgets6 libqt6network6 libqt6printsupport6 libqt6svg6 libssl3 libxcb1 libzip4
+    zlib1g qt6-image-formats-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-cabin mgba-sdl netpbm
     cups-client)
 # For running it on a virtual display, with synthetic input and screenshots.
 packages_display=(xvfb openbox xdotool maim wmctrl x11-utils x11-xserver-utils)

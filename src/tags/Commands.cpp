@@ -5,6 +5,7 @@
 #include "CopyTagsCommand.h"
 #include "ExportCommand.h"
 #include "ImportCommand.h"
+#include "HashCommand.h"
 #include "ListCommand.h"
 #include "PlayCommand.h"
 #include "SetCommand.h"
@@ -33,6 +34,7 @@ const std::vector<CommandEntry> table = {
     {"export", "write the tags of games as a database file", make<ExportCommand>},
     {"import", "give games the tags of a database file", make<ImportCommand>},
     {"play", "run a game in the emulator", make<PlayCommand>},
+    {"hash", "print checksums of games without their tags", make<HashCommand>},
 };
 } // namespace
 

@@ -73,6 +73,12 @@ qint64 Archive::claimedSize(qint64 index) const {
     return static_cast<qint64>(std::min<zip_uint64_t>(info.size, std::numeric_limits<qint64>::max()));
 }
 
+std::optional<quint32> Archive::claimedCrc(qint64 index) const {
+    const zip_stat_t info = infoOf(index);
+    if ((info.valid & ZIP_STAT_CRC) == 0) return std::nullopt;
+    return info.crc;
+}
+
 bool Archive::read(qint64 index, const std::function<bool(QByteArrayView)>& take) {
     const std::unique_ptr<zip_file_t, FileCloser> file(
         zip_fopen_index(m_zip.get(), static_cast<zip_uint64_t>(index), 0));

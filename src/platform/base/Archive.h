@@ -6,6 +6,7 @@
 #include "ArchiveBytes.h"
 
 #include <memory>
+#include <optional>
 
 namespace torvane {
 
@@ -29,6 +30,8 @@ public:
     bool isMethodKnown(qint64 index) const;
     /// The size that the archive claims for an entry, in bytes; negative if it claims none.
     qint64 claimedSize(qint64 index) const;
+    /// The CRC-32 that the archive claims for the bytes of an entry; nothing if it claims none.
+    std::optional<quint32> claimedCrc(qint64 index) const;
     /// Passes the bytes of an entry to `take`, block by block, until that returns false. True if the entry
     /// was read to its end with the claimed size and checksum; never for encrypted entries.
     bool read(qint64 index, const std::function<bool(QByteArrayView)>& take);
