@@ -6,6 +6,7 @@
 #include "ExportCommand.h"
 #include "ImportCommand.h"
 #include "HashCommand.h"
+#include "IdentifyCommand.h"
 #include "ListCommand.h"
 #include "PlayCommand.h"
 #include "SetCommand.h"
@@ -35,6 +36,7 @@ const std::vector<CommandEntry> table = {
     {"import", "give games the tags of a database file", make<ImportCommand>},
     {"play", "run a game in the emulator", make<PlayCommand>},
     {"hash", "print checksums of games without their tags", make<HashCommand>},
+    {"identify", "find games in lists of known games", make<IdentifyCommand>},
 };
 } // namespace
 

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// The user's games, and which entries of the lists each of them is.
+#pragma once
+
+#include "GameArchive.h"
+#include "GameFiles.h"
+#include "ListEntry.h"
+
+#include <QMultiHash>
+
+namespace torvane {
+
+/// A game of the user's: a file, or a member of an archive.
+struct FoundGame {
+    GameFile file;
+    QByteArray member; ///< empty for a file
+    /// Its possible images. Of a member that was not unpacked this is what the directory says.
+    std::vector<SummedImage> images;
+    std::vector<ListEntry>
+        entries;            ///< those that it is, without their checksums; the first ones of very many
+    bool isDoubled = false; ///< it is several entries, or others are the same entry
+};
+
+class FoundGames {
+public:
+    void add(FoundGame game);
+    /// Compares an entry with all games by its strongest checksum and its size. False if none is it.
+    bool match(const ListEntry& entry);
+
+    const std::vector<FoundGame>& all() const { return m_games; }
+
+private:
+    struct Place {
+        quint32 game;
+        quint32 image;
+    };
+    std::vector<size_t> gamesOf(const ListEntry& entry) const;
+
+    std::vector<FoundGame> m_games;
+    QMultiHash<QByteArray, Place> m_places; // by checksum
+};
+
+} // namespace torvane

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// From an entry to a tag.
+#include "NamedTags.h"
+#include "GivenTag.h"
+#include "WritableGame.h"
+
+namespace torvane {
+
+namespace {
+// As a tag stores a text that is empty.
+const QByteArray blankText = QByteArrayLiteral(" ");
+
+std::optional<QByteArray> textOrKept(const QByteArray& text, bool isTagged) {
+    if (!text.isEmpty()) return text;
+    return isTagged ? std::nullopt : std::optional(blankText);
+}
+
+GivenTag tagOf(const ListEntry& entry, bool isTagged) {
+    GivenTag tag;
+    tag.title = entry.title;
+    tag.company = textOrKept(entry.company, isTagged);
+    tag.info = textOrKept({}, isTagged);
+    if (!entry.year.isEmpty()) tag.date = entry.year;
+    return tag;
+}
+
+bool haveOneTag(const std::vector<ListEntry>& entries) {
+    const ListEntry& first = entries.front();
+    return std::all_of(entries.begin(), entries.end(), [&](const ListEntry& entry) {
+        return entry.title == first.title && entry.company == first.company && entry.year == first.year;
+    });
+}
+} // namespace
+
+void NamedTags::write(const std::vector<FoundGame>& games) {
+    m_session.reports().begin(static_cast<int>(games.size()));
+    for (const FoundGame& game : games) {
+        if (m_session.isOver()) break;
+        m_session.attempt(game.file.name, [&] { writeOne(game); });
+        m_session.reports().step();
+    }
+    m_edits.finish();
+    m_session.reports().end();
+}
+
+void NamedTags::writeOne(const FoundGame& game) {
+    if (game.entries.empty() || !game.member.isEmpty()) return;
+    const TagEdits::State state = m_edits.stateOf(game.file);
+    const bool isTagged = state.tag.has_value() || m_edits.hasTag(game.file);
+    if (isTagged && m_which == Which::untagged) return;
+    Reports& reports = m_session.reports();
+    QByteArray fault = faultOfWriting(game.file.name);
+    if (fault.isEmpty() && !haveOneTag(game.entries)) fault = "the lists have several names for it";
+    if (!fault.isEmpty()) return reports.fault(game.file.name, fault);
+    const GivenTag::Result result =
+        tagOf(game.entries.front(), state.tag.has_value()).over(state.tag, state.length);
+    if (!result.fault.isEmpty()) return reports.fault(game.file.name, result.fault);
+    if (result.isNew) m_edits.add({game.file, result.fields});
+}
+
+} // namespace torvane
