@@ -17,6 +17,15 @@ _torvane_tags() {
         return
         ;;
     --title | --company | --info | --date | --author) return ;;
+    --dat)
+        _filedir '@(dat|xml|txt)'
+        return
+        ;;
+    --only)
+        mapfile -t COMPREPLY < <(compgen -W 'crc32 md5 sha1 sha256' -- "$cur")
+        return
+        ;;
+    --title | --company | --info | --date) return ;;
     esac
     local i
     for ((i = 1; i < cword; i++)); do
@@ -35,6 +44,9 @@ _torvane_tags() {
     set) options+=' --json --tsv --dry-run --title --company --info --date --from' ;;
     clear | copy-tags | undo | import) options+=' --json --tsv --dry-run' ;;
     export) options+=' --output --author' ;;
+    hash) options+=' --json --tsv --only' ;;
+    identify) options+=' --json --tsv --dat --deep --write --replace' ;;
+    clear | copy-tags) options+=' --json --tsv --dry-run' ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
@@ -42,6 +54,7 @@ _torvane_tags() {
         mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo verify export import play' -- "$cur")
     elif [[ $command == import && $prev == import ]]; then
         _filedir
+        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags hash identify' -- "$cur")
     else
         _filedir '@(gb|gbc|gba|cgb|agb|zip|bin)'
     fi

@@ -3,20 +3,15 @@
 // games of 40 KiB each. Usage: bench_tags TORVANE_TAGS COUNT ROUNDS; prints "list" (a whole run, from its
 // start to its end), "plain" (open, pread and close of each game) and "version" (a run that does nothing) as
 // medians in nanoseconds, and "most-kB", the largest memory of a run.
-#include "Samples.h"
+#include "CommandRun.h"
 
 #include <array>
 #include <cinttypes>
 #include <cstdio>
 #include <dirent.h>
-#include <fcntl.h>
 #include <filesystem>
-#include <spawn.h>
-#include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace torvane::bench {
 
@@ -55,21 +50,7 @@ void readPlainly(const std::string& folder) {
     closedir(dir);
 }
 
-void runToEnd(const char* program, std::initializer_list<const char*> arguments) {
-    std::vector<char*> words{const_cast<char*>(program)};
-    for (const char* argument : arguments) words.push_back(const_cast<char*>(argument));
-    words.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t child = 0;
-    mustHold(posix_spawn(&child, program, &actions, nullptr, words.data(), environ) == 0);
-    posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    mustHold(waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0);
-}
-
-int measure(const char* program, int count, int rounds) {
+int measure(const std::string& program, int count, int rounds) {
     std::string folder = (fs::temp_directory_path() / "torvane-tags-XXXXXX").string();
     mustHold(mkdtemp(folder.data()) != nullptr);
     for (int i = 0; i < count; ++i) makeGame(folder + "/Game " + std::to_string(i) + " (World).gb", i);
@@ -78,8 +59,8 @@ int measure(const char* program, int count, int rounds) {
     std::vector<std::int64_t> version;
     for (int round = 0; round <= rounds; ++round) {
         const std::int64_t one = timeOf([&] { readPlainly(folder); });
-        const std::int64_t other = timeOf([&] { runToEnd(program, {"list", "--json", folder.c_str()}); });
-        const std::int64_t nothing = timeOf([&] { runToEnd(program, {"--version"}); });
+        const std::int64_t other = timeOf([&] { runToEnd({program, "list", "--json", folder}); });
+        const std::int64_t nothing = timeOf([&] { runToEnd({program, "--version"}); });
         if (round == 0) continue; // the warm-up
         plain.push_back(one);
         list.push_back(other);
