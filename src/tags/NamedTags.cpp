@@ -3,6 +3,10 @@
 #include "NamedTags.h"
 #include "GivenTag.h"
 #include "WritableGame.h"
+#include "catalogue/TagInput.h"
+#include "platform/base/CodePage1252.h"
+
+#include <algorithm>
 
 namespace torvane {
 
@@ -32,6 +36,10 @@ bool haveOneTag(const std::vector<ListEntry>& entries) {
 }
 } // namespace
 
+NamedTags::NamedTags(Which which, Session& session)
+    : m_which(which), m_session(session), m_edits(TagEdits::Mode::forReal, session.reports()),
+      m_today(CodePage1252::toBytes(TagInput::todayAsText())) {}
+
 void NamedTags::write(const std::vector<FoundGame>& games) {
     m_session.reports().begin(static_cast<int>(games.size()));
     for (const FoundGame& game : games) {
@@ -53,7 +61,7 @@ void NamedTags::writeOne(const FoundGame& game) {
     if (fault.isEmpty() && !haveOneTag(game.entries)) fault = "the lists have several names for it";
     if (!fault.isEmpty()) return reports.fault(game.file.name, fault);
     const GivenTag::Result result =
-        tagOf(game.entries.front(), state.tag.has_value()).over(state.tag, state.length);
+        tagOf(game.entries.front(), state.tag.has_value()).over(state.tag, state.length, m_today);
     if (!result.fault.isEmpty()) return reports.fault(game.file.name, result.fault);
     if (result.isNew) m_edits.add({game.file, result.fields});
 }

@@ -11,8 +11,7 @@ namespace torvane {
 class NamedTags {
 public:
     enum class Which { untagged, all };
-    NamedTags(Which which, Session& session)
-        : m_which(which), m_session(session), m_edits(TagEdits::Mode::forReal, session.reports()) {}
+    NamedTags(Which which, Session& session);
 
     /// Gives each game the tag of its entry, as the options ask for it: what the list has, and what else is
     /// there. A text that no tag can hold, or several names for one game, are reported with the game, which
@@ -25,6 +24,7 @@ private:
     Which m_which;
     Session& m_session;
     TagEdits m_edits;
+    QByteArray m_today;
 };
 
 } // namespace torvane
