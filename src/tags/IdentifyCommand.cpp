@@ -13,10 +13,7 @@ constexpr int mostFlaws = 10; // of a list that are reported one by one
 
 class Identification {
 public:
-    Identification(const Arguments& given, Session& session) : m_given(given), m_session(session) {
-        const Columns columns{{"status"}, {"file"}, {"member"}, {"game"}, {"rom"}};
-        m_rows = RowFormat::writer(given, RowFormat::Plain::table, columns, session.output());
-    }
+    Identification(const Arguments& given, Session& session) : m_given(given), m_session(session) {}
 
     void readLists() {
         for (const auto& option : m_given.options) {
@@ -36,10 +33,12 @@ public:
             return std::make_unique<IdentifyTask>(game, m_session, m_index, depth, m_games);
         });
     }
-    // Also after an interruption: nobody needs rows about games that were not read.
+    // After an interruption nothing is known for certain: what was not read would be missing.
     void report() {
         eachEntry([this](const ListEntry& entry, size_t) { m_isFound.push_back(m_games.match(entry)); });
         if (m_session.isOver()) return;
+        const Columns columns{{"status"}, {"file"}, {"member"}, {"game"}, {"rom"}};
+        m_rows = RowFormat::writer(m_given, RowFormat::Plain::table, columns, m_session.output());
         for (const FoundGame& game : m_games.all()) addRows(game);
         eachEntry([this](const ListEntry& entry, size_t number) {
             if (number < m_isFound.size() && !m_isFound[number]) addRow("missing", {}, {}, &entry);

@@ -44,6 +44,7 @@ void TextList::finish() {
     if (!m_isStarted && !hasFailed()) add(QByteArray(markSize, ' '));
     if (hasFailed()) return;
     endWord();
+    if (hasFailed()) return;
     if (m_isInQuotes || m_depth > 0 || !m_name.isEmpty()) fail("it ends before its last block does");
 }
 

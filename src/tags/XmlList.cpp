@@ -7,7 +7,8 @@ namespace torvane {
 namespace {
 constexpr qint64 longestToken = 1 << 20; // in bytes; the whole reading takes no more memory than this
 constexpr int deepest = 32;
-constexpr qsizetype longestText = 4096; // in characters; nothing longer fits into a tag
+constexpr qsizetype declarationSize = 1024; // in bytes
+constexpr qsizetype longestText = 4096;     // in characters; nothing longer fits into a tag
 
 constexpr int rootDepth = 1;
 constexpr int gameDepth = 2;
@@ -16,7 +17,17 @@ constexpr int fieldDepth = 3;
 
 XmlList::XmlList(Takers takers) : ListReader(std::move(takers)) { m_xml.setNamespaceProcessing(false); }
 
+// Qt's reader changes the encoding at the declaration, and then decodes the current piece anew: that has to
+// begin with the mark of UTF-16.
 void XmlList::add(const QByteArray& bytes) {
+    if (m_isStarted) return parse(bytes);
+    m_start += bytes;
+    if (m_start.size() < declarationSize) return;
+    m_isStarted = true;
+    parse(m_start);
+}
+
+void XmlList::parse(const QByteArray& bytes) {
     if (hasFailed()) return;
     m_xml.addData(bytes);
     m_bytesOfToken += bytes.size();
@@ -32,6 +43,7 @@ void XmlList::add(const QByteArray& bytes) {
 }
 
 void XmlList::finish() {
+    if (!m_isStarted) parse(m_start);
     if (!hasFailed() && !m_isComplete) fail("it ends before its last element does");
 }
 

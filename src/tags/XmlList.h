@@ -19,10 +19,13 @@ public:
 
 private:
     qint64 line() const override { return m_xml.lineNumber(); }
+    void parse(const QByteArray& bytes);
     void takeToken();
     void beginElement();
     void endElement();
 
+    QByteArray m_start; // held back until the declaration is whole
+    bool m_isStarted = false;
     QXmlStreamReader m_xml;
     qint64 m_bytesOfToken = 0; // that have come since the last token
     int m_depth = 0;
