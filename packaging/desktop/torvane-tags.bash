@@ -46,15 +46,13 @@ _torvane_tags() {
     export) options+=' --output --author' ;;
     hash) options+=' --json --tsv --only' ;;
     identify) options+=' --json --tsv --dat --deep --write --replace' ;;
-    clear | copy-tags) options+=' --json --tsv --dry-run' ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
     elif [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo verify export import play' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags undo verify hash identify export import play' -- "$cur")
     elif [[ $command == import && $prev == import ]]; then
         _filedir
-        mapfile -t COMPREPLY < <(compgen -W 'list show set clear copy-tags hash identify' -- "$cur")
     else
         _filedir '@(gb|gbc|gba|cgb|agb|zip|bin)'
     fi

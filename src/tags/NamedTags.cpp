@@ -37,7 +37,7 @@ bool haveOneTag(const std::vector<ListEntry>& entries) {
 } // namespace
 
 NamedTags::NamedTags(Which which, Session& session)
-    : m_which(which), m_session(session), m_edits(TagEdits::Mode::forReal, session.reports()),
+    : m_which(which), m_session(session), m_edits(TagEdits::Mode::forReal, session),
       m_today(CodePage1252::toBytes(TagInput::todayAsText())) {}
 
 void NamedTags::write(const std::vector<FoundGame>& games) {
