@@ -30,10 +30,12 @@ fresh() {
     find "${dir:?}" -mindepth 1 -delete
     mkdir "$dir/bin" "$dir/games" "$dir/emuladores"
     sed "s|/usr/games|$dir/games|g" "$script" >"$dir/emuladores/mgba.sh"
+    cp "${script%/*}/mgba-image.sh" "$dir/emuladores/"
+    chmod +x "$dir/emuladores/"*
     status=0 calls=() errors=
 }
 
-# Runs the script with the arguments that the program passes: the command line cut at every blank.
+# Runs the script, or the one named by $started, with the arguments that the program passes: the command line cut at every blank.
 play() { # PATH_OF_GAME [VARIABLE=VALUE...]
     local rest="$1 " words=()
     shift
@@ -41,7 +43,7 @@ play() { # PATH_OF_GAME [VARIABLE=VALUE...]
         words+=("${rest%% *}")
         rest=${rest#* }
     done
-    env -i PATH="$dir/bin" "$@" /bin/sh "$dir/emuladores/mgba.sh" "${words[@]}" 2>"$dir/errors"
+    env -i PATH="$dir/bin" "$@" /bin/sh "$dir/emuladores/${started-mgba.sh}" "${words[@]}" 2>"$dir/errors"
     status=$?
     errors=$(<"$dir/errors")
     [[ ! -e $dir/calls ]] || mapfile -d '' calls <"$dir/calls"

@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Starts mGBA with one game: the emulator of the list emus.dat. It joins the game's path, which comes cut into
 # words, finds the emulator, and says so if there is none. Screenshots that are taken in mGBA (F12) are in the
-# gallery when the game has ended. All else about the game is mGBA's own affair.
+# gallery when the game has ended. With TORVANE_IMAGE_ONLY set, as by mgba-image.sh, mGBA gets the image without
+# the tag. All else about the game is mGBA's own affair.
 #
 # The program hands over its command line unquoted, cut at every single blank. The words, joined again with
 # single blanks, are therefore the path, whatever it holds: two blanks in a row come as an empty word.
@@ -59,6 +60,7 @@ gather() { # FOLDER
         lay_screenshot "$picture"
     done
     rm -f -- "$1/picture" "$1/picture.pnm"
+    rm -rf -- "$1/image"
     find "$1" -type f -empty -delete 2>/dev/null
     rmdir -- "$1" 2>/dev/null
 }
@@ -81,15 +83,65 @@ wait_for() { # PROCESS
     done
 }
 
+# Where the image in the game's file ends, in bytes. A tag is known by its marker, the first one in the last
+# 17 KiB. Each save of a tag leaves a line end after the image. Images are whole KiB, which tells the line ends.
+image_end() {
+    length=$(wc -c <"$game") || return 1
+    start=$((length > 17408 ? length - 17408 : 0))
+    found=$(tail -c 17408 <"$game" | LC_ALL=C grep -obaF -- "$(printf 'ID3TAG\247')" | head -n 1)
+    end=$length
+    [ -z "$found" ] || end=$((start + ${found%%:*}))
+    whole=$((end - end % 1024))
+    # A line that the sign "." ends is not counted: it lacks its second byte.
+    lines=$({ tail -c "+$((whole + 1))" <"$game" | head -c "$((end - whole))" && printf .; } |
+        LC_ALL=C grep -c "^$(printf '\r')\$")
+    [ "$whole" -eq 0 ] || [ "$((whole + 2 * lines))" -ne "$end" ] || end=$whole
+}
+
+# Makes a copy of the game that ends where its image does; shares the blocks of the game's file where the file
+# system can. Fails if the game is an archive or is its image already, and if there is no room.
+copy_image() { # FOLDER
+    case $game in
+    *.[Zz][Ii][Pp]) return 1 ;;
+    esac
+    [ -f "$game" ] && image_end 2>/dev/null || return 1
+    [ "$end" -gt 0 ] && [ "$end" -lt "$length" ] || return 1
+    mkdir -- "$1" 2>/dev/null &&
+        cp --reflink=auto --no-preserve=mode -- "$game" "$1/${game##*/}" 2>/dev/null &&
+        truncate -s "$end" -- "$1/${game##*/}" 2>/dev/null
+}
+
+# Whether the user has set an option in mGBA's own configuration.
+is_configured() { # OPTION
+    grep -q "^$1=." "${XDG_CONFIG_HOME:-${HOME-}/.config}/mgba/config.ini" 2>/dev/null
+}
+
 # Plays the game with a folder for its screenshots that nobody else uses, so that all pictures in it are new.
-# Where the gallery has no room for it, mGBA puts them where it likes.
+# Where the gallery has no room for it, mGBA puts them where it likes. What mGBA keeps beside a game it keeps
+# beside this one, even if it plays a copy.
 play() { # EMULATOR
     gather_left
     own=$(mktemp -d -- "$gallery/.mgba-$$-XXXXXX" 2>/dev/null) || exec "$1" "-$scale" -- "$game"
-    playing=
+    playing='' stopped=''
     # What would end the script ends the emulator, and the script after it.
-    trap '[ -z "$playing" ] || kill "$playing" 2>/dev/null' HUP INT QUIT TERM
-    "$1" "-$scale" -C "screenshotPath=$own" -- "$game" &
+    trap 'stopped=1; [ -z "$playing" ] || kill "$playing" 2>/dev/null' HUP INT QUIT TERM
+    set -- "$1" "-$scale" -C "screenshotPath=$own"
+    played=$game
+    if [ -n "${TORVANE_IMAGE_ONLY-}" ] && copy_image "$own/image"; then
+        played=$own/image/${game##*/}
+        case $game in
+        */*) folder=${game%/*}/ ;;
+        *) folder=. ;;
+        esac
+        for option in savegamePath savestatePath cheatsPath patchPath; do
+            is_configured "$option" || set -- "$@" -C "$option=$folder"
+        done
+    fi
+    if [ -n "$stopped" ]; then
+        gather "$own"
+        exit 143
+    fi
+    "$@" -- "$played" &
     playing=$!
     wait_for "$playing"
     playing=
