@@ -2,6 +2,7 @@
 // Puts the modules and the windows together.
 #include "Program.h"
 #include "core/FailureTexts.h"
+#include "core/NameSetting.h"
 #include "core/ScreenshotFolder.h"
 #include "platform/forms/RunningHandler.h"
 #include "platform/forms/StartupNotice.h"
@@ -9,8 +10,8 @@
 namespace torvane {
 
 Program::Program(Runtime& programRuntime, const QString& homeFolder)
-    : runtime(programRuntime), globals{homeFolder, {}, {}, {}, {}}, shelf(windows, globals),
-      compact(windows, runtime),
+    : runtime(programRuntime), globals{homeFolder, {}, {}, {}, {}, chosenNameCut(runtime.settings)},
+      shelf(windows, globals), compact(windows, runtime),
       funciones({globals, language, hosts, runtime.messages, runtime.dialogs, runtime.settings}, shelf),
       shell(runtime.processes, [this] { return screenshotFolder(runtime.settings, globals).value(); }),
       id3(globals, language, runtime.messages), desk(*this),

@@ -2,7 +2,6 @@
 // Names and pictures of the game list.
 #include "GameRows.h"
 #include "NameBeginning.h"
-#include "core/Pieces.h"
 #include "platform/base/RuntimeFailure.h"
 
 #include <algorithm>
@@ -33,13 +32,13 @@ GameIcon GameRows::iconOfSize(qint64 bytes) {
     return kilobytes > 2048.0 ? GameIcon::colour : GameIcon::none;
 }
 
-GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count, LengthOf lengthOf)
-    : m_names(std::move(names)), m_count(std::min(count, m_names->count())), m_lengthOf(std::move(lengthOf)) {
-}
+GameRows::GameRows(std::shared_ptr<const FolderNames> names, int count, LengthOf lengthOf, const NameCut& cut)
+    : m_names(std::move(names)), m_count(std::min(count, m_names->count())), m_lengthOf(std::move(lengthOf)),
+      m_cut(cut) {}
 
 // A file without an icon of its own repeats that of the row above.
 GameIcon GameRows::iconAfter(GameIcon above, int row) const {
-    const std::string_view kind = secondPieceOf(m_names->bytes(row));
+    const std::string_view kind = m_cut.secondPieceOf(m_names->bytes(row));
     GameIcon own = iconOfKind(kind);
     if (kind == "bin") ignoring([&] { own = iconOfSize(m_lengthOf(m_names->name(row))); });
     return own == GameIcon::none ? above : own;
@@ -53,19 +52,19 @@ int GameRows::icon(int row) const {
 }
 
 QString GameRows::text(int row, int) const {
-    const QString name = firstPiece(m_names->name(row));
+    const QString name = m_cut.firstPiece(m_names->name(row));
     // The cut must not split a surrogate pair.
     const bool cutsPair = name.size() > longestRowText && name[longestRowText - 1].isHighSurrogate() &&
                           name[longestRowText].isLowSurrogate();
     return name.left(cutsPair ? longestRowText - 1 : longestRowText);
 }
 
-// The text of a row has no dot, whatever its file name has, and an end.
+// The text of a row ends where its file name is cut, or earlier.
 int GameRows::firstWith(const QString& beginning) const {
-    if (beginning.size() > longestRowText || beginning.contains(QLatin1Char('.'))) return -1;
+    if (beginning.size() > longestRowText) return -1;
     const NameBeginning wanted(beginning);
     for (int row = 0; row < m_count; ++row) {
-        if (wanted.fits(m_names->bytes(row))) return row;
+        if (wanted.fits(m_cut.firstPieceOf(m_names->bytes(row)))) return row;
     }
     return -1;
 }

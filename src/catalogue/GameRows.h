@@ -3,6 +3,7 @@
 // list control itself belongs to the main window.
 #pragma once
 
+#include "core/Pieces.h"
 #include "platform/base/FolderNames.h"
 #include "platform/base/RowSource.h"
 
@@ -24,7 +25,7 @@ public:
 
     /// Rows for the first `count` names. `lengthOf` gives the length in bytes of a file by its name; it is
     /// called for "bin" files only, when they or a later row are first shown, and may fail.
-    GameRows(std::shared_ptr<const FolderNames> names, int count, LengthOf lengthOf);
+    GameRows(std::shared_ptr<const FolderNames> names, int count, LengthOf lengthOf, const NameCut& cut);
 
     int count() const override { return m_count; }
     QString text(int row, int column) const override;
@@ -43,6 +44,7 @@ private:
     std::shared_ptr<const FolderNames> m_names;
     int m_count;
     LengthOf m_lengthOf;
+    NameCut m_cut;
     // Of the rows from the first to the last that was shown: a start looks at one page of a large library.
     mutable std::vector<GameIcon> m_icons;
 };

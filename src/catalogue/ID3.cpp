@@ -4,7 +4,6 @@
 #include "GameFormat.h"
 #include "TagInFile.h"
 #include "TagWindow.h"
-#include "core/Pieces.h"
 #include "core/Texts.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
@@ -42,7 +41,7 @@ bool ID3::HasRomTag(const QString& path) const {
 }
 
 void ID3::ReadRomTag(const QString& path, GamePanel& panel) {
-    RomTag.Extension = secondPiece(path);
+    RomTag.Extension = m_globals.names.secondPiece(path);
     qint64 length = 0;
     std::optional<TagWindow::Tag> tag;
     ignoring([&] {
@@ -71,7 +70,7 @@ void ID3::readUntagged(const QString& path, qint64 length, GamePanel& panel) {
     RomTag.Title.clear();
     RomTag.Info.clear();
     RomTag.SizeKB = static_cast<qint32>(std::min<qint64>(length / 1000, std::numeric_limits<qint32>::max()));
-    RomTag.Extension = secondPiece(path);
+    RomTag.Extension = m_globals.names.secondPiece(path);
     setFormat(RomTag, formatOfSize(RomTag.SizeKB), formatOfExtension(RomTag.Extension));
     panel.showNoTag(Texts(m_language, "globals")("nodisp"));
 }

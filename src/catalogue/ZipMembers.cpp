@@ -2,7 +2,6 @@
 // Members of archives, and the folders that they are unpacked into.
 #include "ZipMembers.h"
 #include "AddNewROM.h"
-#include "core/Pieces.h"
 #include "platform/base/Folder.h"
 #include "platform/base/Paths.h"
 
@@ -21,14 +20,14 @@ bool isPlayableKind(const QString& extension) {
 
 } // namespace
 
-QString memberExtension(const QString& name) {
+QString memberExtension(const QString& name, const NameCut& cut) {
     if (!name.contains(QLatin1Char('.'))) throw RuntimeFailure(RuntimeFailure::subscript);
-    return secondPiece(name).toLower();
+    return cut.secondPiece(name).toLower();
 }
 
 // Decodes only the extension: there may be very many names.
-bool isPlayable(QByteArrayView name) {
-    const std::string_view piece = secondPieceOf(name);
+bool isPlayable(QByteArrayView name, const NameCut& cut) {
+    const std::string_view piece = cut.secondPieceOf(name);
     return isPlayableKind(QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())).toLower());
 }
 
@@ -38,11 +37,12 @@ MemberIcon memberIcon(const QString& extension) {
     return extension == QStringLiteral("gbc") ? MemberIcon::colour : MemberIcon::unknown;
 }
 
-ZipMembers::ZipMembers(std::shared_ptr<const FolderNames> names) : m_names(std::move(names)) {
+ZipMembers::ZipMembers(std::shared_ptr<const FolderNames> names, const NameCut& cut)
+    : m_names(std::move(names)), m_cut(cut) {
     for (int position = 0; position < m_names->count(); ++position) {
         const QByteArrayView name = m_names->bytes(position);
         if (name.contains('.')) m_positions.push_back(position);
-        m_hasPlayable = m_hasPlayable || isPlayable(name);
+        m_hasPlayable = m_hasPlayable || isPlayable(name, cut);
     }
 }
 
@@ -51,7 +51,10 @@ void ZipMembers::requireAllListed() const {
 }
 
 QString ZipTemp::folderOf(const QString& name) const {
-    return m_globals.AppPath + QStringLiteral("\\ziptemp\\") + firstPiece(name) + QLatin1Char('\\');
+    QString folder = m_globals.names.firstPiece(name);
+    // It must be a folder of its own: never "." or "..", in which other files are.
+    if (folder.startsWith(QLatin1Char('.'))) folder.front() = QLatin1Char('_');
+    return m_globals.AppPath + QStringLiteral("\\ziptemp\\") + folder + QLatin1Char('\\');
 }
 
 QByteArray ZipTemp::realFolder(const QString& name) const { return Paths::real(folderOf(name).chopped(1)); }
@@ -64,7 +67,7 @@ bool ZipTemp::isOurs(const QString& name) const {
 UnZip::Reason ZipTemp::ExtractZipToTemp(UnZip& engine, const QString& path, const QString& name) const {
     ignoring([&] { Folder::make(realFolder(name)); });
     if (!isOurs(name)) return UnZip::Reason::noRoom;
-    engine.isWanted = isPlayable;
+    engine.isWanted = [this](QByteArrayView member) { return isPlayable(member, m_globals.names); };
     engine.setFolder(folderOf(name));
     engine.setArchive(path);
     return engine.extract(QStringLiteral("*.*"));

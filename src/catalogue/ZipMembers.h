@@ -14,22 +14,23 @@ namespace torvane {
 /// The icons of members, by their numbers in the window's image list.
 enum class MemberIcon { classic = 1, advance = 2, colour = 3, unknown = 4 };
 
-/// The piece of a name between its first and its second ".", in lower case. Fails with "subscript" if the
-/// name has no ".".
-QString memberExtension(const QString& name);
+/// The second piece of a name, in lower case. Fails with "subscript" if the name has no ".".
+QString memberExtension(const QString& name, const NameCut& cut);
 /// Whether the emulator can play a member with this name, given in bytes; false if it has no ".".
-bool isPlayable(QByteArrayView name);
+bool isPlayable(QByteArrayView name, const NameCut& cut);
 /// The icon of an extension; some playable kinds have none of their own and get `unknown`.
 MemberIcon memberIcon(const QString& extension);
 
 /// One row per member with a kind, in the order of the names.
 class ZipMembers : public RowSource {
 public:
-    explicit ZipMembers(std::shared_ptr<const FolderNames> names);
+    ZipMembers(std::shared_ptr<const FolderNames> names, const NameCut& cut);
 
     int count() const override { return static_cast<int>(m_positions.size()); }
     QString text(int row, int) const override { return m_names->name(position(row)); }
-    int icon(int row) const override { return static_cast<int>(memberIcon(memberExtension(text(row, 0)))); }
+    int icon(int row) const override {
+        return static_cast<int>(memberIcon(memberExtension(text(row, 0), m_cut)));
+    }
     /// The key of a row (counted from 0), made from its member's position: "1file" for the first name.
     QString key(int row) const override {
         return QString::number(position(row) + 1) + QStringLiteral("file");
@@ -44,12 +45,13 @@ public:
 
 private:
     std::shared_ptr<const FolderNames> m_names;
+    NameCut m_cut;
     std::vector<int> m_positions;
     bool m_hasPlayable = false;
 };
 
-/// The folders below "\ziptemp\" that archives are unpacked into. A folder is named by the archive's bare
-/// name up to its first "."; archives with the same such piece share a folder.
+/// The folders below "\ziptemp\" that archives are unpacked into. A folder is named by the first piece of the
+/// archive's bare name; archives with the same such piece share a folder.
 class ZipTemp {
 public:
     explicit ZipTemp(const Globals& globals) : m_globals(globals) {}

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The scrolling line, and tables of fixed texts.
 #include "CompactTexts.h"
-#include "Pieces.h"
 #include "platform/base/CodePage1252.h"
 
 #include <QTextBoundaryFinder>
@@ -57,8 +56,8 @@ QString advanced(const QString& line) {
 
 QString seen(const QString& line) { return line.first(endOfCharacters(line, visible)); }
 
-QString console(const QString& name) {
-    const QString piece = secondPiece(name);
+QString console(const QString& name, const NameCut& cut) {
+    const QString piece = cut.secondPiece(name);
     const auto* const found = std::find_if(consoles.begin(), consoles.end(), [&](const Console& row) {
         return piece == QLatin1String(row.piece);
     });

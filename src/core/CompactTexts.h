@@ -3,7 +3,7 @@
 // alone.
 #pragma once
 
-#include <QString>
+#include "Pieces.h"
 
 namespace torvane::CompactTexts {
 
@@ -23,7 +23,7 @@ QString advanced(const QString& line);
 QString seen(const QString& line);
 
 /// The console by the second piece of a game's file name, in this very case; null if there is none for it.
-QString console(const QString& name);
+QString console(const QString& name, const NameCut& cut);
 /// The place of a game in the list, counted from 1, with its sign and zeros.
 QString number(int place);
 

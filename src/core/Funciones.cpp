@@ -23,8 +23,8 @@ QString folderOf(const QByteArray& path) { return Paths::spelled(placeOf(path).f
 
 void Funciones::CopyRom(const QString& sourcePath, const QString& fileName) {
     const QString title = Texts(m_parts.language, "MainMenu")("copyrom") + fileName;
-    const QString target =
-        m_parts.dialogs.showSave({title, gameFileFilter, gameFilterIndex(fileName), fileName});
+    const int filterIndex = gameFilterIndex(fileName, m_parts.globals.names);
+    const QString target = m_parts.dialogs.showSave({title, gameFileFilter, filterIndex, fileName});
     if (target.isEmpty() || target == QStringLiteral(" ")) return;
     // A user's folder is searched at the next start only if a copy into it was cut off.
     rememberUnfinished(folderOf(Paths::realToCreate(target)));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Filter and filter index of the game dialogs.
 #include "GameFilter.h"
-#include "Pieces.h"
 
 namespace torvane {
 
@@ -10,8 +9,8 @@ const QString gameFileFilter =
     QStringLiteral("|GameBoy Advance|*.gba;*.agb;*.bin|GameBoy Color|*.gbc;*.cgb|GameBoy Classic|*.gb|") +
     QStringLiteral("ROMs en ZIP|*.zip");
 
-int gameFilterIndex(const QString& fileName) {
-    const QString kind = secondPiece(fileName);
+int gameFilterIndex(const QString& fileName, const NameCut& cut) {
+    const QString kind = cut.secondPiece(fileName);
     if (kind == QStringLiteral("zip")) return 5;
     if (kind == QStringLiteral("gb")) return 4;
     if (kind == QStringLiteral("gba")) return 2;

@@ -2,7 +2,7 @@
 // The kinds of game files as the file dialogs offer them.
 #pragma once
 
-#include <QString>
+#include "Pieces.h"
 
 namespace torvane {
 
@@ -10,6 +10,6 @@ namespace torvane {
 extern const QString gameFileFilter;
 
 /// The pair of that filter that holds a file's kind, counted from 1; 1 for any other kind.
-int gameFilterIndex(const QString& fileName);
+int gameFilterIndex(const QString& fileName, const NameCut& cut);
 
 } // namespace torvane

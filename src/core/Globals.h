@@ -2,6 +2,8 @@
 // Texts that every window needs. Set once at start, owned by the program, handed on by reference.
 #pragma once
 
+#include "Pieces.h"
+
 #include <QString>
 
 namespace torvane {
@@ -12,6 +14,7 @@ struct Globals {
     QString TitlePrefix;  ///< begins the title line of every window
     QString LanguageFile; ///< spelled path of the language file in use
     QString LanguageName; ///< that language's own name; empty until the application has started
+    NameCut names = {};   ///< where the program cuts names of files; the user's choice
 
     /// Takes the version, such as "1.1" or "1.1.0", and builds the texts that show it.
     void setVersion(const QString& version) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program's way to cut names: at every ".", so that "the extension" is the second piece of a name
-// and not the last one.
+// The program's way to cut file names: at every ".", so that "the extension" is the second piece of a name
+// and not the last one; or, if the user wishes so, at the last "." alone. No other code cuts names.
 #pragma once
 
 #include <QByteArrayView>
@@ -9,19 +9,49 @@
 
 namespace torvane {
 
-/// The piece between the first and the second "."; empty if there is no ".".
-inline QString secondPiece(const QString& text) { return text.section(QLatin1Char('.'), 1, 1); }
+/// Where names are cut: one choice for the whole program (see Globals).
+class NameCut {
+public:
+    /// Cuts at every ".".
+    constexpr NameCut() = default;
+    /// Cuts at the last "." if the text of the setting is "whole", and at every "." for any other text.
+    static NameCut chosen(const QString& setting) { return NameCut(setting == QLatin1String("whole")); }
 
-/// The piece before the first "."; the whole text if there is no ".".
-inline QString firstPiece(const QString& text) { return text.section(QLatin1Char('.'), 0, 0); }
+    /// The piece before the first cut; the whole text if there is no ".".
+    QString firstPiece(const QString& text) const {
+        const qsizetype dot = firstCut(text, QLatin1Char('.'));
+        return dot < 0 ? text : text.first(dot);
+    }
+    /// The piece after the first cut, up to the next one; empty if there is no ".".
+    QString secondPiece(const QString& text) const {
+        const qsizetype dot = firstCut(text, QLatin1Char('.'));
+        return dot < 0 ? QString() : text.sliced(dot + 1).section(QLatin1Char('.'), 0, 0);
+    }
+    /// The first piece of a name in bytes, without a copy.
+    std::string_view firstPieceOf(QByteArrayView bytes) const {
+        const qsizetype dot = firstCut(bytes, '.');
+        return viewOf(dot < 0 ? bytes : bytes.first(dot));
+    }
+    /// The second piece of a name in bytes, without a copy.
+    std::string_view secondPieceOf(QByteArrayView bytes) const {
+        const qsizetype dot = firstCut(bytes, '.');
+        if (dot < 0) return {};
+        const std::string_view rest = viewOf(bytes.sliced(dot + 1));
+        return rest.substr(0, rest.find('.'));
+    }
 
-/// The second piece of a name in bytes, without a copy.
-inline std::string_view secondPieceOf(QByteArrayView bytes) {
-    const std::string_view name(bytes.data(), static_cast<size_t>(bytes.size()));
-    const size_t first = name.find('.');
-    if (first == name.npos) return {};
-    const size_t second = name.find('.', first + 1);
-    return name.substr(first + 1, second == name.npos ? second : second - first - 1);
-}
+private:
+    explicit constexpr NameCut(bool isWhole) : m_isWhole(isWhole) {}
+
+    template <typename Text, typename Character>
+    qsizetype firstCut(const Text& text, Character dot) const {
+        return m_isWhole ? text.lastIndexOf(dot) : text.indexOf(dot);
+    }
+    static std::string_view viewOf(QByteArrayView bytes) {
+        return {bytes.data(), static_cast<size_t>(bytes.size())};
+    }
+
+    bool m_isWhole = false;
+};
 
 } // namespace torvane

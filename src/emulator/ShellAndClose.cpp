@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Command lines and launches.
 #include "ShellAndClose.h"
-#include "core/Pieces.h"
 #include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 #include "platform/base/RuntimeFailure.h"
@@ -29,9 +28,10 @@ void ShellAndClose::passScreenshotFolder() const {
     ignoring([&] { qputenv("TORVANE_SCREENSHOTS", Paths::real(m_screenshots())); });
 }
 
-LaunchWay ShellAndClose::launchWay(const QString& fileName, const std::function<int()>& zipSetting) {
+LaunchWay ShellAndClose::launchWay(const QString& fileName, const NameCut& cut,
+                                   const std::function<int()>& zipSetting) {
     if (fileName.isEmpty()) return LaunchWay::nothing;
-    if (secondPiece(fileName).toLower() != QStringLiteral("zip")) return LaunchWay::withMinimising;
+    if (cut.secondPiece(fileName).toLower() != QStringLiteral("zip")) return LaunchWay::withMinimising;
     return zipSetting() == 1 ? LaunchWay::zipViewer : LaunchWay::straight;
 }
 

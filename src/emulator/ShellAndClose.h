@@ -2,6 +2,7 @@
 // The start of a game: from one unquoted command line to a program and its arguments, and the wait.
 #pragma once
 
+#include "core/Pieces.h"
 #include "platform/base/Seams.h"
 
 #include <functional>
@@ -34,7 +35,8 @@ public:
     }
 
     /// The way to launch a file by its bare name and the setting `zip` (read only for an archive).
-    static LaunchWay launchWay(const QString& fileName, const std::function<int()>& zipSetting);
+    static LaunchWay launchWay(const QString& fileName, const NameCut& cut,
+                               const std::function<int()>& zipSetting);
 
     struct Command {
         QString program; ///< spelled path; empty if no piece of the line names a program

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The table of kinds.
 #include "PictureKind.h"
-#include "core/Pieces.h"
 
 #include <array>
 
@@ -18,8 +17,8 @@ constexpr std::array rows = {
     Row{PictureKind::bmp, "bmp", "BitMaP"}, Row{PictureKind::png, "png", "Portable Network Graphics"}};
 } // namespace
 
-PictureKind pictureKindOf(const QString& fileName) {
-    const QString extension = secondPiece(fileName).toLower();
+PictureKind pictureKindOf(const QString& fileName, const NameCut& cut) {
+    const QString extension = cut.secondPiece(fileName).toLower();
     for (const Row& row : rows) {
         if (extension == QLatin1String(row.extension)) return row.kind;
     }

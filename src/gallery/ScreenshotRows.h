@@ -12,7 +12,8 @@ namespace torvane {
 
 class ScreenshotRows : public RowSource {
 public:
-    explicit ScreenshotRows(std::shared_ptr<const FolderNames> names) : m_names(std::move(names)) {}
+    ScreenshotRows(std::shared_ptr<const FolderNames> names, const NameCut& cut)
+        : m_names(std::move(names)), m_cut(cut) {}
 
     int count() const override { return m_names->count(); }
     /// The first piece of the file's name.
@@ -24,6 +25,7 @@ public:
 
 private:
     std::shared_ptr<const FolderNames> m_names;
+    NameCut m_cut;
     // Of the rows from the first to the last that was shown: a folder may hold 100,000 files.
     mutable std::vector<PictureKind> m_kinds;
 };

@@ -140,8 +140,8 @@ void MainFrm::deleteGame() {
 }
 
 void MainFrm::Label15_Click() {
-    const LaunchWay way = ShellAndClose::launchWay(
-        Games.FileName(), [this] { return NumberSetting(m.runtime.settings, "zip", 0).value(); });
+    const auto zipSetting = [this] { return NumberSetting(m.runtime.settings, "zip", 0).value(); };
+    const LaunchWay way = ShellAndClose::launchWay(Games.FileName(), m.globals.names, zipSetting);
     switch (way) {
     case LaunchWay::nothing: break;
     case LaunchWay::zipViewer: Zipper_Click(); break;

@@ -4,7 +4,6 @@
 #include "core/Desk.h"
 #include "core/Foreground.h"
 #include "core/Hosts.h"
-#include "core/Pieces.h"
 #include "core/SettingValues.h"
 #include "core/TraySign.h"
 #include "emulator/EmulatorCatalogue.h"
@@ -117,9 +116,10 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
     m.emulators.read();
     Games.readWith(File1);
     const int count = Games.ListCount();
-    m_rows = std::make_shared<GameRows>(File1.names(), count, [path = File1.Path()](const QString& name) {
+    const auto lengthOf = [path = File1.Path()](const QString& name) {
         return File::lengthOf(path + QLatin1Char('\\') + name);
-    });
+    };
+    m_rows = std::make_shared<GameRows>(File1.names(), count, lengthOf, m.globals.names);
     ListView1.setItems(m_rows);
     if (count > 0) {
         Games.selectQuietly(count - 1);
@@ -163,7 +163,7 @@ void MainFrm::ListView1_RowDblClick(int row) {
 void MainFrm::Games_Click() {
     if (Games.FileName().isEmpty()) return;
     ListView1.setCurrentRow(Games.ListIndex());
-    if (secondPiece(Games.FileName()) == QStringLiteral("zip")) {
+    if (m.globals.names.secondPiece(Games.FileName()) == QStringLiteral("zip")) {
         showArchive();
     } else {
         showGame();

@@ -3,7 +3,6 @@
 #include "Torvette.h"
 #include "catalogue/ID3.h"
 #include "core/CompactTexts.h"
-#include "core/Pieces.h"
 #include "core/Texts.h"
 #include "platform/base/File.h"
 
@@ -82,9 +81,9 @@ void Torvette::ROMData() {
 void Torvette::showTag(const SelectedGame& game) {
     Label6.setCaption(m.id3.RomTag.Company);
     Label7.setCaption(m.id3.RomTag.Info);
-    const QString console = CompactTexts::console(game.name);
+    const QString console = CompactTexts::console(game.name, m.globals.names);
     if (!console.isNull()) Label4.setCaption(console);
-    if (secondPiece(game.name) == QStringLiteral("zip")) {
+    if (m.globals.names.secondPiece(game.name) == QStringLiteral("zip")) {
         for (Label* label : {&Label6, &Label7}) label->setCaption(QString());
     }
     if (!game.name.isEmpty()) return;

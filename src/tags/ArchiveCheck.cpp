@@ -18,7 +18,7 @@ public:
     Findings check() {
         for (qint64 index = 0; index < m_archive.count() && m_pulse.shouldContinue(); ++index) {
             const QByteArray name = m_archive.name(index);
-            if (m_archive.kind(index) != Archive::Kind::folder && isPlayable(bareName(name))) {
+            if (m_archive.kind(index) != Archive::Kind::folder && isPlayable(bareName(name), {})) {
                 checkGame(index, name);
             }
         }
@@ -47,7 +47,7 @@ private:
 
     const Archive& m_archive;
     Pulse& m_pulse;
-    const ArchiveTop::Wanted m_isWanted = isPlayable;
+    const ArchiveTop::Wanted m_isWanted = [](QByteArrayView name) { return isPlayable(name, {}); };
     ArchiveTop m_top{m_archive, m_isWanted, m_pulse};
     Findings m_findings;
     QSet<QString> m_names;

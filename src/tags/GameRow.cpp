@@ -40,7 +40,7 @@ Row of(const GameFile& game) {
 
 QByteArray consoleOf(const QByteArray& name, qint64 size) {
     const QByteArrayView bareName = QByteArrayView(name).sliced(name.lastIndexOf('/') + 1);
-    const std::string_view piece = secondPieceOf(bareName);
+    const std::string_view piece = NameCut().secondPieceOf(bareName);
     const QByteArray kind = QByteArray(piece.data(), static_cast<qsizetype>(piece.size())).toLower();
     const GameIcon icon = kind == "bin"
                               ? GameRows::iconOfSize(size)

@@ -39,7 +39,7 @@ void UnpackedGame::choose(const QByteArray& member) {
     QByteArrayList games;
     for (int i = 0; i < names->count(); ++i) {
         const QByteArray name = names->bytes(i).toByteArray();
-        if (!isPlayable(name)) continue;
+        if (!isPlayable(name, {})) continue;
         games += printable(name);
         const bool isMeant = member.isEmpty() || member == name;
         if (isMeant) m_path = m_temp.folderOf(m_name) + names->name(i);

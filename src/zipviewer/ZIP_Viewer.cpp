@@ -108,7 +108,7 @@ void ZIP_Viewer::readUntilListed(const QString& path, const QString& name) {
 void ZIP_Viewer::ListZipMembers(const QString& name) {
     File2.setPath(m_temp.isOurs(name) ? m_temp.folderOf(name) : QString());
     if (File2.ListCount() == 0) return;
-    m_members = std::make_shared<ZipMembers>(File2.names());
+    m_members = std::make_shared<ZipMembers>(File2.names(), m.globals.names);
     ListView1.setItems(m_members);
     if (m_members->hasPlayable()) blankPanel();
     File2.selectQuietly(File2.ListCount() - 1);
@@ -129,7 +129,9 @@ void ZIP_Viewer::File2_Click() {
     if (!isUnloaded()) blankPanel();
 }
 
-bool ZIP_Viewer::isGameSelected() const { return isPlayable(NativeText::toNative(File2.FileName())); }
+bool ZIP_Viewer::isGameSelected() const {
+    return isPlayable(NativeText::toNative(File2.FileName()), m.globals.names);
+}
 
 void ZIP_Viewer::ListView1_Click() {
     if (m_members) File2.setListIndex(m_members->position(ListView1.currentRow()));

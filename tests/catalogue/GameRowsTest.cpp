@@ -28,11 +28,12 @@ class GameRowsTest : public QObject {
     void make(const QByteArrayList& names) const {
         for (const QByteArray& name : names) folder->writeNative(name, "x");
     }
-    GameRows rows(const QString& pattern = QString()) const {
+    GameRows rows(const QString& pattern = QString(), const NameCut& cut = {}) const {
         const auto names = FolderNames::read(folder->path(), pattern);
-        return GameRows(names, names->count(), [this](const QString& name) {
-            return File::lengthOf(folder->path() + QLatin1Char('\\') + name);
-        });
+        return GameRows(
+            names, names->count(),
+            [this](const QString& name) { return File::lengthOf(folder->path() + QLatin1Char('\\') + name); },
+            cut);
     }
     static QList<int> icons(const GameRows& rows) {
         QList<int> all;
@@ -50,8 +51,27 @@ private slots:
     void an_empty_or_missing_library_has_no_rows_and_total_0000() {
         QCOMPARE(rows().count(), 0);
         const auto missing = FolderNames::read(folder->path(QStringLiteral("gone")), namedPattern);
-        QCOMPARE(GameRows(missing, missing->count(), {}).count(), 0);
+        QCOMPARE(GameRows(missing, missing->count(), {}, {}).count(), 0);
         QCOMPARE(totalText(missing->count()), QStringLiteral("0000"));
+    }
+    void whole_names_are_cut_at_their_last_dot() {
+        const NameCut whole = NameCut::chosen(QStringLiteral("whole"));
+        make({"Dr. Mario (V1.1).gb", "a.gb.old", "b.", "c.v2.gba", "d"});
+        const GameRows list = rows(QString(), whole);
+        QStringList texts;
+        for (int row = 0; row < list.count(); ++row) texts += list.text(row, 0);
+        QCOMPARE(texts.join(QLatin1Char('|')), QStringLiteral("a.gb|b|c.v2|d|Dr. Mario (V1.1)"));
+        QCOMPARE(icons(list), (QList<int>{none, none, advance, advance, classic}));
+    }
+    void whole_names_are_found_by_a_beginning_with_dots() {
+        const NameCut whole = NameCut::chosen(QStringLiteral("whole"));
+        make({"a.b.c.gb", "a.b.gb", "a.gb"});
+        const GameRows list = rows(QString(), whole);
+        QCOMPARE(list.firstWith(QStringLiteral("A.B")), 0);
+        QCOMPARE(list.firstWith(QStringLiteral("a.b.")), 0);
+        QCOMPARE(list.firstWith(QStringLiteral("a.b.c.")), -1);
+        QCOMPARE(list.firstWith(QStringLiteral("a.g")), -1);
+        QCOMPARE(rows().firstWith(QStringLiteral("a.b")), -1);
     }
     void a_kind_has_its_icon_data() {
         QTest::addColumn<QByteArray>("name");
@@ -103,7 +123,7 @@ private slots:
         const auto named = FolderNames::read(folder->path(), namedPattern);
         QCOMPARE(counted->count(), 3);
         QCOMPARE(named->count(), 5);
-        const GameRows list(named, counted->count(), [](const QString&) { return qint64(0); });
+        const GameRows list(named, counted->count(), [](const QString&) { return qint64(0); }, {});
         QCOMPARE(list.count(), 3);
         QCOMPARE(list.text(0, 0), QStringLiteral("a"));
         QCOMPARE(list.text(1, 0), QStringLiteral("b"));
@@ -116,8 +136,8 @@ private slots:
     void a_count_beyond_the_names_gives_no_more_rows_than_names() {
         make({"a.gb", "b.gb"});
         const auto names = FolderNames::read(folder->path(), namedPattern);
-        QCOMPARE(GameRows(names, 7, {}).count(), 2);
-        QCOMPARE(GameRows(names, 0, {}).count(), 0);
+        QCOMPARE(GameRows(names, 7, {}, {}).count(), 2);
+        QCOMPARE(GameRows(names, 0, {}, {}).count(), 0);
     }
 
     void a_row_text_is_the_first_piece_cut_to_30_characters_data() {
@@ -152,7 +172,7 @@ private slots:
         const QByteArray name = QByteArray(60, 'n') + ".gb";
         make({name});
         const auto names = FolderNames::read(folder->path(), namedPattern);
-        const GameRows list(names, 1, {});
+        const GameRows list(names, 1, {}, {});
         QCOMPARE(list.text(0, 0).size(), 30);
         QCOMPARE(names->bytes(0).toByteArray(), name);
     }
@@ -207,10 +227,11 @@ private slots:
         make({"a.gb", "b.zip", "c.bin.gb", "d.BIN", "e.x.bin", "f.bin"});
         QStringList asked;
         const auto names = FolderNames::read(folder->path(), QString());
-        const GameRows list(names, names->count(), [&](const QString& name) {
+        const auto lengthOf = [&](const QString& name) {
             asked.append(name);
             return qint64(0);
-        });
+        };
+        const GameRows list(names, names->count(), lengthOf, {});
         icons(list);
         icons(list);
         QCOMPARE(asked, (QStringList{QStringLiteral("c.bin.gb"), QStringLiteral("f.bin")}));
@@ -219,10 +240,11 @@ private slots:
         make({"a.bin", "b.bin", "c.bin"});
         int asked = 0;
         const auto names = FolderNames::read(folder->path(), QString());
-        const GameRows list(names, names->count(), [&](const QString&) {
+        const auto lengthOf = [&](const QString&) {
             ++asked;
             return qint64(3000000);
-        });
+        };
+        const GameRows list(names, names->count(), lengthOf, {});
         QCOMPARE(list.count(), 3);
         QCOMPARE(asked, 0);
         QCOMPARE(list.icon(1), colour);
@@ -284,9 +306,9 @@ private slots:
     void only_rows_of_the_list_are_searched() {
         make({"a.gb", "b.cgb", "c.gb"});
         const auto names = FolderNames::read(folder->path(), namedPattern);
-        QCOMPARE(GameRows(names, 2, {}).firstWith(QStringLiteral("b")), 1);
-        QCOMPARE(GameRows(names, 2, {}).firstWith(QStringLiteral("c")), -1);
-        QCOMPARE(GameRows(names, 0, {}).firstWith(QStringLiteral("a")), -1);
+        QCOMPARE(GameRows(names, 2, {}, {}).firstWith(QStringLiteral("b")), 1);
+        QCOMPARE(GameRows(names, 2, {}, {}).firstWith(QStringLiteral("c")), -1);
+        QCOMPARE(GameRows(names, 0, {}, {}).firstWith(QStringLiteral("a")), -1);
     }
 };
 

@@ -123,24 +123,55 @@ private slots:
         QFETCH(QString, name);
         QFETCH(int, icon);
         QFETCH(bool, playable);
-        QCOMPARE(static_cast<int>(memberIcon(memberExtension(name))), icon);
-        QCOMPARE(isPlayable(name.toUtf8()), playable);
+        QCOMPARE(static_cast<int>(memberIcon(memberExtension(name, {}))), icon);
+        QCOMPARE(isPlayable(name.toUtf8(), {}), playable);
         member(name);
-        const ZipMembers members(names());
+        const ZipMembers members(names(), {});
         QCOMPARE(members.icon(0), icon);
         QCOMPARE(members.hasPlayable(), playable);
     }
     void a_name_without_a_dot_has_no_kind_and_is_not_playable() {
-        QCOMPARE(failureOf([] { memberExtension(u"readme"_s); }), 9);
-        QVERIFY(!isPlayable("gb"));
-        QVERIFY(!isPlayable(""));
+        QCOMPARE(failureOf([] { memberExtension(u"readme"_s, {}); }), 9);
+        QVERIFY(!isPlayable("gb", {}));
+        QVERIFY(!isPlayable("", {}));
+    }
+
+    void whole_names_have_the_kind_after_their_last_dot() {
+        const NameCut whole = NameCut::chosen(u"whole"_s);
+        QCOMPARE(memberExtension(u"Dr. Mario (V1.1).GB"_s, whole), u"gb"_s);
+        QCOMPARE(memberExtension(u"a."_s, whole), QString());
+        QVERIFY(isPlayable("a.b.gba", whole));
+        QVERIFY(!isPlayable("a.gba.txt", whole));
+        QVERIFY(!isPlayable("a.gba.", whole));
+        QCOMPARE(failureOf([&] { memberExtension(u"readme"_s, whole); }), 9);
+        member(u"a.b.gba"_s);
+        QCOMPARE(ZipMembers(names(), whole).icon(0), 2);
+    }
+    void the_folder_of_a_whole_name_is_always_one_below_ziptemp_data() {
+        QTest::addColumn<QString>("archive");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("dots") << u"Dr. Mario (V1.1).zip"_s << u"Dr. Mario (V1.1)"_s;
+        QTest::newRow("no dot") << u"game"_s << u"game"_s;
+        QTest::newRow("this folder") << u"..zip"_s << u"_"_s;
+        QTest::newRow("the folder above") << u"...zip"_s << u"_."_s;
+        QTest::newRow("hidden") << u".a.zip"_s << u"_a"_s;
+    }
+    void the_folder_of_a_whole_name_is_always_one_below_ziptemp() {
+        QFETCH(QString, archive);
+        globals.names = NameCut::chosen(u"whole"_s);
+        QTEST(temp->folderOf(archive).section(u'\\', -2, -2), "name");
+        folder->write(u"precious"_s, "mine");
+        folder->write(u"ziptemp/precious"_s, "mine");
+        temp->DeleteTemp(archive);
+        QVERIFY(exists(u"precious"_s));
+        QVERIFY(exists(u"ziptemp/precious"_s));
     }
 
     // Rows
     void rows_have_names_and_numbered_keys() {
         member(u"b.txt"_s);
         member(u"a.b.gba"_s);
-        const ZipMembers members(names());
+        const ZipMembers members(names(), {});
         QCOMPARE(members.count(), 2);
         QCOMPARE(members.text(0, 0), u"a.b.gba"_s);
         QCOMPARE(members.text(1, 0), u"b.txt"_s);
@@ -150,7 +181,7 @@ private slots:
     }
     void members_without_a_dot_have_no_row_but_count_in_the_keys() {
         for (const QString& name : {u"1ST"_s, u"b.gb"_s, u"COPYING"_s, u"d.txt"_s}) member(name);
-        const ZipMembers members(names());
+        const ZipMembers members(names(), {});
         QCOMPARE(members.count(), 2);
         QCOMPARE(members.text(0, 0), u"b.gb"_s);
         QCOMPARE(members.icon(0), 1);
@@ -165,18 +196,18 @@ private slots:
     }
     void there_are_no_rows_if_no_name_has_a_dot() {
         member(u"README"_s);
-        QCOMPARE(ZipMembers(names()).count(), 0);
+        QCOMPARE(ZipMembers(names(), {}).count(), 0);
     }
     void subfolders_are_not_members() {
         member(u"sub/a.gb"_s);
         member(u"b.gb"_s);
-        QCOMPARE(ZipMembers(names()).count(), 1);
+        QCOMPARE(ZipMembers(names(), {}).count(), 1);
     }
     void ten_thousand_members_are_listed_in_less_than_two_seconds() {
         for (int i = 0; i < 10'000; ++i) member(u"m%1.gb"_s.arg(i), {});
         QElapsedTimer clock;
         clock.start();
-        const ZipMembers members(names());
+        const ZipMembers members(names(), {});
         QCOMPARE(members.count(), 10'000);
         QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
     }

@@ -111,7 +111,12 @@ private slots:
     void the_second_piece_of_the_name_gives_the_console() {
         QFETCH(QString, name);
         QFETCH(QString, console);
-        QCOMPARE(CompactTexts::console(name), console);
+        QCOMPARE(CompactTexts::console(name, {}), console);
+    }
+    void the_end_of_a_whole_name_gives_the_console() {
+        const NameCut whole = NameCut::chosen(u"whole"_s);
+        QCOMPARE(CompactTexts::console(u"Dr. Mario (V1.1).gb"_s, whole), u"GB Classic"_s);
+        QVERIFY(CompactTexts::console(u"a.gb.old"_s, whole).isNull());
     }
     void the_number_has_a_sign_and_zeros_up_to_four_digits_data() {
         QTest::addColumn<int>("place");

@@ -27,7 +27,7 @@ private slots:
     void the_index_is_that_of_the_pair_that_lists_the_kind() {
         QFETCH(QString, kind);
         const QStringList parts = gameFileFilter.split(QLatin1Char('|'));
-        const int index = gameFilterIndex(QStringLiteral("game.") + kind);
+        const int index = gameFilterIndex(QStringLiteral("game.") + kind, {});
         // The first pair lists all kinds and must not be selected.
         QVERIFY(index > 1);
         QVERIFY(parts[2 * index - 1].split(QLatin1Char(';')).contains(QStringLiteral("*.") + kind));
@@ -41,12 +41,18 @@ private slots:
     }
     void other_names_have_index_1() {
         QFETCH(QString, name);
-        QCOMPARE(gameFilterIndex(name), 1);
+        QCOMPARE(gameFilterIndex(name, {}), 1);
     }
     void the_second_piece_decides_and_not_the_last() {
-        QCOMPARE(gameFilterIndex(QStringLiteral("game.gb.zip")), 4);
-        QCOMPARE(gameFilterIndex(QStringLiteral(".gb")), 4);
-        QCOMPARE(gameFilterIndex(QStringLiteral("a b.zip.bak")), 5);
+        QCOMPARE(gameFilterIndex(QStringLiteral("game.gb.zip"), {}), 4);
+        QCOMPARE(gameFilterIndex(QStringLiteral(".gb"), {}), 4);
+        QCOMPARE(gameFilterIndex(QStringLiteral("a b.zip.bak"), {}), 5);
+    }
+    void the_end_of_a_whole_name_decides() {
+        const NameCut whole = NameCut::chosen(QStringLiteral("whole"));
+        QCOMPARE(gameFilterIndex(QStringLiteral("Dr. Mario (V1.1).gba"), whole), 2);
+        QCOMPARE(gameFilterIndex(QStringLiteral("game.gb.txt"), whole), 1);
+        QCOMPARE(gameFilterIndex(QStringLiteral("game.gb."), whole), 1);
     }
     void pieces_are_cut_at_every_dot_data() {
         QTest::addColumn<QString>("name");
@@ -72,8 +78,8 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QString, first);
         QFETCH(QString, second);
-        QCOMPARE(firstPiece(name), first);
-        QCOMPARE(secondPiece(name), second);
+        QCOMPARE(NameCut().firstPiece(name), first);
+        QCOMPARE(NameCut().secondPiece(name), second);
     }
 };
 

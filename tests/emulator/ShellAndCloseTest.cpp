@@ -224,13 +224,22 @@ private slots:
         QFETCH(QString, name);
         QFETCH(int, setting);
         QFETCH(int, way);
-        QCOMPARE(static_cast<int>(ShellAndClose::launchWay(name, [&] { return setting; })), way);
+        QCOMPARE(static_cast<int>(ShellAndClose::launchWay(name, {}, [&] { return setting; })), way);
+    }
+    void an_archive_with_a_whole_name_is_known_by_its_end() {
+        const auto wayOf = [](const char* name) {
+            return ShellAndClose::launchWay(QString::fromLatin1(name),
+                                            NameCut::chosen(QStringLiteral("whole")), [] { return 1; });
+        };
+        QCOMPARE(wayOf("Dr. Mario (V1.1).ZIP"), LaunchWay::zipViewer);
+        QCOMPARE(wayOf("game.zip.gb"), LaunchWay::withMinimising);
+        QCOMPARE(wayOf("game.zip."), LaunchWay::withMinimising);
     }
     void the_setting_is_read_only_for_an_archive_and_its_failure_is_passed_on() {
         const auto broken = []() -> int { throw RuntimeFailure(RuntimeFailure::typeMismatch); };
-        QCOMPARE(ShellAndClose::launchWay(QStringLiteral("game.gb"), broken), LaunchWay::withMinimising);
-        QCOMPARE(ShellAndClose::launchWay(QString(), broken), LaunchWay::nothing);
-        QCOMPARE(failureOf([&] { (void)ShellAndClose::launchWay(QStringLiteral("game.zip"), broken); }),
+        QCOMPARE(ShellAndClose::launchWay(QStringLiteral("game.gb"), {}, broken), LaunchWay::withMinimising);
+        QCOMPARE(ShellAndClose::launchWay(QString(), {}, broken), LaunchWay::nothing);
+        QCOMPARE(failureOf([&] { (void)ShellAndClose::launchWay(QStringLiteral("game.zip"), {}, broken); }),
                  std::optional<int>(RuntimeFailure::typeMismatch));
     }
 };

@@ -60,8 +60,8 @@ void checkLaunch(const QString& line, unsigned mask) {
 void checkWay(const QString& name) {
     int asked = 0;
     const auto zip = [&](int setting) { return [&asked, setting] { return ++asked, setting; }; };
-    const LaunchWay off = ShellAndClose::launchWay(name, zip(0));
-    const LaunchWay on = ShellAndClose::launchWay(name, zip(1));
+    const LaunchWay off = ShellAndClose::launchWay(name, {}, zip(0));
+    const LaunchWay on = ShellAndClose::launchWay(name, {}, zip(1));
     const std::vector<std::string> pieces = reference::cut(name.toStdString(), ".");
     const bool isArchive =
         pieces.size() > 1 && QString::fromStdString(pieces[1]).toLower() == QLatin1String("zip");

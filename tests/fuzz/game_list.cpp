@@ -78,10 +78,22 @@ void checkNames(const Table& table, const std::vector<QByteArray>& expected) {
     }
 }
 
-std::string secondOf(const QByteArray& name) {
-    const std::vector<std::string> pieces = reference::cut(name.toStdString(), ".");
+// The pieces of a name that is cut at every dot, or at the last one.
+std::vector<std::string> piecesOf(const QByteArray& name, bool isWhole) {
+    std::vector<std::string> pieces = reference::cut(name.toStdString(), ".");
+    while (isWhole && pieces.size() > 2) {
+        pieces[0] += '.' + pieces[1];
+        pieces.erase(pieces.begin() + 1);
+    }
+    return pieces;
+}
+
+std::string secondOf(const QByteArray& name, bool isWhole) {
+    const std::vector<std::string> pieces = piecesOf(name, isWhole);
     return pieces.size() > 1 ? pieces[1] : "";
 }
+
+NameCut cutOf(bool isWhole) { return NameCut::chosen(isWhole ? QStringLiteral("whole") : QString()); }
 
 // A length for each "bin" file, or a failure.
 qint64 lengthOf(const QString& name) {
@@ -91,18 +103,18 @@ qint64 lengthOf(const QString& name) {
 }
 
 // The icon of a file, or -1 if its kind has none.
-int iconOf(const QByteArray& name) {
+int iconOf(const QByteArray& name, bool isWhole) {
     static const std::map<std::string, int> icons = {{"zip", 4}, {"gb", 2},  {"gbc", 3},
                                                      {"cgb", 3}, {"gba", 1}, {"agb", 1}};
     const int binIcons[] = {-1, 1, 2, 2, -1, 3, -1};
-    const std::string kind = secondOf(name);
+    const std::string kind = secondOf(name, isWhole);
     if (kind == "bin") return binIcons[NativeText::fromNative(name).size() % 7];
     return icons.count(kind) != 0 ? icons.at(kind) : -1;
 }
 
 // As many whole characters as fit into 30 units.
-QString rowText(const QByteArray& name) {
-    const std::string first = reference::cut(name.toStdString(), ".")[0];
+QString rowText(const QByteArray& name, bool isWhole) {
+    const std::string first = piecesOf(name, isWhole)[0];
     const QString text = NativeText::fromNative(QByteArray::fromStdString(first));
     qsizetype length = 0;
     for (qsizetype next = 0; next <= std::min<qsizetype>(text.size(), 30);) {
@@ -112,28 +124,31 @@ QString rowText(const QByteArray& name) {
     return text.first(length);
 }
 
-void checkRows(const Table& table, const std::vector<QByteArray>& names, int count) {
-    const GameRows rows(table, count, lengthOf);
+void checkRows(const Table& table, const std::vector<QByteArray>& names, int count, bool isWhole) {
+    const GameRows rows(table, count, lengthOf, cutOf(isWhole));
     require(rows.count() == std::min(count, static_cast<int>(names.size())), "as many rows as wanted");
     int icon = 0;
     for (int row = 0; row < rows.count(); ++row) {
         const QByteArray& name = names[static_cast<size_t>(row)];
-        if (iconOf(name) >= 0) icon = iconOf(name);
+        if (iconOf(name, isWhole) >= 0) icon = iconOf(name, isWhole);
         require(rows.icon(row) == icon, "a file without an icon takes that of the file in front");
-        require(rows.text(row, 0) == rowText(name), "a row shows the beginning of a name");
+        require(rows.text(row, 0) == rowText(name, isWhole), "a row shows the beginning of a name");
+        const int found = rows.firstWith(rows.text(row, 0));
+        require(found >= 0 && found <= row, "the text of a row finds it, or one before it");
     }
 }
 
-void checkFilter(const QByteArray& name) {
+void checkFilter(const QByteArray& name, bool isWhole) {
     static const std::map<std::string, int> filters = {{"zip", 5}, {"gb", 4},  {"gba", 2}, {"gbc", 3},
                                                        {"bin", 2}, {"agb", 2}, {"cgb", 3}};
-    const std::string second = secondOf(name);
+    const std::string second = secondOf(name, isWhole);
+    const NameCut cut = cutOf(isWhole);
     const QString text = NativeText::fromNative(name);
-    require(NativeText::toNative(secondPiece(text)).toStdString() == second, "the second piece is the kind");
-    require(gameFilterIndex(text) == (filters.count(second) != 0 ? filters.at(second) : 1),
+    require(NativeText::toNative(cut.secondPiece(text)).toStdString() == second,
+            "the second piece is the kind");
+    require(gameFilterIndex(text, cut) == (filters.count(second) != 0 ? filters.at(second) : 1),
             "it has a filter");
-    require(NativeText::toNative(firstPiece(text)).toStdString() ==
-                reference::cut(name.toStdString(), ".")[0],
+    require(NativeText::toNative(cut.firstPiece(text)).toStdString() == piecesOf(name, isWhole)[0],
             "the first piece is the name");
 }
 
@@ -155,7 +170,7 @@ FUZZ_TARGET(game_list) {
     for (size_t i = 0; i < mostNames && !input.isEmpty(); ++i) {
         const int kind = input.byte();
         const QByteArray name = input.piece();
-        checkFilter(name);
+        for (const bool isWhole : {false, true}) checkFilter(name, isWhole);
         library.add(kind, name.toStdString());
     }
     const std::vector<Table> tables = FolderNames::read(path, patterns);
@@ -165,7 +180,7 @@ FUZZ_TARGET(game_list) {
     checkNames(tables[1], second);
     require((tables[0] == tables[1]) == (first == second),
             "patterns that match the same names share a table");
-    checkRows(tables[0], first, count);
+    for (const bool isWhole : {false, true}) checkRows(tables[0], first, count, isWhole);
     checkTotal(count * 64 + tables[0]->count());
     return 0;
 }

@@ -31,7 +31,12 @@ private slots:
     }
     void the_second_piece_of_a_name_is_its_kind() {
         QFETCH(QString, name);
-        QTEST(static_cast<int>(pictureKindOf(name)), "kind");
+        QTEST(static_cast<int>(pictureKindOf(name, {})), "kind");
+    }
+    void the_end_of_a_whole_name_is_its_kind() {
+        const NameCut whole = NameCut::chosen(u"whole"_s);
+        QCOMPARE(pictureKindOf(u"scan.001.JPG"_s, whole), PictureKind::jpg);
+        QCOMPARE(pictureKindOf(u"a.png.txt"_s, whole), PictureKind::other);
     }
     void each_known_kind_has_the_name_of_its_format() {
         QCOMPARE(formatName(PictureKind::jpg), u"JPEG BitMap"_s);

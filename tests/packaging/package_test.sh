@@ -59,6 +59,7 @@ same 'files of the index' "$(cd "$share/torvane/tree" && find . -type f ! -path 
     "$(sed 1d "$dir/index" | cut -d ' ' -f 4- | sort)"
 same 'executable files' "./games/torvane
 ./games/torvane-tags
+./share/torvane/tree/emuladores/mgba-image.sh
 ./share/torvane/tree/emuladores/mgba.sh" "$(cd "$usr" && find . -type f -perm 755 | sort)"
 same 'other permissions' '' "$(find "$usr" ! -type d ! -perm 644 ! -perm 755 -o -type d ! -perm 755)"
 same 'files of the desktop' "applications/torvane.desktop

@@ -2,7 +2,6 @@
 // Opening, zoom and printing of the enlarged view.
 #include "AmpliCaptura.h"
 #include "core/Globals.h"
-#include "core/Pieces.h"
 #include "gallery/ShownPicture.h"
 
 #include <QWheelEvent>
@@ -78,7 +77,7 @@ void AmpliCaptura::ChameleonButton2_Click() {
     m.runtime.print({{}, IMG_BIG.source(), {100, 100}},
                     {.title = text("title"),
                      .filter = QStringLiteral("PDF|*.pdf"),
-                     .fileName = firstPiece(m_fileName) + QStringLiteral(".pdf")});
+                     .fileName = m.globals.names.firstPiece(m_fileName) + QStringLiteral(".pdf")});
     // After two dialogs some window managers would leave the keys to the gallery.
     activateWindow();
 }

@@ -4,7 +4,6 @@
 #include "catalogue/TagInput.h"
 #include "core/Desk.h"
 #include "core/Globals.h"
-#include "core/Pieces.h"
 #include "core/ScreenshotFolder.h"
 #include "gallery/PictureTexts.h"
 #include "gallery/ScreenshotRows.h"
@@ -56,7 +55,7 @@ void Compartir::setCaptions() {
 
 void Compartir::listPictures() {
     Capturas.openPath(screenshotFolder(m.runtime.settings, m.globals).value());
-    Snap.setItems(std::make_shared<ScreenshotRows>(Capturas.names()));
+    Snap.setItems(std::make_shared<ScreenshotRows>(Capturas.names(), m.globals.names));
     Snap.setCurrentRow(0);
     Snap_Click();
 }
@@ -65,7 +64,7 @@ void Compartir::loadStockPicture() {
     Image1.setSource(PictureFile(Pictures::bytesOf(QString::fromLatin1(stockPicture))));
 }
 
-PictureKind Compartir::currentKind() const { return pictureKindOf(Capturas.FileName()); }
+PictureKind Compartir::currentKind() const { return pictureKindOf(Capturas.FileName(), m.globals.names); }
 
 // After a failure the picture and the labels stay as they were: the notice says that they are of another
 // file.
@@ -134,7 +133,7 @@ void Compartir::ChameleonButton9_Click() {
     m.runtime.print({headingOf(name), Image1.source(), {300, 300}},
                     {.title = text("gallerytitle"),
                      .filter = QStringLiteral("PDF|*.pdf"),
-                     .fileName = firstPiece(Capturas.FileName()) + QStringLiteral(".pdf")});
+                     .fileName = m.globals.names.firstPiece(Capturas.FileName()) + QStringLiteral(".pdf")});
 }
 
 QString Compartir::headingOf(const QString& fileName) const {
