@@ -103,7 +103,7 @@ private slots:
         opened->world.processes.whileRunning = [&] {
             isMinimised = main().windowStateWord() == Form::minimised;
         };
-        click(main().ChameleonButton16);
+        main().Label15_Click();
         QCOMPARE(started(), QByteArrayList{path(u"roms/v1.1.zip"_s)});
         QVERIFY(!isMinimised);
     }
