@@ -14,6 +14,10 @@ void CompactWindowReach::refresh() {
     });
 }
 
+void CompactWindowReach::follow() {
+    if (window() != nullptr) window()->follow();
+}
+
 void CompactWindowReach::takeCorner() {
     if (isShown()) window()->takeCorner();
 }

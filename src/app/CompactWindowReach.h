@@ -13,6 +13,7 @@ public:
 
     bool isShown() const override;
     void refresh() override;
+    void follow() override;
     void takeCorner() override;
 
 private:

@@ -55,11 +55,7 @@ SelectedGame MainWindowShelf::selected() {
 }
 
 int MainWindowShelf::placeOf(const QString& name) {
-    const auto names = window().Games.names();
-    const QByteArray bytes = NativeText::toNative(name);
-    int place = 0;
-    while (place < names->count() && names->bytes(place) != bytes) ++place;
-    return place < names->count() ? place : -1;
+    return window().Games.names()->indexOf(NativeText::toNative(name));
 }
 
 void MainWindowShelf::select(int index) { window().Games.setListIndex(index); }

@@ -15,6 +15,10 @@ public:
     /// The selection or the library has changed: shows the selected game's name and data. Failures are
     /// reported here and reach no caller. Does nothing while the window is not loaded.
     virtual void refresh() = 0;
+    /// Other programs have changed the library or the selected game: shows what is different now. The line
+    /// goes on scrolling where it is unless the game or its title is another one. Ignores failures. Does
+    /// nothing while the window is not loaded.
+    virtual void follow() = 0;
     /// Moves it to the corner of the setting. Does nothing unless it is on screen. Fails if the setting is no
     /// number.
     virtual void takeCorner() = 0;

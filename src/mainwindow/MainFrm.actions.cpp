@@ -13,6 +13,7 @@
 #include "platform/base/Paths.h"
 #include "platform/forms/HeldInput.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 
 namespace torvane {
@@ -95,11 +96,8 @@ void MainFrm::setTypedTag(const QStringList& tag) {
 
 void MainFrm::tagChanged(const QString& path) {
     if (Games.FileName().isEmpty() || Paths::real(Games.filePath()) != Paths::real(path)) return;
-    const RomTagRecord& shown = m.id3.RomTag;
-    const QStringList typed = typedTag();
-    const bool isEdited = typed != QStringList{shown.Title, shown.Company, shown.Info};
+    const QScopedValueRollback filling(m_filling, isEdited() ? Filling::none : Filling::all);
     Games_Click();
-    if (isEdited) setTypedTag(typed);
 }
 
 void MainFrm::warnIfTooLong() {

@@ -8,6 +8,7 @@
 #include "core/TraySign.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "platform/base/File.h"
+#include "platform/base/Paths.h"
 
 namespace torvane {
 
@@ -77,7 +78,7 @@ void MainFrm::emptyPanel() {
     }
     GameFormat.setCaption(general("unknown"));
     GameInfo.setCaption(general("na"));
-    for (TextBox* field : {&EditID3Title, &EditID3Company, &EditID3Info}) field->setText(QString());
+    fillFields({QString(), QString(), QString()});
     Label41.setCaption(QStringLiteral("#1/0"));
 }
 
@@ -115,14 +116,20 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
         list->setPath(folder.isEmpty() ? m.globals.libraryFolder() : folder);
     m.emulators.read();
     Games.readWith(File1);
+    makeRows();
+    ListView1.setItems(m_rows);
+    Games.selectQuietly(Games.ListCount() - 1);
+    m_watch.watch(Paths::real(Games.Path()));
+}
+
+// What both lists have, as the visible one shows it.
+void MainFrm::makeRows() {
     const int count = Games.ListCount();
     const auto lengthOf = [path = File1.Path()](const QString& name) {
         return File::lengthOf(path + QLatin1Char('\\') + name);
     };
     m_rows = std::make_shared<GameRows>(File1.names(), count, lengthOf, m.globals.names);
-    ListView1.setItems(m_rows);
     if (count > 0) {
-        Games.selectQuietly(count - 1);
         File1.selectQuietly(count - 1);
         ListView1.setHeight((count - 1) * ListView1.rowHeight());
     }
@@ -163,13 +170,23 @@ void MainFrm::ListView1_RowDblClick(int row) {
 void MainFrm::Games_Click() {
     if (Games.FileName().isEmpty()) return;
     ListView1.setCurrentRow(Games.ListIndex());
+    showSelected();
+}
+
+void MainFrm::showSelected() {
+    noteSelected();
     if (m.globals.names.secondPiece(Games.FileName()) == QStringLiteral("zip")) {
         showArchive();
     } else {
         showGame();
     }
     m.id3.ReadRomTag(Games.filePath(), *this);
-    Label41.setCaption(QStringLiteral("#%1/%2").arg(Games.ListIndex() + 1).arg(Games.ListCount()));
+    showPosition();
+}
+
+void MainFrm::showPosition() {
+    const int count = Games.ListCount();
+    Label41.setCaption(QStringLiteral("#%1/%2").arg(count == 0 ? 1 : Games.ListIndex() + 1).arg(count));
 }
 
 void MainFrm::showArchive() {
@@ -197,12 +214,10 @@ void MainFrm::showGame() {
 
 void MainFrm::showTag(const RomTagRecord& tag) {
     GameAutor.setCaption(tag.Company);
-    EditID3Company.setText(tag.Company);
     GameDate.setCaption(tag.Date);
     GameTitle.setCaption(tag.Title);
-    EditID3Title.setText(tag.Title);
     GameInfo.setCaption(tag.Info);
-    EditID3Info.setText(tag.Info);
+    fillFields({tag.Title, tag.Company, tag.Info});
 }
 
 void MainFrm::showNoTag(const QString& missing) {
@@ -210,9 +225,7 @@ void MainFrm::showNoTag(const QString& missing) {
     GameInfo.setCaption(missing);
     GameAutor.setCaption(QString());
     GameDate.setCaption(QString());
-    EditID3Company.setText(QString());
-    EditID3Title.setText(QString());
-    EditID3Info.setText(QString());
+    fillFields({QString(), QString(), QString()});
 }
 
 void MainFrm::showFormat(const QString& format) { GameFormat.setCaption(format); }

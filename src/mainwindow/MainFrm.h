@@ -10,6 +10,8 @@
 #include "core/Services.h"
 #include "core/Texts.h"
 #include "core/Window.h"
+#include "platform/base/FolderWatch.h"
+#include "platform/base/WholeFiles.h"
 #include "toolkit/DragStrip.h"
 #include "toolkit/MenuOpener.h"
 
@@ -65,11 +67,25 @@ private:
     void setActionCaptions();
     void setUpTray();
     void readEmulatorSetting();
+    void makeRows();
     void Games_Click();
+    void showSelected();
+    void showPosition();
     void showArchive();
     void showGame();
     void ListView1_RowClick(int row);
     void ListView1_RowDblClick(int row);
+
+    // MainFrm.follow.cpp: what other programs do to the library
+    void libraryChanged();
+    void followLibrary();
+    void exchangeGames(const WholeFiles::Tables& tables);
+    int placeOfSelected(int before) const;
+    int topForSight(const FolderNames& before) const;
+    void followSelected();
+    void noteSelected();
+    bool isEdited() const { return typedTag() != m_filled; }
+    void fillFields(const QStringList& tag);
 
     // MainFrm.actions.cpp: what the buttons do
     void Edit_Menu_Click();
@@ -100,6 +116,16 @@ private:
     DragStrip m_dragStrip{*this, Label1};
     MenuOpener m_menuOpener{*this, Label1};
     std::shared_ptr<const GameRows> m_rows; // of ListView1
+    FolderWatch m_watch;
+    bool m_isBehind = false; // the library has changed, and the list will follow when no handler runs
+    QByteArray m_panelGame;  // the name of the game that the panel shows, or showed before it vanished
+    struct stat m_panelFile {};
+    QStringList m_filled; // what the fields of the editing face held before the user typed
+    enum class Filling {
+        all,
+        changed, ///< a field that has the text already keeps its cursor
+        none     ///< the user is typing
+    } m_filling = Filling::all;
 };
 
 } // namespace torvane

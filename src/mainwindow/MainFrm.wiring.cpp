@@ -14,6 +14,7 @@ void MainFrm::wireControls() {
     wire(ListView1, &RowList::rowClicked, &MainFrm::ListView1_RowClick, Failure::reported);
     wire(ListView1, &RowList::rowDoubleClicked, &MainFrm::ListView1_RowDblClick);
     wire(Label15, &Label::Click, &MainFrm::Label15_Click);
+    connect(&m_watch, &FolderWatch::changed, this, &MainFrm::libraryChanged);
     wire(displayer, &Timer::Tick, &MainFrm::displayer_Tick);
     takeDrops();
     wire(*this, &Form::pathDropped, &MainFrm::addGames, Failure::reported);

@@ -49,8 +49,16 @@ void Torvette::showStep() {
     ROMData();
 }
 
+void Torvette::follow() {
+    const SelectedGame game = m.shelf.selected();
+    if (m_lineOf != QStringList{game.name, game.title}) setLine(missingIn(m.language));
+    ignoring([this] { ROMData(); });
+}
+
 void Torvette::setLine(const QString& missing) {
-    const QString name = nameOf(m.shelf.selected(), missing);
+    const SelectedGame game = m.shelf.selected();
+    const QString name = nameOf(game, missing);
+    m_lineOf = {game.name, game.title};
     Text1.setText(CompactTexts::line(name));
     // Assistive tools read the whole name once, not every step of the line.
     setSpokenName(Label1, name);

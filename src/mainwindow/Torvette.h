@@ -28,6 +28,8 @@ public:
     /// Shows the data of the selected game. Fails if its file can't be opened; size and number stay those of
     /// the previous game then.
     void ROMData();
+    /// The same as a step, but the line starts anew only for another game or title, and failures are ignored.
+    void follow();
     /// Moves to the corner of the screen that the setting names; a number that names none leaves the window
     /// where it is. Fails if the setting is no number.
     void takeCorner();
@@ -62,6 +64,7 @@ private:
     void addGames(const QString& path);
 
     const Services& m;
+    QStringList m_lineOf; // name and title of the game that the line was made for
     DragStrip m_dragStrip{*this, Label2};
     MenuOpener m_menuOpener{*this, Label2};
 };

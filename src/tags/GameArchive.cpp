@@ -28,7 +28,7 @@ std::vector<GameArchive::Member> GameArchive::members() {
     std::vector<Member> members;
     for (qint64 i = 0; i < m_archive.count(); ++i) {
         const QByteArray name = top.fileName(m_archive.name(i));
-        if (name.isEmpty() || !isPlayable(name) || m_archive.kind(i) != Archive::Kind::file) continue;
+        if (name.isEmpty() || !isPlayable(name, {}) || m_archive.kind(i) != Archive::Kind::file) continue;
         Member member{i, name, m_archive.claimedSize(i), bytesOfCrc(m_archive.claimedCrc(i)), false};
         member.isUsual = faultOf(member).isEmpty();
         members.push_back(member);

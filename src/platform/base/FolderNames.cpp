@@ -191,6 +191,22 @@ QByteArrayView FolderNames::bytes(int index) const {
     return {m_text.data() + start, static_cast<qsizetype>(m_ends[at] - start)};
 }
 
+int FolderNames::indexOf(QByteArrayView name) const {
+    for (int i = 0; i < count(); ++i) {
+        if (bytes(i) == name) return i;
+    }
+    return -1;
+}
+
+std::shared_ptr<const FolderNames>
+FolderNames::without(const std::function<bool(QByteArrayView)>& isLeftOut) const {
+    auto rest = std::make_shared<FolderNames>();
+    for (int i = 0; i < count(); ++i) {
+        if (!isLeftOut(bytes(i))) rest->append(bytes(i));
+    }
+    return rest;
+}
+
 QString FolderNames::name(int index) const { return NativeText::fromNative(bytes(index)); }
 
 } // namespace torvane

@@ -6,6 +6,7 @@
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,6 +33,12 @@ public:
     QByteArrayView bytes(int index) const;
     /// The name as text (see NativeText).
     QString name(int index) const;
+    /// The place of a name by its exact bytes; -1 if it is not there.
+    int indexOf(QByteArrayView name) const;
+    /// A table without the names for which `isLeftOut` is true.
+    std::shared_ptr<const FolderNames> without(const std::function<bool(QByteArrayView)>& isLeftOut) const;
+
+    bool operator==(const FolderNames&) const = default;
 
 private:
     void append(QByteArrayView name);

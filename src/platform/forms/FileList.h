@@ -53,6 +53,8 @@ public:
     void readWith(FileList& other);
     /// The names of this moment, to be kept by who shows them.
     std::shared_ptr<const FolderNames> names() const;
+    /// Takes names of its folder that were read elsewhere; no file is the current one then.
+    void take(std::shared_ptr<const FolderNames> names);
 
 signals:
     void Click();
@@ -60,7 +62,6 @@ signals:
 
 private:
     const FolderNames& table() const { return *names(); }
-    void take(std::shared_ptr<const FolderNames> names);
 
     Look m_look;
     QString m_path;

@@ -37,6 +37,15 @@ void ListView::markRow(int row) {
     setTopForCurrent(m_top);
 }
 
+void ListView::exchangeItems(std::shared_ptr<const RowSource> rows, int current, int top) {
+    const QScopedValueRollback keeping(m_keepsTop, true);
+    setItems(std::move(rows));
+    setCurrentRow(current);
+    const bool isAnySeen = top + rowCount() * rowHeight() >= rowHeight() && top < parentWidget()->height();
+    if (rowCount() > 0 && !isAnySeen) top = withinEnds(top);
+    top == m_seenTop ? paintAt(top) : setTop(top);
+}
+
 void ListView::paintAt(int top) {
     m_seenTop = top;
     if (view() == nullptr) return;

@@ -31,6 +31,10 @@ public:
     /// Makes a row the current one and leaves Top as it is; the row is painted in sight all the same. Fires
     /// no signal. Fails with subscript if there is no such row.
     void markRow(int row);
+    /// Replaces all rows, makes one the current one (-1 for none), and has the first row's upper edge at a
+    /// place in the panel, in pixels, or near it if no row would be in sight there. The current row need not
+    /// be.
+    void exchangeItems(std::shared_ptr<const RowSource> rows, int current, int top);
     /// Where the first row's upper edge is painted, in pixels: wheel, keys and buttons go on from there.
     int seenTop() const { return m_seenTop; }
 

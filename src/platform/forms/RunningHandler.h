@@ -14,9 +14,23 @@ class RunningHandler : public QObject {
 public:
     RunningHandler() : QObject(QCoreApplication::instance()) {}
 
-    static bool isAny() {
-        return QCoreApplication::instance()->findChild<RunningHandler*>(
-                   QString(), Qt::FindDirectChildrenOnly) != nullptr;
+    static bool isAny() { return one() != nullptr; }
+
+    /// Runs some work when no handler runs: now, or once those that run have returned. Forgets it if
+    /// `context` goes first.
+    template <typename Work>
+    static void whenNone(QObject& context, Work work) {
+        const RunningHandler* running = one();
+        if (running == nullptr) return work();
+        connect(
+            running, &QObject::destroyed, &context, [&context, work] { whenNone(context, work); },
+            Qt::QueuedConnection);
+    }
+
+private:
+    static const RunningHandler* one() {
+        return QCoreApplication::instance()->findChild<RunningHandler*>(QString(),
+                                                                        Qt::FindDirectChildrenOnly);
     }
 };
 
