@@ -38,6 +38,7 @@ class MainFrmFollowTest : public QObject {
     void typeInfo(const QString& text) const {
         click(window().Edit_Menu);
         click(window().EditID3Info);
+        QTest::keyClick(window().EditID3Info.focusProxy(), Qt::Key_Home, Qt::ControlModifier);
         typeText(*window().EditID3Info.focusProxy(), text);
     }
     MainFrm& openOnTagged() const {

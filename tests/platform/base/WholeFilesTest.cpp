@@ -72,9 +72,9 @@ private slots:
         QCOMPARE(namesOf(*read().tables[0]), QByteArray("a.gb b.gb d.zip"));
     }
     void a_file_that_cannot_be_opened_counts() {
-        if (geteuid() == 0) QSKIP("root may open everything");
         folder->write(u"b.gb"_s, "x");
         folder->setMode(u"b.gb"_s, 0);
+        const OrdinaryUser user;
         QCOMPARE(namesOf(*read().tables[0]), QByteArray("a.gb b.gb d.zip"));
     }
     void without_leases_a_file_counts_once_it_has_rested() {
