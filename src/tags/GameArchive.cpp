@@ -23,7 +23,7 @@ GameArchive::GameArchive(const QByteArray& path, const UnZip::Limits& limits)
     : m_limits(limits), m_archive(Paths::spelled(path), limits.entries, m_pulse) {}
 
 std::vector<GameArchive::Member> GameArchive::members() {
-    const ArchiveTop::Wanted isWanted = isPlayable;
+    const ArchiveTop::Wanted isWanted = [](QByteArrayView name) { return isPlayable(name, {}); };
     const ArchiveTop top(m_archive, isWanted, m_pulse);
     std::vector<Member> members;
     for (qint64 i = 0; i < m_archive.count(); ++i) {
