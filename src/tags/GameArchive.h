@@ -10,6 +10,8 @@
 
 #include <functional>
 
+#include <vector>
+
 namespace torvane {
 
 /// An image, or the beginning of one, that was summed up.

@@ -82,7 +82,7 @@ QByteArray HashCommand::help() const {
                       "tag is left out, and so are the line ends that saves of tags have added. Of an\n"
                       "archive these are the games in it. Without operands it takes the library.\n"
                       "\n"
-                      "      --only LIST  of crc32, md5, sha1 and sha256 only these, with commas between\n") +
+                      "      --only LIST  only these of crc32, md5, sha1 and sha256, between commas\n") +
            RowFormat::help;
 }
 

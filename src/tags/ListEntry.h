@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include <vector>
+
 namespace torvane {
 
 /// All texts are UTF-8, and empty where the list has none.

@@ -7,6 +7,8 @@
 
 #include <deque>
 
+#include <vector>
+
 namespace torvane {
 
 class ListIndex {

@@ -5,6 +5,7 @@
 #include "Child.h"
 #include "GameLibrary.h"
 #include "Report.h"
+#include "ScratchFolder.h"
 
 #include <array>
 #include <cstdio>
@@ -24,26 +25,6 @@ std::string format(const char* pattern, double a, double b = 0, double c = 0) {
     std::snprintf(text, sizeof text, pattern, a, b, c);
     return text;
 }
-
-// A folder that is deleted with its contents by the destructor.
-class ScratchFolder {
-public:
-    ScratchFolder() {
-        std::string name = (fs::temp_directory_path() / "torvane-bench-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for temporary files");
-        m_path = name;
-    }
-    ~ScratchFolder() {
-        std::error_code ignored;
-        fs::remove_all(m_path, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    const fs::path& path() const { return m_path; }
-
-private:
-    fs::path m_path;
-};
 
 /// A program folder with a library, and the settings that go with it.
 struct Library {

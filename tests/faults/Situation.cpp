@@ -8,6 +8,7 @@
 #include "settings/LanguageFiles.h"
 
 #include <array>
+#include <sched.h>
 
 namespace torvane::faults {
 
@@ -27,6 +28,24 @@ constexpr const char* addingPage = "page added to the web list";
 constexpr const char* deletingPage = "page deleted from the web list";
 constexpr const char* updatingPages = "web list updated";
 constexpr qsizetype pagesSize = 3000;
+
+// Several threads would make their calls in another order each time.
+class OneProcessor {
+public:
+    OneProcessor() {
+        sched_getaffinity(0, sizeof m_all, &m_all);
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(sched_getcpu(), &one);
+        sched_setaffinity(0, sizeof one, &one);
+    }
+    ~OneProcessor() { sched_setaffinity(0, sizeof m_all, &m_all); }
+    OneProcessor(const OneProcessor&) = delete;
+    OneProcessor& operator=(const OneProcessor&) = delete;
+
+private:
+    cpu_set_t m_all{};
+};
 
 class Maker {
 public:
@@ -190,6 +209,7 @@ public:
         made.fresh = TagBytes::saved(*made.old);
         made.end = m_size;
         made.run = [&parts = m_parts, count] {
+            const OneProcessor one;
             EndChanges changes({}, TagEnds::remember);
             for (int i = 0; i < count; ++i) {
                 changes.add(parts.spelled(tagged(i)),
