@@ -118,15 +118,15 @@ std::vector<OptionForm> IdentifyCommand::options() const {
 
 QByteArray IdentifyCommand::help() const {
     return QByteArray("--dat LIST [OPTION]... [FOLDER|FILE]...\n"
-                      "Finds each game in lists of known games, by checksum and size, without its tag.\n"
-                      "Prints a line for each game that is matched, doubled (other games are the same, or\n"
-                      "lists have several names for it) or unknown, and for each one of the lists that\n"
-                      "is missing. Without operands it takes the library.\n"
+                      "Finds each game in lists of known games, by checksum and size, without its\n"
+                      "tag. Prints a line for each game that is matched, doubled (others are the\n"
+                      "same, or lists have several names for it) or unknown, and for each one of the\n"
+                      "lists that is missing. Without operands it takes the library.\n"
                       "\n"
                       "      --dat LIST  a list, in XML (Logiqx) or in text form; may be given again\n"
                       "      --deep      unpack all archives; else only where their directories do not\n"
                       "                  tell enough\n"
-                      "      --write     give games without a tag the title, company and year of the list\n"
+                      "      --write     give games without a tag title, company and year\n"
                       "      --replace   the same for games with a tag\n") +
            RowFormat::help;
 }
