@@ -61,7 +61,7 @@ private:
         strikeAll(runner, 32 * kibibyte, m_isLong ? everyStanding : extremes);
         strikeBatches(runner, 4 * kibibyte, m_isLong ? everyStanding : onlyLonger, false);
         strikeBatches(runner, 4 * kibibyte, m_isLong ? extremes : onlyLonger, true);
-        strikeHomes(runner, m_isLong ? everyStanding : extremes, false);
+        strikeHomes(runner, m_isLong ? everyStanding : onlyLonger, false);
         if (m_isLong) strikeHomes(runner, extremes, true);
         strikeTwo(runner);
         strikeAll(runner, m_isLong ? 8 * mebibyte : mebibyte, m_isLong ? everyStanding : onlyLonger);
@@ -106,7 +106,7 @@ private:
         failPowerIn(situations(uneven, everyStanding), m_isLong);
         failPowerIn(situations(32 * kibibyte, m_isLong ? everyStanding : onlyLonger), false);
         failPowerIn(batches(kibibyte, m_isLong ? everyStanding : extremes, false), false);
-        failPowerIn(homes(m_isLong ? everyStanding : extremes, false), m_isLong);
+        failPowerIn(homes(m_isLong ? everyStanding : onlyLonger, false), m_isLong);
         if (!m_isLong) return;
         failPowerIn(homes(extremes, true), false);
         failPowerIn(situations(4 * kibibyte, everyStanding), false);

@@ -7,6 +7,7 @@
 #include "tags/ListIndex.h"
 #include "tags/ListReader.h"
 
+#include <QString>
 #include <vector>
 
 using namespace torvane;

@@ -9,6 +9,7 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QIODevice>
 
 using namespace torvane;
 using namespace torvane::fuzz;
