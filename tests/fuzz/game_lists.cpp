@@ -76,7 +76,8 @@ bool isPlain(const QByteArray& text) {
     return text == text.simplified() &&
            std::all_of(text.begin(), text.end(),
                        [](char c) { return c != '"' && c != '\x7F' && (c < 0 || c >= ' '); }) &&
-           !text.contains("\xEF\xBF"); // characters that XML does not have
+           !text.contains("\xEF\xBF") &&     // characters that XML does not have
+           !text.startsWith("\xEF\xBB\xBF"); // Qt drops it when it makes a text of bytes
 }
 
 void checkAgain(const ListEntry& entry) {
