@@ -213,6 +213,50 @@ test_a_signal_ends_the_game_and_keeps_its_pictures() {
     done
 }
 
+# Has the script run COMMANDS after one of its lines, as a busy machine would hold it up there.
+run_after() { # BEGINNING_OF_THE_LINE COMMANDS
+    sed -i "s%^\( *$1.*\)\$%\1\n$2%" "$dir/emuladores/mgba.sh"
+    grep -qxF "$2" "$dir/emuladores/mgba.sh" || fail "no line begins with $1"
+}
+
+# An emulator that ends with the status 7 as soon as it is asked to, in a script whose shell may run sleep.
+prompt_emulator() {
+    fresh_gallery
+    ln -s "$(command -v sleep)" "$dir/bin/"
+    emulator 'trap "exit 7" TERM; echo $$ >"$1/emulator"
+        n=0; while [ $n -lt 2000 ]; do sleep 0.005; n=$((n + 1)); done'
+}
+
+test_a_script_that_is_slow_after_a_signal_hands_the_status_on() {
+    prompt_emulator
+    sed -i 's%kill "$playing" 2>/dev/null%{ kill "$playing"; sleep 0.5; }%' "$dir/emuladores/mgba.sh"
+    (play /g.gb; exit "$status") 2>/dev/null &
+    playing=$!
+    until [[ -s $dir/emulator ]] || ! kill -0 "$playing" 2>/dev/null; do sleep 0.02; done
+    kill "$(ps -o ppid= -p "$(<"$dir/emulator")" | tr -d ' ')"
+    wait "$playing"
+    expect status 7 "$?"
+}
+
+test_a_signal_right_after_the_start_ends_the_game() {
+    prompt_emulator
+    run_after '"$@" -- "$played" &' 'while [ ! -s "$dir_of_test/emulator" ]; do sleep 0.01; done; kill $$'
+    SECONDS=0
+    play /g.gb dir_of_test="$dir"
+    expect status 7 "$status"
+    ((SECONDS < 8)) || fail 'the signal was lost'
+}
+
+test_a_game_that_a_signal_kills_has_its_status() {
+    fresh_gallery
+    emulator 'kill -s KILL $$'
+    play /g.gb
+    expect status 137 "$status"
+    emulator 'trap "" TERM; kill $PPID; kill -s KILL $$'
+    play /g.gb
+    expect 'status after both' 137 "$status"
+}
+
 test_pictures_of_a_killed_script_appear_after_the_next_start() {
     start_long_game
     kill -s KILL "$script_pid"

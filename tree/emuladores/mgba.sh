@@ -73,13 +73,16 @@ gather_left() {
     done
 }
 
-# Waits for the emulator, whose exit status becomes this script's. A signal ends a wait early.
+# Waits for the emulator, whose exit status becomes this script's. A signal ends a wait early, with a status above 128.
+# The shell may have noticed the emulator's end by then: only another wait gives its status, or 127 if there is none.
 wait_for() { # PROCESS
     wait "$1"
     status=$?
-    while kill -0 "$1" 2>/dev/null; do
+    while [ -n "$stopped" ] && [ "$status" -gt 128 ]; do
+        stopped=
         wait "$1"
-        status=$?
+        again=$?
+        [ "$again" -eq 127 ] || status=$again
     done
 }
 
@@ -143,6 +146,8 @@ play() { # EMULATOR
     fi
     "$@" -- "$played" &
     playing=$!
+    # The signal may have come before the line above.
+    [ -z "$stopped" ] || kill "$playing" 2>/dev/null
     wait_for "$playing"
     playing=
     gather "$own"
