@@ -69,7 +69,8 @@ mark_colour() { # NUMBER
 }
 changes_colour() {
     shot_of_icon "$work/before.png" && mark_colour 3 && stores 'Icon = 3' &&
-        wait_until 5 "shot_of_icon '$work/after.png' && looks_different '$work/before.png' '$work/after.png'"
+        wait_until 5 "shot_of_icon '$work/after.png' && looks_different '$work/before.png' '$work/after.png'" &&
+        settle && shot_of_icon "$work/after.png" # the icon may have been empty, about to be painted
 }
 # The words of the dialog are the same in every language.
 chooser() { wait_until 10 "titled_window 'Selecciona Directorio'" && wait_box; }
