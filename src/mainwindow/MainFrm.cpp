@@ -115,11 +115,11 @@ void MainFrm::GetGameList(const QString& folder, const QString&) {
     for (FileList* list : {&Games, &File1})
         list->setPath(folder.isEmpty() ? m.globals.libraryFolder() : folder);
     m.emulators.read();
+    watchLibrary();
     Games.readWith(File1);
     makeRows();
     ListView1.setItems(m_rows);
     Games.selectQuietly(Games.ListCount() - 1);
-    m_watch.watch(Paths::real(Games.Path()));
 }
 
 // What both lists have, as the visible one shows it.

@@ -8,13 +8,18 @@
 #include "platform/forms/RunningHandler.h"
 
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <ctime>
 #include <utility>
 
 namespace torvane {
 
 namespace {
+constexpr int watchDelay = 300; // ms, enough for the first frame
+
 // The state of the file at a real path; all zero if it can't be asked for.
 struct stat stateOf(const QByteArray& path) {
     struct stat info {};
@@ -22,10 +27,39 @@ struct stat stateOf(const QByteArray& path) {
     return info;
 }
 
+// File systems give times in steps of up to two seconds: a change within the step of an earlier one leaves
+// the time of a folder as it was.
+bool isLatelyChanged(const struct stat& folder) {
+    constexpr time_t coarsestStep = 2;
+    return std::abs(std::time(nullptr) - folder.st_mtim.tv_sec) <= coarsestStep;
+}
+
 QByteArray nameAt(const FolderNames& names, int place) {
     return place >= 0 && place < names.count() ? names.bytes(place).toByteArray() : QByteArray();
 }
 } // namespace
+
+// To be called before the library is read, so that no change is lost. The kernel looks at every known file of
+// a folder when its watch begins, which the first frame of a large library must not wait for.
+void MainFrm::watchLibrary() {
+    if (m_isWatching) return m_watch.watch(Paths::real(Games.Path()));
+    m_readFolder = stateOf(Paths::real(Games.Path()));
+    // Not all zero: that is the state of a folder that has vanished.
+    if (isLatelyChanged(m_readFolder)) m_readFolder.st_mtim = {};
+    QTimer::singleShot(watchDelay, this, &MainFrm::beginWatching);
+}
+
+// Catches up with what has happened since the reading: games that came or went show in the folder's state.
+void MainFrm::beginWatching() {
+    if (isUnloaded()) return;
+    m_isWatching = true;
+    const QByteArray folder = Paths::real(Games.Path());
+    m_watch.watch(folder);
+    if (!isSameState(stateOf(folder), m_readFolder)) return m_watch.lookAgain(FolderWatch::usualQuiet);
+    RunningHandler::whenNone(*this, [this] {
+        if (!isUnloaded()) ignoring([this] { followPanels(); });
+    });
+}
 
 // A handler may wait for a game, an answer, a download or a copy, and goes on with the list that it knows.
 void MainFrm::libraryChanged() {
@@ -41,6 +75,10 @@ void MainFrm::followLibrary() {
     const auto reading = WholeFiles::read(Games.Path(), {Games.Pattern(), File1.Pattern()}, shown);
     if (!reading.isComplete) m_watch.lookAgain(WholeFiles::restTime);
     if (reading.tables != shown) exchangeGames(reading.tables);
+    followPanels();
+}
+
+void MainFrm::followPanels() {
     followSelected();
     m.compact.follow();
 }

@@ -77,11 +77,14 @@ private:
     void ListView1_RowDblClick(int row);
 
     // MainFrm.follow.cpp: what other programs do to the library
+    void watchLibrary();
+    void beginWatching();
     void libraryChanged();
     void followLibrary();
     void exchangeGames(const WholeFiles::Tables& tables);
     int placeOfSelected(int before) const;
     int topForSight(const FolderNames& before) const;
+    void followPanels();
     void followSelected();
     void noteSelected();
     bool isEdited() const { return typedTag() != m_filled; }
@@ -117,6 +120,9 @@ private:
     MenuOpener m_menuOpener{*this, Label1};
     std::shared_ptr<const GameRows> m_rows; // of ListView1
     FolderWatch m_watch;
+    bool m_isWatching = false;
+    struct stat m_readFolder {
+    };                       // the library's folder before it was read; its time is 0 if that tells nothing
     bool m_isBehind = false; // the library has changed, and the list will follow when no handler runs
     QByteArray m_panelGame;  // the name of the game that the panel shows, or showed before it vanished
     struct stat m_panelFile {};

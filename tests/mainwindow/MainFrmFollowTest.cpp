@@ -4,7 +4,9 @@
 #include "support/OtherProgram.h"
 #include "support/TestMain.h"
 
+#include <ctime>
 #include <fcntl.h>
+#include <sys/stat.h>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
@@ -40,6 +42,10 @@ class MainFrmFollowTest : public QObject {
         click(window().EditID3Info);
         QTest::keyClick(window().EditID3Info.focusProxy(), Qt::Key_Home, Qt::ControlModifier);
         typeText(*window().EditID3Info.focusProxy(), text);
+    }
+    void setFolderTime(const timespec& time) const {
+        const timespec times[] = {time, time};
+        QCOMPARE(utimensat(AT_FDCWD, path(QString()).toUtf8().constData(), times, 0), 0);
     }
     MainFrm& openOnTagged() const {
         for (const char* name : {"a", "b", "c"}) {
@@ -254,6 +260,33 @@ private slots:
         QCOMPARE(main.EditID3Info.Text(), text);
         QCOMPARE(changes.size(), 0);
         QCOMPARE(selected(), u"b.gb"_s);
+    }
+    void what_happens_before_the_watch_begins_is_caught_up_with_data() {
+        QTest::addColumn<qint64>("age"); // of the folder's last change before the start, in seconds
+        QTest::newRow("old folder") << qint64{1000};
+        QTest::newRow("same step of a file system's clock") << qint64{0};
+    }
+    void what_happens_before_the_watch_begins_is_caught_up_with() {
+        QFETCH(qint64, age);
+        opened->games(2);
+        const timespec time{::time(nullptr) - age, 0};
+        setFolderTime(time);
+        opened->open();
+        opened->game(u"a.gb"_s);
+        if (age == 0) setFolderTime(time);
+        verifyRows({u"a"_s, u"g001"_s, u"g002"_s});
+    }
+    void a_tag_written_before_the_watch_begins_is_shown() {
+        opened->tagged(u"a.gb"_s, u"Old"_s);
+        setFolderTime({::time(nullptr) - 1000, 0});
+        MainFrm& main = opened->open();
+        QFile game(path(u"a.gb"_s));
+        QVERIFY(game.open(QIODevice::ReadWrite));
+        const QByteArray bytes = game.readAll().replace("Old", "New");
+        game.seek(0);
+        game.write(bytes);
+        game.close();
+        QTRY_COMPARE(main.GameTitle.Caption(), u"New"_s);
     }
     void files_that_are_no_games_change_nothing() {
         MainFrm& main = openOnTagged();

@@ -18,15 +18,20 @@ class FolderWatch : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr std::chrono::milliseconds usualQuiet{300};
+
     /// A change is reported when nothing has followed it for one to two times `quiet`.
-    explicit FolderWatch(std::chrono::milliseconds quiet = std::chrono::milliseconds(300));
+    explicit FolderWatch(std::chrono::milliseconds quiet = usualQuiet);
 
     /// Watches the folder at a real path from now on, and no other. A folder that is missing, or that
     /// vanishes, is watched as soon as it is there, provided that the folder above it stays. Where inotify is
-    /// unavailable, nothing is ever reported.
+    /// unavailable, nothing is ever reported. The first call for a folder takes the longer the more files it
+    /// has: 30 ms for 100,000, since the kernel marks each that it knows.
     void watch(const QByteArray& path);
     /// Reports a change after so long, whatever happens, for what can be seen only later.
-    void lookAgain(std::chrono::milliseconds delay) { m_rest.start(delay); }
+    void lookAgain(std::chrono::milliseconds delay) {
+        if (m_events.isOpen()) m_rest.start(delay);
+    }
 
 signals:
     /// Files have come, gone, or been written and closed, or the folder itself has come or gone: one report

@@ -168,6 +168,7 @@ private slots:
         start();
         setrlimit(RLIMIT_NOFILE, &usual);
         folder->write(u"games/new.gb"_s, "x");
+        watch->lookAgain(1ms);
         verifyNothing();
         watch->watch(folder->native("games"));
         folder->write(u"games/newer.gb"_s, "x");
