@@ -191,6 +191,10 @@ private slots:
         QVERIFY2(lines.size() == starts.size(), lines.join('\n').constData());
         for (int i = 0; i < lines.size(); ++i) QVERIFY2(lines[i].startsWith(starts[i]), lines[i].constData());
     }
+    void a_game_of_the_largest_size_is_good() {
+        const QByteArray image = CartridgeImage::gameBoy() + QByteArray((8 << 20) - 32768, '\0');
+        QCOMPARE(foundIn("a.gbc", CartridgeImage::finished(with(image, 0x148, "\x08"))), QByteArrayList());
+    }
     void a_header_of_the_advance_is_checked_data() {
         QTest::addColumn<QByteArray>("image");
         QTest::addColumn<QByteArrayList>("lines");
