@@ -59,6 +59,9 @@ private slots:
         QTest::newRow("saved three times") << QByteArray("\r\n\r\n") + tag("C\xA7T\xA7"
                                                                            "D\xA7I",
                                                                            "32772");
+        QTest::newRow("saved 512 times") << QByteArray("\r\n").repeated(511) + tag("C\xA7T\xA7"
+                                                                                   "D\xA7I",
+                                                                                   "33790");
         QTest::newRow("tag removed") << QByteArray("\r\n");
     }
     void a_good_game_has_no_findings() {
@@ -135,6 +138,11 @@ private slots:
     void a_tag_that_no_save_writes_is_found() {
         QFETCH(QByteArray, after);
         QTEST(foundIn("a.bin", QByteArray(4096, 'r') + after), "lines");
+    }
+    void a_zero_byte_is_a_control_character() {
+        const QByteArray text("T\0", 2);
+        QCOMPARE(foundIn("a.bin", taggedGame(text)),
+                 QByteArrayList{"control character in the tag\t0x1000\t\tT\\0"});
     }
     void a_tag_in_a_small_file_is_not_seen() {
         QCOMPARE(foundIn("a.bin", QByteArray(1024, 'r') + tag("C\xA7T\xA7"
@@ -290,6 +298,24 @@ private slots:
                  (QByteArrayList{"c.gb\tsame image as another\t\t\ta.gb",
                                  "d.gb\tsame image as another\t\t\ta.gb"}));
         QCOMPARE(found({"d.gb", "d.gb"}), QByteArrayList());
+    }
+
+    void images_that_differ_in_the_middle_alone_are_two() {
+        write("a.bin", QByteArray(8192, 'x'));
+        write("b.bin", with(QByteArray(8192, 'x'), 4096, "y"));
+        QCOMPARE(found({"a.bin", "b.bin"}), QByteArrayList());
+    }
+    void files_without_an_image_are_not_the_same() {
+        write("a.bin", "");
+        write("b.bin", "");
+        const QByteArray size = "size that is no power of two\t\t\t0";
+        QCOMPARE(found({"a.bin", "b.bin"}), (QByteArrayList{"a.bin\t" + size, "b.bin\t" + size}));
+    }
+    void an_archive_that_is_there_twice_is_found() {
+        for (const char* name : {"a.zip", "b.zip"})
+            writeArchive(program->folder.path(QString::fromLatin1(name)), {{u"a.gb"_s, "x"}});
+        write("b.zip", program->folder.read(u"a.zip"_s));
+        QCOMPARE(found({"a.zip", "b.zip"}), QByteArrayList{"b.zip\tsame image as another\t\t\ta.zip"});
     }
 
     // Archives
