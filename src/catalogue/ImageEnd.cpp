@@ -3,6 +3,8 @@
 #include "ImageEnd.h"
 #include "TagLine.h"
 
+#include <algorithm>
+
 namespace torvane {
 
 namespace {
@@ -50,6 +52,13 @@ ImageEnd ImageEnd::of(QByteArrayView tail, qint64 length) {
     const qint64 tailStart = length - tail.size();
     const qint64 body = bytesBeforeTag(tail, tailStart);
     return {body, body > tailStart ? lineEndsOf(tail.first(body - tailStart)) : 0};
+}
+
+ImageEnd ImageEnd::in(const Handle& file, qint64 length) {
+    const qint64 count = std::min(length, tailSize);
+    const QByteArray tail = bytesOf(file, length - count, count);
+    if (tail.size() < count) failAsChanged();
+    return of(tail, length);
 }
 
 } // namespace torvane

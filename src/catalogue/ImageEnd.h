@@ -3,6 +3,8 @@
 // Lists of known games have the checksums of images as they were before anybody tagged them.
 #pragma once
 
+#include "platform/base/SystemCalls.h"
+
 #include <QByteArrayView>
 
 namespace torvane {
@@ -26,6 +28,9 @@ struct ImageEnd {
     /// The end of the image in a file of `length` bytes that ends with `tail`: `tailSize` bytes, or all if
     /// there are fewer. The tag is the first one in the tail that can be understood.
     static ImageEnd of(QByteArrayView tail, qint64 length);
+    /// The end of the image in an open file of so many bytes. Fails if it can't be read, or is shorter by
+    /// now.
+    static ImageEnd in(const Handle& file, qint64 length);
 };
 
 } // namespace torvane

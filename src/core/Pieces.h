@@ -16,6 +16,8 @@ public:
     constexpr NameCut() = default;
     /// Cuts at the last "." if the text of the setting is "whole", and at every "." for any other text.
     static NameCut chosen(const QString& setting) { return NameCut(setting == QLatin1String("whole")); }
+    /// Cuts at the last "." whatever the user wishes: for what a file holds, not for what it is called.
+    static constexpr NameCut atTheLastDot() { return NameCut(true); }
 
     /// The piece before the first cut; the whole text if there is no ".".
     QString firstPiece(const QString& text) const {

@@ -13,12 +13,13 @@ namespace torvane::ArchiveCheck {
 namespace {
 class Members {
 public:
-    Members(const Archive& archive, Pulse& pulse) : m_archive(archive), m_pulse(pulse) {}
+    Members(const Archive& archive, const NameCut& cut, Pulse& pulse)
+        : m_archive(archive), m_cut(cut), m_pulse(pulse) {}
 
     Findings check() {
         for (qint64 index = 0; index < m_archive.count() && m_pulse.shouldContinue(); ++index) {
             const QByteArray name = m_archive.name(index);
-            if (m_archive.kind(index) != Archive::Kind::folder && isPlayable(bareName(name), {})) {
+            if (m_archive.kind(index) != Archive::Kind::folder && m_isWanted(bareName(name))) {
                 checkGame(index, name);
             }
         }
@@ -46,8 +47,9 @@ private:
     }
 
     const Archive& m_archive;
+    const NameCut& m_cut;
     Pulse& m_pulse;
-    const ArchiveTop::Wanted m_isWanted = [](QByteArrayView name) { return isPlayable(name, {}); };
+    const ArchiveTop::Wanted m_isWanted = [this](QByteArrayView name) { return isPlayable(name, m_cut); };
     ArchiveTop m_top{m_archive, m_isWanted, m_pulse};
     Findings m_findings;
     QSet<QString> m_names;
@@ -63,10 +65,10 @@ std::unique_ptr<const Archive> opened(const QByteArray& path, Pulse& pulse) {
 }
 } // namespace
 
-Findings check(const QByteArray& path, const std::function<bool()>& goesOn) {
+Findings check(const QByteArray& path, const NameCut& cut, const std::function<bool()>& goesOn) {
     Pulse pulse(goesOn);
     const auto archive = opened(path, pulse);
-    if (archive) return Members(*archive, pulse).check();
+    if (archive) return Members(*archive, cut, pulse).check();
     if (!pulse.shouldContinue()) return {};
     return {{"archive that can't be opened", {}, {}, {}}};
 }

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "Finding.h"
+#include "core/Pieces.h"
 
 #include <functional>
 
 namespace torvane::ArchiveCheck {
 
-/// What is wrong with the archive at a real path. Nothing is unpacked. Never fails; what can't be opened as
-/// an archive is a finding. `goesOn` ends it early.
-Findings check(const QByteArray& path, const std::function<bool()>& goesOn);
+/// What is wrong with the archive at a real path. `cut`: where names of members are cut. Nothing is unpacked.
+/// Never fails; what can't be opened as an archive is a finding. `goesOn` ends it early.
+Findings check(const QByteArray& path, const NameCut& cut, const std::function<bool()>& goesOn);
 
 } // namespace torvane::ArchiveCheck

@@ -22,7 +22,7 @@ void ClearCommand::run(const Arguments& given, Session& session) {
     TagEdits edits(ChangeRows::modeOf(given), session);
     ChangeRows rows(given, session.output());
     const auto clear = [&](const GameFile& game) {
-        const QByteArray fault = faultOfWriting(game.name);
+        const QByteArray fault = faultOfWriting(game.name, session.names());
         if (!fault.isEmpty()) return session.reports().fault(game.name, fault);
         const TagEdits::State state = edits.stateOf(game);
         if (!state.tag && !edits.hasTag(game)) return;

@@ -55,7 +55,7 @@ private:
         const auto tag = TagWindow::tag(file.handle(), file.length());
         if (!tag && needsTag) return reports.fault(source.name, "it has no tag");
         if (!tag) return;
-        const QByteArray fault = faultOfWriting(game.name);
+        const QByteArray fault = faultOfWriting(game.name, m_session.names());
         if (!fault.isEmpty()) return reports.fault(game.name, fault);
         m_session.attempt(game.name, [&] { write(*tag, game); });
     }

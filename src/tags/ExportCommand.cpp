@@ -2,7 +2,7 @@
 // Reading tags, and writing all of the file at once.
 #include "ExportCommand.h"
 #include "EntryLine.h"
-#include "GameConsole.h"
+#include "GameRow.h"
 #include "catalogue/TagWindow.h"
 #include "platform/base/Arrival.h"
 #include "platform/base/CodePage1252.h"
@@ -18,13 +18,13 @@ QByteArray authorOf(const Arguments& given) {
 }
 
 // The line of a game; empty if it has no tag.
-QByteArray lineOf(const GameFile& game, const QByteArray& author, Reports& reports) {
+QByteArray lineOf(const GameFile& game, const QByteArray& author, Session& session) {
     const File file = File::ofReal(game.path);
     const qint64 length = file.length();
     const auto tag = TagWindow::tag(file.handle(), length);
     if (!tag) return {};
     const TagLine::Fields& fields = tag->fields;
-    const OnlineDbEntry entry{EntryLine::systemOf(GameConsole::of(game.name, length)),
+    const OnlineDbEntry entry{EntryLine::systemOf(GameRow::consoleOf(game.name, length, session.names())),
                               fields.title,
                               fields.company,
                               fields.date,
@@ -33,7 +33,7 @@ QByteArray lineOf(const GameFile& game, const QByteArray& author, Reports& repor
                               author};
     const QByteArray fault = EntryLine::faultOf(entry);
     if (fault.isEmpty()) return EntryLine::of(entry);
-    reports.fault(game.name, fault);
+    session.reports().fault(game.name, fault);
     return {};
 }
 
@@ -82,7 +82,7 @@ void ExportCommand::run(const Arguments& given, Session& session) {
     const QByteArray author = authorOf(given);
     QByteArray lines;
     session.eachGame(games, [&](const GameFile& game) {
-        const QByteArray line = lineOf(game, author, session.reports());
+        const QByteArray line = lineOf(game, author, session);
         path ? void(lines += line) : session.output().write(line);
     });
     if (!path) return;

@@ -19,16 +19,16 @@ QByteArray bytesOfCrc(std::optional<quint32> crc) {
 }
 } // namespace
 
-GameArchive::GameArchive(const QByteArray& path, const UnZip::Limits& limits)
-    : m_limits(limits), m_archive(Paths::spelled(path), limits.entries, m_pulse) {}
+GameArchive::GameArchive(const QByteArray& path, const NameCut& cut, const UnZip::Limits& limits)
+    : m_cut(cut), m_limits(limits), m_archive(Paths::spelled(path), limits.entries, m_pulse) {}
 
 std::vector<GameArchive::Member> GameArchive::members() {
-    const ArchiveTop::Wanted isWanted = [](QByteArrayView name) { return isPlayable(name, {}); };
+    const ArchiveTop::Wanted isWanted = [this](QByteArrayView name) { return isPlayable(name, m_cut); };
     const ArchiveTop top(m_archive, isWanted, m_pulse);
     std::vector<Member> members;
     for (qint64 i = 0; i < m_archive.count(); ++i) {
         const QByteArray name = top.fileName(m_archive.name(i));
-        if (name.isEmpty() || !isPlayable(name, {}) || m_archive.kind(i) != Archive::Kind::file) continue;
+        if (name.isEmpty() || !isWanted(name) || m_archive.kind(i) != Archive::Kind::file) continue;
         Member member{i, name, m_archive.claimedSize(i), bytesOfCrc(m_archive.claimedCrc(i)), false};
         member.isUsual = faultOf(member).isEmpty();
         members.push_back(member);

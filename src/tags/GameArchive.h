@@ -5,6 +5,7 @@
 
 #include "SumMaker.h"
 #include "catalogue/ImageEnd.h"
+#include "core/Pieces.h"
 #include "platform/base/Archive.h"
 #include "platform/base/UnZip.h"
 
@@ -22,8 +23,9 @@ struct SummedImage {
 
 class GameArchive {
 public:
-    /// Opens the archive at a real path; reads its directory and nothing else. Fails as Archive does.
-    explicit GameArchive(const QByteArray& path, const UnZip::Limits& limits = {});
+    /// Opens the archive at a real path; reads its directory and nothing else. `cut`: where names of members
+    /// are cut. Fails as Archive does.
+    GameArchive(const QByteArray& path, const NameCut& cut, const UnZip::Limits& limits = {});
 
     struct Member {
         qint64 index = 0;
@@ -50,6 +52,7 @@ private:
     // Passes the bytes of a member on until `take` has had enough; gives why they can't be read.
     QByteArray pass(const Member& member, const std::function<bool(QByteArrayView)>& take);
 
+    NameCut m_cut;
     UnZip::Limits m_limits;
     Pulse m_pulse{nullptr};
     Archive m_archive;

@@ -13,10 +13,7 @@ constexpr qint64 summedBlock = 64 << 10;
 } // namespace
 
 GameImage::GameImage(const QByteArray& path) : m_file(File::ofReal(path)), m_state(infoOf(m_file.handle())) {
-    const qint64 tail = std::min<qint64>(m_state.st_size, ImageEnd::tailSize);
-    const QByteArray bytes = m_file.readAt(m_state.st_size - tail, tail);
-    if (bytes.size() < tail) failAsChanged();
-    m_end = ImageEnd::of(bytes, m_state.st_size);
+    m_end = ImageEnd::in(m_file.handle(), m_state.st_size);
 }
 
 Sums GameImage::sums(qint64 length, WantedSums wanted) const {

@@ -3,14 +3,12 @@
 #include "GameRow.h"
 #include "catalogue/GameRows.h"
 #include "catalogue/TagWindow.h"
-#include "core/Pieces.h"
 #include "platform/base/File.h"
 
 namespace torvane::GameRow {
 
 namespace {
-Field consoleField(const QByteArray& name, qint64 size) {
-    const QByteArray console = consoleOf(name, size);
+Field consoleField(const QByteArray& console) {
     return console.isEmpty() ? Field() : Field{Field::Kind::text, console};
 }
 } // namespace
@@ -20,7 +18,7 @@ Columns columns() {
             {"date"}, {"image", true}, {"size", true}, {"info"}};
 }
 
-Row of(const GameFile& game) {
+Row of(const GameFile& game, const NameCut& cut) {
     const File file = File::ofReal(game.path);
     const qint64 length = file.length();
     const auto tag = TagWindow::tag(file.handle(), length);
@@ -28,7 +26,7 @@ Row of(const GameFile& game) {
         return tag ? Field::ofTagText(tag->fields.*field) : Field();
     };
     return {Field::ofName(game.name),
-            consoleField(game.name, length),
+            consoleField(consoleOf(game.name, length, cut)),
             Field::ofTruth(tag.has_value()),
             text(&TagLine::Fields::title),
             text(&TagLine::Fields::company),
@@ -38,9 +36,9 @@ Row of(const GameFile& game) {
             text(&TagLine::Fields::info)};
 }
 
-QByteArray consoleOf(const QByteArray& name, qint64 size) {
+QByteArray consoleOf(const QByteArray& name, qint64 size, const NameCut& cut) {
     const QByteArrayView bareName = QByteArrayView(name).sliced(name.lastIndexOf('/') + 1);
-    const std::string_view piece = NameCut().secondPieceOf(bareName);
+    const std::string_view piece = cut.secondPieceOf(bareName);
     const QByteArray kind = QByteArray(piece.data(), static_cast<qsizetype>(piece.size())).toLower();
     const GameIcon icon = kind == "bin"
                               ? GameRows::iconOfSize(size)

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Tasks of one session.
 #include "GameTasks.h"
-#include "GameRow.h"
+#include "GameContent.h"
 
 namespace torvane {
 
-bool isArchiveName(const QByteArray& name) {
-    return GameRow::consoleOf(name, 0) == "ZIP" || name.toLower().endsWith(".zip");
-}
-
 void GameTask::work() {
     try {
-        isArchiveName(m_game.name) ? readArchive() : readFile();
+        GameContent::isArchive(m_game.name) ? readArchive() : readFile();
     } catch (const RuntimeFailure& failure) {
         m_failure = failure;
     }

@@ -11,10 +11,13 @@ namespace torvane {
 
 class GameTask : public Crew::Task {
 public:
-    GameTask(GameFile game, Session& session) : m_game(std::move(game)), m_session(session) {}
+    GameTask(GameFile game, Session& session)
+        : m_game(std::move(game)), m_session(session), m_names(session.names()) {}
 
     const GameFile& game() const { return m_game; }
     Session& session() { return m_session; }
+    /// Where names of files are cut.
+    const NameCut& names() const { return m_names; }
 
     void work() final;
     void end() final;
@@ -34,12 +37,10 @@ protected:
 private:
     GameFile m_game;
     Session& m_session;
+    NameCut m_names;
     std::vector<std::pair<QByteArray, QByteArray>> m_faults;
     std::optional<RuntimeFailure> m_failure;
 };
-
-/// Whether a file of this name is read as an archive.
-bool isArchiveName(const QByteArray& name);
 
 /// Makes a task for each game, and ends them in the order of the games, with the progress shown. `rows`: what
 /// is printed meanwhile; null for nothing.

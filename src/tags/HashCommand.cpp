@@ -45,7 +45,7 @@ private:
         add({}, {length, image.sums(length, m_wanted)});
     }
     void readArchive() override {
-        GameArchive archive(game().path);
+        GameArchive archive(game().path, names());
         const auto lengths = [](const ImageEnd& end) { return std::vector{end.length()}; };
         for (const auto& member : archive.members()) {
             const auto read = archive.read(member, m_wanted, lengths);

@@ -24,7 +24,7 @@ void IdentifyTask::readFile() {
 }
 
 void IdentifyTask::readArchive() {
-    GameArchive archive(game().path);
+    GameArchive archive(game().path, names());
     for (const auto& member : archive.members()) {
         FoundGame found{game(), member.name, {}, {}, false};
         SummedImage claim{member.size, {}};

@@ -2,7 +2,7 @@
 // Matching games with entries, and writing by the rules of set.
 #include "ImportCommand.h"
 #include "EntryLine.h"
-#include "GameConsole.h"
+#include "GameRow.h"
 #include "GivenTag.h"
 #include "TitledEntries.h"
 #include "WritableGame.h"
@@ -22,10 +22,10 @@ QByteArray databaseIn(const QByteArray& path) {
 }
 
 // That of the tag or, without one, the name of the file without its kind; empty if no title can be like that.
-QByteArray titleOf(const GameFile& game, const TagEdits::State& state) {
+QByteArray titleOf(const GameFile& game, const TagEdits::State& state, const NameCut& cut) {
     if (state.tag) return state.tag->fields.title;
     const QByteArray name = game.name.sliced(game.name.lastIndexOf('/') + 1);
-    const QString title = NativeText::fromNative(name.first(name.lastIndexOf('.')));
+    const QString title = cut.firstPiece(NativeText::fromNative(name));
     return CodePage1252::holds(title) ? CodePage1252::toBytes(title) : QByteArray();
 }
 
@@ -62,7 +62,7 @@ void ImportCommand::run(const Arguments& given, Session& session) {
         if (given.operands.size() == 1) games.addLibrary();
         TagEdits edits(ChangeRows::modeOf(given), session);
         ChangeRows rows(given, session.output());
-        Work work{entries, edits, rows};
+        Work work{session, entries, edits, rows};
         const auto import = [&](const GameFile& game) {
             const QByteArray fault = importOne(game, work);
             if (!fault.isEmpty()) session.reports().fault(game.name, fault);
@@ -75,10 +75,11 @@ void ImportCommand::run(const Arguments& given, Session& session) {
 
 // Gives why it is refused, without a line end; empty if it is done or needs nothing.
 QByteArray ImportCommand::importOne(const GameFile& game, Work& work) {
-    if (!faultOfWriting(game.name).isEmpty()) return {};
+    const NameCut& names = work.session.names();
+    if (!faultOfWriting(game.name, names).isEmpty()) return {};
     const TagEdits::State state = work.edits.stateOf(game);
-    const QByteArray system = EntryLine::systemOf(GameConsole::of(game.name, state.length));
-    const TitledEntries::Match match = work.entries.find(titleOf(game, state), system);
+    const QByteArray system = EntryLine::systemOf(GameRow::consoleOf(game.name, state.length, names));
+    const TitledEntries::Match match = work.entries.find(titleOf(game, state, names), system);
     if (match.hasRivals) return "several entries have its title, and they differ";
     if (!match.entry) return {};
     // The entry has a date, so that of today is not needed.

@@ -18,6 +18,7 @@ public:
 
 private:
     struct Work {
+        Session& session;
         const TitledEntries& entries;
         TagEdits& edits;
         ChangeRows& rows;

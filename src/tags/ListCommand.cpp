@@ -22,7 +22,7 @@ void ListCommand::run(const Arguments& given, Session& session) {
     if (given.operands.isEmpty()) games.addLibrary();
     const auto rows = RowFormat::writer(given, RowFormat::Plain::table, GameRow::columns(), session.output());
     session.eachGame(
-        games, [&](const GameFile& game) { rows->add(GameRow::of(game)); }, rows.get());
+        games, [&](const GameFile& game) { rows->add(GameRow::of(game, session.names())); }, rows.get());
     rows->finish();
 }
 

@@ -57,7 +57,7 @@ void NamedTags::writeOne(const FoundGame& game) {
     const bool isTagged = state.tag.has_value() || m_edits.hasTag(game.file);
     if (isTagged && m_which == Which::untagged) return;
     Reports& reports = m_session.reports();
-    QByteArray fault = faultOfWriting(game.file.name);
+    QByteArray fault = faultOfWriting(game.file.name, m_session.names());
     if (fault.isEmpty() && !haveOneTag(game.entries)) fault = "the lists have several names for it";
     if (!fault.isEmpty()) return reports.fault(game.file.name, fault);
     const GivenTag::Result result =

@@ -2,7 +2,8 @@
 // The same start as from the window: the first emulator of the list, and the folder for screenshots.
 #include "PlayCommand.h"
 #include "EmulatorProcess.h"
-#include "GameConsole.h"
+#include "GameContent.h"
+#include "GameRow.h"
 #include "UnpackedGame.h"
 #include "core/ScreenshotFolder.h"
 #include "emulator/EmulatorCatalogue.h"
@@ -20,6 +21,12 @@ namespace {
 QByteArray absolute(const QByteArray& path) {
     if (path.startsWith('/')) return path;
     return QByteArray::fromStdString(std::filesystem::current_path().native()) + '/' + path;
+}
+
+// What is an archive for the list is unpacked. Another ZIP file goes to the emulator as it is, unless the
+// user knows what is in it.
+bool isUnpacked(const QByteArray& path, const QByteArray& member, const NameCut& cut) {
+    return GameRow::consoleOf(path, 0, cut) == "ZIP" || (!member.isEmpty() && GameContent::isArchive(path));
 }
 
 void report(const QByteArray& emulator, const char* reason, int status, Session& session) {
@@ -46,6 +53,7 @@ void PlayCommand::run(const Arguments& given, Session& session) {
     session.attempt(name, [&] {
         Globals globals;
         globals.AppPath = session.home();
+        globals.names = session.names();
         const QByteArray member = given.operands.size() > 1 ? given.operands.back() : QByteArray();
         play({name, absolute(GameFiles::found(name, session.library())), member}, globals, session);
     });
@@ -55,7 +63,7 @@ void PlayCommand::play(const Game& game, const Globals& globals, Session& sessio
     struct stat info {};
     if (stat(game.path.constData(), &info) != 0) failWithErrno();
     if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    if (GameConsole::of(game.path, 0) == "ZIP") return playMember(game, globals, session);
+    if (isUnpacked(game.path, game.member, globals.names)) return playMember(game, globals, session);
     if (!game.member.isEmpty()) return session.reports().fault(game.name, "only an archive has members");
     start(Paths::spelled(game.path), globals, session);
 }

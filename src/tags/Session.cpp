@@ -2,7 +2,9 @@
 // The library, and the loop over games.
 #include "Session.h"
 #include "Interruption.h"
+#include "core/NameSetting.h"
 #include "home/ProgramHome.h"
+#include "home/UserFolders.h"
 #include "platform/base/Paths.h"
 
 namespace torvane {
@@ -16,6 +18,14 @@ const QString& Session::home() {
 const QByteArray& Session::library() {
     if (m_library.isEmpty()) m_library = Paths::real(home() + QStringLiteral("\\roms"));
     return m_library;
+}
+
+const NameCut& Session::names() {
+    if (!m_names) {
+        Settings settings(Paths::spelled(UserFolders::configuration()));
+        m_names = chosenNameCut(settings);
+    }
+    return *m_names;
 }
 
 GameFiles Session::games(const QByteArrayList& operands) {

@@ -7,6 +7,7 @@
 #include "Output.h"
 #include "Reports.h"
 #include "RowWriter.h"
+#include "core/Pieces.h"
 
 #include <optional>
 
@@ -29,6 +30,9 @@ public:
     const QByteArray& library();
     /// The real path of the folder of backups in it.
     QByteArray backups() { return library() + "/data/backup"; }
+    /// Where the user has names of files cut. The settings are read when it is first asked for, which only
+    /// the thread of the session may do; if they can't be read, names are cut at every dot.
+    const NameCut& names();
     /// The games that the operands name.
     GameFiles games(const QByteArrayList& operands);
     /// Whether the command has to end before its work is done: the user wants it to, or nobody gets its
@@ -48,6 +52,7 @@ private:
     QByteArray m_folder;
     QString m_home;
     QByteArray m_library;
+    std::optional<NameCut> m_names;
     Output& m_output;
     Reports& m_reports;
     const Interruption& m_interruption;

@@ -22,7 +22,7 @@ QByteArray ShowCommand::faultOf(const Arguments& given) const {
 void ShowCommand::run(const Arguments& given, Session& session) {
     const auto rows =
         RowFormat::writer(given, RowFormat::Plain::sheets, GameRow::columns(), session.output());
-    const auto show = [&](const GameFile& game) { rows->add(GameRow::of(game)); };
+    const auto show = [&](const GameFile& game) { rows->add(GameRow::of(game, session.names())); };
     session.eachGame(session.games(given.operands), show, rows.get());
     rows->finish();
 }

@@ -98,24 +98,24 @@ Findings ofTagPart(QByteArrayView part, qint64 marker) {
     return findings;
 }
 
-Result of(const Handle& file, qint64 length) {
+Findings of(const Handle& file, qint64 length) {
     const Markers markers = markersIn(file, length);
     const qint64 tag = markers.tag();
-    if (tag < 0) return {{}, length};
-    Result result{{}, tag};
+    if (tag < 0) return {};
+    Findings findings;
     if (markers.count > 1) {
-        result.findings.push_back({"more than one tag", FindingText::place(markers.other), Field::ofNumber(1),
-                                   Field::ofNumber(markers.count)});
+        findings.push_back({"more than one tag", FindingText::place(markers.other), Field::ofNumber(1),
+                            Field::ofNumber(markers.count)});
     }
     if (markers.seen < 0) {
         // A selection shows the game as one without a tag.
-        result.findings.push_back({"tag that is not seen", FindingText::place(tag), {}, {}});
-        return result;
+        findings.push_back({"tag that is not seen", FindingText::place(tag), {}, {}});
+        return findings;
     }
     const qint64 start = tag + TagLine::marker.size();
     const QByteArray bytes = bytesOf(file, start, length - start);
-    for (Finding& finding : ofTagPart(partAfter(bytes), tag)) result.findings.push_back(std::move(finding));
-    return result;
+    for (Finding& finding : ofTagPart(partAfter(bytes), tag)) findings.push_back(std::move(finding));
+    return findings;
 }
 
 } // namespace torvane::TagCheck

@@ -7,14 +7,9 @@
 
 namespace torvane::TagCheck {
 
-struct Result {
-    Findings findings;
-    qint64 body = 0; ///< the bytes before the tag; those of the whole file if there is none
-};
-
 /// Looks at a whole file of so many bytes. The tag is the first one that a selection sees or, if it sees
 /// none, the first of the file. Fails if the file can't be read.
-Result of(const Handle& file, qint64 length);
+Findings of(const Handle& file, qint64 length);
 
 /// What is wrong with the bytes after the marker at an offset.
 Findings ofTagPart(QByteArrayView part, qint64 marker);

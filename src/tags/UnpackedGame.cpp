@@ -26,7 +26,7 @@ const char* wordsFor(UnZip::Reason reason) {
 
 UnpackedGame::UnpackedGame(const Globals& globals, const QByteArray& archive, const QByteArray& member,
                            const std::function<bool()>& goesOn)
-    : m_temp(globals), m_name(QStringLiteral("play-%1").arg(getpid())) {
+    : m_globals(globals), m_temp(globals), m_name(QStringLiteral("play-%1").arg(getpid())) {
     UnZip engine;
     engine.goesOn = goesOn;
     m_fault = wordsFor(m_temp.ExtractZipToTemp(engine, Paths::spelled(archive), m_name));
@@ -39,7 +39,7 @@ void UnpackedGame::choose(const QByteArray& member) {
     QByteArrayList games;
     for (int i = 0; i < names->count(); ++i) {
         const QByteArray name = names->bytes(i).toByteArray();
-        if (!isPlayable(name, {})) continue;
+        if (!isPlayable(name, m_globals.names)) continue;
         games += printable(name);
         const bool isMeant = member.isEmpty() || member == name;
         if (isMeant) m_path = m_temp.folderOf(m_name) + names->name(i);

@@ -24,6 +24,7 @@ public:
 private:
     void choose(const QByteArray& member);
 
+    const Globals& m_globals;
     ZipTemp m_temp;
     QString m_name; // of the folder: another command or a window may unpack the same archive
     QString m_path;

@@ -4,21 +4,18 @@
 #include "AdvanceHeader.h"
 #include "ArchiveCheck.h"
 #include "GameBoyHeader.h"
-#include "GameConsole.h"
-#include "ImageLength.h"
+#include "GameContent.h"
 #include "RowFormat.h"
 #include "TagCheck.h"
 #include "Twins.h"
+#include "catalogue/ImageEnd.h"
 #include "platform/base/File.h"
+
+#include <bit>
 
 namespace torvane {
 
 namespace {
-// The size of a "bin" file says too little of what is in it.
-QByteArray consoleOfGame(const QByteArray& name) {
-    return name.toLower().endsWith(".bin") ? QByteArray() : GameConsole::of(name, 0);
-}
-
 class Verification {
 public:
     Verification(const Arguments& given, Session& session)
@@ -41,19 +38,20 @@ public:
 
 private:
     void checkGame(const GameFile& game) {
-        const QByteArray console = consoleOfGame(game.name);
+        const QByteArray console = GameContent::of(game.name);
         const File file = File::ofReal(game.path);
         const qint64 length = file.length();
         if (console == "ZIP") {
-            add(game, ArchiveCheck::check(game.path, [this] { return !m_session.isOver(); }));
+            const auto goesOn = [this] { return !m_session.isOver(); };
+            add(game, ArchiveCheck::check(game.path, m_session.names(), goesOn));
             return m_twins.add(game, file.handle(), length);
         }
-        const TagCheck::Result tag = TagCheck::of(file.handle(), length);
-        add(game, tag.findings);
-        const qint64 image = imageLength(file.handle(), tag.body);
+        add(game, TagCheck::of(file.handle(), length));
+        const qint64 image = ImageEnd::in(file.handle(), length).length();
         if (console == "GBA") add(game, AdvanceHeader::check(file.handle(), image));
         if (console == "GB" || console == "GBC") add(game, GameBoyHeader::check(file.handle(), image));
-        if (!isPowerOfTwo(image)) add(game, {"size that is no power of two", {}, {}, Field::ofNumber(image)});
+        if (!std::has_single_bit(static_cast<quint64>(image)))
+            add(game, {"size that is no power of two", {}, {}, Field::ofNumber(image)});
         m_twins.add(game, file.handle(), image);
     }
     void add(const GameFile& game, const Findings& findings) {

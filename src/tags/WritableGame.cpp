@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 // By the end of the name and by the kind that the list shows.
 #include "WritableGame.h"
+#include "GameContent.h"
 #include "GameFiles.h"
 #include "GameRow.h"
 #include "platform/base/NamePattern.h"
 
 namespace torvane {
 
-QByteArray faultOfWriting(const QByteArray& name) {
-    const bool isArchive = GameRow::consoleOf(name, 0) == "ZIP" || name.toLower().endsWith(".zip");
+QByteArray faultOfWriting(const QByteArray& name, const NameCut& cut) {
+    const bool isArchive = GameContent::isArchive(name) || GameRow::consoleOf(name, 0, cut) == "ZIP";
     if (isArchive) return "an archive gets no tag";
     const QByteArray bareName = name.sliced(name.lastIndexOf('/') + 1);
     return NamePattern(gamePatterns).matches(bareName) ? QByteArray() : "its name is not that of a game";

@@ -33,6 +33,17 @@ class HomeReportTest : public QObject {
         QVERIFY(QDir(world().folder.path(u"config"_s)).removeRecursively());
         world().folder.write(u"config"_s, "");
     }
+    /// As on the first start. The choice has to be taken, and the program has to go on.
+    void startAndChooseEnglish() const {
+        opened->program->start();
+        auto* window = opened->program->loaded<SelLangStartUp>();
+        QVERIFY(window != nullptr && QTest::qWaitForWindowExposed(window));
+        click(window->Label6);
+        click(window->ok);
+        emit window->Timer2.Tick();
+        QCOMPARE(opened->program->globals.LanguageName, u"English"_s);
+        QCOMPARE(world().ends, 0);
+    }
 
 private slots:
     void init() { opened = std::make_unique<OpenedProgram>(); }
@@ -125,14 +136,7 @@ private slots:
         world().setSetting("Language", QString());
         reported(home(RuntimeFailure::diskFull, false));
         const FullDisk full(0);
-        opened->program->start();
-        auto* window = opened->program->loaded<SelLangStartUp>();
-        QVERIFY(window != nullptr && QTest::qWaitForWindowExposed(window));
-        click(window->Label6);
-        click(window->ok);
-        emit window->Timer2.Tick();
-        QCOMPARE(opened->program->globals.LanguageName, u"English"_s);
-        QCOMPARE(world().ends, 0);
+        startAndChooseEnglish();
     }
     void settings_that_fail_later_are_no_secret_where_the_home_only_lacks_a_file() {
         reported(home(RuntimeFailure::permissionDenied, false));
@@ -167,14 +171,7 @@ private slots:
     void a_language_can_be_chosen_where_nothing_can_be_stored() {
         refuseSettings();
         reported(home(RuntimeFailure::permissionDenied, true));
-        opened->program->start();
-        auto* window = opened->program->loaded<SelLangStartUp>();
-        QVERIFY(window != nullptr && QTest::qWaitForWindowExposed(window));
-        click(window->Label6);
-        click(window->ok);
-        emit window->Timer2.Tick();
-        QCOMPARE(opened->program->globals.LanguageName, u"English"_s);
-        QCOMPARE(world().ends, 0);
+        startAndChooseEnglish();
     }
 
     void a_home_for_looking_lists_and_shows_its_games() {

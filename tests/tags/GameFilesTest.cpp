@@ -32,7 +32,7 @@ class GameFilesTest : public QObject {
     }
     Row row(const QByteArray& name, const QByteArray& content) const {
         folder->writeNative(name, content);
-        return GameRow::of({name, folder->native(name)});
+        return GameRow::of({name, folder->native(name)}, NameCut());
     }
     static QByteArray valueOf(const Row& row, const char* column) {
         const Columns columns = GameRow::columns();
@@ -203,12 +203,15 @@ private slots:
     void the_console_is_told_by_the_kind_in_the_name() {
         QFETCH(QByteArray, name);
         QFETCH(qint64, size);
-        QTEST(GameRow::consoleOf(name, size), "console");
+        QTEST(GameRow::consoleOf(name, size, NameCut()), "console");
     }
     void what_is_no_file_can_not_be_read() {
         QCOMPARE(mkfifo("pipe.gb", 0600), 0);
-        QCOMPARE(failureOf([] { GameRow::of({"pipe.gb", "pipe.gb"}); }), number(RuntimeFailure::pathAccess));
-        QCOMPARE(failureOf([] { GameRow::of({"no.gb", "no.gb"}); }), number(RuntimeFailure::fileNotFound));
+        const auto failureOfRow = [](const QByteArray& name) {
+            return failureOf([&] { GameRow::of({name, name}, NameCut()); });
+        };
+        QCOMPARE(failureOfRow("pipe.gb"), number(RuntimeFailure::pathAccess));
+        QCOMPARE(failureOfRow("no.gb"), number(RuntimeFailure::fileNotFound));
     }
 };
 

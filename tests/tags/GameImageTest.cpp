@@ -111,6 +111,12 @@ private slots:
             compare(sums.finish(size), bytes);
         }
     }
+    void a_long_tag_at_the_end_of_one_piece_is_seen() {
+        StreamedSums sums(WantedSums(4));
+        sums.add(noise(300032) + TagLine::build({"C", "T", "D", QByteArray(3000, 'i'), "300032"}));
+        QCOMPARE(sums.end().length(), 300032);
+        QVERIFY(sums.canEndAt(300032));
+    }
     void a_stream_whose_tag_names_a_far_smaller_size_has_to_come_again() {
         const QByteArray bytes = noise(1000000);
         StreamedSums sums = streamed(tagged(bytes, 1024), WantedSums().set());

@@ -41,7 +41,6 @@ class PlayTest : public QObject {
 private slots:
     void init() {
         program = std::make_unique<TagsProgram>();
-        program->environment += "XDG_CONFIG_HOME=" + folder() + "/config";
         program->environment += "PATH=/usr/bin:/bin";
         program->folder.makeFolder(u"home/ziptemp"_s);
         program->folder.write(u"home/emuladores/emus.dat"_s, "Emu#\\emu.sh\r\nOther#\\other.sh\r\n");

@@ -20,17 +20,21 @@ struct ProgramRun {
     QByteArray errors;
 };
 
-/// A library in a folder of its own, and a working folder. The home is given by XDG_DATA_HOME, as for an
-/// installed program: the one under test lies in no folder with data.
+/// A library in a folder of its own, and a working folder. The program under test lies in no folder with
+/// data, and has settings of its own: none until a test makes some.
 class TagsProgram {
 public:
     TagsProgram() { folder.makeFolder(QStringLiteral("home/roms")); }
 
     TestFolder folder;
-    QByteArrayList environment{"LANG=C.UTF-8"};
+    QByteArrayList environment{"LANG=C.UTF-8", "XDG_CONFIG_HOME=" + folder.native("config")};
     /// Runs in the child before the program does.
     std::function<void()> prepare = [] {};
 
+    /// Makes this line all of the user's settings.
+    void setting(const QByteArray& line) const {
+        folder.write(QStringLiteral("config/Torvane/Torvane.conf"), "[Config]\n" + line + '\n');
+    }
     /// Starts it; it works in the test's folder.
     pid_t start(const QByteArrayList& arguments, int output, int errors) const {
         const pid_t child = fork();

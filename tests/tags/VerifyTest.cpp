@@ -59,6 +59,9 @@ private slots:
         QTest::newRow("saved three times") << QByteArray("\r\n\r\n") + tag("C\xA7T\xA7"
                                                                            "D\xA7I",
                                                                            "32772");
+        QTest::newRow("saved 512 times") << QByteArray("\r\n").repeated(511) + tag("C\xA7T\xA7"
+                                                                                   "D\xA7I",
+                                                                                   "33790");
         QTest::newRow("tag removed") << QByteArray("\r\n");
     }
     void a_good_game_has_no_findings() {
@@ -81,23 +84,27 @@ private slots:
         const QByteArray texts = "C\xA7T\xA7"
                                  "D\xA7I";
         const QByteArray good = tag(texts, "4096");
+        // What is no tag, and what the Size does not keep, makes the image longer or shorter.
+        const QByteArray noPower = "size that is no power of two\t\t\t";
         const auto add = [](const char* name, const QByteArray& after, const QByteArrayList& lines) {
             QTest::newRow(name) << after << lines;
         };
-        add("wrong size", tag(texts, "4095"), {"size in the tag\t0x1000\t4096\t4095"});
+        add("wrong size", tag(texts, "4095"), {"size in the tag\t0x1000\t4096\t4095", noPower + "4095"});
         add("size with a sign", tag(texts, "+4096"), {"size in the tag\t0x1000\t4096\t+4096"});
-        add("no number", tag(texts, "caf\xE9"), {"size in the tag\t0x1000\t4096\tcaf\xC3\xA9"});
+        add("no number", tag(texts, "caf\xE9"),
+            {"size in the tag\t0x1000\t4096\tcaf\xC3\xA9", noPower + "4118"});
         add("a separator too much",
             tag("C\xA7T\xA7"
                 "D\xA7I\xA7",
                 "4096"),
-            {"pieces of the tag\t0x1000\t6\t7", "size in the tag\t0x1000\t4096\t"});
+            {"pieces of the tag\t0x1000\t6\t7", "size in the tag\t0x1000\t4096\t", noPower + "4119"});
         add("a piece too few",
             tag("C\xA7T\xA7"
                 "D",
                 "4096"),
-            {"pieces of the tag\t0x1000\t6\t5", "size in the tag\t0x1000\t4096\t\\r\\n"});
-        add("nothing after the marker", "ID3TAG\xA7\r\n", {"pieces of the tag\t0x1000\t6\t1"});
+            {"pieces of the tag\t0x1000\t6\t5", "size in the tag\t0x1000\t4096\t\\r\\n", noPower + "4116"});
+        add("nothing after the marker", "ID3TAG\xA7\r\n",
+            {"pieces of the tag\t0x1000\t6\t1", noPower + "4105"});
         add("LF alone", good.chopped(2) + '\n', {"line end of the tag\t0x1000\t0D 0A\t0A"});
         add("no line end", good.chopped(2) + ' ', {"line end of the tag\t0x1000\t0D 0A\t20"});
         add("bytes after it", good + "x", {"line end of the tag\t0x1000\t0D 0A\t0D 0A 78"});
@@ -108,8 +115,8 @@ private slots:
                 "4096"),
             {"shifted form of tag\t0x1000\t\tV\xC3\xB6\xC2\xA7R\xC3\xA4N"});
         add("shifted form, cut off", "ID3TAG\xA7V\xF6\xA7R\xE4N",
-            {"shifted form of tag\t0x1000\t\tV\xC3\xB6\xC2\xA7R\xC3\xA4N",
-             "pieces of the tag\t0x1000\t6\t1"});
+            {"shifted form of tag\t0x1000\t\tV\xC3\xB6\xC2\xA7R\xC3\xA4N", "pieces of the tag\t0x1000\t6\t1",
+             noPower + "4109"});
         add("no title",
             tag("C\xA7\xA7"
                 "D\xA7I",
@@ -131,6 +138,11 @@ private slots:
     void a_tag_that_no_save_writes_is_found() {
         QFETCH(QByteArray, after);
         QTEST(foundIn("a.bin", QByteArray(4096, 'r') + after), "lines");
+    }
+    void a_zero_byte_is_a_control_character() {
+        const QByteArray text("T\0", 2);
+        QCOMPARE(foundIn("a.bin", taggedGame(text)),
+                 QByteArrayList{"control character in the tag\t0x1000\t\tT\\0"});
     }
     void a_tag_in_a_small_file_is_not_seen() {
         QCOMPARE(foundIn("a.bin", QByteArray(1024, 'r') + tag("C\xA7T\xA7"
@@ -187,6 +199,10 @@ private slots:
         QVERIFY2(lines.size() == starts.size(), lines.join('\n').constData());
         for (int i = 0; i < lines.size(); ++i) QVERIFY2(lines[i].startsWith(starts[i]), lines[i].constData());
     }
+    void a_game_of_the_largest_size_is_good() {
+        const QByteArray image = CartridgeImage::gameBoy() + QByteArray((8 << 20) - 32768, '\0');
+        QCOMPARE(foundIn("a.gbc", CartridgeImage::finished(with(image, 0x148, "\x08"))), QByteArrayList());
+    }
     void a_header_of_the_advance_is_checked_data() {
         QTest::addColumn<QByteArray>("image");
         QTest::addColumn<QByteArrayList>("lines");
@@ -220,10 +236,41 @@ private slots:
         QVERIFY(foundIn("a.gb", game.first(336)).value(0) != "no whole header\t\t336\t336");
         QCOMPARE(foundIn("b.agb", game.first(191)).value(0), QByteArray("no whole header\t\t192\t191"));
     }
-    void the_kind_at_the_end_of_a_name_with_dots_counts() {
-        QCOMPARE(foundIn("Dr. Game (V1.1) [!].gb", QByteArray(256, 'x')),
-                 QByteArrayList{"no whole header\t\t336\t256"});
+    void a_file_whose_name_tells_no_console_has_no_header() {
         QCOMPARE(foundIn("a.bin", QByteArray(256, 'x')), QByteArrayList());
+    }
+    void it_takes_the_same_image_as_hash_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray texts = "C\xA7T\xA7"
+                                 "D\xA7I";
+        const auto add = [](const char* name, const QByteArray& bytes) { QTest::newRow(name) << bytes; };
+        const auto image = [](int size) { return QByteArray(size, 'r'); };
+        add("untagged", image(4096));
+        add("tagged", image(4096) + tag(texts, "4096"));
+        add("cleared, of no power of two", image(3 << 10) + "\r\n");
+        add("saved, of no power of two",
+            image(3 << 10) + QByteArray("\r\n").repeated(40) + tag(texts, "3152"));
+        add("saved, of a power of two below 1 KiB", image(512) + "\r\n");
+        add("of no whole KiB, with line ends", image(3000) + "\r\n\r\n" + tag(texts, "3004"));
+        add("saved 600 times", image(4096) + QByteArray("\r\n").repeated(600));
+        add("a size below the tag", image(4096) + tag(texts, "3000"));
+        add("a size above the tag", image(3000) + tag(texts, "9999"));
+        add("a size that is no number", image(4096) + tag(texts, "many"));
+        add("a tag far from the end", image(4096) + tag(texts, "4096") + image(20000));
+        add("a tag that is not seen", image(4096) + tag(texts, "4096") + image(3000));
+        add("a marker in the image", image(50) + "ID3TAG\xA7" + image(5000) + tag(texts, "5057"));
+    }
+    void it_takes_the_same_image_as_hash() {
+        QFETCH(QByteArray, bytes);
+        const QByteArrayList lines = foundIn("a.bin", bytes);
+        QByteArray verified;
+        for (const QByteArray& line : lines) {
+            if (line.startsWith("size that is no power of two\t")) verified = line.split('\t').back();
+        }
+        const ProgramRun run = program->runHere({"hash", "--tsv", "--only=crc32", "a.bin"});
+        const QByteArray hashed = run.output.split('\n').value(1).split('\t').value(2);
+        QVERIFY(hashed.toULongLong() > 0);
+        QCOMPARE(verified, qPopulationCount(hashed.toULongLong()) == 1 ? QByteArray() : hashed);
     }
     void a_size_that_is_no_power_of_two_is_found_data() {
         QTest::addColumn<QByteArray>("bytes");
@@ -251,6 +298,24 @@ private slots:
                  (QByteArrayList{"c.gb\tsame image as another\t\t\ta.gb",
                                  "d.gb\tsame image as another\t\t\ta.gb"}));
         QCOMPARE(found({"d.gb", "d.gb"}), QByteArrayList());
+    }
+
+    void images_that_differ_in_the_middle_alone_are_two() {
+        write("a.bin", QByteArray(8192, 'x'));
+        write("b.bin", with(QByteArray(8192, 'x'), 4096, "y"));
+        QCOMPARE(found({"a.bin", "b.bin"}), QByteArrayList());
+    }
+    void files_without_an_image_are_not_the_same() {
+        write("a.bin", "");
+        write("b.bin", "");
+        const QByteArray size = "size that is no power of two\t\t\t0";
+        QCOMPARE(found({"a.bin", "b.bin"}), (QByteArrayList{"a.bin\t" + size, "b.bin\t" + size}));
+    }
+    void an_archive_that_is_there_twice_is_found() {
+        for (const char* name : {"a.zip", "b.zip"})
+            writeArchive(program->folder.path(QString::fromLatin1(name)), {{u"a.gb"_s, "x"}});
+        write("b.zip", program->folder.read(u"a.zip"_s));
+        QCOMPARE(found({"a.zip", "b.zip"}), QByteArrayList{"b.zip\tsame image as another\t\t\ta.zip"});
     }
 
     // Archives

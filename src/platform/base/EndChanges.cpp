@@ -4,6 +4,7 @@
 #include "Arrival.h"
 #include "Parallel.h"
 #include "Paths.h"
+#include "SharedSync.h"
 
 #include <algorithm>
 #include <map>
@@ -134,20 +135,11 @@ EndChanges::Notes EndChanges::takeNotes() {
     return notes;
 }
 
-bool EndChanges::areOnOneDisk() const {
-    return std::all_of(m_waiting.begin(), m_waiting.end(), [this](const Waiting& one) {
-        return one.info.st_dev == m_waiting.front().info.st_dev;
-    });
-}
-
-bool EndChanges::syncTogether() const {
-    return m_waiting.size() > Arrival::fewFiles && areOnOneDisk() &&
-           m_waiting.front().file->folder().syncFileSystem();
-}
-
-// If the one sync reports an error, it does not say for which file: then each is synced by itself.
 void EndChanges::sync() {
-    if (!syncTogether()) forEach([](const Waiting& one) { one.file->sync(); });
+    const auto diskOf = [](const Waiting& one) { return one.info.st_dev; };
+    const auto folderOf = [](const Waiting& one) -> const Folder& { return one.file->folder(); };
+    if (syncTogether(m_waiting, diskOf, folderOf)) return;
+    forEach([](const Waiting& one) { one.file->sync(); });
 }
 
 bool EndChanges::restoreWhatFailed() const {

@@ -60,8 +60,6 @@ private:
     void replace(const Waiting& one);
     void announce();
     Notes takeNotes();
-    bool areOnOneDisk() const;
-    bool syncTogether() const;
     void sync();
     // Returns false if a note is still needed.
     bool restoreWhatFailed() const;

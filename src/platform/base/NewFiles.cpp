@@ -2,19 +2,12 @@
 // Batches of new files and their syncs.
 #include "NewFiles.h"
 #include "Paths.h"
+#include "SharedSync.h"
 
-#include <algorithm>
 #include <map>
 #include <utility>
 
 namespace torvane {
-
-bool NewFiles::areOnOneDisk() const {
-    const auto diskOf = [](const Waiting& one) { return infoOf(one.arrival->fresh().handle()).st_dev; };
-    const dev_t first = diskOf(m_waiting.front());
-    return std::all_of(m_waiting.begin(), m_waiting.end(),
-                       [&](const Waiting& one) { return diskOf(one) == first; });
-}
 
 void NewFiles::add(const QByteArray& path, QByteArrayView bytes, mode_t mode) {
     m_results.push_back({path, false, {}});
@@ -69,15 +62,12 @@ void NewFiles::forEach(const std::function<bool(Waiting&)>& action) {
     m_waiting = std::move(left);
 }
 
-bool NewFiles::syncTogether() const {
-    bool isSynced = false;
-    ignoring([&] { isSynced = areOnOneDisk() && m_waiting.front().arrival->folder().syncFileSystem(); });
-    return isSynced;
-}
-
-// If the one sync reports an error, it does not say for which file: then each is synced by itself.
 void NewFiles::sync() {
-    if (m_waiting.size() > Arrival::fewFiles && syncTogether()) return;
+    const auto diskOf = [](const Waiting& one) { return infoOf(one.arrival->fresh().handle()).st_dev; };
+    const auto folderOf = [](const Waiting& one) -> const Folder& { return one.arrival->folder(); };
+    bool isSynced = false;
+    ignoring([&] { isSynced = syncTogether(m_waiting, diskOf, folderOf); });
+    if (isSynced) return;
     forEach([](Waiting& one) {
         one.arrival->fresh().sync();
         return true;

@@ -33,8 +33,6 @@ private:
 
     void write(const QByteArray& path, QByteArrayView bytes, mode_t mode);
     void place();
-    bool areOnOneDisk() const;
-    bool syncTogether() const;
     void sync();
     void rename();
     void syncFolders();
