@@ -45,7 +45,7 @@ _torvane_tags() {
     clear | copy-tags | undo | import) options+=' --json --tsv --dry-run' ;;
     export) options+=' --output --author' ;;
     hash) options+=' --json --tsv --only' ;;
-    identify) options+=' --json --tsv --dat --deep --write --replace' ;;
+    identify) options+=' --json --tsv --dat --deep --write --replace --dry-run' ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")

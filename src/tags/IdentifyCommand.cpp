@@ -36,7 +36,8 @@ public:
     // After an interruption nothing is known for certain: what was not read would be missing.
     void report() {
         eachEntry([this](const ListEntry& entry, size_t) { m_isFound.push_back(m_games.match(entry)); });
-        if (m_session.isOver()) return;
+        // What a rehearsal prints has other columns.
+        if (m_session.isOver() || m_given.has("--dry-run")) return;
         const Columns columns{{"status"}, {"file"}, {"member"}, {"game"}, {"rom"}};
         m_rows = RowFormat::writer(m_given, RowFormat::Plain::table, columns, m_session.output());
         for (const FoundGame& game : m_games.all()) addRows(game);
@@ -48,7 +49,7 @@ public:
     void write() {
         if (!m_given.has("--write")) return;
         const auto which = m_given.has("--replace") ? NamedTags::Which::all : NamedTags::Which::untagged;
-        NamedTags(which, m_session).write(m_games.all());
+        NamedTags(which, m_given, m_session).write(m_games.all());
     }
 
 private:
@@ -112,7 +113,7 @@ private:
 std::vector<OptionForm> IdentifyCommand::options() const {
     std::vector<OptionForm> options = RowFormat::options();
     options.push_back({"--dat", OptionForm::Kind::value, "a file"});
-    for (const char* name : {"--write", "--replace", "--deep"}) options.push_back({name});
+    for (const char* name : {"--write", "--replace", "--dry-run", "--deep"}) options.push_back({name});
     return options;
 }
 
@@ -127,14 +128,18 @@ QByteArray IdentifyCommand::help() const {
                       "      --deep      unpack all archives; else only where their directories do not\n"
                       "                  tell enough\n"
                       "      --write     give games without a tag title, company and year\n"
-                      "      --replace   the same for games with a tag\n") +
+                      "      --replace   the same for games with a tag\n"
+                      "      --dry-run   write nothing, print what --write would change instead\n") +
            RowFormat::help;
 }
 
 QByteArray IdentifyCommand::faultOf(const Arguments& given) const {
     if (!given.has("--dat")) return "a list is missing: give it with option '--dat'";
-    return given.has("--replace") && !given.has("--write") ? "option '--replace' needs option '--write'"
-                                                           : QByteArray();
+    for (const char* name : {"--replace", "--dry-run"}) {
+        if (given.has(name) && !given.has("--write"))
+            return QByteArray("option '") + name + "' needs option '--write'";
+    }
+    return {};
 }
 
 void IdentifyCommand::run(const Arguments& given, Session& session) {

@@ -36,9 +36,9 @@ bool haveOneTag(const std::vector<ListEntry>& entries) {
 }
 } // namespace
 
-NamedTags::NamedTags(Which which, Session& session)
-    : m_which(which), m_session(session), m_edits(TagEdits::Mode::forReal, session),
-      m_today(CodePage1252::toBytes(TagInput::todayAsText())) {}
+NamedTags::NamedTags(Which which, const Arguments& given, Session& session)
+    : m_which(which), m_session(session), m_edits(ChangeRows::modeOf(given), session),
+      m_rows(given, session.output()), m_today(CodePage1252::toBytes(TagInput::todayAsText())) {}
 
 void NamedTags::write(const std::vector<FoundGame>& games) {
     m_session.reports().begin(static_cast<int>(games.size()));
@@ -48,6 +48,7 @@ void NamedTags::write(const std::vector<FoundGame>& games) {
         m_session.reports().step();
     }
     m_edits.finish();
+    m_rows.finish();
     m_session.reports().end();
 }
 
@@ -63,7 +64,10 @@ void NamedTags::writeOne(const FoundGame& game) {
     const GivenTag::Result result =
         tagOf(game.entries.front(), state.tag.has_value()).over(state.tag, state.length, m_today);
     if (!result.fault.isEmpty()) return reports.fault(game.file.name, result.fault);
-    if (result.isNew) m_edits.add({game.file, result.fields});
+    if (!result.isNew) return;
+    const TagEdit edit{game.file, result.fields};
+    m_rows.add(edit, state);
+    m_edits.add(edit);
 }
 
 } // namespace torvane

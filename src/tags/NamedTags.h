@@ -2,16 +2,17 @@
 // Tags from lists of known games: title, company and year of the entry that a game is.
 #pragma once
 
+#include "ChangeRows.h"
 #include "FoundGames.h"
 #include "Session.h"
-#include "TagEdits.h"
 
 namespace torvane {
 
 class NamedTags {
 public:
     enum class Which { untagged, all };
-    NamedTags(Which which, Session& session);
+    /// With --dry-run among the options it writes nothing, and prints what would change.
+    NamedTags(Which which, const Arguments& given, Session& session);
 
     /// Gives each game the tag of its entry, as the options ask for it: what the list has, and what else is
     /// there. A text that no tag can hold, or several names for one game, are reported with the game, which
@@ -24,6 +25,7 @@ private:
     Which m_which;
     Session& m_session;
     TagEdits m_edits;
+    ChangeRows m_rows;
     QByteArray m_today;
 };
 

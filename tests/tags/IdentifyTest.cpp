@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // identify, run as a user runs it: lists made for games, games in all states, and what is written.
 #include "TagsProgram.h"
+#include "catalogue/TagInput.h"
 #include "support/Archive.h"
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
@@ -253,6 +254,20 @@ private slots:
         QCOMPARE(result.errors, QByteArray("torvane-tags: a.gb: the lists have several names for it\n"));
         QCOMPARE(program->folder.read(u"a.gb"_s), image('a'));
         QCOMPARE(program->folder.read(u"b.zip"_s), before);
+    }
+    void a_rehearsal_prints_what_would_be_filled_in_and_writes_nothing() {
+        write("a.gb", image('a'));
+        write("b.gb", tagged(image('b')));
+        write("u.gb", image('u'));
+        writeList(game("A", image('a'), "<publisher>P</publisher><year>1990</year>") + game("B", image('b')));
+        const FolderTree tree = treeOf(program->folder.path().toStdString());
+        const QByteArrayList first = {"a.gb title A", "a.gb company P", "a.gb date 1990", "a.gb info"};
+        QCOMPARE(identify({"--write", "--dry-run", "a.gb", "b.gb", "u.gb"}), first);
+        QCOMPARE(
+            identify({"--write", "--dry-run", "--replace", "a.gb", "b.gb"}),
+            (first + QByteArrayList{"b.gb title T B", "b.gb date D " + TagInput::todayAsText().toLatin1()}));
+        QCOMPARE(treeOf(program->folder.path().toStdString()), tree);
+        QCOMPARE(run({"--dry-run", "a.gb"}).status, 2);
     }
     void without_write_nothing_is_written() {
         write("a.gb", image('a'));
