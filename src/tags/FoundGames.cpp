@@ -15,14 +15,21 @@ bool isSameName(const ListEntry& one, const ListEntry& other) {
 }
 
 void addEntry(FoundGame& game, const ListEntry& entry) {
+    const std::vector<ListEntry> entries = game.entries();
     const auto isIt = [&](const ListEntry& known) { return isSameName(known, entry); };
-    if (game.entries.size() >= mostNames || std::any_of(game.entries.begin(), game.entries.end(), isIt))
-        return;
-    game.entries.push_back(entry);
-    game.entries.back().sums = {};
-    game.isDoubled = game.isDoubled || game.entries.size() > 1;
+    if (entries.size() >= mostNames || std::any_of(entries.begin(), entries.end(), isIt)) return;
+    ListEntry name = entry;
+    name.sums = {};
+    game.names.add(name);
+    game.isDoubled = game.isDoubled || !entries.empty();
 }
 } // namespace
+
+std::vector<ListEntry> FoundGame::entries() const {
+    std::vector<ListEntry> entries;
+    names.each([&](const ListEntry& entry) { entries.push_back(entry); });
+    return entries;
+}
 
 void FoundGames::add(FoundGame game) {
     for (size_t image = 0; image < game.images.size(); ++image) {

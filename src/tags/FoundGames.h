@@ -2,9 +2,9 @@
 // The user's games, and which entries of the lists each of them is.
 #pragma once
 
+#include "EntryPack.h"
 #include "GameArchive.h"
 #include "GameFiles.h"
-#include "ListEntry.h"
 
 #include <QMultiHash>
 
@@ -16,9 +16,11 @@ struct FoundGame {
     QByteArray member; ///< empty for a file
     /// Its possible images. Of a member that was not unpacked this is what the directory says.
     std::vector<SummedImage> images;
-    std::vector<ListEntry>
-        entries;            ///< those that it is, without their checksums; the first ones of very many
+    EntryPack names;        ///< the entries that it is, without checksums: packed, as there may be many games
     bool isDoubled = false; ///< it is several entries, or others are the same entry
+
+    /// The entries that it is, without their checksums; the first ones of very many.
+    std::vector<ListEntry> entries() const;
 };
 
 class FoundGames {

@@ -53,16 +53,17 @@ void NamedTags::write(const std::vector<FoundGame>& games) {
 }
 
 void NamedTags::writeOne(const FoundGame& game) {
-    if (game.entries.empty() || !game.member.isEmpty()) return;
+    const std::vector<ListEntry> entries = game.entries();
+    if (entries.empty() || !game.member.isEmpty()) return;
     const TagEdits::State state = m_edits.stateOf(game.file);
     const bool isTagged = state.tag.has_value() || m_edits.hasTag(game.file);
     if (isTagged && m_which == Which::untagged) return;
     Reports& reports = m_session.reports();
     QByteArray fault = faultOfWriting(game.file.name, m_session.names());
-    if (fault.isEmpty() && !haveOneTag(game.entries)) fault = "the lists have several names for it";
+    if (fault.isEmpty() && !haveOneTag(entries)) fault = "the lists have several names for it";
     if (!fault.isEmpty()) return reports.fault(game.file.name, fault);
     const GivenTag::Result result =
-        tagOf(game.entries.front(), state.tag.has_value()).over(state.tag, state.length, m_today);
+        tagOf(entries.front(), state.tag.has_value()).over(state.tag, state.length, m_today);
     if (!result.fault.isEmpty()) return reports.fault(game.file.name, result.fault);
     if (!result.isNew) return;
     const TagEdit edit{game.file, result.fields};
