@@ -114,6 +114,8 @@ private slots:
         QCOMPARE(identify({"a.gb"}), (QByteArrayList{"unknown a.gb", "missing forged r", "missing size r"}));
         writeList(entry("weak", "size=\"32768\" " + weak));
         QCOMPARE(identify({"a.gb"}), QByteArrayList{"matched a.gb weak r"});
+        writeList(entry("weak", weak) + entry("forged", weak + ' ' + wrong));
+        QCOMPARE(identify({"a.gb"}), (QByteArrayList{"matched a.gb weak r", "missing forged r"}));
         writeList(entry("sizeless", strong));
         QCOMPARE(identify({"a.gb"}), QByteArrayList{"matched a.gb sizeless r"});
     }
@@ -121,6 +123,9 @@ private slots:
         write("a.gb", image('a'));
         writeList(game("A", image('a')) + game("Other", image('a')));
         QCOMPARE(identify({"a.gb"}), (QByteArrayList{"doubled a.gb A A.gb", "doubled a.gb Other Other.gb"}));
+        const QByteArray a = game("A", image('a'));
+        writeList(a + QByteArray(a).replace("A.gb", "B.gb"));
+        QCOMPARE(identify({"a.gb"}), (QByteArrayList{"doubled a.gb A A.gb", "doubled a.gb A B.gb"}));
         writeList(game("A", image('a')), "second.dat");
         writeList(game("A", image('a')));
         QCOMPARE(identify({"--dat", "second.dat", "a.gb"}), QByteArrayList{"matched a.gb A A.gb"});
@@ -138,6 +143,7 @@ private slots:
         QCOMPARE(deep.status, 1);
         QCOMPARE(deep.errors, QByteArray("torvane-tags: a.zip: a.gb: it is damaged\n"));
         QVERIFY(deep.output.contains("missing"));
+        QVERIFY(!deep.output.contains("unknown\ta.zip\ta.gb"));
     }
     void members_are_unpacked_where_the_directory_is_not_enough() {
         writeArchive(program->folder.path(u"a.zip"_s), {{u"tagged.gb"_s, tagged(image('a'))},
