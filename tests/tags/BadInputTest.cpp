@@ -194,7 +194,7 @@ private slots:
     void a_signal_ends_it_with_whole_lines_data() { addCommands(); }
     void a_signal_ends_it_with_whole_lines() {
         QFETCH(QByteArrayList, command);
-        makeGames(2000);
+        makeGames(900);
         const QByteArray whole = program->runHere(command).output;
         PipedRun run(*program, QByteArrayList{"--folder", "home"} + command);
         kill(run.child(), SIGINT);
