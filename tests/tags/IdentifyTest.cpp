@@ -160,6 +160,13 @@ private slots:
                                  "matched a.zip sha.gb D D.gb"}));
         QCOMPARE(identify({"--deep", "a.zip"}), identify({"a.zip"}));
     }
+    void members_are_unpacked_for_a_later_list_without_crcs() {
+        writeArchive(program->folder.path(u"a.zip"_s), {{u"a.gb"_s, image('a')}});
+        writeList(game("B", image('b')));
+        writeList(game("A", image('a')).replace("crc=", "x="), "later.dat");
+        QCOMPARE(identify({"--dat", "later.dat", "a.zip"}),
+                 (QByteArrayList{"matched a.zip a.gb A A.gb", "missing B B.gb"}));
+    }
 
     // Lists
     void without_a_list_nothing_is_done() {
