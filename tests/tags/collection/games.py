@@ -37,7 +37,7 @@ class Game:
         self.has_copy = number % 20 == 4
         stem = self.title.encode()
         name = (b"Juego \xe9\xff%04d" % number if number % 8 == 6 else stem) + b"." + self.kind.encode()
-        self.member = f"Member {number:04} (Año).{self.kind}" if self.is_archived else None
+        self.member = f"St. Member {number:04} (Año V1.1).{self.kind}" if self.is_archived else None
         self.file = b"Archive %04d.zip" % number if self.is_archived else name
         self.copies = [self.file] + ([b"Copy of %04d." % number + self.kind.encode()] if self.has_copy else [])
 
