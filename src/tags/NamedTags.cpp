@@ -63,7 +63,7 @@ void NamedTags::writeOne(const FoundGame& game) {
     const GivenTag::Result result =
         tagOf(game.entries.front(), state.tag.has_value()).over(state.tag, state.length, m_today);
     if (!result.fault.isEmpty()) return reports.fault(game.file.name, result.fault);
-    if (result.isNew) m_edits.add({game.file, result.fields});
+    if (result.isNew) m_edits.add({game.file, result.fields}, state);
 }
 
 } // namespace torvane
