@@ -3,6 +3,7 @@
 // it.
 #include "tags/TagEdits.h"
 #include "TagsProgram.h"
+#include "support/Failing.h"
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
 #include "tags/GivenTag.h"
@@ -107,6 +108,20 @@ private slots:
         one.title(game("a.gb"), seenByOne, "One");
         QVERIFY(one.end().contains("a.gb: "));
         QCOMPARE(read("a.gb"), tagged);
+    }
+    void a_run_without_changes_that_ends_late_leaves_the_undo_of_another_one() {
+        std::optional<Work> failing(std::in_place, *program);
+        const auto seen = failing->look(game("a.gb"));
+        {
+            const FullDisk full(4096);
+            failing->title(game("a.gb"), seen, "Mine");
+            QVERIFY(failing->end().contains("a.gb: "));
+        }
+        const QByteArray before = read("b.gb");
+        QCOMPARE(program->runHere({"set", "b.gb", "--title", "New"}).status, 0);
+        failing.reset();
+        QCOMPARE(program->runHere({"undo"}).status, 0);
+        QCOMPARE(read("b.gb"), before);
     }
     void a_short_game_is_compared_whole() {
         write("a.gb", "short");
