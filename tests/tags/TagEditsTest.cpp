@@ -186,8 +186,13 @@ private slots:
         for (const QByteArray& line : errors.content().split('\n'))
             QVERIFY2(line.isEmpty() || line.contains(".gb: "), line.constData());
         for (int i = 0; i < games; ++i) {
-            const QByteArray content = read(("home/roms/" + QByteArray::number(i) + ".gb").constData());
-            QVERIFY2(isOneOf(commands, content), content.sliced(4096).constData());
+            const QByteArray name = "/" + QByteArray::number(i) + ".gb";
+            const QByteArray content = read(("home/roms" + name).constData());
+            // If each of them has found another one at work on it, all have reported it.
+            const bool isRefused = errors.content().count(name + ": ") == commands;
+            const QByteArray old = i % 2 == 0 ? QByteArray(4096, 'r') : taggedGame("Old");
+            QVERIFY2(isRefused ? content == old : isOneOf(commands, content),
+                     content.sliced(4096).constData());
         }
         const QStringList names = program->folder.entries(QStringLiteral("home/roms"));
         QVERIFY(std::none_of(names.begin(), names.end(),
