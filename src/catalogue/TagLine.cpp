@@ -5,7 +5,7 @@
 
 #include <QByteArrayList>
 #include <cmath>
-#include <string_view>
+#include <cstring>
 
 namespace torvane::TagLine {
 
@@ -33,10 +33,18 @@ QByteArrayList piecesOf(QByteArrayView tagPart) {
 } // namespace
 
 qsizetype markerIn(QByteArrayView bytes) {
-    // The standard library searches a whole game ten times as fast as Qt.
-    const std::string_view text(bytes.data(), static_cast<size_t>(bytes.size()));
-    const size_t found = text.find({marker.constData(), static_cast<size_t>(marker.size())});
-    return found == std::string_view::npos ? -1 : static_cast<qsizetype>(found);
+    // Most of the time of a first tag is spent here. One byte is found several times as fast as a text, and
+    // the last one is the rarest of the marker: images hold English texts.
+    const auto before = static_cast<size_t>(marker.size() - 1);
+    for (size_t from = before; from < static_cast<size_t>(bytes.size());) {
+        const void* found =
+            std::memchr(bytes.data() + from, separator, static_cast<size_t>(bytes.size()) - from);
+        if (found == nullptr) break;
+        const char* start = static_cast<const char*>(found) - before;
+        if (std::memcmp(start, marker.constData(), before) == 0) return start - bytes.data();
+        from = static_cast<size_t>(start - bytes.data()) + before + 1;
+    }
+    return -1;
 }
 
 QByteArrayView tagPart(QByteArrayView bytes) {

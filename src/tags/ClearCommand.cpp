@@ -28,7 +28,7 @@ void ClearCommand::run(const Arguments& given, Session& session) {
         if (!state.tag && !edits.hasTag(game)) return;
         const TagEdit edit{game, std::nullopt};
         rows.add(edit, state);
-        edits.add(edit);
+        edits.add(edit, state);
     };
     session.eachGame(session.games(given.operands), clear, rows.writer());
     edits.finish();

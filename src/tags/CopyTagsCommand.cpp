@@ -68,7 +68,7 @@ private:
             return m_session.reports().fault(game.name,
                                              "the tag is too long to be read in a game of its size");
         m_rows.add(edit, state);
-        m_edits.add(edit);
+        m_edits.add(edit, state);
     }
 
     Session& m_session;

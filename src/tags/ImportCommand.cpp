@@ -87,7 +87,7 @@ QByteArray ImportCommand::importOne(const GameFile& game, Work& work) {
     if (!result.fault.isEmpty() || !result.isNew) return result.fault;
     const TagEdit edit{game, result.fields};
     work.rows.add(edit, state);
-    work.edits.add(edit);
+    work.edits.add(edit, state);
     return {};
 }
 

@@ -68,7 +68,7 @@ void NamedTags::writeOne(const FoundGame& game) {
     if (!result.isNew) return;
     const TagEdit edit{game.file, result.fields};
     m_rows.add(edit, state);
-    m_edits.add(edit);
+    m_edits.add(edit, state);
 }
 
 } // namespace torvane

@@ -114,7 +114,7 @@ QByteArray SetCommand::setOne(const GameFile& game, const GivenTag& tag, Work& w
     if (!result.isNew) return {};
     const TagEdit edit{game, result.fields};
     work.rows.add(edit, state);
-    work.edits.add(edit);
+    work.edits.add(edit, state);
     return {};
 }
 

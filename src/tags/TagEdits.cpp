@@ -20,6 +20,17 @@ bool isFolder(const QByteArray& path) {
     return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
+// The window, and the byte after it; of a file too short for one, as much as there is.
+QByteArray lastBytes(const Handle& file, qint64 length) {
+    const qint64 start = std::max<qint64>(length - TagWindow::size - 1, 0);
+    return bytesOf(file, start, length - start);
+}
+
+void requireSeen(const Handle& file, const TagEdits::State& seen) {
+    const bool isSame = infoOf(file).st_size == seen.length && lastBytes(file, seen.length) == seen.end;
+    if (!isSame) failAsChanged();
+}
+
 std::optional<EndChanges::End> endOf(const Handle& file, const std::optional<TagLine::Fields>& tag) {
     return tag ? std::optional(TagEnds::withTag(file, *tag)) : TagEnds::withoutTag(file);
 }
@@ -42,13 +53,22 @@ TagEdits::TagEdits(Mode mode, Session& session)
       m_changes([this](const EndChanges::Results& next) { keep(next); }, TagEnds::remember) {}
 
 TagEdits::State TagEdits::stateOf(const GameFile& game) {
-    const bool isWaiting = std::any_of(m_waiting.begin(), m_waiting.end(),
-                                       [&](const GameFile& one) { return one.path == game.path; });
-    if (isWaiting) finish();
+    if (isWaiting(game.path)) finish();
     if (!isRehearsal()) sweepBeside(game.path);
     const File file = File::ofReal(game.path);
     const qint64 length = file.length();
-    return {length, TagWindow::tag(file.handle(), length)};
+    // Before the tag: if another program changes the file between the two, it is no longer in the state that
+    // is returned.
+    const QByteArray end = lastBytes(file.handle(), length);
+    return {length, TagWindow::tag(file.handle(), length), end};
+}
+
+// A game may be named twice, through links.
+bool TagEdits::isWaiting(const QByteArray& path) const {
+    struct stat info {};
+    return stat(path.constData(), &info) == 0 &&
+           std::any_of(m_waiting.begin(), m_waiting.end(),
+                       [&](const Waiting& one) { return isSameFile(one.info, info); });
 }
 
 // A link may lead to a game in another folder, and there the leftovers are.
@@ -61,8 +81,11 @@ bool TagEdits::hasTag(const GameFile& game) const {
     return TagInFile::hasMarker(File::ofReal(game.path).handle());
 }
 
-void TagEdits::add(const TagEdit& edit) {
-    change(edit.game, [tag = edit.tag](const Handle& file) { return endOf(file, tag); });
+void TagEdits::add(const TagEdit& edit, const State& seen) {
+    change(edit.game, [tag = edit.tag, seen](const Handle& file) {
+        requireSeen(file, seen);
+        return endOf(file, tag);
+    });
 }
 
 void TagEdits::putBack(const UndoEntry& entry) {
@@ -72,7 +95,9 @@ void TagEdits::putBack(const UndoEntry& entry) {
 
 void TagEdits::change(const GameFile& game, const EndChanges::Decide& decide) {
     if (isRehearsal()) return;
-    m_waiting.push_back(game);
+    Waiting one{game.name, {}};
+    stat(game.path.constData(), &one.info);
+    m_waiting.push_back(one);
     m_changes.add(Paths::spelled(game.path), decide);
     if (m_waiting.size() == Arrival::largestBatch) finish();
 }
@@ -81,6 +106,7 @@ void TagEdits::finish() {
     const EndChanges::Results results = m_changes.finish();
     for (size_t i = 0; i < results.size(); ++i) {
         const auto& failure = results[i].failure;
+        if (results[i].isDone) m_undo.confirm();
         if (!failure) continue;
         // The file of the undo may be at fault.
         const bool isOther = !failure->file().isEmpty() && failure->file() != results[i].path;

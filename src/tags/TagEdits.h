@@ -32,6 +32,7 @@ public:
     struct State {
         qint64 length = 0; ///< of the file, in bytes
         std::optional<TagWindow::Tag> tag;
+        QByteArray end; ///< the last bytes of the file: all that the tag was taken from
     };
     /// The state of a game after all edits so far. What a killed run has left beside it is removed first.
     /// Fails if the file can't be read.
@@ -41,8 +42,9 @@ public:
     bool hasTag(const GameFile& game) const;
 
     /// Makes a change, with others, before the end of finish(). A failure is reported with the name of the
-    /// game, which then is as it was.
-    void add(const TagEdit& edit);
+    /// game, which then is as it was. So is a game that is no longer in the state that the edit was made for:
+    /// another program has saved it meanwhile.
+    void add(const TagEdit& edit, const State& seen);
     /// Puts the old end of a game back in the same way, unless another program has changed it since. Nothing
     /// if it is there already.
     void putBack(const UndoEntry& entry);
@@ -53,6 +55,11 @@ public:
 
 private:
     void sweepBeside(const QByteArray& path);
+    struct Waiting {
+        QByteArray name; // of the game, as the user gave it
+        struct stat info;
+    };
+    bool isWaiting(const QByteArray& path) const;
     void change(const GameFile& game, const EndChanges::Decide& decide);
     void keep(const EndChanges::Results& next);
 
@@ -61,7 +68,7 @@ private:
     UndoFile m_undo;
     bool m_canUndo;
     EndChanges m_changes;
-    std::vector<GameFile> m_waiting;
+    std::vector<Waiting> m_waiting;
     std::set<QByteArray> m_swept; // folders
 };
 

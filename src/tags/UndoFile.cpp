@@ -7,6 +7,7 @@
 #include <QDataStream>
 #include <QIODevice>
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
 
 namespace torvane {
@@ -44,7 +45,7 @@ qint64 sizeOf(const QByteArray& bytes) {
 
 void UndoFile::add(const EndChanges::Results& changes) {
     const QByteArray block = blockOf(changes);
-    aboutFile(Paths::spelled(pathIn(m_folder)), [&] {
+    aboutFile(Paths::spelled(path()), [&] {
         if (!m_file.isOpen()) return begin(block);
         QByteArrayView rest = block;
         writeAll(m_file, rest);
@@ -52,13 +53,30 @@ void UndoFile::add(const EndChanges::Results& changes) {
     });
 }
 
-// The file of the last run stays until this one has something to undo.
+// A second name for the file of the last run needs no room, so it comes back even if a full disk has ended
+// this run. Where there are no links, it is lost here.
 void UndoFile::begin(const QByteArray& block) {
     Folder::make(m_folder);
-    const QByteArray path = pathIn(m_folder);
-    SafeFile::replace(Paths::spelled(path), firstLine + block);
-    m_file = opened(
-        uninterrupted([&] { return open(path.constData(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOFOLLOW); }));
+    unlink(pathBefore().constData());
+    if (link(path().constData(), pathBefore().constData()) != 0 && errno == ENOSPC) failWithErrno();
+    SafeFile::replace(Paths::spelled(path()), firstLine + block);
+    m_file = opened(uninterrupted(
+        [&] { return open(path().constData(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOFOLLOW); }));
+}
+
+void UndoFile::confirm() {
+    if (!m_file.isOpen() || m_isConfirmed) return;
+    unlink(pathBefore().constData());
+    m_isConfirmed = true;
+}
+
+UndoFile::~UndoFile() {
+    if (!m_file.isOpen() || m_isConfirmed) return;
+    struct stat ours {};
+    struct stat named {};
+    const bool isOurs = fstat(m_file.number(), &ours) == 0 && stat(path().constData(), &named) == 0 &&
+                        isSameFile(ours, named); // and not that of a run which began later
+    if (isOurs && rename(pathBefore().constData(), path().constData()) != 0) unlink(path().constData());
 }
 
 UndoLog::UndoLog(const QByteArray& path) {

@@ -15,23 +15,32 @@ struct UndoEntry {
     QByteArray before, after;
 };
 
-/// Keeps the changes of this run; those of the last one are kept until the first of these.
+/// Keeps the changes of this run. Those of the last run are kept beside them until the first of these was
+/// made, and come back with the end of this object if none was.
 class UndoFile {
 public:
     /// `folder`: real path of that of the backups, which is made if necessary.
     explicit UndoFile(const QByteArray& folder) : m_folder(folder) {}
+    ~UndoFile();
+    UndoFile(const UndoFile&) = delete;
+    UndoFile& operator=(const UndoFile&) = delete;
 
     /// Adds changes that are going to be made; they are on the disk when this returns. Fails if they can't be
     /// written.
     void add(const EndChanges::Results& changes);
+    /// One of these changes was made: the last run can't be undone any more.
+    void confirm();
 
     /// The real path of the file in that folder.
     static QByteArray pathIn(const QByteArray& folder) { return folder + "/last-run.undo"; }
 
 private:
     void begin(const QByteArray& block);
+    QByteArray path() const { return pathIn(m_folder); }
+    QByteArray pathBefore() const { return path() + ".before"; }
 
     QByteArray m_folder;
+    bool m_isConfirmed = false;
     Handle m_file; // open from the first change on
 };
 

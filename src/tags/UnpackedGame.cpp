@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Unpacking as the window does, and choosing among the games.
 #include "UnpackedGame.h"
+#include "platform/base/Folder.h"
 #include "platform/base/Paths.h"
 #include "platform/base/Printable.h"
 
 #include <QByteArrayList>
-#include <unistd.h>
+#include <algorithm>
+#include <filesystem>
+#include <sys/file.h>
 
 namespace torvane {
 
@@ -22,16 +25,55 @@ const char* wordsFor(UnZip::Reason reason) {
     }
     return "";
 }
+constexpr int mostTries = 100;
+const QString folderPrefix = QStringLiteral("play-");
+
+Handle openedFolder(const QByteArray& path, int flags = 0) {
+    return Handle(open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | flags));
+}
+
+// Whether a process has made a folder of this name for itself.
+bool isOfProcess(QStringView name) {
+    const QStringView number = name.sliced(name.startsWith(folderPrefix) ? folderPrefix.size() : name.size());
+    return !number.isEmpty() &&
+           std::all_of(number.begin(), number.end(), [](QChar c) { return c.isDigit(); });
+}
 } // namespace
 
 UnpackedGame::UnpackedGame(const Globals& globals, const QByteArray& archive, const QByteArray& member,
                            const std::function<bool()>& goesOn)
-    : m_globals(globals), m_temp(globals), m_name(QStringLiteral("play-%1").arg(getpid())) {
+    : m_globals(globals), m_temp(globals), m_name(folderPrefix + QString::number(getpid())) {
+    sweep();
+    hold();
     UnZip engine;
     engine.goesOn = goesOn;
     m_fault = wordsFor(m_temp.ExtractZipToTemp(engine, Paths::spelled(archive), m_name));
     if (!goesOn()) m_fault = "it was not unpacked";
     if (m_fault.isEmpty()) choose(member);
+}
+
+// Removes the folders that nobody holds any more.
+void UnpackedGame::sweep() const {
+    const QByteArray all = placeOf(Paths::real(m_temp.folderOf(m_name).chopped(1))).folder;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(all.toStdString(), none)) {
+        const QString name = Paths::spelled(QByteArray::fromStdString(entry.path().filename()));
+        if (!isOfProcess(name)) continue;
+        const Handle folder = openedFolder(QByteArray::fromStdString(entry.path()), O_CLOEXEC);
+        if (folder.isOpen() && flock(folder.number(), LOCK_EX | LOCK_NB) == 0) m_temp.DeleteTemp(name);
+    }
+}
+
+// The emulator inherits the lock, and may outlive this process. Between the making of the folder and the
+// lock another process may remove it.
+void UnpackedGame::hold() {
+    const QByteArray path = Paths::real(m_temp.folderOf(m_name).chopped(1));
+    for (int i = 0; i < mostTries; ++i) {
+        if (!ignoring([&] { Folder::make(path); })) return;
+        m_hold = openedFolder(path);
+        if (!m_hold.isOpen() || flock(m_hold.number(), LOCK_SH) != 0) return;
+        if (infoOf(m_hold).st_nlink > 0) return;
+    }
 }
 
 void UnpackedGame::choose(const QByteArray& member) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The game in an archive, unpacked into a folder of its own below "ziptemp" for as long as this object lives.
+// What a killed process has left there is removed by the next one.
 #pragma once
 
 #include "catalogue/ZipMembers.h"
+#include "platform/base/SystemCalls.h"
 
 namespace torvane {
 
@@ -22,11 +24,14 @@ public:
     const QString& path() const { return m_path; }
 
 private:
+    void sweep() const;
+    void hold();
     void choose(const QByteArray& member);
 
     const Globals& m_globals;
     ZipTemp m_temp;
     QString m_name; // of the folder: another command or a window may unpack the same archive
+    Handle m_hold;  // shows that the folder is in use
     QString m_path;
     QByteArray m_fault;
 };

@@ -11,7 +11,7 @@
 using namespace torvane;
 
 namespace {
-constexpr qsizetype block = 1 << 20;
+constexpr qsizetype block = 64 << 10;
 
 // The kept length of the image; "none" without a marker, or "fails" with the number of the failure.
 QByteArray outcomeOf(const std::function<std::optional<qint64>()>& keptLength) {

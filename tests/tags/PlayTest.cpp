@@ -167,6 +167,24 @@ private slots:
         QCOMPARE(TagsProgram::endOf(child), 143);
         QCOMPARE(program->folder.entries(u"home/ziptemp"_s), QStringList());
     }
+    void what_a_killed_command_has_left_is_removed_once_its_game_has_ended() {
+        emulate(": >" + folder() + "/ready\nread line <" + folder() + "/go");
+        QCOMPARE(mkfifo((folder() + "/go").constData(), 0600), 0);
+        writeArchive(program->folder.path(u"home/roms/a.zip"_s), {{u"b.gb"_s, "b"}});
+        program->folder.write(u"home/ziptemp/play-x/kept"_s, "of an archive");
+        const pid_t child =
+            program->start({"--folder", "home", "play", "a.zip"}, STDOUT_FILENO, STDERR_FILENO);
+        QTRY_VERIFY(program->folder.entries().contains(u"ready"_s));
+        kill(child, SIGKILL);
+        QCOMPARE(TagsProgram::endOf(child), 137);
+        const QString left = u"play-%1"_s.arg(child);
+        writeArchive(program->folder.path(u"none.zip"_s), {{u"n.txt"_s, "n"}});
+        program->runHere({"play", "none.zip"});
+        QCOMPARE(program->folder.entries(u"home/ziptemp"_s), (QStringList{left, u"play-x"_s}));
+        close(open((folder() + "/go").constData(), O_WRONLY)); // the game ends
+        QTRY_COMPARE((program->runHere({"play", "none.zip"}), program->folder.entries(u"home/ziptemp"_s)),
+                     QStringList{u"play-x"_s});
+    }
 };
 
 TORVANE_GUILESS_TEST(PlayTest)

@@ -5,6 +5,8 @@
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
 
+#include <sys/resource.h>
+
 using namespace torvane;
 
 class UndoTest : public QObject {
@@ -27,6 +29,19 @@ class UndoTest : public QObject {
         const ProgramRun run = program->runHere(arguments);
         QCOMPARE(run.errors, QByteArray());
         QCOMPARE(run.status, 0);
+    }
+    QStringList backups() const { return program->folder.entries(QStringLiteral("home/roms/data/backup")); }
+    // Nothing beyond the first 4 KiB of a file can be written: all games but the shortest fail.
+    void failToWrite(const QByteArrayList& arguments) const {
+        program->prepare = [] {
+            const rlimit shortFiles{4096, 4096};
+            setrlimit(RLIMIT_FSIZE, &shortFiles);
+            std::signal(SIGXFSZ, SIG_IGN);
+        };
+        const ProgramRun run = program->runHere(arguments);
+        program->prepare = [] {};
+        QCOMPARE(run.status, 1);
+        QVERIFY(run.errors.contains("a.gb: "));
     }
 
 private slots:
@@ -86,6 +101,34 @@ private slots:
         QCOMPARE(program->runHere({"set", "gone.gb", "--title", "Two"}).status, 1);
         runWell({"undo"});
         QCOMPARE(games(), before);
+    }
+    void a_run_that_fails_for_all_games_leaves_the_one_before_it() {
+        const FolderTree before = games();
+        runWell({"set", "a.gb", "own.gba", "--title", "One"});
+        const FolderTree between = games();
+        failToWrite({"set", "a.gb", "own.gba", "--title", "Two"});
+        QCOMPARE(games(), between);
+        QCOMPARE(backups(), QStringList{QStringLiteral("last-run.undo")});
+        runWell({"undo"});
+        QCOMPARE(games(), before);
+        QCOMPARE(backups(), QStringList{QStringLiteral("last-run.undo")});
+    }
+    void a_first_run_that_fails_for_all_games_can_not_be_undone() {
+        failToWrite({"set", "a.gb", "--title", "Two"});
+        QCOMPARE(backups(), QStringList());
+        QCOMPARE(program->runHere({"undo"}).errors, QByteArray("torvane-tags: there is no run to undo\n"));
+    }
+    void a_run_that_changes_one_of_its_games_replaces_the_one_before_it() {
+        runWell({"set", "a.gb", "own.gba", "--title", "One"});
+        const FolderTree between = games();
+        write("short.gb", QByteArray(100, 's'));
+        failToWrite({"set", "a.gb", "short.gb", "--title", "Two", "--company", "C", "--info", "I"});
+        QVERIFY(read("short.gb").contains("\xA7Two\xA7"));
+        QCOMPARE(backups(), QStringList{QStringLiteral("last-run.undo")});
+        runWell({"undo"});
+        QCOMPARE(read("short.gb"), QByteArray(100, 's'));
+        QFile::remove(program->folder.path(QStringLiteral("short.gb")));
+        QCOMPARE(games(), between);
     }
     void a_game_that_was_changed_since_stays_and_the_others_are_undone() {
         write("b.gb", taggedGame("B"));

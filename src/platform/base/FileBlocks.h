@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The bytes of an open file in blocks of at most 1 MiB, so that reading a file of any size takes little
-// memory.
+// The bytes of an open file in blocks of at most 64 KiB, so that reading a file of any size takes
+// little memory.
 #pragma once
 
 #include "SystemCalls.h"

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// Several programs at work on the same games: no change of one is overwritten by another that has not seen
+// it.
+#include "tags/TagEdits.h"
+#include "TagsProgram.h"
+#include "support/Failing.h"
+#include "support/FolderTree.h"
+#include "support/TestMain.h"
+#include "tags/GivenTag.h"
+#include "tags/Interruption.h"
+#include "tags/Session.h"
+
+using namespace torvane;
+
+class TagEditsTest : public QObject {
+    Q_OBJECT
+
+    // One command at work.
+    class Work {
+    public:
+        explicit Work(const TagsProgram& program)
+            : m_output(-1), m_reports(m_errors.descriptor()),
+              m_session(program.folder.native("home"), m_output, m_reports, m_interruption),
+              m_edits(TagEdits::Mode::forReal, m_session) {}
+
+        TagEdits::State look(const GameFile& game) { return m_edits.stateOf(game); }
+        void title(const GameFile& game, const TagEdits::State& seen, const QByteArray& title) {
+            GivenTag tag;
+            tag.title = title;
+            tag.company = tag.info = QByteArray("x");
+            m_edits.add({game, tag.over(seen.tag, seen.length, "1/2/03").fields}, seen);
+        }
+        void clear(const GameFile& game, const TagEdits::State& seen) {
+            m_edits.add({game, std::nullopt}, seen);
+        }
+        QByteArray end() {
+            m_edits.finish();
+            return m_errors.content();
+        }
+
+    private:
+        MemoryFile m_errors;
+        Output m_output;
+        Reports m_reports;
+        Interruption m_interruption;
+        Session m_session;
+        TagEdits m_edits;
+    };
+
+    std::unique_ptr<TagsProgram> program;
+
+    void write(const char* name, const QByteArray& bytes) const { program->folder.writeNative(name, bytes); }
+    QByteArray read(const char* name) const {
+        return bytesOfFile(program->folder.native(name).toStdString());
+    }
+    // Whether it is the image and the tag of one of the commands. Each tag that was replaced leaves a line
+    // end.
+    static bool isOneOf(int commands, const QByteArray& content) {
+        QByteArray image(4096, 'r');
+        for (int replaced = 0; replaced <= commands; ++replaced, image += "\r\n") {
+            for (int command = 0; command < commands; ++command) {
+                const TagLine::Fields fields{"Acme", "Title" + QByteArray::number(command), "1/2/03", "Info",
+                                             QByteArray::number(image.size())};
+                if (content == image + TagLine::build(fields)) return true;
+            }
+        }
+        return false;
+    }
+    GameFile game(const char* name) const { return {name, program->folder.native(name)}; }
+
+private slots:
+    void init() {
+        program = std::make_unique<TagsProgram>();
+        write("a.gb", taggedGame("Old"));
+        write("b.gb", taggedGame("Other"));
+    }
+
+    void a_tag_that_another_program_has_changed_meanwhile_stays_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("keepsTime");
+        for (const bool keepsTime : {false, true}) {
+            const char* time = keepsTime ? "same time" : "new time";
+            QTest::addRow("another title, %s", time) << taggedGame("New") << keepsTime;
+            QTest::addRow("longer, %s", time) << taggedGame("Longer") << keepsTime;
+            QTest::addRow("only the date, %s", time)
+                << taggedGame("Old", "Acme", "Info", "1/2/04") << keepsTime;
+            QTest::addRow("no tag, %s", time) << QByteArray(4096, 'r') << keepsTime;
+            QTest::addRow("the last byte, %s", time) << taggedGame("Old").chopped(1) + '\r' << keepsTime;
+        }
+    }
+    void a_tag_that_another_program_has_changed_meanwhile_stays() {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, keepsTime);
+        for (const bool isSet : {true, false}) {
+            write("a.gb", taggedGame("Old"));
+            struct stat before {};
+            QCOMPARE(stat(game("a.gb").path.constData(), &before), 0);
+            Work work(*program);
+            const auto seen = work.look(game("a.gb"));
+            const auto other = work.look(game("b.gb"));
+            write("a.gb", content);
+            const timespec times[2] = {{0, UTIME_OMIT}, before.st_mtim};
+            if (keepsTime) QCOMPARE(utimensat(AT_FDCWD, game("a.gb").path.constData(), times, 0), 0);
+            isSet ? work.title(game("a.gb"), seen, "Mine") : work.clear(game("a.gb"), seen);
+            work.title(game("b.gb"), other, "Mine");
+            const QByteArray errors = work.end();
+            QVERIFY(errors.startsWith("torvane-tags: a.gb: ") && errors.count('\n') == 1);
+            QCOMPARE(read("a.gb"), content);
+            QVERIFY(read("b.gb").contains("\xA7Mine\xA7"));
+        }
+    }
+    void a_first_tag_does_not_replace_the_first_tag_of_another_program() {
+        write("a.gb", QByteArray(4096, 'r'));
+        Work one(*program);
+        Work two(*program);
+        const auto seenByOne = one.look(game("a.gb"));
+        const auto seenByTwo = two.look(game("a.gb"));
+        two.title(game("a.gb"), seenByTwo, "Two");
+        QCOMPARE(two.end(), QByteArray());
+        const QByteArray tagged = read("a.gb");
+        one.title(game("a.gb"), seenByOne, "One");
+        QVERIFY(one.end().contains("a.gb: "));
+        QCOMPARE(read("a.gb"), tagged);
+    }
+    void a_run_without_changes_that_ends_late_leaves_the_undo_of_another_one() {
+        std::optional<Work> failing(std::in_place, *program);
+        const auto seen = failing->look(game("a.gb"));
+        {
+            const FullDisk full(4096);
+            failing->title(game("a.gb"), seen, "Mine");
+            QVERIFY(failing->end().contains("a.gb: "));
+        }
+        const QByteArray before = read("b.gb");
+        QCOMPARE(program->runHere({"set", "b.gb", "--title", "New"}).status, 0);
+        failing.reset();
+        QCOMPARE(program->runHere({"undo"}).status, 0);
+        QCOMPARE(read("b.gb"), before);
+    }
+    void a_short_game_is_compared_whole() {
+        write("a.gb", "short");
+        Work work(*program);
+        const auto seen = work.look(game("a.gb"));
+        write("a.gb", "Short");
+        work.title(game("a.gb"), seen, "Mine");
+        QVERIFY(work.end().contains("a.gb: "));
+        QCOMPARE(read("a.gb"), QByteArray("Short"));
+    }
+    void a_game_may_be_named_twice_data() {
+        QTest::addColumn<bool>("isHard");
+        QTest::newRow("symbolic link") << false;
+        QTest::newRow("hard link") << true;
+    }
+    // Each of them sees what the one before it has made.
+    void a_game_may_be_named_twice() {
+        QFETCH(bool, isHard);
+        const QByteArray path = program->folder.native("a.gb");
+        const QByteArray other = program->folder.native("link.gb");
+        QCOMPARE(isHard ? link(path.constData(), other.constData())
+                        : symlink(path.constData(), other.constData()),
+                 0);
+        const ProgramRun run = program->runHere({"set", "a.gb", "link.gb", "a.gb", "--title", "New"});
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.status, 0);
+        QVERIFY(read("a.gb").contains("\xA7New\xA7"));
+        QVERIFY(read("link.gb").contains("\xA7New\xA7"));
+    }
+    void many_commands_at_once_leave_each_game_one_whole_tag() {
+        constexpr int games = 20;
+        constexpr int commands = 12;
+        for (int i = 0; i < games; ++i) {
+            const QByteArray name = "home/roms/" + QByteArray::number(i) + ".gb";
+            write(name.constData(), i % 2 == 0 ? QByteArray(4096, 'r') : taggedGame("Old"));
+        }
+        std::vector<pid_t> children;
+        const MemoryFile errors;
+        for (int i = 0; i < commands; ++i) {
+            const QByteArray title = "Title" + QByteArray::number(i);
+            children.push_back(program->start({"--folder", "home", "set", "home/roms", "--title", title,
+                                               "--company", "Acme", "--info", "Info", "--date", "1/2/03"},
+                                              errors.descriptor(), errors.descriptor()));
+        }
+        for (const pid_t child : children) {
+            const int status = TagsProgram::endOf(child);
+            QVERIFY2(status == 0 || status == 1, QByteArray::number(status).constData());
+        }
+        for (const QByteArray& line : errors.content().split('\n'))
+            QVERIFY2(line.isEmpty() || line.contains(".gb: "), line.constData());
+        for (int i = 0; i < games; ++i) {
+            const QByteArray name = "/" + QByteArray::number(i) + ".gb";
+            const QByteArray content = read(("home/roms" + name).constData());
+            // If each of them has found another one at work on it, all have reported it.
+            const bool isRefused = errors.content().count(name + ": ") == commands;
+            const QByteArray old = i % 2 == 0 ? QByteArray(4096, 'r') : taggedGame("Old");
+            QVERIFY2(isRefused ? content == old : isOneOf(commands, content),
+                     content.sliced(4096).constData());
+        }
+        const QStringList names = program->folder.entries(QStringLiteral("home/roms"));
+        QVERIFY(std::none_of(names.begin(), names.end(),
+                             [](const QString& name) { return name.startsWith(QLatin1Char('.')); }));
+    }
+};
+
+TORVANE_APPLESS_TEST(TagEditsTest)
+#include "TagEditsTest.moc"
