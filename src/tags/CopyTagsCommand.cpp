@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // From one game to another, or between the games of two folders that have the same names.
 #include "CopyTagsCommand.h"
+#include "GivenTag.h"
 #include "WritableGame.h"
-#include "catalogue/TagInput.h"
 #include "platform/base/File.h"
 
 namespace torvane {
@@ -20,11 +20,6 @@ bool existsAt(const QByteArray& path) {
 
 QByteArray inFolder(const QByteArray& folder, const QByteArray& file) {
     return (folder.endsWith('/') ? folder : folder + '/') + file.sliced(file.lastIndexOf('/') + 1);
-}
-
-bool isSameTag(const TagLine::Fields& one, const TagLine::Fields& other) {
-    return one.title == other.title && one.company == other.company && one.date == other.date &&
-           one.info == other.info;
 }
 
 class TagCopies {
@@ -57,16 +52,16 @@ private:
         if (!tag) return;
         const QByteArray fault = faultOfWriting(game.name, m_session.names());
         if (!fault.isEmpty()) return reports.fault(game.name, fault);
-        m_session.attempt(game.name, [&] { write(*tag, game); });
+        m_session.attempt(game.name, [&] { write(*tag, source, game); });
     }
-    void write(const TagWindow::Tag& tag, const GameFile& game) {
+    void write(const TagWindow::Tag& tag, const GameFile& source, const GameFile& game) {
         const TagEdits::State state = m_edits.stateOf(game);
-        if (state.tag && isSameTag(state.tag->fields, tag.fields)) return;
-        TagEdit edit{game, tag.fields};
-        edit.tag->size = QByteArray::number(state.length);
-        if (TagInput::excessOf(*edit.tag) > 0)
-            return m_session.reports().fault(game.name,
-                                             "the tag is too long to be read in a game of its size");
+        // The date comes with the tag, so that of today is not needed.
+        const GivenTag::Result result = GivenTag::of(tag.fields).over(state.tag, state.length, {});
+        if (!result.fault.isEmpty())
+            return m_session.reports().fault(source.name + ": " + game.name, result.fault);
+        if (!result.isNew) return;
+        const TagEdit edit{game, result.fields};
         m_rows.add(edit, state);
         m_edits.add(edit, state);
     }

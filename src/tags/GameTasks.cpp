@@ -7,9 +7,21 @@ namespace torvane {
 
 void GameTask::work() {
     try {
-        GameContent::isArchive(m_game.name) ? readArchive() : readFile();
+        GameContent::isArchive(m_game.name) ? readWhatIsPacked() : readFile();
     } catch (const RuntimeFailure& failure) {
         m_failure = failure;
+    }
+}
+
+// The failure of a damaged archive is that of something which is no file, so what can't be opened as one is
+// found first.
+void GameTask::readWhatIsPacked() {
+    const File file = File::ofReal(m_game.path);
+    try {
+        readArchive();
+    } catch (const RuntimeFailure& failure) {
+        if (failure.number() != RuntimeFailure::pathAccess) throw;
+        m_faults.emplace_back(m_game.name, "the archive can't be opened");
     }
 }
 
@@ -25,11 +37,7 @@ void runTasks(const GameFiles& games, Session& session,
     const bool showsRows = rows != nullptr && rows->isStreaming() && session.output().isTerminal();
     session.reports().begin(showsRows ? 0 : games.count());
     Crew crew([&] { return session.isOver(); });
-    games.visit([&](const GameFile& game) {
-        if (session.isOver()) return false;
-        crew.add(make(game));
-        return true;
-    });
+    session.visit(games, [&](const GameFile& game) { crew.add(make(game)); });
     crew.finish();
     session.reports().end();
 }

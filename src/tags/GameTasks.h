@@ -35,6 +35,8 @@ protected:
     }
 
 private:
+    void readWhatIsPacked();
+
     GameFile m_game;
     Session& m_session;
     NameCut m_names;

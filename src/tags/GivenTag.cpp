@@ -82,6 +82,13 @@ QByteArray faultOfLength(const TagLine::Fields& fields) {
     return longest->name + (": character " + QByteArray::number(fitting + 1)) +
            " and what follows make the tag too long to be read";
 }
+
+// `image`: the bytes before the tag.
+QByteArray faultOfGame(const TagLine::Fields& fields, qint64 image) {
+    if (!TagWindow::isTooShort(image + TagLine::build(fields).size())) return {};
+    return "no tag is read in a file below " + QByteArray::number(2 * TagWindow::size) + " bytes";
+}
+
 // What a separator completes: the marker at the end of a text, or the shifted form at the beginning of the
 // line.
 QByteArray faultOfReading(const TagLine::Fields& fields) {
@@ -98,6 +105,11 @@ QByteArray faultOfReading(const TagLine::Fields& fields) {
     return "title: character 1: after this company it begins another form of tag";
 }
 } // namespace
+
+GivenTag GivenTag::of(const TagLine::Fields& fields) {
+    const auto text = [](const QByteArray& bytes) { return CodePage1252::fromBytes(bytes).toUtf8(); };
+    return {text(fields.title), text(fields.company), text(fields.info), text(fields.date)};
+}
 
 QByteArray GivenTag::fault() const {
     for (const FieldPair& pair : pairs) {
@@ -129,6 +141,7 @@ GivenTag::Result GivenTag::over(const std::optional<TagWindow::Tag>& present, qi
     result.fault = faultOfMissing(result.fields);
     if (result.fault.isEmpty()) result.fault = faultOfReading(result.fields);
     if (result.fault.isEmpty()) result.fault = faultOfLength(result.fields);
+    if (result.fault.isEmpty()) result.fault = faultOfGame(result.fields, image);
     return result;
 }
 

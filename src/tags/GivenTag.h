@@ -25,6 +25,9 @@ struct GivenTag {
     /// given and another field changes. A given text that is the present one is never a fault.
     Result over(const std::optional<TagWindow::Tag>& present, qint64 length, const QByteArray& today) const;
 
+    /// The texts of a tag, to be given to another game.
+    static GivenTag of(const TagLine::Fields& fields);
+
     /// Why one of the texts can be stored in no tag: the field, the number of the character, counted from 1,
     /// and the reason, without a line end; empty if all can be stored.
     QByteArray fault() const;

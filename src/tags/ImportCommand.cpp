@@ -30,8 +30,7 @@ QByteArray titleOf(const GameFile& game, const TagEdits::State& state, const Nam
 }
 
 GivenTag tagOf(const OnlineDbEntry& entry) {
-    const auto text = [](const QByteArray& bytes) { return CodePage1252::fromBytes(bytes).toUtf8(); };
-    return {text(entry.Title), text(entry.Company), text(entry.Info), text(entry.Date)};
+    return GivenTag::of({entry.Company, entry.Title, entry.Date, entry.Info, {}});
 }
 } // namespace
 

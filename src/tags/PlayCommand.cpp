@@ -63,6 +63,7 @@ void PlayCommand::play(const Game& game, const Globals& globals, Session& sessio
     struct stat info {};
     if (stat(game.path.constData(), &info) != 0) failWithErrno();
     if (!S_ISREG(info.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
+    session.sweepBeside(game.path);
     if (isUnpacked(game.path, game.member, globals.names)) return playMember(game, globals, session);
     if (!game.member.isEmpty()) return session.reports().fault(game.name, "only an archive has members");
     start(Paths::spelled(game.path), globals, session);

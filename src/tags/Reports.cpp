@@ -16,6 +16,9 @@ constexpr int barWidth = 40; // in cells
 constexpr int hundred = 100;
 
 QByteArray inEnglish(const RuntimeFailure& failure) {
+    // Of the files that commands read, only the one of the last run has a form that can be wrong.
+    const bool isPlain = failure.reason() == RuntimeFailure::Reason::none;
+    if (isPlain && failure.number() == RuntimeFailure::typeMismatch) return "it is damaged";
     const Globals noLanguage;
     const LanguageTables tables(noLanguage);
     return FailureTexts(tables).reason(failure).toUtf8();
@@ -33,10 +36,14 @@ void Reports::print(const QByteArray& text) const {
     }
 }
 
-void Reports::refusal(const QByteArray& reason) {
+void Reports::remark(const QByteArray& text) {
     clearBar();
+    print("torvane-tags: " + text + '\n');
+}
+
+void Reports::refusal(const QByteArray& reason) {
     m_hasFaults = true;
-    print("torvane-tags: " + reason + '\n');
+    remark(reason);
 }
 
 void Reports::fault(const QByteArray& name, const QByteArray& reason) {

@@ -26,6 +26,8 @@ public:
     void fault(const QByteArray& name, const RuntimeFailure& failure);
     /// Reports that all of the work is refused; the reason is given without a line end.
     void refusal(const QByteArray& reason);
+    /// Prints what the user has to know although nothing went wrong; given without a line end.
+    void remark(const QByteArray& text);
     bool hasFaults() const { return m_hasFaults; }
     /// Prints a text as it is.
     void print(const QByteArray& text) const;

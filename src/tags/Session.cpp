@@ -5,6 +5,8 @@
 #include "core/NameSetting.h"
 #include "home/ProgramHome.h"
 #include "home/UserFolders.h"
+#include "platform/base/Folder.h"
+#include "platform/base/Leftovers.h"
 #include "platform/base/Paths.h"
 
 namespace torvane {
@@ -44,16 +46,34 @@ void Session::attempt(const QByteArray& name, const std::function<void()>& work)
     }
 }
 
+// A link may lead to a game in another folder, and there the leftovers are.
+void Session::sweepBeside(const QByteArray& path) {
+    if (!m_sweeps) return;
+    ignoring([&] {
+        const QByteArray folder = placeOf(path).folder;
+        if (folder == m_lastSwept) return;
+        if (m_swept.insert(folder).second) Leftovers::sweep(Paths::spelled(folder));
+        m_lastSwept = folder;
+    });
+}
+
+void Session::visit(const GameFiles& games, const std::function<void(const GameFile&)>& take) {
+    games.visit([&](const GameFile& game) {
+        if (isOver()) return false;
+        sweepBeside(game.path);
+        take(game);
+        return true;
+    });
+}
+
 void Session::eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,
                        const RowWriter* rows) {
     // Rows that appear on the same terminal show progress enough.
     const bool showsRows = rows != nullptr && rows->isStreaming() && m_output.isTerminal();
     m_reports.begin(showsRows ? 0 : games.count());
-    games.visit([&](const GameFile& game) {
-        if (isOver()) return false;
+    visit(games, [&](const GameFile& game) {
         attempt(game.name, [&] { work(game); });
         m_reports.step();
-        return true;
     });
     m_reports.end();
 }

@@ -10,6 +10,7 @@
 #include "core/Pieces.h"
 
 #include <optional>
+#include <set>
 
 namespace torvane {
 
@@ -35,11 +36,19 @@ public:
     const NameCut& names();
     /// The games that the operands name.
     GameFiles games(const QByteArrayList& operands);
+    /// Finishes or undoes what a killed run has left in the folder of a game, before the game is read; once a
+    /// folder. A folder that can't be written to stays as it is.
+    void sweepBeside(const QByteArray& path);
+    /// Leaves such things alone from now on: for a rehearsal, which changes nothing.
+    void leaveLeftovers() { m_sweeps = false; }
     /// Whether the command has to end before its work is done: the user wants it to, or nobody gets its
     /// output.
     bool isOver() const;
     /// Does some work for a game or another file. A failure is reported with its name, and goes no further.
     void attempt(const QByteArray& name, const std::function<void()>& work);
+    /// Hands over one game after the other, with nothing of a killed run beside it, until there are no more
+    /// or the command has to end.
+    void visit(const GameFiles& games, const std::function<void(const GameFile&)>& take);
     /// Works on one game after the other. `rows`: what is printed meanwhile; null for nothing.
     void eachGame(const GameFiles& games, const std::function<void(const GameFile&)>& work,
                   const RowWriter* rows = nullptr);
@@ -57,6 +66,9 @@ private:
     Reports& m_reports;
     const Interruption& m_interruption;
     std::optional<int> m_status;
+    bool m_sweeps = true;
+    QByteArray m_lastSwept;       // the folder of the last game, which most often is that of the next one
+    std::set<QByteArray> m_swept; // folders
 };
 
 } // namespace torvane

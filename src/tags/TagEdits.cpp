@@ -6,7 +6,6 @@
 #include "catalogue/TagInFile.h"
 #include "platform/base/Arrival.h"
 #include "platform/base/File.h"
-#include "platform/base/Leftovers.h"
 #include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 
@@ -48,13 +47,12 @@ std::optional<EndChanges::End> oldEnd(const Handle& file, const UndoEntry& entry
 } // namespace
 
 TagEdits::TagEdits(Mode mode, Session& session)
-    : m_mode(mode), m_reports(session.reports()), m_undo(session.backups()),
-      m_canUndo(isFolder(session.library())),
+    : m_mode(mode), m_session(session), m_undo(session.backups()), m_canUndo(isFolder(session.library())),
       m_changes([this](const EndChanges::Results& next) { keep(next); }, TagEnds::remember) {}
 
 TagEdits::State TagEdits::stateOf(const GameFile& game) {
     if (isWaiting(game.path)) finish();
-    if (!isRehearsal()) sweepBeside(game.path);
+    m_session.sweepBeside(game.path);
     const File file = File::ofReal(game.path);
     const qint64 length = file.length();
     // Before the tag: if another program changes the file between the two, it is no longer in the state that
@@ -71,12 +69,6 @@ bool TagEdits::isWaiting(const QByteArray& path) const {
                        [&](const Waiting& one) { return isSameFile(one.info, info); });
 }
 
-// A link may lead to a game in another folder, and there the leftovers are.
-void TagEdits::sweepBeside(const QByteArray& path) {
-    const QByteArray folder = placeOf(path).folder;
-    if (m_swept.insert(folder).second) Leftovers::sweep(Paths::spelled(folder));
-}
-
 bool TagEdits::hasTag(const GameFile& game) const {
     return TagInFile::hasMarker(File::ofReal(game.path).handle());
 }
@@ -89,7 +81,8 @@ void TagEdits::add(const TagEdit& edit, const State& seen) {
 }
 
 void TagEdits::putBack(const UndoEntry& entry) {
-    if (!isRehearsal()) sweepBeside(entry.path);
+    m_session.sweepBeside(entry.path);
+    m_putsBack = true;
     change({entry.path, entry.path}, [entry](const Handle& file) { return oldEnd(file, entry); });
 }
 
@@ -108,17 +101,24 @@ void TagEdits::finish() {
         const auto& failure = results[i].failure;
         if (results[i].isDone) m_undo.confirm();
         if (!failure) continue;
+        if (m_putsBack && failure->reason() == RuntimeFailure::Reason::changed) {
+            m_session.reports().fault(m_waiting[i].name, "it was changed after the last run");
+            continue;
+        }
         // The file of the undo may be at fault.
         const bool isOther = !failure->file().isEmpty() && failure->file() != results[i].path;
         const QByteArray other = isOther ? ": " + NativeText::toNative(failure->file()) : QByteArray();
-        m_reports.fault(m_waiting[i].name + other, *failure);
+        m_session.reports().fault(m_waiting[i].name + other, *failure);
     }
     m_waiting.clear();
 }
 
 // Games may be changed where there is no library to keep anything in.
 void TagEdits::keep(const EndChanges::Results& next) {
-    if (m_canUndo) m_undo.add(next);
+    if (m_canUndo) return m_undo.add(next);
+    if (!m_hasWarned)
+        m_session.reports().remark("this run can't be undone: there is no library to keep it in");
+    m_hasWarned = true;
 }
 
 } // namespace torvane

@@ -7,11 +7,8 @@
 #include "UndoFile.h"
 #include "catalogue/TagWindow.h"
 
-#include <set>
-
 namespace torvane {
 
-class Reports;
 class Session;
 
 /// What becomes of the tag of a game.
@@ -54,7 +51,6 @@ public:
     bool isRehearsal() const { return m_mode == Mode::rehearsal; }
 
 private:
-    void sweepBeside(const QByteArray& path);
     struct Waiting {
         QByteArray name; // of the game, as the user gave it
         struct stat info;
@@ -64,12 +60,13 @@ private:
     void keep(const EndChanges::Results& next);
 
     Mode m_mode;
-    Reports& m_reports;
+    Session& m_session;
     UndoFile m_undo;
     bool m_canUndo;
+    bool m_hasWarned = false; // that this run can't be undone
+    bool m_putsBack = false;  // old ends, for an undo
     EndChanges m_changes;
     std::vector<Waiting> m_waiting;
-    std::set<QByteArray> m_swept; // folders
 };
 
 } // namespace torvane

@@ -55,6 +55,7 @@ int Tool::runCommand(const QByteArray& name, const QByteArrayList& arguments, QB
     if (!fault.isEmpty()) return refuse(fault, name);
     const Interruption interruption;
     Session session(given.value("--folder").value_or(folder), m_output, m_reports, interruption);
+    if (given.has("--dry-run")) session.leaveLeftovers();
     command->run(given, session);
     const int status = end(interruption.hasCome());
     return session.status().value_or(status);

@@ -97,6 +97,22 @@ private slots:
     }
 
     // Archives
+    void an_archive_that_can_not_be_opened_is_called_so_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("broken") << QByteArray("PK\3\4 no archive");
+    }
+    void an_archive_that_can_not_be_opened_is_called_so() {
+        QFETCH(QByteArray, bytes);
+        write("bad.zip", bytes);
+        write("known.dat", "clrmamepro ( name n )\ngame ( name g rom ( name r size 1 crc 00000000 ) )\n");
+        for (const QByteArrayList& command :
+             {QByteArrayList{"hash"}, QByteArrayList{"identify", "--dat=known.dat"}}) {
+            const ProgramRun run = program->runHere(command + QByteArrayList{"bad.zip"});
+            QCOMPARE(run.errors, "torvane-tags: bad.zip: the archive can't be opened\n");
+            QCOMPARE(run.status, 1);
+        }
+    }
     void games_in_archives_are_summed_up_without_their_tags() {
         const QByteArray image(32768, 'z');
         const QByteArray tagged = taggedGame("T", "C", "I", "D", 32768);

@@ -242,6 +242,53 @@ private slots:
         refuses({"copy-tags", "home/roms", "a.gb"}, "a.gb: it is no folder");
         refuses({"copy-tags", "a.gb", "home/roms"}, "home/roms/a.gb: it doesn’t exist");
     }
+    void what_set_refuses_is_not_copied_either() {
+        write("from.gb", taggedGame("a\nb"));
+        refuses({"copy-tags", "from.gb", "a.gb"}, "from.gb: a.gb: title: character 2 is a control character");
+        write("from.gb", taggedGame("T", ""));
+        refuses({"copy-tags", "from.gb", "a.gb"},
+                "from.gb: a.gb: a tag needs a title, a company and an info; missing: company");
+    }
+
+    // Games in which no tag is read
+    void a_game_that_stays_below_2048_bytes_gets_no_tag_data() {
+        QTest::addColumn<QByteArrayList>("arguments");
+        QTest::addColumn<QByteArray>("place");
+        QTest::newRow("set") << QByteArrayList{"set",         "small.gb", "--title=T",
+                                               "--company=C", "--info=I", "--date=d"}
+                             << QByteArray("small.gb: ");
+        QTest::newRow("copy-tags") << QByteArrayList{"copy-tags", "a.gb", "small.gb"}
+                                   << QByteArray("a.gb: small.gb: ");
+        QTest::newRow("import") << QByteArrayList{"import", "base.dat", "small.gb"}
+                                << QByteArray("small.gb: ");
+    }
+    void a_game_that_stays_below_2048_bytes_gets_no_tag() {
+        QFETCH(QByteArrayList, arguments);
+        QFETCH(QByteArray, place);
+        write("small.gb", QByteArray(2000, 's'));
+        write("base.dat", "byn\xA7small\xA7"
+                          "C\xA7"
+                          "d\xA7I\xA7USER\xA7\r\n");
+        refuses(arguments, place + "no tag is read in a file below 2048 bytes");
+        runWell({"clear", "small.gb"});
+    }
+    void a_game_that_has_2048_bytes_with_its_tag_gets_one() {
+        const QByteArray tag = line("C", "T", "d", "I", 2048);
+        write("small.gb", QByteArray(2048 - tag.size(), 's'));
+        runWell({"set", "small.gb", "--title=T", "--company=C", "--info=I", "--date=d"});
+        QCOMPARE(read("small.gb").size(), 2048);
+        QVERIFY(program->runHere({"list", "--tsv", "small.gb"}).output.contains("\tT\tC\t"));
+    }
+
+    // Without a library
+    void a_run_that_can_not_be_undone_is_announced_once() {
+        program->folder.makeFolder(u"none"_s);
+        const ProgramRun run = program->run(
+            {"--folder", "none", "set", "a.gb", "new.gbc", "--title=N", "--company=C", "--info=I"});
+        QCOMPARE(run.errors, "torvane-tags: this run can't be undone: there is no library to keep it in\n");
+        QCOMPARE(run.status, 0);
+        QVERIFY(read("a.gb").contains("\xA7N\xA7") && read("new.gbc").contains("\xA7N\xA7"));
+    }
 
     // Wrong usage
     void wrong_usage_changes_nothing_data() {

@@ -138,7 +138,7 @@ private slots:
         write("a.gb", changed);
         const ProgramRun run = program->runHere({"undo"});
         QCOMPARE(run.status, 1);
-        QVERIFY(run.errors.contains("a.gb: "));
+        QVERIFY(run.errors.endsWith("/a.gb: it was changed after the last run\n"));
         QVERIFY(!run.errors.contains("b.gb"));
         QCOMPARE(read("a.gb"), changed);
         QCOMPARE(read("b.gb"), old);
@@ -197,7 +197,7 @@ private slots:
         write("home/roms/data/backup/last-run.undo", bytes);
         const ProgramRun run = program->runHere({"undo"});
         QCOMPARE(run.status, 1);
-        QVERIFY(run.errors.contains("last-run.undo"));
+        QVERIFY(run.errors.endsWith("/last-run.undo: it is damaged\n"));
     }
     void what_can_not_be_undone_is_not_done() {
         write("home/roms/data", "a file where the backups' folder should be");
@@ -206,12 +206,6 @@ private slots:
         QCOMPARE(run.status, 1);
         QVERIFY(run.errors.contains("last-run.undo"));
         QCOMPARE(treeOf(program->folder.path().toStdString()), before);
-    }
-    void without_a_library_games_are_changed_all_the_same() {
-        const ProgramRun run = program->run({"--folder", "nowhere", "set", "a.gb", "--title", "N"});
-        QCOMPARE(run.errors, QByteArray());
-        QCOMPARE(run.status, 0);
-        QVERIFY(read("a.gb").contains("\xA7N\xA7"));
     }
 };
 

@@ -2,6 +2,7 @@
 // Writing new files and renaming them to their final names.
 #include "Arrival.h"
 #include "FileRights.h"
+#include "Lease.h"
 #include "Paths.h"
 
 #include <cstdio>
@@ -16,7 +17,7 @@ bool isAt(const QByteArray& path, const struct stat& file) {
 
 Handle openedForCopy(const QByteArray& path, struct stat& state) {
     Handle file =
-        opened(uninterrupted([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+        openedOnceReleased([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
     state = infoOf(file);
     if (!S_ISREG(state.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     return file;

@@ -36,7 +36,8 @@ void EndChanges::prepare(Waiting& one) {
     Result& result = m_results[one.result];
     try {
         aboutFile(result.path, [&] {
-            one.file = std::make_unique<SafeFile::Change>(result.path, SafeFile::Change::Part::end);
+            one.file =
+                std::make_unique<SafeFile::Change>(result.path, SafeFile::Change::Part::end, m_patience);
             one.end = one.decide(one.file->file());
             if (!one.end) return;
             const qint64 replaced = one.file->length() - one.end->kept;
@@ -50,7 +51,20 @@ void EndChanges::prepare(Waiting& one) {
     }
 }
 
+// A batch that waited for a file while it holds others could wait for one that waits for these. So files that
+// another program has now, or has just changed, come after it, each alone.
 void EndChanges::place() {
+    placeTogether();
+    m_patience = SafeFile::Change::Patience::usual;
+    for (Waiting& one : std::exchange(m_busy, {})) {
+        m_results[one.result].failure.reset();
+        m_waiting.push_back(std::move(one));
+        placeTogether();
+    }
+    m_patience = SafeFile::Change::Patience::none;
+}
+
+void EndChanges::placeTogether() {
     inParallel(m_waiting.size(), [this](size_t index) { prepare(m_waiting[index]); });
     replaceOthers();
     announce();
@@ -75,10 +89,22 @@ void EndChanges::replaceOthers() {
     forEach([this](const Waiting& one) {
         if (one.end && !one.file->canChangeEnd(one.end->kept, one.end->bytes.size())) replace(one);
     });
+    keepBusyOnes();
     std::erase_if(m_waiting, [this](const Waiting& one) {
         const Result& result = m_results[one.result];
         return !one.end || result.isDone || result.failure;
     });
+}
+
+void EndChanges::keepBusyOnes() {
+    using Reason = RuntimeFailure::Reason;
+    if (m_patience == SafeFile::Change::Patience::usual) return;
+    for (const Waiting& one : m_waiting) {
+        const auto& failure = m_results[one.result].failure;
+        const bool isBusy =
+            failure && (failure->reason() == Reason::inUse || failure->reason() == Reason::changed);
+        if (isBusy) m_busy.push_back({one.result, one.info, one.decide});
+    }
 }
 
 void EndChanges::replace(const Waiting& one) {

@@ -56,7 +56,9 @@ private:
     bool isWaiting(const struct stat& info) const;
     void prepare(Waiting& one);
     void place();
+    void placeTogether();
     void replaceOthers();
+    void keepBusyOnes();
     void replace(const Waiting& one);
     void announce();
     Notes takeNotes();
@@ -68,7 +70,9 @@ private:
 
     std::function<void(const Results&)> m_aboutToWrite;
     Afterwards m_afterwards;
+    SafeFile::Change::Patience m_patience = SafeFile::Change::Patience::none;
     std::vector<Waiting> m_waiting;
+    std::vector<Waiting> m_busy; // to be tried again
     Results m_results;
 };
 

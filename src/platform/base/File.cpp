@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // One open file, over system calls: unbuffered, so that reading a tag reads no more than it needs.
 #include "File.h"
+#include "Lease.h"
 #include "Paths.h"
 
 namespace torvane {
@@ -9,7 +10,7 @@ namespace {
 Handle openedRegular(const QByteArray& path) {
     // Without O_NONBLOCK a pipe in the games folder would block the interface for ever.
     Handle file =
-        opened(uninterrupted([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+        openedOnceReleased([&] { return open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
     if (!S_ISREG(infoOf(file).st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
     return file;
 }

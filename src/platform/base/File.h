@@ -10,7 +10,8 @@
 namespace torvane {
 
 /// An open file. Every failure is a RuntimeFailure with the number of the system's error; failures to open or
-/// delete a file name it.
+/// delete a file name it. While another program keeps the file to itself, which takes milliseconds as a rule,
+/// opening waits.
 class File {
 public:
     /// Opens the file at a spelled path (see Paths). Folders, pipes and devices fail with pathAccess.

@@ -7,10 +7,13 @@
 #include <csignal>
 #include <linux/magic.h>
 #include <sys/vfs.h>
+#include <thread>
 
 namespace torvane {
 
 namespace {
+constexpr std::chrono::milliseconds pauseBetweenAttempts(2);
+
 // File servers grant leases inconsistently.
 bool isOnServer(const Handle& file) {
     struct statfs info {};
@@ -34,5 +37,23 @@ bool takeLease(const Handle& file) {
 }
 
 bool holdUpOthers(const Handle& file) { return take(file, F_WRLCK); }
+
+void untilReleased(const std::function<bool()>& attempt, std::chrono::milliseconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!attempt()) {
+        if (std::chrono::steady_clock::now() >= end) throw RuntimeFailure::fromErrno(EWOULDBLOCK);
+        std::this_thread::sleep_for(pauseBetweenAttempts);
+    }
+}
+
+Handle openedOnceReleased(const std::function<int()>& open) {
+    Handle file;
+    untilReleased([&] {
+        file = Handle(uninterrupted(open));
+        if (!file.isOpen() && errno != EWOULDBLOCK) failWithErrno();
+        return file.isOpen();
+    });
+    return file;
+}
 
 } // namespace torvane

@@ -49,7 +49,8 @@ void remove(const Folder& folder, const QByteArray& name) {
 void sweep(const QString& path) {
     const QByteArray real = Paths::real(path);
     const QByteArrayList names = candidates(real);
-    if (names.isEmpty()) return;
+    // Where a note can't be removed, nothing else is done by it, either.
+    if (names.isEmpty() || access(real.constData(), W_OK | X_OK) != 0) return;
     ignoring([&] {
         const Folder folder(real);
         for (const QByteArray& name : names) ignoring([&] { remove(folder, name); });

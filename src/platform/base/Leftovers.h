@@ -8,7 +8,7 @@ namespace torvane::Leftovers {
 
 /// Removes this program's hidden files, except those of a run that is still alive, and restores the ends of
 /// files that were being changed. Leaves everything else alone, as well as a folder that is missing or
-/// unreadable. Never fails.
+/// can't be read or written. Never fails.
 void sweep(const QString& folder);
 
 } // namespace torvane::Leftovers

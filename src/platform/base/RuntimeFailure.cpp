@@ -27,6 +27,7 @@ RuntimeFailure RuntimeFailure::fromErrno(int error) {
     case EFBIG: return RuntimeFailure(diskFull);
     case EACCES:
     case EPERM: return RuntimeFailure(permissionDenied);
+    case EWOULDBLOCK: return RuntimeFailure(permissionDenied, Reason::inUse); // by a lease
     case EROFS:
     case EISDIR:
     case ENXIO: // a pipe or socket in place of a file, with nobody at its other end

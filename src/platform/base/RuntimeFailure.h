@@ -37,7 +37,7 @@ public:
     enum class Reason {
         none,
         tag,       ///< the file has none that can be understood
-        inUse,     ///< another program has the file open for writing
+        inUse,     ///< another program has the file open for writing, or keeps others from opening it
         changed,   ///< another program has changed the file meanwhile
         sameFile,  ///< source and target of a copy are one file
         noFolder,  ///< a file or something else is where a folder has to be

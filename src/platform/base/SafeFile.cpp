@@ -47,8 +47,8 @@ bool appendTo(const QByteArray& target, const std::function<QByteArray(qint64)>&
     const Folder folder(place.folder);
     const auto openAs = [&](int flags) {
         // Without O_NONBLOCK a pipe in the games folder would block the interface for ever.
-        return opened(uninterrupted(
-            [&] { return openat(folder.number(), place.name.constData(), flags | O_CLOEXEC | O_NONBLOCK); }));
+        return openedOnceReleased(
+            [&] { return openat(folder.number(), place.name.constData(), flags | O_CLOEXEC | O_NONBLOCK); });
     };
     const Handle file = openedAlone(openAs);
     const struct stat info = infoOf(file);

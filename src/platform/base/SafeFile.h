@@ -42,14 +42,18 @@ bool append(const QString& path, const std::function<QByteArray(qint64)>& bytesA
 
 /// A change of one file, from reading it to replacing it. What another program does to the file meanwhile
 /// (write to it, rename, remove or replace it) is never overwritten unnoticed: the change fails with
-/// permissionDenied, as it does at once if another program has the file open for writing.
+/// permissionDenied, as it does after a moment if another program has the file open for writing.
 class Change {
 public:
     /// Which part of the file is going to be changed. For a change of the end alone, other programs are kept
     /// from opening the file, as far as leases are available and none has it open already.
     enum class Part { any, end };
 
-    explicit Change(const QString& path, Part part = Part::any);
+    /// What to do while another program keeps the file to itself, or another run of this one changes it. Only
+    /// who holds no other file may wait: two that wait for each other would do so in vain.
+    enum class Patience { usual, none };
+
+    explicit Change(const QString& path, Part part = Part::any, Patience patience = Patience::usual);
     Change(const Change&) = delete;
     Change& operator=(const Change&) = delete;
 
@@ -88,7 +92,9 @@ public:
 
 private:
     int openedAs(int flags) const;
-    void holdAlone();
+    bool hold(Part part);
+    bool holdAlone();
+    bool lock() const;
     bool isAtMostRead() const;
     bool isUntouched(const Folder& folder, const QByteArray& name) const;
     bool keepLink(const Folder& keeping, const QByteArray& name) const;

@@ -15,6 +15,7 @@ namespace torvane::SafeFile {
 namespace {
 constexpr std::chrono::milliseconds moment(1);
 constexpr int mostExchanges = 100; // gives up after 100 lost races
+constexpr int mostBusyLooks = 20;  // a program that has the file open for writing for longer keeps it
 
 // Renames a hidden file to the name under which the old file is kept.
 void nameKept(const Folder& keeping, HiddenFile& kept, const QByteArray& name) {
@@ -29,17 +30,44 @@ void nameKept(const Folder& keeping, HiddenFile& kept, const QByteArray& name) {
 }
 } // namespace
 
-Change::Change(const QString& path, Part part)
+Change::Change(const QString& path, Part part, Patience patience)
     : m_path(Paths::real(path)), m_place(placeOf(m_path)), m_folder(m_place.folder) {
     FileRights::refuseUnlessWritable(m_path);
-    m_file = opened(openedAs(O_RDONLY));
+    int looks = 0;
+    const auto attempt = [&] {
+        try {
+            return hold(part);
+        } catch (const RuntimeFailure& failure) {
+            // Another run has it open for writing just before it keeps all others from opening it.
+            if (failure.reason() != RuntimeFailure::Reason::inUse || ++looks == mostBusyLooks) throw;
+            return false;
+        }
+    };
+    untilReleased(attempt, patience == Patience::usual ? usualPatience : std::chrono::milliseconds(0));
+}
+
+// False if another program has the file for itself now, or has just replaced it.
+bool Change::hold(Part part) {
+    m_file = Handle();
+    m_file = Handle(openedAs(O_RDONLY));
+    if (!m_file.isOpen() && errno != EWOULDBLOCK) failWithErrno();
+    if (!m_file.isOpen() || !lock()) return false;
     m_lease = takeLease(m_file) ? F_RDLCK : F_UNLCK;
-    if (part == Part::end && m_lease == F_RDLCK) holdAlone();
+    if (part == Part::end && m_lease == F_RDLCK && !holdAlone()) return false;
     m_before = infoOf(m_file);
     if (!S_ISREG(m_before.st_mode)) throw RuntimeFailure(RuntimeFailure::pathAccess);
-    // The file will have a hidden name for a moment: the lock keeps other runs of the program from sweeping
-    // it away.
-    flock(m_file.number(), LOCK_SH | LOCK_NB);
+    struct stat named {};
+    return m_folder.stat(m_place.name, named) && isSameFile(named, m_before);
+}
+
+// Runs of this program change a file one after the other. The file will also have a hidden name for a moment:
+// the lock keeps others from sweeping it away. False if another one has the file; where there are no locks,
+// nothing can be done.
+bool Change::lock() const {
+    if (flock(m_file.number(), LOCK_EX | LOCK_NB) == 0) return true;
+    if (errno == EWOULDBLOCK) return false;
+    flock(m_file.number(), LOCK_SH | LOCK_NB); // all that some file servers offer for a file open for reading
+    return true;
 }
 
 int Change::openedAs(int flags) const {
@@ -49,17 +77,15 @@ int Change::openedAs(int flags) const {
     });
 }
 
-// Only who has a file open alone can keep all others from opening it.
-void Change::holdAlone() {
+// Only who has a file open alone can keep all others from opening it. False as in hold().
+bool Change::holdAlone() {
     m_file = Handle();
     m_file = Handle(openedAs(O_RDWR));
     if (m_file.isOpen() && holdUpOthers(m_file)) {
         m_lease = F_WRLCK;
-        return;
+        return lock();
     }
-    m_file = Handle();
-    m_file = opened(openedAs(O_RDONLY));
-    m_lease = takeLease(m_file) ? F_RDLCK : F_UNLCK;
+    return hold(Part::any);
 }
 
 // Whether no other program has opened the file for writing, or is waiting to. One that waits to read leaves a

@@ -73,15 +73,6 @@ private slots:
         QCOMPARE(read("a.gb"), QByteArray("first"));
         expectNames({QStringLiteral("a.gb")});
     }
-    void of_two_changes_at_once_the_first_commit_wins() {
-        const Change one(at("a.gb"));
-        const Change other(at("a.gb"));
-        other.commit({"other"});
-        QCOMPARE(commitFailure(one), number(RuntimeFailure::permissionDenied));
-        QCOMPARE(read("a.gb"), QByteArray("other"));
-        expectNames({QStringLiteral("a.gb")});
-    }
-
     void what_another_program_does_meanwhile_is_never_overwritten_data() {
         QTest::addColumn<QString>("deed");
         QTest::addColumn<QByteArray>("after");
@@ -163,13 +154,13 @@ private slots:
         QCOMPARE(writer.end(), 0);
         QCOMPARE(read("a.gb"), QByteArray("OTHERr"));
     }
-    void a_file_that_another_program_holds_open_for_writing_is_refused_at_once_data() {
+    void a_file_that_another_program_holds_open_for_writing_is_refused_data() {
         QTest::addColumn<int>("flags");
         QTest::newRow("writing") << O_WRONLY;
         QTest::newRow("reading and writing") << O_RDWR;
         QTest::newRow("appending") << (O_WRONLY | O_APPEND);
     }
-    void a_file_that_another_program_holds_open_for_writing_is_refused_at_once() {
+    void a_file_that_another_program_holds_open_for_writing_is_refused() {
         QFETCH(int, flags);
         OtherProgram writer([&] {
             if (open(folder->native("a.gb").constData(), flags) < 0) _exit(1);
