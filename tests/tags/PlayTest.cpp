@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // play, with scripts as emulators.
 #include "TagsProgram.h"
+#include "platform/base/SystemCalls.h"
 #include "support/Archive.h"
 #include "support/Failing.h"
 #include "support/TestMain.h"
@@ -170,6 +171,8 @@ private slots:
     void what_a_killed_command_has_left_is_removed_once_its_game_has_ended() {
         emulate(": >" + folder() + "/ready\nread line <" + folder() + "/go");
         QCOMPARE(mkfifo((folder() + "/go").constData(), 0600), 0);
+        Handle gate(
+            open((folder() + "/go").constData(), O_RDWR | O_CLOEXEC)); // the game runs while it is open
         writeArchive(program->folder.path(u"home/roms/a.zip"_s), {{u"b.gb"_s, "b"}});
         program->folder.write(u"home/ziptemp/play-x/kept"_s, "of an archive");
         const pid_t child =
@@ -181,7 +184,7 @@ private slots:
         writeArchive(program->folder.path(u"none.zip"_s), {{u"n.txt"_s, "n"}});
         program->runHere({"play", "none.zip"});
         QCOMPARE(program->folder.entries(u"home/ziptemp"_s), (QStringList{left, u"play-x"_s}));
-        close(open((folder() + "/go").constData(), O_WRONLY)); // the game ends
+        gate = Handle();
         QTRY_COMPARE((program->runHere({"play", "none.zip"}), program->folder.entries(u"home/ziptemp"_s)),
                      QStringList{u"play-x"_s});
     }
