@@ -145,6 +145,16 @@ private slots:
         QVERIFY(deep.output.contains("missing"));
         QVERIFY(!deep.output.contains("unknown\ta.zip\ta.gb"));
     }
+    void a_member_that_nobody_can_read_is_not_claimed_by_its_directory() {
+        writeArchive(program->folder.path(u"a.zip"_s), {{u"a.gb"_s, image('a')}});
+        QByteArray bytes = program->folder.read(u"a.zip"_s);
+        bytes[bytes.indexOf("PK\x01\x02") + 8] |= 1; // encrypted
+        write("a.zip", bytes);
+        writeList(game("A", image('a')));
+        const ProgramRun result = run({"a.zip"});
+        QCOMPARE(result.errors, QByteArray("torvane-tags: a.zip: a.gb: it is encrypted\n"));
+        QVERIFY(!result.output.contains("matched"));
+    }
     void members_are_unpacked_where_the_directory_is_not_enough() {
         writeArchive(program->folder.path(u"a.zip"_s), {{u"tagged.gb"_s, tagged(image('a'))},
                                                         {u"saved.gb"_s, tagged(image('b') + "\r\n")},
