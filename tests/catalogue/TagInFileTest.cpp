@@ -47,6 +47,17 @@ class TagInFileTest : public FileFixture {
 private slots:
     void init() { renewFolder(); }
 
+    // As after the content has been exchanged by a program that keeps the time.
+    void a_remembered_place_without_a_marker_is_not_believed() {
+        QCOMPARE(inFile(bytes("rom#c$t$d$i$3$")), QByteArray("3"));
+        makeOld("a.gb");
+        const Handle remembered(open(folder->native("a.gb").constData(), O_RDWR));
+        TagInFile::rememberMarker(remembered, 3);
+        QCOMPARE(pwrite(remembered.number(), bytes("game#c$t$d$i$4").constData(), 20, 0), ssize_t{20});
+        makeOld("a.gb");
+        QCOMPARE(TagInFile::keptLength(remembered), std::optional<qint64>(4));
+    }
+
     void a_short_file_is_parsed_as_in_memory_data() {
         QTest::addColumn<QByteArray>("text");
         for (const char* text : {"",
