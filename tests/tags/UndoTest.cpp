@@ -197,7 +197,7 @@ private slots:
         QCOMPARE(games(), before);
     }
     void a_change_that_was_never_made_is_not_done_again() {
-        write("short.gb", QByteArray(100, 's'));
+        write("short.gb", QByteArray(2048, 's'));
         const QByteArray old = read("a.gb");
         failToWrite({"set", "a.gb", "short.gb", "--title", "Two", "--company", "C", "--info", "I"});
         runWell({"undo"});
