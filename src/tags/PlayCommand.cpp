@@ -33,14 +33,22 @@ void report(const QByteArray& emulator, const char* reason, int status, Session&
     session.reports().fault(emulator, reason);
     session.setStatus(status);
 }
+
+// As a shell tells what is there and can't be run from what is missing.
+void reportUnstarted(const QByteArray& emulator, Session& session) {
+    struct stat info {};
+    if (stat(emulator.constData(), &info) == 0)
+        return report(emulator, "it can't be run", EmulatorProcess::notExecutable, session);
+    report(emulator, "it is no program", EmulatorProcess::notFound, session);
+}
 } // namespace
 
 QByteArray PlayCommand::help() const {
     return "GAME [MEMBER]\n"
            "Runs a game in the emulator and ends with the emulator's exit status: 128 and\n"
-           "the number of a signal that has killed it, 127 if it is missing. GAME is a\n"
-           "file, or the name of one in the library. Of an archive its only game is\n"
-           "played, or the MEMBER.\n";
+           "the number of a signal that has killed it, 126 if it can't be run, 127 if it\n"
+           "is missing. GAME is a file, or the name of one in the library. Of an archive\n"
+           "its only game is played, or the MEMBER.\n";
 }
 
 QByteArray PlayCommand::faultOf(const Arguments& given) const {
@@ -86,7 +94,7 @@ void PlayCommand::start(const QString& path, const Globals& globals, Session& se
     ShellAndClose(process, [&] {
         return screenshotFolder(settings, globals).value();
     }).play(emulators.EmulatorCommand, path);
-    if (!process.status()) return report(emulator, "it is no program", EmulatorProcess::notFound, session);
+    if (!process.status()) return reportUnstarted(emulator, session);
     if (!process.hasStarted()) return report(emulator, "it can't be run", *process.status(), session);
     session.setStatus(*process.status());
 }

@@ -33,17 +33,6 @@ void requireSeen(const Handle& file, const TagEdits::State& seen) {
 std::optional<EndChanges::End> endOf(const Handle& file, const std::optional<TagLine::Fields>& tag) {
     return tag ? std::optional(TagEnds::withTag(file, *tag)) : TagEnds::withoutTag(file);
 }
-
-// The old end of a game that ends with the new one; nothing if it has the old end already.
-std::optional<EndChanges::End> oldEnd(const Handle& file, const UndoEntry& entry) {
-    const qint64 count = infoOf(file).st_size - entry.start;
-    const qint64 longest = std::max(entry.before.size(), entry.after.size());
-    const QByteArray found = count < 0 || count > longest ? QByteArray() : bytesOf(file, entry.start, count);
-    if (count == entry.after.size() && found == entry.after)
-        return EndChanges::End{entry.start, entry.before};
-    if (count == entry.before.size() && found == entry.before) return std::nullopt;
-    failAsChanged();
-}
 } // namespace
 
 TagEdits::TagEdits(Mode mode, Session& session)
@@ -74,24 +63,14 @@ bool TagEdits::hasTag(const GameFile& game) const {
 }
 
 void TagEdits::add(const TagEdit& edit, const State& seen) {
-    change(edit.game, [tag = edit.tag, seen](const Handle& file) {
+    if (isRehearsal()) return;
+    Waiting one{edit.game.name, {}};
+    stat(edit.game.path.constData(), &one.info);
+    m_waiting.push_back(one);
+    m_changes.add(Paths::spelled(edit.game.path), [tag = edit.tag, seen](const Handle& file) {
         requireSeen(file, seen);
         return endOf(file, tag);
     });
-}
-
-void TagEdits::putBack(const UndoEntry& entry) {
-    m_session.sweepBeside(entry.path);
-    m_putsBack = true;
-    change({entry.path, entry.path}, [entry](const Handle& file) { return oldEnd(file, entry); });
-}
-
-void TagEdits::change(const GameFile& game, const EndChanges::Decide& decide) {
-    if (isRehearsal()) return;
-    Waiting one{game.name, {}};
-    stat(game.path.constData(), &one.info);
-    m_waiting.push_back(one);
-    m_changes.add(Paths::spelled(game.path), decide);
     if (m_waiting.size() == Arrival::largestBatch) finish();
 }
 
@@ -101,10 +80,6 @@ void TagEdits::finish() {
         const auto& failure = results[i].failure;
         if (results[i].isDone) m_undo.confirm();
         if (!failure) continue;
-        if (m_putsBack && failure->reason() == RuntimeFailure::Reason::changed) {
-            m_session.reports().fault(m_waiting[i].name, "it was changed after the last run");
-            continue;
-        }
         // The file of the undo may be at fault.
         const bool isOther = !failure->file().isEmpty() && failure->file() != results[i].path;
         const QByteArray other = isOther ? ": " + NativeText::toNative(failure->file()) : QByteArray();

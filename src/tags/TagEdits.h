@@ -42,9 +42,6 @@ public:
     /// game, which then is as it was. So is a game that is no longer in the state that the edit was made for:
     /// another program has saved it meanwhile.
     void add(const TagEdit& edit, const State& seen);
-    /// Puts the old end of a game back in the same way, unless another program has changed it since. Nothing
-    /// if it is there already.
-    void putBack(const UndoEntry& entry);
     /// Ends all changes that were added.
     void finish();
 
@@ -56,7 +53,6 @@ private:
         struct stat info;
     };
     bool isWaiting(const QByteArray& path) const;
-    void change(const GameFile& game, const EndChanges::Decide& decide);
     void keep(const EndChanges::Results& next);
 
     Mode m_mode;
@@ -64,7 +60,6 @@ private:
     UndoFile m_undo;
     bool m_canUndo;
     bool m_hasWarned = false; // that this run can't be undone
-    bool m_putsBack = false;  // old ends, for an undo
     EndChanges m_changes;
     std::vector<Waiting> m_waiting;
 };

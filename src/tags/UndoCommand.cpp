@@ -1,25 +1,45 @@
 // SPDX-License-Identifier: MIT
-// The old ends are put back where the new ones still are.
+// The rehearsal, which looks at the games as the undo does.
 #include "UndoCommand.h"
 #include "ChangeRows.h"
-#include "TagEdits.h"
-#include "UndoFile.h"
+#include "Session.h"
+#include "UndoRun.h"
 
 namespace torvane {
 
 namespace {
-// The latest change first, since a game may have been changed twice.
-void undoAll(UndoLog& log, TagEdits& edits, Session& session, RowWriter* rows) {
-    session.reports().begin(log.count());
-    for (auto entries = log.next(); !entries.empty() && !session.isOver(); entries = log.next()) {
-        for (const UndoEntry& entry : entries) {
-            if (session.isOver()) break;
-            if (rows != nullptr) rows->add({Field::ofName(entry.path)});
-            edits.putBack(entry);
-            session.reports().step();
-        }
+struct Rehearsal {
+    RowWriter& rows;
+    UndoFaults faults = {};
+    std::set<QByteArray> games = {}; // that will have their old ends
+};
+
+// An earlier change of a game begins where a later one will have been taken back.
+void rehearse(const UndoLog::Place& place, const UndoEntry& entry, Rehearsal& rehearsal) {
+    const QByteArray name = UndoFaults::nameOf(entry.path);
+    if (rehearsal.games.count(name) > 0) return;
+    try {
+        const SafeFile::Change game(Paths::spelled(entry.path));
+        if (UndoRun::oldEnd(game.file(), entry)) rehearsal.rows.add({Field::ofName(entry.path)});
+        rehearsal.faults.clear(entry.path);
+        rehearsal.games.insert(name);
+    } catch (const RuntimeFailure& failure) {
+        rehearsal.faults.add(place, entry.path, failure);
     }
+}
+
+void rehearseAll(const QByteArray& path, Session& session, RowWriter& rows) {
+    const UndoLog log(path);
+    Rehearsal rehearsal{rows};
+    session.reports().begin(log.count());
+    log.visitBackwards([&](const UndoLog::Place& place, const UndoEntry& entry) {
+        if (session.isOver()) return false;
+        rehearse(place, entry, rehearsal);
+        session.reports().step();
+        return true;
+    });
     session.reports().end();
+    rehearsal.faults.report(session.reports());
 }
 } // namespace
 
@@ -27,8 +47,10 @@ std::vector<OptionForm> UndoCommand::options() const { return ChangeRows::option
 
 QByteArray UndoCommand::help() const {
     return "[OPTION]...\n"
-           "Takes back what the last command has written to games. A game that has been\n"
-           "changed since stays as it is. A second undo does it all again.\n"
+           "Takes back what the last command has written to games, and what others have\n"
+           "that were at work at the same time. A game that has been changed since stays\n"
+           "as it is. After an interruption the next undo goes on. Once all was taken\n"
+           "back, a second undo does it all again.\n"
            "\n" +
            ChangeRows::help();
 }
@@ -38,21 +60,17 @@ QByteArray UndoCommand::faultOf(const Arguments& given) const {
 }
 
 void UndoCommand::run(const Arguments& given, Session& session) {
-    const QByteArray path = UndoFile::pathIn(session.backups());
+    const QByteArray path = UndoFolder::last(session.backups());
     struct stat info {};
     if (stat(path.constData(), &info) != 0 && errno == ENOENT) {
         return session.reports().refusal("there is no run to undo");
     }
-    std::unique_ptr<RowWriter> rows;
-    if (given.has("--dry-run"))
-        rows = RowFormat::writer(given, RowFormat::Plain::table, {{"file"}}, session.output());
     session.attempt(path, [&] {
-        UndoLog log(path);
-        TagEdits edits(ChangeRows::modeOf(given), session);
-        undoAll(log, edits, session, rows.get());
-        edits.finish();
+        if (ChangeRows::modeOf(given) != TagEdits::Mode::rehearsal) return UndoRun(session).run();
+        const auto rows = RowFormat::writer(given, RowFormat::Plain::table, {{"file"}}, session.output());
+        rehearseAll(path, session, *rows);
+        rows->finish();
     });
-    if (rows) rows->finish();
 }
 
 } // namespace torvane

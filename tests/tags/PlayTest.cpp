@@ -6,6 +6,8 @@
 #include "support/Failing.h"
 #include "support/TestMain.h"
 
+#include <pty.h>
+
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
@@ -92,8 +94,6 @@ private slots:
     }
     void a_missing_emulator_is_127() {
         const QByteArray emulator = folder() + "/home/emuladores/emu.sh";
-        program->folder.setMode(u"home/emuladores/emu.sh"_s, 0644);
-        refuses({"a.gb"}, emulator + ": it is no program", 127);
         QVERIFY(QFile::remove(program->folder.path(u"home/emuladores/emu.sh"_s)));
         refuses({"a.gb"}, emulator + ": it is no program", 127);
         program->folder.write(u"home/emuladores/emus.dat"_s, "no sign");
@@ -105,6 +105,11 @@ private slots:
         program->folder.write(u"home/emuladores/emu.sh"_s, "no program at all");
         const QByteArray emulator = folder() + "/home/emuladores/emu.sh";
         refuses({"a.gb"}, emulator + ": it can't be run", 126);
+        program->folder.setMode(u"home/emuladores/emu.sh"_s, 0644); // as in a shell: it is there
+        refuses({"a.gb"}, emulator + ": it can't be run", 126);
+        QVERIFY(QFile::remove(program->folder.path(u"home/emuladores/emu.sh"_s)));
+        program->folder.makeFolder(u"home/emuladores/emu.sh"_s);
+        refuses({"a.gb"}, emulator + ": it can't be run", 126);
     }
 
     // Signals
@@ -114,6 +119,22 @@ private slots:
         QCOMPARE(statusAfter(SIGINT), 7);
         QVERIFY(QFile::remove(program->folder.path(u"ready"_s)));
         QCOMPARE(statusAfter(SIGTERM), 7);
+    }
+    // A terminal sends its signal to all: passed on, it would come twice.
+    void a_signal_of_the_terminal_reaches_the_emulator_once() {
+        emulate("count=0\ntrap 'count=$((count + 1))' INT\n: >" + folder() +
+                "/ready\nfor i in 1 2 3 4 5 6 7 8 9 10; do sleep 0.05; done\nexit $count");
+        int terminal = -1;
+        const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+        if (child == 0) {
+            // The program takes the place of this child, which leads the terminal's group.
+            program->become({"--folder", "home", "play", "a.gb"});
+        }
+        QVERIFY(child > 0);
+        QTRY_VERIFY(program->folder.entries().contains(u"ready"_s));
+        QCOMPARE(::write(terminal, "\x03", 1), ssize_t(1)); // Ctrl+C
+        QCOMPARE(TagsProgram::endOf(child), 1);
+        close(terminal);
     }
     void an_emulator_that_takes_no_notice_of_a_signal_plays_on() {
         emulate("trap '' INT\n: >" + folder() + "/ready\nsleep 0.3; exit 5");

@@ -136,6 +136,47 @@ private slots:
         QCOMPARE(program->runHere({"undo"}).status, 0);
         QCOMPARE(read("b.gb"), before);
     }
+    void runs_that_overlap_are_undone_together() {
+        const QByteArray oldA = read("a.gb");
+        const QByteArray oldB = read("b.gb");
+        write("c.gb", taggedGame("C"));
+        std::optional<Work> one(std::in_place, *program);
+        std::optional<Work> two(std::in_place, *program);
+        const auto set = [this](std::optional<Work>& work, const char* name, const QByteArray& title) {
+            work->title(game(name), work->look(game(name)), title);
+            QCOMPARE(work->end(), QByteArray());
+        };
+        set(one, "a.gb", "One");
+        set(two, "a.gb", "LongerTwo");
+        set(two, "b.gb", "Two");
+        one.reset();
+        set(two, "c.gb", "Two"); // the log still belongs to a run at work
+        std::optional<Work> three(std::in_place, *program);
+        set(three, "a.gb", "3");
+        two.reset();
+        three.reset();
+        const std::array<QByteArray, 3> after{read("a.gb"), read("b.gb"), read("c.gb")};
+        for (int i = 0; i < 3; ++i) {
+            const ProgramRun run = program->runHere({"undo"});
+            QCOMPARE(run.errors, QByteArray());
+            QCOMPARE(run.status, 0);
+            QCOMPARE(read("a.gb"), i == 1 ? after[0] : oldA);
+            QCOMPARE(read("b.gb"), i == 1 ? after[1] : oldB);
+            QCOMPARE(read("c.gb"), i == 1 ? after[2] : taggedGame("C"));
+        }
+    }
+    void a_run_that_begins_after_the_end_of_another_one_is_undone_alone() {
+        {
+            Work one(*program);
+            one.title(game("a.gb"), one.look(game("a.gb")), "One");
+            QCOMPARE(one.end(), QByteArray());
+        }
+        const QByteArray between = read("a.gb");
+        QCOMPARE(program->runHere({"set", "b.gb", "--title", "Two"}).status, 0);
+        QCOMPARE(program->runHere({"undo"}).status, 0);
+        QCOMPARE(read("a.gb"), between);
+        QCOMPARE(read("b.gb"), taggedGame("Other"));
+    }
     void a_short_game_is_compared_whole() {
         write("a.gb", "short");
         Work work(*program);

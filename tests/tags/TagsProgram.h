@@ -41,6 +41,10 @@ public:
         if (child != 0) return child;
         dup2(output, STDOUT_FILENO);
         dup2(errors, STDERR_FILENO);
+        become(arguments);
+    }
+    /// Replaces this process, a child of the test, by the program.
+    [[noreturn]] void become(const QByteArrayList& arguments) const {
         if (chdir(folder.native("").constData()) != 0) _exit(98);
         prepare();
         std::vector<char*> words{const_cast<char*>("torvane-tags")};
