@@ -26,7 +26,7 @@ const char* wordsFor(UnZip::Reason reason) {
     return "";
 }
 constexpr int mostTries = 100;
-const QString folderPrefix = QStringLiteral(".play-"); // no archive of the window has such a folder
+const QString folderPrefix = QStringLiteral("torvane-play-"); // as hardly any archive is called
 
 Handle openedFolder(const QByteArray& path, int flags = 0) {
     return Handle(open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | flags));

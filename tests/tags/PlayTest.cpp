@@ -195,19 +195,19 @@ private slots:
         Handle gate(
             open((folder() + "/go").constData(), O_RDWR | O_CLOEXEC)); // the game runs while it is open
         writeArchive(program->folder.path(u"home/roms/a.zip"_s), {{u"b.gb"_s, "b"}});
-        program->folder.write(u"home/ziptemp/.play-x/kept"_s, "of an archive");
+        program->folder.write(u"home/ziptemp/torvane-play-x/kept"_s, "of an archive");
         const pid_t child =
             program->start({"--folder", "home", "play", "a.zip"}, STDOUT_FILENO, STDERR_FILENO);
         QTRY_VERIFY(program->folder.entries().contains(u"ready"_s));
         kill(child, SIGKILL);
         QCOMPARE(TagsProgram::endOf(child), 137);
-        const QString left = u".play-%1"_s.arg(child);
+        const QString left = u"torvane-play-%1"_s.arg(child);
         writeArchive(program->folder.path(u"none.zip"_s), {{u"n.txt"_s, "n"}});
         program->runHere({"play", "none.zip"});
-        QCOMPARE(program->folder.entries(u"home/ziptemp"_s), (QStringList{left, u".play-x"_s}));
+        QCOMPARE(program->folder.entries(u"home/ziptemp"_s), (QStringList{left, u"torvane-play-x"_s}));
         gate = Handle();
         QTRY_COMPARE((program->runHere({"play", "none.zip"}), program->folder.entries(u"home/ziptemp"_s)),
-                     QStringList{u".play-x"_s});
+                     QStringList{u"torvane-play-x"_s});
     }
 };
 
