@@ -20,7 +20,7 @@ QByteArray GameFiles::found(const QByteArray& name, const QByteArray& library) {
     struct stat info {};
     if (isAt(name, info)) return name;
     const int error = errno;
-    const QByteArray inLibrary = withSlash(library) + name;
+    QByteArray inLibrary = withSlash(library) + name;
     if (!name.startsWith('/') && isAt(inLibrary, info)) return inLibrary;
     throw RuntimeFailure::fromErrno(error);
 }

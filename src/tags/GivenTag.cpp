@@ -114,7 +114,7 @@ GivenTag GivenTag::of(const TagLine::Fields& fields) {
 QByteArray GivenTag::fault() const {
     for (const FieldPair& pair : pairs) {
         const std::optional<QByteArray>& given = this->*pair.given;
-        const QByteArray fault = given ? faultOfField(pair.name, *given) : QByteArray();
+        QByteArray fault = given ? faultOfField(pair.name, *given) : QByteArray();
         if (!fault.isEmpty()) return fault;
     }
     return {};

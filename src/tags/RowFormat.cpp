@@ -12,6 +12,7 @@ std::vector<OptionForm> options() { return {{"--json"}, {"--tsv"}}; }
 
 std::unique_ptr<RowWriter> writer(const Arguments& given, Plain plain, const Columns& columns,
                                   Output& output) {
+    // Clang 14 can't compile reversed views. NOLINTNEXTLINE(modernize-loop-convert)
     for (auto option = given.options.rbegin(); option != given.options.rend(); ++option) {
         if (option->name == "--json") return std::make_unique<JsonRows>(columns, output);
         if (option->name == "--tsv") return std::make_unique<TsvRows>(columns, output);
