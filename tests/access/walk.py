@@ -99,6 +99,9 @@ class Walk:
     def _fault_of(self, part, window):
         words = part.get_name().strip()
         if not words:
+            time.sleep(0.5)  # the program may be about to write the words
+            words = part.get_name().strip()
+        if not words:
             return "has no name"
         if words in self.catalogue[window]:
             return "is named like the catalogue"

@@ -5,8 +5,10 @@
 #include "support/TestMain.h"
 #include "tags/Reports.h"
 
+#include <array>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <thread>
@@ -20,9 +22,16 @@ class OutputTest : public QObject {
     int terminal = -1;
     int program = -1;
 
+    // The system brings what was written to the other end in pieces, a moment later.
     QByteArray onTerminal() const {
-        QByteArray shown(100000, '\0');
-        shown.resize(std::max<ssize_t>(0, read(terminal, shown.data(), 100000)));
+        QByteArray shown;
+        std::array<char, 1000> piece{};
+        pollfd awaited{terminal, POLLIN, 0};
+        while (poll(&awaited, 1, 20) == 1) {
+            const ssize_t count = read(terminal, piece.data(), piece.size());
+            if (count <= 0) break;
+            shown.append(piece.data(), count);
+        }
         return shown;
     }
 
