@@ -129,9 +129,8 @@ private slots:
         reports.begin(4);
         std::this_thread::sleep_for(550ms); // the time is what is tested
         reports.step();
+        reports.step(); // it is not drawn for every file
         QCOMPARE(onTerminal(), "\r[" + QByteArray(10, '#') + QByteArray(30, '.') + "]  25 %");
-        reports.step();
-        QCOMPARE(onTerminal(), QByteArray()); // not for every file
         reports.end();
         QCOMPARE(onTerminal(), QByteArray("\r\x1B[K"));
     }
