@@ -2,6 +2,7 @@
 // Messages and the progress bar.
 #include "Reports.h"
 #include "core/FailureTexts.h"
+#include "platform/base/NativeText.h"
 #include "platform/base/Printable.h"
 #include "platform/base/SystemCalls.h"
 
@@ -52,6 +53,11 @@ void Reports::fault(const QByteArray& name, const QByteArray& reason) {
 
 void Reports::fault(const QByteArray& name, const RuntimeFailure& failure) {
     fault(name, inEnglish(failure));
+}
+
+void Reports::fault(const QByteArray& name, const QString& path, const RuntimeFailure& failure) {
+    const bool isOther = !failure.file().isEmpty() && failure.file() != path;
+    fault(isOther ? name + ": " + NativeText::toNative(failure.file()) : name, failure);
 }
 
 void Reports::begin(int total) {

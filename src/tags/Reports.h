@@ -24,6 +24,9 @@ public:
     void fault(const QByteArray& name, const QByteArray& reason);
     /// The same for a failure, in English.
     void fault(const QByteArray& name, const RuntimeFailure& failure);
+    /// The same for work on the file at a spelled path that needs other files, too: if one of those is at
+    /// fault, it is named as well.
+    void fault(const QByteArray& name, const QString& path, const RuntimeFailure& failure);
     /// Reports that all of the work is refused; the reason is given without a line end.
     void refusal(const QByteArray& reason);
     /// Prints what the user has to know although nothing went wrong; given without a line end.

@@ -6,7 +6,6 @@
 #include "catalogue/TagInFile.h"
 #include "platform/base/Arrival.h"
 #include "platform/base/File.h"
-#include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 
 #include <algorithm>
@@ -79,11 +78,7 @@ void TagEdits::finish() {
     for (size_t i = 0; i < results.size(); ++i) {
         const auto& failure = results[i].failure;
         if (results[i].isDone) m_undo.confirm();
-        if (!failure) continue;
-        // The file of the undo may be at fault.
-        const bool isOther = !failure->file().isEmpty() && failure->file() != results[i].path;
-        const QByteArray other = isOther ? ": " + NativeText::toNative(failure->file()) : QByteArray();
-        m_session.reports().fault(m_waiting[i].name + other, *failure);
+        if (failure) m_session.reports().fault(m_waiting[i].name, results[i].path, *failure);
     }
     m_waiting.clear();
 }

@@ -2,7 +2,6 @@
 // Faults by game.
 #include "UndoFaults.h"
 #include "platform/base/Folder.h"
-#include "platform/base/NativeText.h"
 #include "platform/base/Paths.h"
 
 namespace torvane {
@@ -35,14 +34,10 @@ std::set<UndoLog::Place> UndoFaults::changes() const {
 void UndoFaults::report(Reports& reports) const {
     for (const auto& [name, fault] : m_games) {
         const RuntimeFailure& failure = fault.failure;
-        if (failure.reason() == RuntimeFailure::Reason::changed) {
+        if (failure.reason() == RuntimeFailure::Reason::changed)
             reports.fault(fault.path, "it was changed after the last run");
-            continue;
-        }
-        // The file of the undo may be at fault.
-        const bool isOther = !failure.file().isEmpty() && failure.file() != Paths::spelled(fault.path);
-        const QByteArray other = isOther ? ": " + NativeText::toNative(failure.file()) : QByteArray();
-        reports.fault(fault.path + other, failure);
+        else
+            reports.fault(fault.path, Paths::spelled(fault.path), failure);
     }
 }
 
