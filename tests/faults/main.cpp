@@ -106,18 +106,20 @@ private:
         failPowerIn(situations(uneven, everyStanding), m_isLong);
         failPowerIn(situations(32 * kibibyte, m_isLong ? everyStanding : onlyLonger), false);
         failPowerIn(batches(kibibyte, m_isLong ? everyStanding : extremes, false), false);
-        failPowerIn(homes(m_isLong ? everyStanding : onlyLonger, false), m_isLong);
+        failPowerIn(homes(m_isLong ? everyStanding : onlyLonger, false), false);
         if (!m_isLong) return;
-        failPowerIn(homes(extremes, true), false);
+        failPowerAfterFaultsIn(homes(onlyLonger, false)); // several thousand states after each fault
+        failPowerIn(homes(onlyLonger, true), false);
         failPowerIn(situations(4 * kibibyte, everyStanding), false);
         failPowerIn(batches(kibibyte, extremes, true), false);
     }
 
     void failPowerIn(const std::vector<Situation>& all, bool alsoAfterFaults) {
-        for (const Situation& situation : all) {
-            failPower(m_workshop, m_tally, situation);
-            if (alsoAfterFaults) failPowerAfterFaults(m_workshop, m_tally, situation);
-        }
+        for (const Situation& situation : all) failPower(m_workshop, m_tally, situation);
+        if (alsoAfterFaults) failPowerAfterFaultsIn(all);
+    }
+    void failPowerAfterFaultsIn(const std::vector<Situation>& all) {
+        for (const Situation& situation : all) failPowerAfterFaults(m_workshop, m_tally, situation);
     }
 
     void kills() {
