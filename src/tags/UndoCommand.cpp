@@ -4,6 +4,7 @@
 #include "ChangeRows.h"
 #include "Session.h"
 #include "UndoRun.h"
+#include "platform/base/Paths.h"
 
 namespace torvane {
 
