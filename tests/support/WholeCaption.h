@@ -30,8 +30,7 @@ public:
         QPainter painter(&paper);
         painter.translate(margin, margin);
         painter.setFont(control.font());
-        painter.drawText(control.rect().translated(control.inset(), 0), drawnLike(control.alignment()),
-                         control.Caption());
+        painter.drawText(control.textPlace(), drawnLike(control.alignment()), control.Caption());
         painter.fillRect(shownPart(control), Qt::white);
         painter.end();
         return isBlank(paper);

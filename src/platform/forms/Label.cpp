@@ -10,6 +10,27 @@
 
 namespace torvane {
 
+namespace {
+QString withLineSeparators(QString text) {
+    return text.replace(QStringLiteral("\r\n"), QString(QChar::LineSeparator));
+}
+
+// Lines of that width in pixels, their tops that many pixels apart.
+void layOut(QTextLayout& layout, int width, int pitch, Qt::Alignment align) {
+    QTextOption option(align);
+    option.setWrapMode(QTextOption::WordWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (int y = 0;; y += pitch) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) break;
+        line.setLineWidth(width);
+        line.setPosition(QPointF(0, y));
+    }
+    layout.endLayout();
+}
+} // namespace
+
 Label::Label(QWidget& parent, const char* name, const DesignRect& rect, const Look& look)
     : Control(parent, name, rect), m_caption(QString::fromUtf8(look.caption)), m_fore(look.fore),
       m_back(look.back), m_align(look.align), m_transparent(look.transparent), m_wrapWidth(width()) {
@@ -65,31 +86,33 @@ void Label::paintEvent(QPaintEvent*) {
     if (m_caption.isEmpty()) return;
     painter.setPen(Colours::toQColor(m_fore));
     if (m_linePitch > 0) return drawAtPitch(painter);
-    painter.drawText(QRect(inset(), 0, m_wrapWidth, height()),
-                     static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
+    painter.drawText(textPlace(), static_cast<int>(m_align | Qt::AlignTop) | Qt::TextWordWrap, m_caption);
 }
 
-int Label::inset() const {
-    if (m_caption.isEmpty() || m_align != Qt::AlignLeft) return 0;
-    return std::max(0, -QFontMetrics(font()).leftBearing(m_caption.front()));
+QRect Label::textPlace() const {
+    const int inset = m_align == Qt::AlignLeft ? overhang() : 0;
+    return {inset, 0, m_wrapWidth - inset, height()};
+}
+
+// How far the first letter of any line reaches to the left of its place, in pixels.
+int Label::overhang() const {
+    const QFontMetrics metrics(font());
+    const QString text = withLineSeparators(m_caption);
+    QTextLayout layout(text, font());
+    int most = 0;
+    layOut(layout, m_wrapWidth, metrics.lineSpacing(), Qt::AlignLeft);
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const int first = layout.lineAt(i).textStart();
+        if (first < text.size()) most = std::max(most, -metrics.leftBearing(text[first]));
+    }
+    return most;
 }
 
 void Label::drawAtPitch(QPainter& painter) const {
-    QString text = m_caption;
-    text.replace(QStringLiteral("\r\n"), QString(QChar::LineSeparator));
-    QTextOption option(m_align);
-    option.setWrapMode(QTextOption::WordWrap);
-    QTextLayout layout(text, painter.font());
-    layout.setTextOption(option);
-    layout.beginLayout();
-    for (int y = 0;; y += m_linePitch) {
-        QTextLine line = layout.createLine();
-        if (!line.isValid()) break;
-        line.setLineWidth(m_wrapWidth);
-        line.setPosition(QPointF(0, y));
-    }
-    layout.endLayout();
-    layout.draw(&painter, QPointF());
+    const QRect place = textPlace();
+    QTextLayout layout(withLineSeparators(m_caption), painter.font());
+    layOut(layout, place.width(), m_linePitch, m_align);
+    layout.draw(&painter, place.topLeft());
 }
 
 void Label::mousePressEvent(QMouseEvent* event) {

@@ -42,8 +42,9 @@ public:
     OleColour backColour() const { return m_back; }
     bool isShadow() const { return m_isShadow; }
 
-    /// How far to the right the text begins, in pixels: letters such as "J" reach to the left of their place.
-    int inset() const;
+    /// Where the text is drawn, in pixels: it begins further to the right if a line of it begins with a
+    /// letter, such as "J", that reaches to the left of its place.
+    QRect textPlace() const;
     /// Makes the label wider or narrower than its design; pixels.
     void setWidth(int pixels) { resize(pixels, height()); }
     /// Lays the lines of the text this far apart, from top to top, instead of as the font has it; pixels. For
@@ -66,6 +67,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    int overhang() const;
     void drawAtPitch(QPainter& painter) const;
 
     QString m_caption;

@@ -84,6 +84,23 @@ private slots:
         QVERIFY(drawn.height() > 25);
         QVERIFY(QRect(10, 10, 200, 40).contains(drawn));
     }
+    // Such as the "J" of many fonts, whose hook lies to the left of its place.
+    void a_letter_that_reaches_to_the_left_is_whole_at_the_beginning_of_any_line() {
+        QVERIFY(QFontMetrics(Fonts::of(Fonts::V8)).leftBearing(u'J') < 0);
+        const QRect hooked = ink({"J", Fonts::V8, Colours::white, Qt::AlignHCenter});
+        const QRect first = ink({"J", Fonts::V8, Colours::white});
+        const QRect second = ink({"\r\nJ", Fonts::V8, Colours::white});
+        QCOMPARE(first.size(), hooked.size());
+        QCOMPARE(second.size(), hooked.size());
+        QVERIFY(second.top() > first.bottom());
+    }
+    void such_a_letter_is_whole_where_lines_have_a_pitch() {
+        const QRect hooked = ink({"J", Fonts::V8, Colours::white, Qt::AlignHCenter});
+        Label label(*form, "label", place, {"i\r\nJ", Fonts::V8, Colours::white});
+        label.setLinePitch(20);
+        const QImage second = imageOf(*form).copy(0, place.top + 20, place.width, 20);
+        QCOMPARE(inkOf(second, back()).width(), hooked.width());
+    }
     void bold_and_size_of_the_font_are_seen() {
         const int plain = ink({"WWWW", Fonts::V8, Colours::white}).width();
         QVERIFY(ink({"WWWW", Fonts::V8b, Colours::white}).width() > plain);
