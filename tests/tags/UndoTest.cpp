@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The last run that wrote to games is undone, run as a user runs it.
 #include "TagsProgram.h"
+#include "platform/base/SystemCalls.h"
 #include "support/Failing.h"
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
