@@ -26,6 +26,9 @@ struct FoundGame {
 class FoundGames {
 public:
     void add(FoundGame game);
+    /// A file could not be read, or not all of it: what games there are is unknown.
+    void addUnread() { ++m_unread; }
+    int unread() const { return m_unread; }
     /// Compares an entry with all games by its strongest checksum and its size. False if none is it.
     bool match(const ListEntry& entry);
 
@@ -39,6 +42,7 @@ private:
     std::vector<size_t> gamesOf(const ListEntry& entry) const;
 
     std::vector<FoundGame> m_games;
+    int m_unread = 0;
     QMultiHash<QByteArray, Place> m_places; // by checksum
 };
 

@@ -33,7 +33,7 @@ void GameFiles::add(const QByteArray& operand) {
         m_sources.push_back({game, nullptr});
         ++m_count;
     } catch (const RuntimeFailure& failure) {
-        m_reports.fault(operand, failure);
+        report(operand, failure);
     }
 }
 
@@ -41,7 +41,7 @@ void GameFiles::addLibrary() {
     try {
         addFolder({QByteArray(), m_library});
     } catch (const RuntimeFailure& failure) {
-        m_reports.fault(m_library, failure);
+        report(m_library, failure);
     }
 }
 
@@ -51,6 +51,11 @@ void GameFiles::addFolder(const GameFile& folder) {
     const auto names = FolderNames::read(spelled, gamePatterns);
     m_sources.push_back({{withSlash(folder.name), withSlash(folder.path)}, names});
     m_count += names->count();
+}
+
+void GameFiles::report(const QByteArray& name, const RuntimeFailure& failure) {
+    ++m_faults;
+    m_reports.fault(name, failure);
 }
 
 void GameFiles::visit(const std::function<bool(const GameFile&)>& take) const {

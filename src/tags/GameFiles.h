@@ -10,6 +10,7 @@
 namespace torvane {
 
 class Reports;
+class RuntimeFailure;
 
 /// The names of games: those of the game list, and the "bin" files whose size tells the console.
 inline const QString gamePatterns = QStringLiteral("*.gb;*.gba;*.gbc;*.cgb;*.agb;*.zip;*.bin");
@@ -32,6 +33,8 @@ public:
     void addLibrary();
 
     int count() const { return m_count; }
+    /// How many operands could not be found or read.
+    int faults() const { return m_faults; }
     /// Hands over one game after the other until there are no more or the result is false.
     void visit(const std::function<bool(const GameFile&)>& take) const;
 
@@ -46,11 +49,13 @@ private:
         std::shared_ptr<const FolderNames> names;
     };
     void addFolder(const GameFile& folder);
+    void report(const QByteArray& name, const RuntimeFailure& failure);
 
     QByteArray m_library;
     Reports& m_reports;
     std::vector<Source> m_sources;
     int m_count = 0;
+    int m_faults = 0;
 };
 
 } // namespace torvane

@@ -29,6 +29,8 @@ protected:
     /// Takes what was read, on the session's thread: also what came before a failure.
     virtual void take() = 0;
 
+    /// Whether all of it could be read; to be asked by `take`.
+    bool isWhole() const { return m_faults.empty() && !m_failure; }
     /// A fault of a member, reported after the results.
     void addFault(const QByteArray& member, const QByteArray& reason) {
         m_faults.emplace_back(m_game.name + ": " + member, reason);

@@ -27,11 +27,13 @@ public:
     void readGames() {
         GameFiles games = m_session.games(m_given.operands);
         if (m_given.operands.isEmpty()) games.addLibrary();
+        m_unread = games.faults();
         const auto depth =
             m_given.has("--deep") ? IdentifyTask::Depth::unpackAll : IdentifyTask::Depth::asNeeded;
         runTasks(games, m_session, [&](const GameFile& game) {
             return std::make_unique<IdentifyTask>(game, m_session, m_index, depth, m_games);
         });
+        m_unread += m_games.unread();
     }
     // After an interruption nothing is known for certain: what was not read would be missing.
     void report() {
@@ -42,9 +44,18 @@ public:
         m_rows = RowFormat::writer(m_given, RowFormat::Plain::table, columns, m_session.output());
         for (const FoundGame& game : m_games.all()) addRows(game);
         eachEntry([this](const ListEntry& entry, size_t number) {
-            if (number < m_isFound.size() && !m_isFound[number]) addRow("missing", {}, {}, &entry);
+            if (number >= m_isFound.size() || m_isFound[number]) return;
+            addRow("missing", {}, {}, &entry);
+            m_hasMissing = true;
         });
         m_rows->finish();
+    }
+    // Nobody knows whether those are the missing ones.
+    void remarkOnUnread() const {
+        if (m_unread == 0 || !m_hasMissing) return;
+        const char* text = m_unread == 1 ? " file could not be read: what it holds counts as missing"
+                                         : " files could not be read: what they hold counts as missing";
+        m_session.reports().remark(QByteArray::number(m_unread) + text);
     }
     void write() {
         if (!m_given.has("--write")) return;
@@ -108,6 +119,8 @@ private:
     ListIndex m_index;
     FoundGames m_games;
     std::vector<bool> m_isFound; // for each entry
+    int m_unread = 0;            // files
+    bool m_hasMissing = false;
 };
 } // namespace
 
@@ -150,6 +163,7 @@ void IdentifyCommand::run(const Arguments& given, Session& session) {
     identification.readGames();
     identification.report();
     if (!session.isOver()) identification.write();
+    identification.remarkOnUnread();
 }
 
 } // namespace torvane

@@ -46,6 +46,7 @@ void IdentifyTask::readArchive() {
 }
 
 void IdentifyTask::take() {
+    if (!isWhole()) m_games.addUnread();
     for (FoundGame& found : m_found) m_games.add(std::move(found));
 }
 

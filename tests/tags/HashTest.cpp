@@ -109,7 +109,7 @@ private slots:
         for (const QByteArrayList& command :
              {QByteArrayList{"hash"}, QByteArrayList{"identify", "--dat=known.dat"}}) {
             const ProgramRun run = program->runHere(command + QByteArrayList{"bad.zip"});
-            QCOMPARE(run.errors, "torvane-tags: bad.zip: the archive can't be opened\n");
+            QCOMPARE(run.errors.split('\n').front(), "torvane-tags: bad.zip: the archive can't be opened");
             QCOMPARE(run.status, 1);
         }
     }

@@ -50,6 +50,9 @@ class IdentifyTest : public QObject {
     ProgramRun run(const QByteArrayList& arguments) const {
         return program->runHere(QByteArrayList{"identify", "--tsv", "--dat=l.dat"} + arguments);
     }
+    static QByteArray remarkOnOne() {
+        return "torvane-tags: 1 file could not be read: what it holds counts as missing\n";
+    }
     /// The rows, with blanks between their fields.
     QByteArrayList identify(const QByteArrayList& arguments) const {
         const ProgramRun result = run(arguments);
@@ -141,7 +144,7 @@ private slots:
         QCOMPARE(identify({"a.zip"}), (QByteArrayList{"matched a.zip a.gb A A.gb", "unknown a.zip b.gb"}));
         const ProgramRun deep = run({"--deep", "a.zip"});
         QCOMPARE(deep.status, 1);
-        QCOMPARE(deep.errors, QByteArray("torvane-tags: a.zip: a.gb: it is damaged\n"));
+        QCOMPARE(deep.errors, "torvane-tags: a.zip: a.gb: it is damaged\n" + remarkOnOne());
         QVERIFY(deep.output.contains("missing"));
         QVERIFY(!deep.output.contains("unknown\ta.zip\ta.gb"));
     }
@@ -152,7 +155,7 @@ private slots:
         write("a.zip", bytes);
         writeList(game("A", image('a')));
         const ProgramRun result = run({"a.zip"});
-        QCOMPARE(result.errors, QByteArray("torvane-tags: a.zip: a.gb: it is encrypted\n"));
+        QCOMPARE(result.errors, "torvane-tags: a.zip: a.gb: it is encrypted\n" + remarkOnOne());
         QVERIFY(!result.output.contains("matched"));
     }
     void members_are_unpacked_where_the_directory_is_not_enough() {
@@ -307,6 +310,26 @@ private slots:
         QCOMPARE(result.status, 1);
         QCOMPARE(result.errors.count('\n'), 2);
         QVERIFY(result.output.contains("matched\ta.gb\t"));
+    }
+    void files_that_could_not_be_read_are_counted_where_a_game_is_missing() {
+        write("a.gb", image('a'));
+        write("bad.zip", "no archive");
+        writeList(game("A", image('a')) + game("M", image('m')));
+        const ProgramRun result = run({"bad.zip", "no.gb", "a.gb"});
+        QCOMPARE(result.status, 1);
+        const QByteArrayList lines = result.errors.split('\n');
+        QCOMPARE(lines.size(), 4);
+        QCOMPARE(lines[2],
+                 QByteArray("torvane-tags: 2 files could not be read: what they hold counts as missing"));
+        QVERIFY(result.output.endsWith("\nmissing\t\t\tM\tM.gb\n"));
+        QVERIFY(!run({"--write", "--dry-run", "no.gb"}).errors.contains("missing"));
+    }
+    void a_library_that_could_not_be_read_is_counted() {
+        writeList(game("M", image('m')));
+        QCOMPARE(rmdir(program->folder.native("home/roms").constData()), 0);
+        const ProgramRun result = run({});
+        QCOMPARE(result.status, 1);
+        QVERIFY2(result.errors.endsWith(remarkOnOne()), result.errors);
     }
 };
 
