@@ -9,6 +9,7 @@ namespace torvane {
 namespace {
 constexpr std::array<const char*, sumKinds> listNames = {"crc", "md5", "sha1", "sha256"};
 constexpr qsizetype longestName = 4096; // in bytes
+constexpr char noValue[] = "-";         // as some programs write what they do not know
 constexpr size_t mostRoms = 1000;       // of a game, before they are handed over with what is known by then
 
 bool isHex(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
@@ -26,6 +27,7 @@ QByteArray sumOf(size_t kind, const QByteArray& digits) {
 QByteArray ListEntry::set(const QByteArray& name, const QByteArray& value) {
     if (value.isEmpty()) return {};
     if (name == "name") rom = value.left(longestName);
+    if (value == noValue) return {};
     if (name == "size") {
         bool isNumber = std::all_of(value.begin(), value.end(), [](char c) { return c >= '0' && c <= '9'; });
         if (isNumber) size = value.toLongLong(&isNumber);

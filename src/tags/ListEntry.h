@@ -19,8 +19,9 @@ struct ListEntry {
     qint64 size = -1; ///< of the image in bytes; below 0 if the list has none
     Sums sums;
 
-    /// Takes a value of the file by its name in lists: name, size, crc, md5, sha1 or sha256; others and empty
-    /// values are skipped. Gives why the value is of no use, without a line end; empty if it is taken.
+    /// Takes a value of the file by its name in lists: name, size, crc, md5, sha1 or sha256; others are
+    /// skipped, and so are values that are empty or, but for a name, "-". Gives why the value is of no use,
+    /// without a line end; empty if it is taken.
     QByteArray set(const QByteArray& name, const QByteArray& value);
     bool hasSum() const;
     /// The best kind of the checksums that both have; none if there is no common one.

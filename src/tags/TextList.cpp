@@ -3,6 +3,8 @@
 #include "TextList.h"
 #include "platform/base/CodePage1252.h"
 
+#include <utility>
+
 namespace torvane {
 
 namespace {
@@ -49,16 +51,7 @@ void TextList::finish() {
 }
 
 void TextList::take(char c) {
-    if (m_isInQuotes) {
-        if (c == '\n') return fail("a quotation mark is missing");
-        if (c != '"') {
-            m_word += c;
-            if (m_word.size() > longestWord) fail("a text is too long");
-            return;
-        }
-        m_isInQuotes = false;
-        return takeWord(true);
-    }
+    if (m_isInQuotes) return takeQuoted(c);
     const bool isBracket = c == '(' || c == ')';
     if (!isBracket && c != '"' && !isBlank(c)) {
         m_word += c;
@@ -70,6 +63,21 @@ void TextList::take(char c) {
     if (c == '"') m_isInQuotes = true;
     if (c == '(') open();
     if (c == ')') close();
+}
+
+// A backslash makes a quotation mark or a backslash part of the text; before anything else it is one itself.
+void TextList::takeQuoted(char c) {
+    if (c == '\n') return fail("a quotation mark is missing");
+    const bool isEscaped = std::exchange(m_isAfterBackslash, false);
+    if (!isEscaped && c == '"') {
+        m_isInQuotes = false;
+        return takeWord(true);
+    }
+    m_isAfterBackslash = !isEscaped && c == '\\';
+    if (m_isAfterBackslash) return;
+    if (isEscaped && c != '"' && c != '\\') m_word += '\\';
+    m_word += c;
+    if (m_word.size() > longestWord) fail("a text is too long");
 }
 
 void TextList::endWord() {

@@ -21,6 +21,7 @@ private:
     qint64 line() const override { return m_line; }
     QByteArray decoded(const QByteArray& bytes);
     void take(char c);
+    void takeQuoted(char c);
     void endWord();
     void takeWord(bool isQuoted);
     void open();
@@ -32,6 +33,7 @@ private:
     QStringDecoder m_decoder;
     qint64 m_line = 1;
     bool m_isInQuotes = false;
+    bool m_isAfterBackslash = false; // in a text in quotes
     QByteArray m_word;
     QByteArray m_name; // whose value comes next; empty if a name does
     int m_depth = 0;

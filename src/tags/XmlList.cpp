@@ -2,6 +2,9 @@
 // Elements and their texts, via Qt's reader.
 #include "XmlList.h"
 
+#include <QStringConverter>
+#include <algorithm>
+
 namespace torvane {
 
 namespace {
@@ -9,10 +12,39 @@ constexpr qint64 longestToken = 1 << 20; // in bytes; the whole reading takes no
 constexpr int deepest = 32;
 constexpr qsizetype declarationSize = 1024; // in bytes
 constexpr qsizetype longestText = 4096;     // in characters; nothing longer fits into a tag
+constexpr qsizetype longestCharacter = 4;   // in bytes of UTF-8
+const QByteArray wrongBytes = QByteArrayLiteral("the text is not UTF-8");
 
 constexpr int rootDepth = 1;
 constexpr int gameDepth = 2;
 constexpr int fieldDepth = 3;
+
+// By its first bytes, as Qt's reader sees them, and by its declaration. What a wrong byte is depends on the
+// answer, so the declaration is read without any.
+bool isUtf8(QByteArray beginning) {
+    const auto marked = QStringConverter::encodingForData(beginning, u'<');
+    if (marked) return *marked == QStringConverter::Utf8;
+    std::replace_if(
+        beginning.begin(), beginning.end(), [](char c) { return static_cast<signed char>(c) < 0; }, '?');
+    QXmlStreamReader declaration(beginning);
+    declaration.readNext();
+    const QByteArray name = declaration.documentEncoding().toLatin1();
+    return name.isEmpty() || QStringConverter::encodingForName(name.constData()) == QStringConverter::Utf8;
+}
+
+// How many bytes there are before the first character that is cut or wrong.
+qsizetype wholeLength(QByteArrayView text) {
+    for (qsizetype cut = 0; cut < std::min(longestCharacter, text.size()); ++cut) {
+        if (text.chopped(cut).isValidUtf8()) return text.size() - cut;
+    }
+    qsizetype whole = 0;
+    for (qsizetype size = 1; size <= longestCharacter && whole + size <= text.size(); ++size) {
+        if (!text.sliced(whole, size).isValidUtf8()) continue;
+        whole += size;
+        size = 0;
+    }
+    return whole;
+}
 } // namespace
 
 XmlList::XmlList(Takers takers) : ListReader(std::move(takers)) { m_xml.setNamespaceProcessing(false); }
@@ -20,15 +52,29 @@ XmlList::XmlList(Takers takers) : ListReader(std::move(takers)) { m_xml.setNames
 // Qt's reader changes the encoding at the declaration, and then decodes the current piece anew: that has to
 // begin with the mark of UTF-16.
 void XmlList::add(const QByteArray& bytes) {
-    if (m_isStarted) return parse(bytes);
+    if (hasFailed()) return;
+    if (m_isStarted) return decode(bytes);
     m_start += bytes;
-    if (m_start.size() < declarationSize) return;
+    if (m_start.size() >= declarationSize) start();
+}
+
+void XmlList::start() {
     m_isStarted = true;
-    parse(m_start);
+    m_isUtf8 = isUtf8(m_start);
+    decode(m_start);
+}
+
+// What comes before a wrong byte is parsed first: it tells the line.
+void XmlList::decode(const QByteArray& bytes) {
+    if (!m_isUtf8) return parse(bytes);
+    m_cut += bytes;
+    const qsizetype whole = wholeLength(m_cut);
+    parse(m_cut.first(whole));
+    m_cut.remove(0, whole);
+    if (!hasFailed() && m_cut.size() >= longestCharacter) fail(wrongBytes);
 }
 
 void XmlList::parse(const QByteArray& bytes) {
-    if (hasFailed()) return;
     m_xml.addData(bytes);
     m_bytesOfToken += bytes.size();
     while (!hasFailed() && m_xml.readNext() != QXmlStreamReader::Invalid &&
@@ -43,7 +89,8 @@ void XmlList::parse(const QByteArray& bytes) {
 }
 
 void XmlList::finish() {
-    if (!m_isStarted) parse(m_start);
+    if (!m_isStarted) start();
+    if (!hasFailed() && !m_cut.isEmpty()) fail(wrongBytes);
     if (!hasFailed() && !m_isComplete) fail("it ends before its last element does");
 }
 

@@ -9,7 +9,9 @@
 namespace torvane {
 
 /// A list comes from strangers: it may declare no entities, which can blow up, and no element may be deep or
-/// long without end. Encodings are those of Qt: UTF-8, UTF-16 with its mark, and ISO 8859-1.
+/// long without end. Encodings are those of Qt: UTF-8, UTF-16 with its mark, and ISO 8859-1. UTF-8 is checked
+/// here: Qt's reader takes a wrong byte for a fault of the line where the piece with it begins, or for the
+/// end of the list.
 class XmlList : public ListReader {
 public:
     explicit XmlList(Takers takers);
@@ -19,6 +21,8 @@ public:
 
 private:
     qint64 line() const override { return m_xml.lineNumber(); }
+    void start();
+    void decode(const QByteArray& bytes);
     void parse(const QByteArray& bytes);
     void takeToken();
     void beginElement();
@@ -26,6 +30,8 @@ private:
 
     QByteArray m_start; // held back until the declaration is whole
     bool m_isStarted = false;
+    bool m_isUtf8 = true;
+    QByteArray m_cut; // the beginning of a character of UTF-8, or a wrong one
     QXmlStreamReader m_xml;
     qint64 m_bytesOfToken = 0; // that have come since the last token
     int m_depth = 0;

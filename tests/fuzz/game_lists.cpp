@@ -52,11 +52,12 @@ void checkEntry(const ListEntry& entry) {
     }
 }
 
-// In a form, with the same texts for the entry; empty if the form can't hold them.
+// A list of one entry.
 QByteArray written(const ListEntry& entry, bool isXml) {
     constexpr std::array<const char*, sumKinds> names = {"crc", "md5", "sha1", "sha256"};
-    const auto quoted = [&](const QByteArray& text) {
-        return '"' + (isXml ? QString::fromUtf8(text).toHtmlEscaped().toUtf8() : text) + '"';
+    const auto quoted = [&](QByteArray text) {
+        if (isXml) return '"' + QString::fromUtf8(text).toHtmlEscaped().toUtf8() + '"';
+        return '"' + text.replace('\\', "\\\\").replace('"', "\\\"") + '"';
     };
     const QByteArray between = isXml ? "=" : " ";
     QByteArray values;
@@ -71,11 +72,10 @@ QByteArray written(const ListEntry& entry, bool isXml) {
     return "game ( name " + quoted(entry.title) + " rom (" + values + " ) )";
 }
 
-// Control characters, quotation marks and blanks change their form in one of the two.
+// Control characters and blanks change their form in one of the two.
 bool isPlain(const QByteArray& text) {
     return text == text.simplified() &&
-           std::all_of(text.begin(), text.end(),
-                       [](char c) { return c != '"' && c != '\x7F' && (c < 0 || c >= ' '); }) &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c != '\x7F' && (c < 0 || c >= ' '); }) &&
            !text.contains("\xEF\xBF") &&     // characters that XML does not have
            !text.startsWith("\xEF\xBB\xBF"); // Qt drops it when it makes a text of bytes
 }

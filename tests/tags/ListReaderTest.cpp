@@ -130,6 +130,31 @@ private slots:
         QCOMPARE(readAll("game (\nname A\nrom ( name a\nsize -1 crc 1 ) )"),
                  QByteArrayList{"4: the size is no number of bytes"});
     }
+    void a_value_that_the_list_does_not_know_counts_as_absent_data() {
+        QTest::addColumn<QByteArray>("value");
+        QTest::newRow("dash") << QByteArray("-");
+        QTest::newRow("empty") << QByteArray();
+    }
+    void a_value_that_the_list_does_not_know_counts_as_absent() {
+        QFETCH(QByteArray, value);
+        const QByteArray quoted = '"' + value + '"';
+        const QByteArrayList expected{"A|-|||-1|00000001||" + sha1()};
+        QCOMPARE(readAll(xml("<game name=\"A\"><rom name=\"-\" size=" + quoted + " crc=\"1\" md5=" + quoted +
+                             " sha1=\"" + sha1() + "\" sha256=" + quoted +
+                             "/>\n<rom name=\"b\" crc=" + quoted + "/></game>")),
+                 expected);
+        QCOMPARE(readAll("game ( name A rom ( name - size " + quoted + " crc 1 md5 " + quoted + " sha1 " +
+                         sha1() + " sha256 " + quoted + " ) rom ( name b crc " + quoted + " ) )"),
+                 expected);
+    }
+    void backslashes_put_quotation_marks_into_texts() {
+        QCOMPARE(readAll("game ( name \"The \\\"A\\\" \\\\ (B)\" rom ( name \"C:\\x\\\\\" crc 1 ) )"),
+                 QByteArrayList{"The \"A\" \\ (B)|C:\\x\\|||-1|00000001||"});
+    }
+    void a_backslash_in_a_bare_word_is_one() {
+        QCOMPARE(readAll("game ( name A\\ rom ( name a\\\\b crc 1 ) )"),
+                 QByteArrayList{"A\\|a\\\\b|||-1|00000001||"});
+    }
     void a_broken_list_is_reported_with_its_line_data() {
         QTest::addColumn<QByteArray>("list");
         QTest::addColumn<QByteArray>("fault");
@@ -156,6 +181,8 @@ private slots:
             "line 2: a text stands where a name is expected");
         add("depth of text", QByteArray("a ( ").repeated(50), "line 1: blocks are nested too deep");
         add("long word", "game ( name \n" + QByteArray(5000, 'x'), "line 2: a word is too long");
+        add("quotation mark after a backslash", "game (\nname \"A\\\"\nrom ( name a )",
+            "line 2: a quotation mark is missing");
         add("long text", "game ( name \n\"" + QByteArray(5000, 'x'), "line 2: a text is too long");
         add("binary",
             QByteArray("\x7F"
@@ -167,6 +194,48 @@ private slots:
         QFETCH(QByteArray, list);
         QFETCH(QByteArray, fault);
         QCOMPARE(readAll(list), QByteArrayList{fault});
+    }
+    void bytes_that_are_not_utf_8_are_reported_with_their_line_data() {
+        QTest::addColumn<QByteArray>("declaration");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("game");
+        const QByteArray declared = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+        QTest::newRow("not declared, first piece") << QByteArray() << QByteArray("Caf\xE9") << 2;
+        QTest::newRow("declared, first piece") << declared << QByteArray("Caf\xE9") << 2;
+        QTest::newRow("marked") << QByteArray("\xEF\xBB\xBF") << QByteArray("Caf\xE9") << 2;
+        QTest::newRow("beginning of a character") << declared << QByteArray("\xF0\x9F\x98") << 3;
+        QTest::newRow("rest of a character") << declared << QByteArray("\xC3\xA9\xA9") << 4;
+        QTest::newRow("half of a surrogate pair") << declared << QByteArray("\xED\xA0\xBD") << 5;
+        QTest::newRow("a later piece") << declared << QByteArray("Caf\xE9") << 3000;
+        QTest::newRow("near the end") << declared << QByteArray("Caf\xE9") << 3999;
+    }
+    void bytes_that_are_not_utf_8_are_reported_with_their_line() {
+        QFETCH(QByteArray, declaration);
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, game);
+        QByteArray list = declaration + "<datafile>\n";
+        for (int i = 0; i < 4000; ++i) {
+            list += "<game name=\"Pok\xC3\xA9 " + (i == game ? bytes : QByteArray()) +
+                    "\"><rom crc=\"1\"/></game>\n";
+        }
+        list += "</datafile>\n";
+        const int line = game + (declaration.endsWith('\n') ? 3 : 2);
+        for (const qsizetype step : {qsizetype{7}, qsizetype{64 << 10}, list.size()}) {
+            const QByteArrayList lines = read(list, step);
+            QCOMPARE(lines.size(), game + 1); // the games before it
+            QCOMPARE(lines.back(), "line " + QByteArray::number(line) + ": the text is not UTF-8");
+        }
+    }
+    void a_character_that_the_end_of_the_list_cuts_is_reported() {
+        QCOMPARE(readAll("<datafile/>\n\xC3"), QByteArrayList{"line 2: the text is not UTF-8"});
+    }
+    void other_encodings_are_not_taken_for_utf_8() {
+        for (const char* encoding : {"ISO-8859-1", "windows-1252"}) {
+            const QByteArray list =
+                QByteArray("<?xml version=\"1.0\" encoding=\"") + encoding +
+                "\"?>\n<datafile><game name=\"Caf\xE9\"><rom crc=\"1\"/></game></datafile>";
+            QCOMPARE(readAll(list), QByteArrayList{"Caf\xC3\xA9||||-1|00000001||"});
+        }
     }
     void an_endless_element_is_given_up() {
         QCOMPARE(read("<datafile>\n<game name=\"" + QByteArray(3 << 20, 'x'), 65536),
