@@ -17,7 +17,6 @@ public:
     void clear() { m_bytes = std::string(); }
 
 private:
-    void addText(const QByteArray& text);
     QByteArray text(size_t& at) const;
 
     std::string m_bytes;

@@ -38,6 +38,7 @@ void FoundGames::add(FoundGame game) {
                 m_places.insert(sum, {static_cast<quint32>(m_games.size()), static_cast<quint32>(image)});
         }
     }
+    if (!m_games.empty() && m_games.back().folder == game.folder) game.folder = m_games.back().folder;
     m_games.push_back(std::move(game));
 }
 

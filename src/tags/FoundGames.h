@@ -12,13 +12,15 @@ namespace torvane {
 
 /// A game of the user's: a file, or a member of an archive.
 struct FoundGame {
-    GameFile file;
+    QByteArray name;   ///< of the file, as GameFile has it
+    QByteArray folder; ///< what its path has before that; games that are added together share it
     QByteArray member; ///< empty for a file
     /// Its possible images. Of a member that was not unpacked this is what the directory says.
     std::vector<SummedImage> images;
     EntryPack names;        ///< the entries that it is, without checksums: packed, as there may be many games
     bool isDoubled = false; ///< it is several entries, or others are the same entry
 
+    GameFile file() const { return {name, folder + name}; }
     /// The entries that it is, without their checksums; the first ones of very many.
     std::vector<ListEntry> entries() const;
 };

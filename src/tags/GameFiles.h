@@ -18,7 +18,7 @@ inline const QString gamePatterns = QStringLiteral("*.gb;*.gba;*.gbc;*.cgb;*.agb
 /// A game as the user names it, and where it is.
 struct GameFile {
     QByteArray name; ///< as given or, for a game of a folder, the folder as given and the name in it
-    QByteArray path; ///< real
+    QByteArray path; ///< real; ends with the name
 };
 
 class GameFiles {

@@ -99,9 +99,9 @@ private:
 
     void addRows(const FoundGame& game) {
         const std::vector<ListEntry> entries = game.entries();
-        if (entries.empty()) return addRow("unknown", game.file.name, game.member, nullptr);
+        if (entries.empty()) return addRow("unknown", game.name, game.member, nullptr);
         for (const ListEntry& entry : entries)
-            addRow(game.isDoubled ? "doubled" : "matched", game.file.name, game.member, &entry);
+            addRow(game.isDoubled ? "doubled" : "matched", game.name, game.member, &entry);
     }
     void addRow(const char* status, const QByteArray& file, const QByteArray& member,
                 const ListEntry* entry) {

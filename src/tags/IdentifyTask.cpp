@@ -15,9 +15,14 @@ std::vector<qint64> IdentifyTask::lengthsOf(const ImageEnd& end) const {
     return lengths;
 }
 
+FoundGame IdentifyTask::found(const QByteArray& member) const {
+    const auto& [name, path] = game();
+    return {name, path.chopped(name.size()), member, {}, {}, false};
+}
+
 void IdentifyTask::readFile() {
     const GameImage image(game().path);
-    FoundGame found{game(), {}, {}, {}, false};
+    FoundGame found = this->found();
     for (const qint64 length : lengthsOf(image.end()))
         found.images.push_back({length, image.sums(length, m_index.wanted())});
     m_found.push_back(std::move(found));
@@ -26,7 +31,7 @@ void IdentifyTask::readFile() {
 void IdentifyTask::readArchive() {
     GameArchive archive(game().path, names());
     for (const auto& member : archive.members()) {
-        FoundGame found{game(), member.name, {}, {}, false};
+        FoundGame found = this->found(member.name);
         SummedImage claim{member.size, {}};
         claim.sums[static_cast<size_t>(SumKind::crc32)] = member.crc32;
         const bool isCertain = m_index.isCertain(member.size, member.crc32);

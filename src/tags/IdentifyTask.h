@@ -20,6 +20,7 @@ private:
     void readFile() override;
     void readArchive() override;
     void take() override;
+    FoundGame found(const QByteArray& member = {}) const;
     std::vector<qint64> lengthsOf(const ImageEnd& end) const;
 
     const ListIndex& m_index;

@@ -44,7 +44,7 @@ void NamedTags::write(const std::vector<FoundGame>& games) {
     m_session.reports().begin(static_cast<int>(games.size()));
     for (const FoundGame& game : games) {
         if (m_session.isOver()) break;
-        m_session.attempt(game.file.name, [&] { writeOne(game); });
+        m_session.attempt(game.name, [&] { writeOne(game); });
         m_session.reports().step();
     }
     m_edits.finish();
@@ -55,18 +55,19 @@ void NamedTags::write(const std::vector<FoundGame>& games) {
 void NamedTags::writeOne(const FoundGame& game) {
     const std::vector<ListEntry> entries = game.entries();
     if (entries.empty() || !game.member.isEmpty()) return;
-    const TagEdits::State state = m_edits.stateOf(game.file);
-    const bool isTagged = state.tag.has_value() || m_edits.hasTag(game.file);
+    const GameFile file = game.file();
+    const TagEdits::State state = m_edits.stateOf(file);
+    const bool isTagged = state.tag.has_value() || m_edits.hasTag(file);
     if (isTagged && m_which == Which::untagged) return;
     Reports& reports = m_session.reports();
-    QByteArray fault = faultOfWriting(game.file.name, m_session.names());
+    QByteArray fault = faultOfWriting(game.name, m_session.names());
     if (fault.isEmpty() && !haveOneTag(entries)) fault = "the lists have several names for it";
-    if (!fault.isEmpty()) return reports.fault(game.file.name, fault);
+    if (!fault.isEmpty()) return reports.fault(game.name, fault);
     const GivenTag::Result result =
         tagOf(entries.front(), state.tag.has_value()).over(state.tag, state.length, m_today);
-    if (!result.fault.isEmpty()) return reports.fault(game.file.name, result.fault);
+    if (!result.fault.isEmpty()) return reports.fault(game.name, result.fault);
     if (!result.isNew) return;
-    const TagEdit edit{game.file, result.fields};
+    const TagEdit edit{file, result.fields};
     m_rows.add(edit, state);
     m_edits.add(edit, state);
 }

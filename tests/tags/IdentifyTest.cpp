@@ -250,6 +250,23 @@ private slots:
                                                                         "B\xA7"));
         QCOMPARE(program->folder.read(u"tagged.gb"_s), before);
     }
+    void games_of_several_folders_are_written() {
+        const QByteArrayList names = {"a.gb", "one/b.gb", "one/c.gb", "two/d.gb", "home/roms/e.gb"};
+        program->folder.makeFolder(u"one"_s);
+        program->folder.makeFolder(u"two"_s);
+        QByteArray games;
+        for (const QByteArray& name : names) {
+            const char letter = name.chopped(3).back();
+            write(name.constData(), image(letter));
+            games += game(QByteArray(1, letter), image(letter));
+        }
+        writeList(games);
+        const QByteArrayList rows = identify({"--write", "a.gb", "one", "two/d.gb", "e.gb"});
+        QCOMPARE(rows.last(), QByteArray("matched e.gb e e.gb"));
+        for (const QByteArray& name : names)
+            QVERIFY2(listed(name.constData()).contains("\tyes\t" + name.chopped(3).right(1) + '\t'),
+                     listed(name.constData()));
+    }
     void tags_are_replaced_on_demand_and_keep_what_the_list_lacks() {
         write("a.gb", tagged(image('a')));
         writeList(game("New", image('a'), "<year>1991</year>"));
