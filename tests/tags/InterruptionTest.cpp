@@ -72,7 +72,7 @@ class InterruptionTest : public QObject {
         const MemoryFile errors;
         const pid_t child = program->start(QByteArrayList{"--folder", "home"} + command, output.descriptor(),
                                            errors.descriptor());
-        const bool isInTime = QTest::qWaitFor(isThere);
+        const bool isInTime = QTest::qWaitFor(isThere, HeldGame::patience);
         kill(child, isInTime ? SIGINT : SIGKILL);
         held.release();
         const int status = TagsProgram::endOf(child);
