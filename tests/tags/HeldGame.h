@@ -6,7 +6,6 @@
 
 #include <QtTest>
 #include <fcntl.h>
-#include <sys/file.h>
 
 namespace torvane {
 
@@ -28,20 +27,6 @@ public:
 private:
     Handle m_file;
     bool m_isHeld;
-};
-
-/// Until it is released, a run reads it, but waits for some seconds before it writes to it: after the other
-/// games of its batch.
-class LockedGame {
-public:
-    explicit LockedGame(const QByteArray& path)
-        : m_file(opened(open(path.constData(), O_RDONLY | O_CLOEXEC))) {
-        flock(m_file.number(), LOCK_EX);
-    }
-    void release() { m_file = Handle(); }
-
-private:
-    Handle m_file;
 };
 
 } // namespace torvane

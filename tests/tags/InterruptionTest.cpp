@@ -2,6 +2,7 @@
 // The commands that write, interrupted: what they have begun is finished, the rest is as it was, and an undo
 // takes back just that.
 #include "HeldGame.h"
+#include "LockedGame.h"
 #include "TagsProgram.h"
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
