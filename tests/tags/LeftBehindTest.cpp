@@ -35,6 +35,8 @@ private slots:
         program = std::make_unique<TagsProgram>();
         before = taggedGame("T");
         write("home/roms/a.gb", before);
+        write("other.gb", taggedGame("Other"));
+        write("table.tsv", "file\ttitle\na.gb\tN\n");
         write("known.dat", "clrmamepro ( name n )\ngame ( name g rom ( name r size 1 crc 00000000 ) )\n");
     }
 
@@ -48,19 +50,24 @@ private slots:
         QTest::newRow("export") << QByteArrayList{"export"};
         QTest::newRow("play") << QByteArrayList{"play", "a.gb"};
         QTest::newRow("clear") << QByteArrayList{"clear", "a.gb"};
+        QTest::newRow("set") << QByteArrayList{"set", "a.gb", "--title", "N"};
+        QTest::newRow("set --from") << QByteArrayList{"set", "--from", "table.tsv"};
+        QTest::newRow("copy-tags, from it") << QByteArrayList{"copy-tags", "a.gb", "other.gb"};
+        QTest::newRow("copy-tags, to it") << QByteArrayList{"copy-tags", "other.gb", "a.gb"};
     }
     void every_command_undoes_it_first() {
         QFETCH(QByteArrayList, arguments);
-        const FolderTree games = tree();
         const ProgramRun expected = program->runHere(arguments);
+        const FolderTree games = tree();
         write("home/roms/a.gb", before);
+        write("other.gb", taggedGame("Other"));
         leaveHalfOfAChange();
         QVERIFY(tree() != games);
         const ProgramRun run = program->runHere(arguments);
         QCOMPARE(run.errors, expected.errors);
         QCOMPARE(run.output, expected.output);
         QCOMPARE(run.status, expected.status);
-        if (arguments.front() != "clear") QCOMPARE(tree(), games);
+        QCOMPARE(tree(), games);
     }
     void it_is_undone_where_a_link_leads() {
         leaveHalfOfAChange();

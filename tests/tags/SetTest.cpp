@@ -283,8 +283,11 @@ private slots:
     // Without a library
     void a_run_that_can_not_be_undone_is_announced_once() {
         program->folder.makeFolder(u"none"_s);
+        program->folder.makeFolder(u"many"_s); // more than are changed at once
+        for (int i = 0; i < 130; ++i)
+            write(("many/" + QByteArray::number(i) + ".gb").constData(), QByteArray(3000, 'm'));
         const ProgramRun run = program->run(
-            {"--folder", "none", "set", "a.gb", "new.gbc", "--title=N", "--company=C", "--info=I"});
+            {"--folder", "none", "set", "a.gb", "new.gbc", "many", "--title=N", "--company=C", "--info=I"});
         QCOMPARE(run.errors, "torvane-tags: this run can't be undone: there is no library to keep it in\n");
         QCOMPARE(run.status, 0);
         QVERIFY(read("a.gb").contains("\xA7N\xA7") && read("new.gbc").contains("\xA7N\xA7"));

@@ -186,6 +186,28 @@ private slots:
         QVERIFY(work.end().contains("a.gb: "));
         QCOMPARE(read("a.gb"), QByteArray("Short"));
     }
+    void the_first_byte_that_a_selection_sees_is_compared() {
+        const qsizetype others = taggedGame("Old", "Acme", "").size() - 4096;
+        QByteArray content = taggedGame("Old", "Acme", QByteArray(1025 - others, 'i'));
+        write("a.gb", content);
+        Work work(*program);
+        const auto seen = work.look(game("a.gb"));
+        QVERIFY(seen.tag.has_value());
+        content[4096] = 'X'; // of the marker
+        write("a.gb", content);
+        work.title(game("a.gb"), seen, "Mine");
+        QVERIFY(work.end().contains("a.gb: "));
+        QCOMPARE(read("a.gb"), content);
+    }
+    void a_later_failure_has_the_name_of_its_game() {
+        Work work(*program);
+        work.title(game("a.gb"), work.look(game("a.gb")), "Mine");
+        QCOMPARE(work.end(), QByteArray());
+        const auto seen = work.look(game("b.gb"));
+        write("b.gb", taggedGame("New"));
+        work.title(game("b.gb"), seen, "Mine");
+        QVERIFY(work.end().startsWith("torvane-tags: b.gb: "));
+    }
     void a_game_may_be_named_twice_data() {
         QTest::addColumn<bool>("isHard");
         QTest::newRow("symbolic link") << false;
