@@ -173,6 +173,18 @@ private slots:
                                  "matched a.zip sha.gb D D.gb"}));
         QCOMPARE(identify({"--deep", "a.zip"}), identify({"a.zip"}));
     }
+    void members_are_unpacked_where_several_entries_have_their_crc() {
+        writeArchive(program->folder.path(u"a.zip"_s), {{u"twin.gb"_s, image('a')}});
+        writeList(game("A", image('a')) + game("A2", image('a')).replace(sha1(image('a')), sha1("other")));
+        QCOMPARE(identify({"a.zip"}), (QByteArrayList{"matched a.zip twin.gb A A.gb", "missing A2 A2.gb"}));
+    }
+    void members_are_found_by_the_directory_in_every_list() {
+        writeArchive(program->folder.path(u"a.zip"_s), {{u"a.gb"_s, image('a')}, {u"b.gb"_s, image('b')}});
+        writeList(game("A", image('a')));
+        writeList(game("B", image('b')), "later.dat");
+        QCOMPARE(identify({"--dat", "later.dat", "a.zip"}),
+                 (QByteArrayList{"matched a.zip a.gb A A.gb", "matched a.zip b.gb B B.gb"}));
+    }
     void members_are_unpacked_for_a_later_list_without_crcs() {
         writeArchive(program->folder.path(u"a.zip"_s), {{u"a.gb"_s, image('a')}});
         writeList(game("B", image('b')));
@@ -216,6 +228,8 @@ private slots:
         QCOMPARE(result.errors.count('\n'), 11);
         QVERIFY(result.errors.startsWith("torvane-tags: l.dat: line 2: the crc32 is none\n"));
         QVERIFY(result.output.contains("missing\t\t\tM\t"));
+        writeList(QByteArray("<game name=\"A\"><rom name=\"a\" crc=\"x\"/></game>\n").repeated(10));
+        QVERIFY(!run({}).errors.contains("more"));
     }
     void a_large_list_is_read_again_instead_of_being_kept() {
         write("a.gb", image('a'));
@@ -287,6 +301,25 @@ private slots:
                  QByteArray("torvane-tags: a.gb: title: character 2 (\xC5\x8D) is not in code page 1252\n"));
         QCOMPARE(program->folder.read(u"a.gb"_s), image('a'));
         QVERIFY(listed("b.gb").contains("\tB\t"));
+    }
+    void a_game_whose_tag_no_selection_sees_is_no_untagged_one() {
+        const QByteArray bytes = tagged(image('a')) + image('x', 3000);
+        write("a.gb", bytes);
+        writeList(game("A", image('a')));
+        QCOMPARE(identify({"--write", "a.gb"}), QByteArrayList{"matched a.gb A A.gb"});
+        QCOMPARE(program->folder.read(u"a.gb"_s), bytes);
+    }
+    void a_game_with_one_title_of_several_companies_or_years_stays_as_it_is() {
+        write("a.gb", image('a'));
+        for (const char* field : {"manufacturer", "year"}) {
+            const auto entry = [&](const QByteArray& value) {
+                return game("A", image('a'), '<' + QByteArray(field) + '>' + value + "</" + field + '>');
+            };
+            writeList(entry("1") + entry("2").replace("A.gb", "B.gb"));
+            const ProgramRun result = run({"--write", "a.gb"});
+            QCOMPARE(result.errors, QByteArray("torvane-tags: a.gb: the lists have several names for it\n"));
+            QCOMPARE(program->folder.read(u"a.gb"_s), image('a'));
+        }
     }
     void a_game_with_several_names_and_archives_stay_as_they_are() {
         write("a.gb", image('a'));
