@@ -99,6 +99,18 @@ private slots:
         QCOMPARE(read("db.txt"), QByteArray("old"));
         QCOMPARE(program->folder.entries().size(), 3);
     }
+    void a_file_that_is_read_only_stays_as_it_was() {
+        write("a.gb", taggedGame("T"));
+        write("db.txt", "old");
+        program->folder.setMode(u"db.txt"_s, 0444);
+        program->folder.setMode(QString(), 0777);
+        program->prepare = [] {
+            if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0) _exit(97);
+        };
+        QCOMPARE(errors({"export", "a.gb", "--output", "db.txt"}),
+                 QByteArray("torvane-tags: db.txt: you don’t have permission to do that\n"));
+        QCOMPARE(read("db.txt"), QByteArray("old"));
+    }
 
     // There and back
     void a_second_library_gets_the_same_tags() {
@@ -151,6 +163,15 @@ private slots:
                               "x\xA7"
                               "2/3/04\xA7"));
         QCOMPARE(read("home/roms/Z.gb"), taggedGame("named"));
+        program->folder.makeFolder(u"one/two"_s);
+        write("one/two/X.gb", untagged());
+        QCOMPARE(output({"import", "db", "one/two"}), QByteArray());
+        QCOMPARE(companyOf("one/two/X.gb"), QByteArray("X"));
+    }
+    void a_database_is_as_large_as_the_window_permits() {
+        write("db", entry("a", "C"));
+        QCOMPARE(truncate(program->folder.native("db").constData(), (512 << 20) + 1), 0);
+        QCOMPARE(errors({"import", "db"}), QByteArray("torvane-tags: db: there is not enough memory\n"));
     }
     void the_console_has_to_match_where_it_is_known() {
         write("a.gb", untagged());
