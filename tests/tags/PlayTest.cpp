@@ -40,6 +40,18 @@ class PlayTest : public QObject {
         kill(child, signal);
         return TagsProgram::endOf(child);
     }
+    /// The same on a terminal, with its Ctrl+C.
+    int statusAfterInterrupting() const {
+        int terminal = -1;
+        const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+        // The program takes the place of this child, which leads the terminal's group.
+        if (child == 0) program->become({"--folder", "home", "play", "a.gb"});
+        const bool isReady = QTest::qWaitFor([&] { return program->folder.entries().contains(u"ready"_s); });
+        const bool isSent = isReady && ::write(terminal, "\x03", 1) == 1;
+        const int status = isSent ? TagsProgram::endOf(child) : -1;
+        close(terminal);
+        return status;
+    }
 
 private slots:
     void init() {
@@ -83,6 +95,7 @@ private slots:
         QTest::newRow("killed") << QByteArray("kill -9 $$") << 137;
         QTest::newRow("interrupted") << QByteArray("kill -INT $$") << 130;
         QTest::newRow("signals as usual") << QByteArray("kill -PIPE $$; exit 1") << 141;
+        QTest::newRow("too large files") << QByteArray("kill -XFSZ $$; exit 1") << 153;
     }
     void the_exit_status_is_the_emulators() {
         QFETCH(QByteArray, commands);
@@ -124,17 +137,19 @@ private slots:
     void a_signal_of_the_terminal_reaches_the_emulator_once() {
         emulate("count=0\ntrap 'count=$((count + 1))' INT\n: >" + folder() +
                 "/ready\nfor i in 1 2 3 4 5 6 7 8 9 10; do sleep 0.05; done\nexit $count");
-        int terminal = -1;
-        const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
-        if (child == 0) {
-            // The program takes the place of this child, which leads the terminal's group.
-            program->become({"--folder", "home", "play", "a.gb"});
-        }
-        QVERIFY(child > 0);
-        QTRY_VERIFY(program->folder.entries().contains(u"ready"_s));
-        QCOMPARE(::write(terminal, "\x03", 1), ssize_t(1)); // Ctrl+C
-        QCOMPARE(TagsProgram::endOf(child), 1);
-        close(terminal);
+        QCOMPARE(statusAfterInterrupting(), 1);
+    }
+    void a_signal_of_the_terminal_is_not_passed_on() {
+        // In a session of its own, the emulator gets what is passed on and nothing of the terminal.
+        emulate("[ \"$TORVANE_TEST\" ] || TORVANE_TEST=1 exec setsid \"$0\"\ncount=0\n"
+                "trap 'count=$((count + 1))' INT\n: >" +
+                folder() + "/ready\nfor i in 1 2 3 4 5 6 7 8 9 10; do sleep 0.05; done\nexit $count");
+        QCOMPARE(statusAfterInterrupting(), 0);
+    }
+    void the_exit_status_counts_where_ends_of_children_are_ignored() {
+        emulate("exit 3");
+        program->prepare = [] { std::signal(SIGCHLD, SIG_IGN); };
+        QCOMPARE(program->runHere({"play", "a.gb"}).status, 3);
     }
     void an_emulator_that_takes_no_notice_of_a_signal_plays_on() {
         emulate("trap '' INT\n: >" + folder() + "/ready\nsleep 0.3; exit 5");
