@@ -5,10 +5,13 @@
 #include "support/TestMain.h"
 
 #include <fcntl.h>
+#include <pty.h>
 #include <sys/resource.h>
+#include <thread>
 
 using namespace torvane;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 class ToolTest : public QObject {
     Q_OBJECT
@@ -21,6 +24,27 @@ class ToolTest : public QObject {
             program->folder.write(u"home/roms/game %1.gb"_s.arg(i, 4, 10, QLatin1Char('0')),
                                   taggedGame("T", "C", QByteArray(500, 'i'), "D", 2000));
         }
+    }
+    // What comes to a terminal: messages, and the rows, too, unless they go to a pipe. There is no room for
+    // all rows until the time for a bar has come.
+    QByteArray shownBy(const QByteArrayList& arguments, bool showsRows) const {
+        int terminal = -1;
+        int slave = -1;
+        if (openpty(&terminal, &slave, nullptr, nullptr, nullptr) != 0) return {};
+        std::optional<PipedRun> piped;
+        pid_t child = -1;
+        showsRows ? void(child = program->start(arguments, slave, slave))
+                  : void(piped.emplace(*program, arguments, slave));
+        close(slave);
+        std::this_thread::sleep_for(600ms); // the time is what is tested
+        if (piped) piped->end();
+        QByteArray shown;
+        std::array<char, 4096> some{};
+        for (ssize_t got = 0; (got = read(terminal, some.data(), some.size())) > 0;)
+            shown.append(some.data(), got);
+        close(terminal);
+        if (showsRows) TagsProgram::endOf(child);
+        return shown;
     }
 
 private slots:
@@ -189,6 +213,21 @@ private slots:
         program->prepare = [] { close(STDERR_FILENO); };
         QCOMPARE(program->run({"list", "a.gb", "no.gb"}).status, 1);
         QCOMPARE(program->folder.read(u"a.gb"_s), before);
+    }
+
+    // The bar
+    void a_bar_is_for_those_who_see_no_rows_data() {
+        QTest::addColumn<QByteArray>("command");
+        for (const char* command : {"list", "hash", "verify"}) QTest::newRow(command) << QByteArray(command);
+    }
+    void a_bar_is_for_those_who_see_no_rows() {
+        QFETCH(QByteArray, command);
+        makeGames(1500);
+        const QByteArrayList arguments{"--folder", "home", command, "--json"};
+        QVERIFY(shownBy(arguments, false).contains(" %"));
+        const QByteArray shown = shownBy(arguments, true);
+        QVERIFY(shown.count("{\"file\"") >= 1500);
+        QVERIFY(!shown.contains(" %"));
     }
 
     // Signals
