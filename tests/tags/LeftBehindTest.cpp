@@ -69,6 +69,15 @@ private slots:
         QCOMPARE(run.status, expected.status);
         QCOMPARE(tree(), games);
     }
+    void an_undo_of_the_last_run_undoes_it_first() {
+        QCOMPARE(program->runHere({"set", "a.gb", "--title", "N"}).status, 0);
+        const QByteArray old = std::exchange(before, read("home/roms/a.gb"));
+        leaveHalfOfAChange();
+        const ProgramRun run = program->runHere({"undo"});
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.status, 0);
+        QCOMPARE(read("home/roms/a.gb"), old);
+    }
     void it_is_undone_where_a_link_leads() {
         leaveHalfOfAChange();
         QCOMPARE(symlink("home/roms/a.gb", program->folder.native("link.gb").constData()), 0);

@@ -136,6 +136,22 @@ private slots:
         QCOMPARE(program->runHere({"undo"}).status, 0);
         QCOMPARE(read("b.gb"), before);
     }
+    // Where there are no locks, another run may begin a log although this one is at work.
+    void a_run_without_changes_leaves_a_log_that_has_replaced_its_own() {
+        std::optional<Work> failing(std::in_place, *program);
+        const auto seen = failing->look(game("a.gb"));
+        {
+            const FullDisk full(4096);
+            failing->title(game("a.gb"), seen, "Mine");
+            QVERIFY(failing->end().contains("a.gb: "));
+        }
+        write("other", "another log");
+        QCOMPARE(rename(program->folder.native("other").constData(),
+                        program->folder.native("home/roms/data/backup/last-run.undo").constData()),
+                 0);
+        failing.reset();
+        QCOMPARE(read("home/roms/data/backup/last-run.undo"), QByteArray("another log"));
+    }
     void runs_that_overlap_are_undone_together() {
         const QByteArray oldA = read("a.gb");
         const QByteArray oldB = read("b.gb");
