@@ -78,6 +78,22 @@ private slots:
         writeList();
     }
 
+    // Rows
+    void rows_are_a_table_unless_told_otherwise_data() { addCommands(); }
+    void rows_are_a_table_unless_told_otherwise() {
+        QFETCH(QByteArrayList, command);
+        if (command.front() == "export") return; // it has no rows
+        write("home/roms/b.gb", game());
+        command.removeAll("--json");
+        const QByteArray table = program->runHere(command).output;
+        const QByteArray values = program->runHere(command + QByteArrayList{"--tsv"}).output;
+        QVERIFY(table.count('\n') >= 2);
+        QCOMPARE(table.count('\n'), values.count('\n'));
+        QVERIFY(!table.contains('\t'));
+        for (const QByteArray& value : QByteArray(values).replace('\n', '\t').split('\t'))
+            QVERIFY(table.contains(value));
+    }
+
     // Operands
     void what_is_no_game_is_reported_and_the_others_are_read_data() { addCommands(); }
     void what_is_no_game_is_reported_and_the_others_are_read() {

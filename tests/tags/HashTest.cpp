@@ -116,8 +116,10 @@ private slots:
     void games_in_archives_are_summed_up_without_their_tags() {
         const QByteArray image(32768, 'z');
         const QByteArray tagged = taggedGame("T", "C", "I", "D", 32768);
+        const QByteArray saved = taggedGame("T", "C", "I", "D", 32770).replace(32768, 2, "\r\n");
         writeArchive(program->folder.path(u"a.zip"_s), {{u"plain.gb"_s, image},
                                                         {u"tagged.gbc"_s, tagged},
+                                                        {u"saved.gbc"_s, saved},
                                                         {u"large.gba"_s, QByteArray(2 << 20, 'l')},
                                                         {u"readme.txt"_s, "x"},
                                                         {u"sub/below.gb"_s, "x"},
@@ -125,6 +127,7 @@ private slots:
         QCOMPARE(hash({"a.zip"}),
                  (QByteArrayList{"a.zip\tplain.gb\t32768\t" + sha1(image),
                                  "a.zip\ttagged.gbc\t32768\t" + sha1(QByteArray(32768, 'r')),
+                                 "a.zip\tsaved.gbc\t32768\t" + sha1(QByteArray(32768, 'r')),
                                  "a.zip\tlarge.gba\t2097152\t" + sha1(QByteArray(2 << 20, 'l'))}));
     }
     void games_in_the_one_folder_of_an_archive_count() {

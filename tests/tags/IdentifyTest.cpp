@@ -81,6 +81,11 @@ private slots:
                  (QByteArrayList{"doubled a.gb A A.gb", "matched b.gb B B.gb", "unknown c.gb",
                                  "doubled copy.gb A A.gb", "missing D D.gb"}));
     }
+    void without_operands_it_takes_the_library() {
+        write("home/roms/a.gb", image('a'));
+        writeList(game("A", image('a')));
+        QCOMPARE(identify({}), QByteArrayList{"matched a.gb A A.gb"});
+    }
     void json_names_all_columns() {
         write("a.gb", image('a'));
         writeList(game("A", image('a')));
