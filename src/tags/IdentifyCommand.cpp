@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Lists first, then games, then what became of both.
 #include "IdentifyCommand.h"
-#include "GameList.h"
+#include "GameLists.h"
 #include "IdentifyTask.h"
 #include "NamedTags.h"
 #include "RowFormat.h"
@@ -9,20 +9,19 @@
 namespace torvane {
 
 namespace {
-constexpr int mostFlaws = 10; // of a list that are reported one by one
-
 class Identification {
 public:
-    Identification(const Arguments& given, Session& session) : m_given(given), m_session(session) {}
+    Identification(const Arguments& given, Session& session)
+        : m_given(given), m_session(session), m_lists(session) {}
 
     void readLists() {
         for (const auto& option : m_given.options) {
             if (option.name != "--dat" || m_session.isOver()) continue;
-            m_session.attempt(option.value, [&] { readList(option.value); });
+            m_session.attempt(option.value, [&] { m_lists.add(option.value); });
         }
-        m_index.close();
+        m_lists.close();
     }
-    bool hasLists() const { return !m_lists.empty(); }
+    bool hasLists() const { return !m_lists.isEmpty(); }
 
     void readGames() {
         GameFiles games = m_session.games(m_given.operands);
@@ -31,20 +30,22 @@ public:
         const auto depth =
             m_given.has("--deep") ? IdentifyTask::Depth::unpackAll : IdentifyTask::Depth::asNeeded;
         runTasks(games, m_session, [&](const GameFile& game) {
-            return std::make_unique<IdentifyTask>(game, m_session, m_index, depth, m_games);
+            return std::make_unique<IdentifyTask>(game, m_session, m_lists.index(), depth, m_games);
         });
         m_unread += m_games.unread();
     }
     // After an interruption nothing is known for certain: what was not read would be missing.
     void report() {
-        eachEntry([this](const ListEntry& entry, size_t) { m_isFound.push_back(m_games.match(entry)); });
+        m_isFound.assign(m_lists.count(), true); // what can't be read again is not missing for certain
+        m_lists.eachEntry(
+            [this](const ListEntry& entry, size_t number) { m_isFound[number] = m_games.match(entry); });
         // What a rehearsal prints has other columns.
         if (m_session.isOver() || m_given.has("--dry-run")) return;
         const Columns columns{{"status"}, {"file"}, {"member"}, {"game"}, {"rom"}};
         m_rows = RowFormat::writer(m_given, RowFormat::Plain::table, columns, m_session.output());
         for (const FoundGame& game : m_games.all()) addRows(game);
-        eachEntry([this](const ListEntry& entry, size_t number) {
-            if (number >= m_isFound.size() || m_isFound[number]) return;
+        m_lists.eachEntry([this](const ListEntry& entry, size_t number) {
+            if (m_isFound[number]) return;
             addRow("missing", {}, {}, &entry);
             m_hasMissing = true;
         });
@@ -64,39 +65,6 @@ public:
     }
 
 private:
-    struct NamedList {
-        QByteArray name;
-        GameList list;
-    };
-
-    // A list that is broken is of no use as a whole: what it lacks would be missing for certain.
-    void readList(const QByteArray& name) {
-        NamedList list{name, GameList(name)};
-        ListIndex index;
-        const auto isFull = [&] { return m_index.count() + index.count() > ListIndex::mostEntries; };
-        int flaws = 0;
-        const auto flaw = [&](qint64 line, const QByteArray& reason) {
-            if (++flaws > mostFlaws) return;
-            m_session.reports().fault(name + ": line " + QByteArray::number(line), reason);
-        };
-        const QByteArray fault = list.list.read({[&](const ListEntry& entry) { index.add(entry); }, flaw,
-                                                 [&] { return m_session.isOver() || isFull(); }});
-        if (flaws > mostFlaws) m_session.reports().fault(name, "there are more such entries");
-        if (isFull()) return m_session.reports().fault(name, "there are too many entries");
-        if (!fault.isEmpty()) return m_session.reports().fault(name, fault);
-        m_index.add(std::move(index));
-        m_lists.push_back(std::move(list));
-    }
-
-    // In their order, with their numbers in all lists.
-    void eachEntry(const std::function<void(const ListEntry&, size_t)>& take) const {
-        size_t number = 0;
-        for (const NamedList& list : m_lists) {
-            m_session.attempt(
-                list.name, [&] { list.list.each([&](const ListEntry& entry) { take(entry, number++); }); });
-        }
-    }
-
     void addRows(const FoundGame& game) {
         const std::vector<ListEntry> entries = game.entries();
         if (entries.empty()) return addRow("unknown", game.name, game.member, nullptr);
@@ -115,8 +83,7 @@ private:
     const Arguments& m_given;
     Session& m_session;
     std::unique_ptr<RowWriter> m_rows;
-    std::vector<NamedList> m_lists;
-    ListIndex m_index;
+    GameLists m_lists;
     FoundGames m_games;
     std::vector<bool> m_isFound; // for each entry
     int m_unread = 0;            // files
