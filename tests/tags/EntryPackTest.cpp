@@ -8,6 +8,11 @@ using namespace torvane;
 class EntryPackTest : public QObject {
     Q_OBJECT
 
+    // It bears the title of some entries.
+    static QByteArray romOf(const QByteArray& title) {
+        return title.size() % 2 == 0 ? title + ".gb" : QByteArray("other.gb");
+    }
+
 private slots:
     void entries_of_any_size_come_back() {
         EntryPack pack;
@@ -15,6 +20,7 @@ private slots:
         for (const qsizetype length : lengths) {
             ListEntry entry;
             entry.title = QByteArray(length, 't');
+            entry.rom = romOf(entry.title);
             entry.company = QByteArray(length, '\0');
             entry.size = length - 1; // of the first one: none
             entry.sums[2] = QByteArray(20, static_cast<char>(length));
@@ -24,7 +30,7 @@ private slots:
         pack.each([&](const ListEntry& entry) {
             const qsizetype length = lengths[count++];
             QCOMPARE(entry.title, QByteArray(length, 't'));
-            QCOMPARE(entry.rom, QByteArray());
+            QCOMPARE(entry.rom, romOf(entry.title));
             QCOMPARE(entry.company, QByteArray(length, '\0'));
             QCOMPARE(entry.year, QByteArray());
             QCOMPARE(entry.size, qint64{length - 1});
