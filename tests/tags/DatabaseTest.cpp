@@ -171,7 +171,7 @@ private slots:
     void a_database_is_as_large_as_the_window_permits() {
         write("db", entry("a", "C"));
         QCOMPARE(truncate(program->folder.native("db").constData(), (512 << 20) + 1), 0);
-        QCOMPARE(errors({"import", "db"}), QByteArray("torvane-tags: db: there is not enough memory\n"));
+        QCOMPARE(errors({"import", "db"}), QByteArray("torvane-tags: db: it is too large\n"));
     }
     void the_console_has_to_match_where_it_is_known() {
         write("a.gb", untagged());
