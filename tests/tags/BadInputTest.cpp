@@ -99,13 +99,16 @@ private slots:
     void what_is_no_game_is_reported_and_the_others_are_read() {
         QFETCH(QByteArrayList, command);
         QCOMPARE(mkfifo(program->folder.native("pipe.gb").constData(), 0600), 0);
+        QCOMPARE(mkfifo(program->folder.native("pipe.zip").constData(), 0600), 0);
         program->folder.makeFolder(u"folder.gb"_s);
         const QByteArray alone = program->runHere(command + QByteArrayList{"a.gb"}).output;
-        const ProgramRun run =
-            program->runHere(command + QByteArrayList{"/dev/zero", "pipe.gb", "folder.gb", "no.gb", "a.gb"});
+        const ProgramRun run = program->runHere(
+            command + QByteArrayList{"/dev/zero", "pipe.gb", "pipe.zip", "folder.gb", "no.gb", "a.gb"});
         QCOMPARE(run.status, 1);
         QCOMPARE(run.output, alone);
-        for (const char* name : {"/dev/zero", "pipe.gb", "no.gb"})
+        for (const char* name : {"/dev/zero", "pipe.gb", "pipe.zip"})
+            QVERIFY2(run.errors.contains(QByteArray(name) + ": it is no ordinary file"), run.errors);
+        for (const char* name : {"/dev/zero", "pipe.gb", "pipe.zip", "no.gb"})
             QCOMPARE(run.errors.count("torvane-tags: " + QByteArray(name) + ": "), 1);
     }
     void games_that_can_not_be_read_are_each_reported_data() { addCommands(); }
