@@ -2,8 +2,8 @@
 // What a rehearsal prints: a row for each field of a tag that would change.
 #pragma once
 
-#include "RowFormat.h"
 #include "TagEdits.h"
+#include "tags/rows/RowFormat.h"
 
 namespace torvane {
 

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 // One row for each command.
 #include "Commands.h"
-#include "ClearCommand.h"
-#include "CopyTagsCommand.h"
-#include "ExportCommand.h"
-#include "HashCommand.h"
-#include "IdentifyCommand.h"
-#include "ImportCommand.h"
-#include "ListCommand.h"
-#include "PlayCommand.h"
-#include "SetCommand.h"
-#include "ShowCommand.h"
-#include "UndoCommand.h"
-#include "VerifyCommand.h"
+#include "tags/commands/ClearCommand.h"
+#include "tags/commands/CopyTagsCommand.h"
+#include "tags/commands/ExportCommand.h"
+#include "tags/commands/HashCommand.h"
+#include "tags/commands/IdentifyCommand.h"
+#include "tags/commands/ImportCommand.h"
+#include "tags/commands/ListCommand.h"
+#include "tags/commands/PlayCommand.h"
+#include "tags/commands/SetCommand.h"
+#include "tags/commands/ShowCommand.h"
+#include "tags/commands/UndoCommand.h"
+#include "tags/commands/VerifyCommand.h"
 
 #include <algorithm>
 

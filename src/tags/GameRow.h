@@ -2,9 +2,9 @@
 // A game as a row: its names and sizes, and its tag as a selection in the window shows it.
 #pragma once
 
-#include "Field.h"
 #include "GameFiles.h"
 #include "core/Pieces.h"
+#include "tags/rows/Field.h"
 
 namespace torvane::GameRow {
 

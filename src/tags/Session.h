@@ -6,8 +6,8 @@
 #include "GameFiles.h"
 #include "Output.h"
 #include "Reports.h"
-#include "RowWriter.h"
 #include "core/Pieces.h"
+#include "tags/rows/RowWriter.h"
 
 #include <optional>
 #include <set>

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "GameFiles.h"
-#include "UndoFile.h"
 #include "catalogue/TagWindow.h"
+#include "tags/undo/UndoFile.h"
 
 namespace torvane {
 

@@ -3,9 +3,9 @@
 // complete, are kept as they are, and are read again from both forms.
 // Input: the sizes of the pieces, the list.
 #include "Fuzz.h"
-#include "tags/EntryPack.h"
-#include "tags/ListIndex.h"
-#include "tags/ListReader.h"
+#include "tags/lists/EntryPack.h"
+#include "tags/lists/ListIndex.h"
+#include "tags/lists/ListReader.h"
 
 #include <QString>
 #include <vector>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Tasks on several threads.
-#include "tags/Crew.h"
+#include "tags/images/Crew.h"
 #include "support/TestMain.h"
 
 #include <atomic>

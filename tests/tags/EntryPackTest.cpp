@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Entries of lists come back as they were added.
-#include "tags/EntryPack.h"
+#include "tags/lists/EntryPack.h"
 #include "support/TestMain.h"
 
 using namespace torvane;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Archives whose directories say odd things, and limits on what is read.
-#include "tags/GameArchive.h"
+#include "tags/images/GameArchive.h"
 #include "support/Archive.h"
 #include "support/TestFolder.h"
 #include "support/TestMain.h"
-#include "tags/ArchiveCheck.h"
+#include "tags/checks/ArchiveCheck.h"
 
 #include <QCryptographicHash>
 

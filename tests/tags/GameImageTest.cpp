@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Checksums of images, in files and as they come in pieces.
-#include "tags/GameImage.h"
+#include "tags/images/GameImage.h"
 #include "catalogue/TagLine.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
 #include "support/TestMain.h"
-#include "tags/StreamedSums.h"
+#include "tags/images/StreamedSums.h"
 
 #include <QCryptographicHash>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Several lists of known games: how many entries they may have, and lists that change while they are used.
-#include "tags/GameLists.h"
+#include "tags/lists/GameLists.h"
 #include "MemoryFile.h"
 #include "support/TestFolder.h"
 #include "support/TestMain.h"

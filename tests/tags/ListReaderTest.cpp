@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Lists of known games in both forms, in all encodings, whole and broken, in pieces of any size.
-#include "tags/ListReader.h"
+#include "tags/lists/ListReader.h"
 #include "support/TestMain.h"
 
 #include <QStringEncoder>

@@ -4,10 +4,10 @@
 #include "MemoryFile.h"
 #include "support/CommandOutput.h"
 #include "support/TestMain.h"
-#include "tags/JsonRows.h"
-#include "tags/SheetRows.h"
-#include "tags/TableRows.h"
-#include "tags/TsvRows.h"
+#include "tags/rows/JsonRows.h"
+#include "tags/rows/SheetRows.h"
+#include "tags/rows/TableRows.h"
+#include "tags/rows/TsvRows.h"
 
 #include <clocale>
 #include <pty.h>

@@ -2,8 +2,8 @@
 // Lines with tabs, as they come from a list of ours, a spreadsheet or an editor.
 #include "tags/TagTable.h"
 #include "support/TestMain.h"
-#include "tags/Field.h"
-#include "tags/TsvRows.h"
+#include "tags/rows/Field.h"
+#include "tags/rows/TsvRows.h"
 
 #include "MemoryFile.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Logs of a last run that are damaged, or are none.
-#include "tags/UndoLog.h"
+#include "tags/undo/UndoLog.h"
 #include "support/Failing.h"
 #include "support/TestFolder.h"
 #include "support/TestMain.h"

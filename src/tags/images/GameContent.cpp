@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+// By the rules of the list, under another cut.
+#include "GameContent.h"
+#include "tags/GameRow.h"
+
+namespace torvane::GameContent {
+
+QByteArray of(const QByteArray& name) { return GameRow::consoleOf(name, 0, NameCut::atTheLastDot()); }
+
+} // namespace torvane::GameContent
