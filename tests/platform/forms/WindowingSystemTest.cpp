@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Which windowing system a start asks Qt for.
+// Which windowing system a start asks Qt for, and which one it has.
 #include "platform/forms/WindowingSystem.h"
+#include "support/ClaimedPlatform.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -67,6 +68,20 @@ private slots:
         set("WAYLAND_DISPLAY", wayland);
         WindowingSystem::preferX11();
         QCOMPARE(qgetenv("QT_QPA_PLATFORM"), expected);
+    }
+    void it_is_wayland_by_whatever_plugin_data() {
+        QTest::addColumn<QString>("platform");
+        QTest::addColumn<bool>("expected");
+        QTest::newRow("wayland") << u"wayland"_s << true;
+        QTest::newRow("wayland-egl") << u"wayland-egl"_s << true;
+        QTest::newRow("xcb") << u"xcb"_s << false;
+        QTest::newRow("offscreen") << u"offscreen"_s << false;
+    }
+    void it_is_wayland_by_whatever_plugin() {
+        QFETCH(QString, platform);
+        QFETCH(bool, expected);
+        const ClaimedPlatform claimed(platform);
+        QCOMPARE(WindowingSystem::isWayland(), expected);
     }
 };
 
