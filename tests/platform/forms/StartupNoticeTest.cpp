@@ -28,14 +28,12 @@ class StartupNoticeTest : public QObject {
         Desktop(const Desktop&) = delete;
         Desktop& operator=(const Desktop&) = delete;
 
-        // All that has come so far.
+        // The texts of all messages that have come whole so far, each with its zero byte.
         const QByteArray& heard() {
             while (xcb_generic_event_t* event = xcb_poll_for_event(m_connection)) {
                 const auto& message = *reinterpret_cast<xcb_client_message_event_t*>(event);
                 const bool isMessage = (event->response_type & 0x7F) == XCB_CLIENT_MESSAGE;
-                if (isMessage && message.format == 8) {
-                    m_heard.append(reinterpret_cast<const char*>(message.data.data8), 20);
-                }
+                if (isMessage && message.format == 8) takePiece(message);
                 if (isMessage && message.format == 32) m_requests.append(message);
                 free(event);
             }
@@ -61,8 +59,14 @@ class StartupNoticeTest : public QObject {
         }
 
     private:
-        static xcb_atom_t activationOn(xcb_connection_t* connection) {
-            const QByteArray name("_NET_ACTIVE_WINDOW");
+        // The first piece of a message and the others have kinds of their own.
+        void takePiece(const xcb_client_message_event_t& piece) {
+            if (piece.type != m_first && piece.type != m_next) return;
+            if (piece.type == m_first) m_begun.clear();
+            m_begun.append(reinterpret_cast<const char*>(piece.data.data8), sizeof piece.data);
+            if (const auto end = m_begun.indexOf('\0'); end >= 0) m_heard += m_begun.first(end + 1);
+        }
+        static xcb_atom_t atomOn(xcb_connection_t* connection, const QByteArray& name) {
             const auto asked = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name);
             const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
                 xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
@@ -70,7 +74,10 @@ class StartupNoticeTest : public QObject {
         }
 
         xcb_connection_t* m_connection;
-        xcb_atom_t m_activation = activationOn(m_connection);
+        xcb_atom_t m_activation = atomOn(m_connection, "_NET_ACTIVE_WINDOW");
+        xcb_atom_t m_first = atomOn(m_connection, "_NET_STARTUP_INFO_BEGIN");
+        xcb_atom_t m_next = atomOn(m_connection, "_NET_STARTUP_INFO");
+        QByteArray m_begun;
         QByteArray m_heard;
         QList<xcb_client_message_event_t> m_requests;
     };
