@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The main window follows what other programs do to the library, and disturbs nothing else by that.
+#include "support/FolderOpenings.h"
 #include "support/OpenedCompact.h"
 #include "support/OtherProgram.h"
 #include "support/TestMain.h"
@@ -49,6 +50,21 @@ class MainFrmFollowTest : public QObject {
         const timespec times[] = {time, time};
         QCOMPARE(utimensat(AT_FDCWD, path(QString()).toUtf8().constData(), times, 0), 0);
     }
+    // How often the library is opened to follow changes that came one by one while a handler ran.
+    int openingsAfter(const QStringList& changes) const {
+        const int before = window().ListView1.rowCount();
+        std::optional<FolderOpenings> openings;
+        window().runtime().reporting([&] {
+            for (const QString& name : changes) {
+                opened->game(name);
+                QTest::qWait(longEnough);
+            }
+            openings.emplace(opened->world.folder.native("roms"));
+        });
+        waitForRows(before + static_cast<int>(changes.size()));
+        QTest::qWait(50);
+        return openings->count();
+    }
     MainFrm& openOnTagged() const {
         for (const char* name : {"a", "b", "c"}) {
             opened->tagged(QLatin1String(name) + u".gb"_s, QString::fromLatin1(name).toUpper(), u"Acme"_s,
@@ -83,6 +99,14 @@ private slots:
         QCOMPARE(position(), u"#3/4"_s);
         QCOMPARE(main.GameTitle.Caption(), u"B"_s);
         QCOMPARE(clicks.size(), 0);
+    }
+    void a_selected_game_that_changes_while_others_come_stays_selected() {
+        const MainFrm& main = openOnTagged();
+        opened->tagged(u"b.gb"_s, u"New"_s);
+        opened->game(u"aa.gb"_s);
+        waitForRows(4);
+        QCOMPARE(selected(), u"b.gb"_s);
+        QCOMPARE(main.GameTitle.Caption(), u"New"_s);
     }
     void a_renamed_selected_game_stays_selected() {
         openOnTagged();
@@ -262,6 +286,13 @@ private slots:
             QCOMPARE(totals.size(), 0);
         });
         waitForRows(3);
+    }
+    void after_a_handler_the_library_is_read_once_however_often_it_has_changed() {
+        opened->games(1);
+        opened->open();
+        const int once = openingsAfter({u"a.gb"_s});
+        QVERIFY(once > 0);
+        QCOMPARE(openingsAfter({u"b.gb"_s, u"c.gb"_s, u"d.gb"_s}), once);
     }
     void a_save_of_our_own_leaves_selection_and_fields_alone() {
         MainFrm& main = openOnTagged();
