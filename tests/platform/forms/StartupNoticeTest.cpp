@@ -57,6 +57,13 @@ class StartupNoticeTest : public QObject {
             }
             return times;
         }
+        // How often the window manager was asked for another virtual desktop.
+        int changes() {
+            heard();
+            int count = 0;
+            for (const xcb_client_message_event_t& request : m_requests) count += request.type == m_current;
+            return count;
+        }
 
     private:
         // The first piece of a message and the others have kinds of their own.
@@ -75,6 +82,7 @@ class StartupNoticeTest : public QObject {
 
         xcb_connection_t* m_connection;
         xcb_atom_t m_activation = atomOn(m_connection, "_NET_ACTIVE_WINDOW");
+        xcb_atom_t m_current = atomOn(m_connection, "_NET_CURRENT_DESKTOP");
         xcb_atom_t m_first = atomOn(m_connection, "_NET_STARTUP_INFO_BEGIN");
         xcb_atom_t m_next = atomOn(m_connection, "_NET_STARTUP_INFO");
         QByteArray m_begun;
@@ -156,9 +164,11 @@ private slots:
         QTRY_VERIFY(window.isActiveWindow());
         startBeside({"xdotool", "set_desktop", "1"});
         QTRY_VERIFY_WITH_TIMEOUT(!window.isActiveWindow(), 20000);
+        Desktop desktop;
         const QByteArray id = QByteArray::number(window.winId());
         StartupNotice{}.answerWith(window);
         QTRY_VERIFY_WITH_TIMEOUT(window.isActiveWindow(), 20000);
+        QCOMPARE(desktop.changes(), 1);
         QCOMPARE(outputOf({"xdotool", "get_desktop"}), outputOf({"xdotool", "get_desktop_for_window", id}));
     }
     void a_window_on_all_virtual_desktops_keeps_the_user_where_he_is() {
@@ -169,7 +179,10 @@ private slots:
         outputOf({"xdotool", "set_desktop_for_window", id, "-1"});
         outputOf({"xdotool", "set_desktop", "1"});
         QTRY_COMPARE(outputOf({"xdotool", "get_desktop"}), QByteArray("1\n"));
+        Desktop desktop;
         StartupNotice{"end", {}}.answerWith(window);
+        QTRY_VERIFY(!desktop.heard().isEmpty());
+        QCOMPARE(desktop.changes(), 0); // not every window manager ignores a desktop that it lacks
         QTRY_VERIFY(window.isActiveWindow());
         QCOMPARE(outputOf({"xdotool", "get_desktop"}), QByteArray("1\n"));
         outputOf({"xdotool", "set_desktop", "0"});
