@@ -147,7 +147,8 @@ private slots:
         listen();
         const QByteArray message(InstanceProtocol::longestMessage, 'x');
         InstanceLink::Role role{};
-        std::thread second([&] { role = link().meet(message, {.total = 20s}); });
+        // It is joined after a failure, too.
+        std::jthread second([&] { role = link().meet(message, {.total = 20s}); });
         QTRY_COMPARE_WITH_TIMEOUT(received.size(), 1, 20000);
         second.join();
         QCOMPARE(received[0], message);
