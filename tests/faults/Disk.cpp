@@ -72,7 +72,10 @@ void Disk::play(const Step& step) {
     case Step::Kind::write:
     case Step::Kind::setLength:
     case Step::Kind::setRights: return change(step);
-    case Step::Kind::sync: return sync(idOf(step.file));
+    case Step::Kind::sync:
+        if (m_ids.count(step.file) > 0)
+            sync(idOf(step.file)); // not of a folder above those that are recorded
+        return;
     case Step::Kind::syncAll: return syncAll();
     default: return move(step);
     }
