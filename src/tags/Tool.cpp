@@ -41,7 +41,7 @@ int Tool::run(const QByteArrayList& arguments) {
                       given.value("--folder").value_or(QByteArray()));
 }
 
-int Tool::runCommand(const QByteArray& name, const QByteArrayList& arguments, QByteArray folder) {
+int Tool::runCommand(const QByteArray& name, const QByteArrayList& arguments, const QByteArray& folder) {
     const CommandEntry* entry = commandNamed(name);
     if (entry == nullptr) return refuse("unknown command '" + printable(name) + "'");
     const auto command = entry->make();

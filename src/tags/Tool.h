@@ -25,7 +25,7 @@ public:
     int run(const QByteArrayList& arguments);
 
 private:
-    int runCommand(const QByteArray& name, const QByteArrayList& arguments, QByteArray folder);
+    int runCommand(const QByteArray& name, const QByteArrayList& arguments, const QByteArray& folder);
     int answer(const QByteArray& text);
     int refuse(const QByteArray& fault, const QByteArray& command = {});
     int end(bool isInterrupted);

@@ -106,7 +106,7 @@ void SetCommand::setFromTable(const QByteArray& path, Work& work) {
 
 // Gives why it is refused, without a line end; empty if it is done or needs nothing.
 QByteArray SetCommand::setOne(const GameFile& game, const GivenTag& tag, Work& work) {
-    const QByteArray fault = faultOfWriting(game.name, work.session.names());
+    QByteArray fault = faultOfWriting(game.name, work.session.names());
     if (!fault.isEmpty()) return fault;
     const TagEdits::State state = work.edits.stateOf(game);
     const GivenTag::Result result = tag.over(state.tag, state.length, work.today);
