@@ -39,12 +39,10 @@ SumMaker::SumMaker(WantedSums wanted) : m_wanted(wanted) {
 }
 
 void SumMaker::add(QByteArrayView bytes) {
-    if (m_wanted[crc])
-        m_crc =
-            crc32_z(m_crc, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<z_size_t>(bytes.size()));
+    const auto size = static_cast<size_t>(bytes.size());
+    if (m_wanted[crc]) m_crc = crc32_z(m_crc, reinterpret_cast<const Bytef*>(bytes.data()), size);
     for (const auto& context : m_contexts) {
-        if (context)
-            require(EVP_DigestUpdate(context.get(), bytes.data(), static_cast<size_t>(bytes.size())));
+        if (context) require(EVP_DigestUpdate(context.get(), bytes.data(), size));
     }
 }
 

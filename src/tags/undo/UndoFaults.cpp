@@ -34,10 +34,11 @@ std::set<UndoLog::Place> UndoFaults::changes() const {
 void UndoFaults::report(Reports& reports) const {
     for (const auto& [name, fault] : m_games) {
         const RuntimeFailure& failure = fault.failure;
-        if (failure.reason() == RuntimeFailure::Reason::changed)
+        if (failure.reason() == RuntimeFailure::Reason::changed) {
             reports.fault(fault.path, "it was changed after the last run");
-        else
+        } else {
             reports.fault(fault.path, Paths::spelled(fault.path), failure);
+        }
     }
 }
 
