@@ -2,7 +2,7 @@
 // The table of commands. A new one is a class in files of its own, and a row here.
 #pragma once
 
-#include "Command.h"
+#include "tags/commands/Command.h"
 
 #include <memory>
 

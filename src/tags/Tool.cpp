@@ -2,8 +2,8 @@
 // Choosing the command, its help, and the exit status.
 #include "Tool.h"
 #include "Commands.h"
-#include "Interruption.h"
 #include "platform/base/Printable.h"
+#include "tags/session/Interruption.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Entry point of torvane-tags. It needs no application object: nothing here waits for events.
-#include "Output.h"
-#include "Reports.h"
 #include "Tool.h"
+#include "tags/rows/Output.h"
+#include "tags/session/Reports.h"
 
 #include <algorithm>
 #include <clocale>

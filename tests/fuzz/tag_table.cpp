@@ -3,7 +3,7 @@
 // again, and what becomes a tag is read back as it was given.
 // Input: the company of the present tag, and the table.
 #include "Fuzz.h"
-#include "tags/TagTable.h"
+#include "tags/edits/TagTable.h"
 
 #include <map>
 #include <vector>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Which games a command line names, in which order, and what is known of each.
-#include "tags/GameFiles.h"
+#include "tags/session/GameFiles.h"
 #include "MemoryFile.h"
 #include "TagsProgram.h"
 #include "support/Failing.h"
 #include "support/TestMain.h"
-#include "tags/GameRow.h"
-#include "tags/Reports.h"
+#include "tags/session/GameRow.h"
+#include "tags/session/Reports.h"
 
 using namespace torvane;
 using namespace Qt::StringLiterals;

@@ -4,7 +4,7 @@
 #include "MemoryFile.h"
 #include "support/TestFolder.h"
 #include "support/TestMain.h"
-#include "tags/Interruption.h"
+#include "tags/session/Interruption.h"
 
 using namespace torvane;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Given texts become a tag by the rules of the windows, or a fault that names the field and the character.
-#include "tags/GivenTag.h"
+#include "tags/edits/GivenTag.h"
 #include "platform/base/CodePage1252.h"
 #include "support/TestMain.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Output in large pieces, and what becomes of it when nobody takes it; messages and the bar on a terminal.
-#include "tags/Output.h"
+#include "tags/rows/Output.h"
 #include "MemoryFile.h"
 #include "support/TestMain.h"
-#include "tags/Reports.h"
+#include "tags/session/Reports.h"
 
 #include <array>
 #include <csignal>

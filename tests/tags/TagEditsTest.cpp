@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Several programs at work on the same games: no change of one is overwritten by another that has not seen
 // it.
-#include "tags/TagEdits.h"
+#include "tags/edits/TagEdits.h"
 #include "TagsProgram.h"
 #include "support/Failing.h"
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
-#include "tags/GivenTag.h"
-#include "tags/Interruption.h"
-#include "tags/Session.h"
+#include "tags/edits/GivenTag.h"
+#include "tags/session/Interruption.h"
+#include "tags/session/Session.h"
 
 using namespace torvane;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Lines with tabs, as they come from a list of ours, a spreadsheet or an editor.
-#include "tags/TagTable.h"
+#include "tags/edits/TagTable.h"
 #include "support/TestMain.h"
 #include "tags/rows/Field.h"
 #include "tags/rows/TsvRows.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Entries by title, against the reader of the window.
-#include "tags/TitledEntries.h"
+#include "tags/commands/TitledEntries.h"
 #include "platform/base/CodePage1252.h"
 #include "support/TestMain.h"
 #include "tagdb/FilteredLines.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "platform/base/SystemCalls.h"
-#include "tags/Session.h"
+#include "tags/session/Session.h"
 
 namespace torvane {
 

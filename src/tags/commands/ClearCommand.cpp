@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // One game after the other.
 #include "ClearCommand.h"
-#include "tags/WritableGame.h"
+#include "tags/edits/WritableGame.h"
 
 namespace torvane {
 

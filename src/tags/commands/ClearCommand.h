@@ -2,8 +2,8 @@
 // clear: removes the tags of games.
 #pragma once
 
-#include "tags/ChangeRows.h"
-#include "tags/Command.h"
+#include "Command.h"
+#include "tags/edits/ChangeRows.h"
 
 namespace torvane {
 

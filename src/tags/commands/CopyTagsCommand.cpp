@@ -2,8 +2,8 @@
 // From one game to another, or between the games of two folders that have the same names.
 #include "CopyTagsCommand.h"
 #include "platform/base/File.h"
-#include "tags/GivenTag.h"
-#include "tags/WritableGame.h"
+#include "tags/edits/GivenTag.h"
+#include "tags/edits/WritableGame.h"
 
 namespace torvane {
 

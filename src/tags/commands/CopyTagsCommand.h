@@ -2,8 +2,8 @@
 // copy-tags: gives games the tags of others.
 #pragma once
 
-#include "tags/ChangeRows.h"
-#include "tags/Command.h"
+#include "Command.h"
+#include "tags/edits/ChangeRows.h"
 
 namespace torvane {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Reading tags, and writing all of the file at once.
 #include "ExportCommand.h"
+#include "EntryLine.h"
 #include "catalogue/TagWindow.h"
 #include "platform/base/Arrival.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
 #include "platform/base/FileRights.h"
 #include "platform/base/NativeText.h"
-#include "tags/EntryLine.h"
-#include "tags/GameRow.h"
+#include "tags/session/GameRow.h"
 
 namespace torvane {
 

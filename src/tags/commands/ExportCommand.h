@@ -2,7 +2,7 @@
 // export: the tags of games as a file of the tag database.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 
 namespace torvane {
 

@@ -2,7 +2,7 @@
 // hash: the checksums of games without their tags, also of those in archives.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 
 namespace torvane {
 

@@ -2,7 +2,7 @@
 // identify: finds games in lists of known games, by their checksums.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 
 namespace torvane {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Matching games with entries, and writing by the rules of set.
 #include "ImportCommand.h"
+#include "EntryLine.h"
+#include "TitledEntries.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
 #include "platform/base/NativeText.h"
-#include "tags/EntryLine.h"
-#include "tags/GameRow.h"
-#include "tags/GivenTag.h"
-#include "tags/TitledEntries.h"
-#include "tags/WritableGame.h"
+#include "tags/edits/GivenTag.h"
+#include "tags/edits/WritableGame.h"
+#include "tags/session/GameRow.h"
 
 namespace torvane {
 

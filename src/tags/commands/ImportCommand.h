@@ -2,8 +2,8 @@
 // import: gives games the tags that a file of the tag database has for their titles.
 #pragma once
 
-#include "tags/ChangeRows.h"
-#include "tags/Command.h"
+#include "Command.h"
+#include "tags/edits/ChangeRows.h"
 
 namespace torvane {
 

@@ -2,7 +2,7 @@
 // list: a line for each game, of the library or of the folders and files that are named.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 
 namespace torvane {
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The same start as from the window: the first emulator of the list, and the folder for screenshots.
 #include "PlayCommand.h"
+#include "EmulatorProcess.h"
+#include "UnpackedGame.h"
 #include "core/ScreenshotFolder.h"
 #include "emulator/EmulatorCatalogue.h"
 #include "emulator/ShellAndClose.h"
 #include "home/UserFolders.h"
 #include "platform/base/Paths.h"
 #include "platform/base/SystemCalls.h"
-#include "tags/EmulatorProcess.h"
-#include "tags/GameRow.h"
-#include "tags/UnpackedGame.h"
 #include "tags/images/GameContent.h"
+#include "tags/session/GameRow.h"
 
 #include <filesystem>
 

@@ -2,8 +2,8 @@
 // play: runs a game in the emulator, waits for it, and ends with its exit status.
 #pragma once
 
+#include "Command.h"
 #include "core/Globals.h"
-#include "tags/Command.h"
 
 namespace torvane {
 

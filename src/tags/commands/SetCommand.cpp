@@ -4,8 +4,8 @@
 #include "catalogue/TagInput.h"
 #include "platform/base/CodePage1252.h"
 #include "platform/base/File.h"
-#include "tags/TagTable.h"
-#include "tags/WritableGame.h"
+#include "tags/edits/TagTable.h"
+#include "tags/edits/WritableGame.h"
 
 namespace torvane {
 

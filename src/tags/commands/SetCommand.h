@@ -2,9 +2,9 @@
 // set: gives games a tag, or other texts in the tag that they have.
 #pragma once
 
-#include "tags/ChangeRows.h"
-#include "tags/Command.h"
-#include "tags/GivenTag.h"
+#include "Command.h"
+#include "tags/edits/ChangeRows.h"
+#include "tags/edits/GivenTag.h"
 
 namespace torvane {
 

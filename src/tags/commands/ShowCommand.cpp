@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Printing games as sheets.
 #include "ShowCommand.h"
-#include "tags/GameRow.h"
 #include "tags/rows/RowFormat.h"
+#include "tags/session/GameRow.h"
 
 namespace torvane {
 

@@ -2,7 +2,7 @@
 // show: all that is known of the games that are named.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 
 namespace torvane {
 

@@ -2,8 +2,8 @@
 // The rehearsal, which looks at the games as the undo does.
 #include "UndoCommand.h"
 #include "platform/base/Paths.h"
-#include "tags/ChangeRows.h"
-#include "tags/Session.h"
+#include "tags/edits/ChangeRows.h"
+#include "tags/session/Session.h"
 #include "tags/undo/UndoRun.h"
 
 namespace torvane {

@@ -2,7 +2,7 @@
 // undo: takes back what the last run has written to games.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 
 namespace torvane {
 

@@ -2,7 +2,7 @@
 // verify: prints what is wrong with games and their tags, and which games are there twice.
 #pragma once
 
-#include "tags/Command.h"
+#include "Command.h"
 #include "tags/checks/Finding.h"
 
 namespace torvane {

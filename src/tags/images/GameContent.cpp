@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // By the rules of the list, under another cut.
 #include "GameContent.h"
-#include "tags/GameRow.h"
+#include "tags/session/GameRow.h"
 
 namespace torvane::GameContent {
 

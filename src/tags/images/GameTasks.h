@@ -5,7 +5,7 @@
 #include "Crew.h"
 #include "GameArchive.h"
 #include "GameImage.h"
-#include "tags/Session.h"
+#include "tags/session/Session.h"
 
 namespace torvane {
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "EntryPack.h"
-#include "tags/GameFiles.h"
 #include "tags/images/GameArchive.h"
+#include "tags/session/GameFiles.h"
 
 #include <QMultiHash>
 

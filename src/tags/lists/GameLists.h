@@ -5,7 +5,7 @@
 
 #include "GameList.h"
 #include "ListIndex.h"
-#include "tags/Session.h"
+#include "tags/session/Session.h"
 
 namespace torvane {
 

@@ -3,8 +3,8 @@
 #include "NamedTags.h"
 #include "catalogue/TagInput.h"
 #include "platform/base/CodePage1252.h"
-#include "tags/GivenTag.h"
-#include "tags/WritableGame.h"
+#include "tags/edits/GivenTag.h"
+#include "tags/edits/WritableGame.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "FoundGames.h"
-#include "tags/ChangeRows.h"
-#include "tags/Session.h"
+#include "tags/edits/ChangeRows.h"
+#include "tags/session/Session.h"
 
 namespace torvane {
 

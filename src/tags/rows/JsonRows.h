@@ -2,8 +2,8 @@
 // Rows as JSON: one object a line, in UTF-8.
 #pragma once
 
+#include "Output.h"
 #include "RowWriter.h"
-#include "tags/Output.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 // In which form rows are printed, as the options ask for it.
 #pragma once
 
+#include "Output.h"
 #include "RowWriter.h"
 #include "core/Arguments.h"
-#include "tags/Output.h"
 
 #include <memory>
 

@@ -2,8 +2,8 @@
 // Rows as sheets, for people: a line for each field, and an empty line between two rows.
 #pragma once
 
+#include "Output.h"
 #include "RowWriter.h"
-#include "tags/Output.h"
 
 namespace torvane {
 

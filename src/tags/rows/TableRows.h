@@ -2,8 +2,8 @@
 // Rows as a table with aligned columns, for people. It keeps all rows until the widths are known.
 #pragma once
 
+#include "Output.h"
 #include "RowWriter.h"
-#include "tags/Output.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 // Rows as lines of fields with tabs between them, under a line with the names of the columns.
 #pragma once
 
+#include "Output.h"
 #include "RowWriter.h"
-#include "tags/Output.h"
 
 #include <string>
 

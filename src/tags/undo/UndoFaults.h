@@ -3,7 +3,7 @@
 #pragma once
 
 #include "UndoLog.h"
-#include "tags/Reports.h"
+#include "tags/session/Reports.h"
 
 #include <map>
 #include <set>

@@ -4,7 +4,7 @@
 #include "catalogue/TagEnds.h"
 #include "platform/base/Arrival.h"
 #include "platform/base/Paths.h"
-#include "tags/Session.h"
+#include "tags/session/Session.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Reading before a change, and changes in batches.
 #include "TagEdits.h"
-#include "Session.h"
 #include "catalogue/TagEnds.h"
 #include "catalogue/TagInFile.h"
 #include "platform/base/Arrival.h"
 #include "platform/base/File.h"
 #include "platform/base/Paths.h"
+#include "tags/session/Session.h"
 
 #include <algorithm>
 

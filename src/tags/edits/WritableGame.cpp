@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // By the end of the name and by the kind that the list shows.
 #include "WritableGame.h"
-#include "GameFiles.h"
-#include "GameRow.h"
 #include "platform/base/NamePattern.h"
 #include "tags/images/GameContent.h"
+#include "tags/session/GameFiles.h"
+#include "tags/session/GameRow.h"
 
 namespace torvane {
 

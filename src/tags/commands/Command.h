@@ -2,8 +2,8 @@
 // One command of the program. Each is a class of its own, in the table of Commands.cpp.
 #pragma once
 
-#include "Session.h"
 #include "core/Arguments.h"
+#include "tags/session/Session.h"
 
 namespace torvane {
 

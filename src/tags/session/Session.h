@@ -4,9 +4,9 @@
 #pragma once
 
 #include "GameFiles.h"
-#include "Output.h"
 #include "Reports.h"
 #include "core/Pieces.h"
+#include "tags/rows/Output.h"
 #include "tags/rows/RowWriter.h"
 
 #include <optional>

@@ -3,8 +3,8 @@
 // changed can be undone.
 #pragma once
 
-#include "GameFiles.h"
 #include "catalogue/TagWindow.h"
+#include "tags/session/GameFiles.h"
 #include "tags/undo/UndoFile.h"
 
 namespace torvane {
