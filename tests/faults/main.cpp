@@ -109,7 +109,6 @@ private:
         failPowerIn(homes(m_isLong ? everyStanding : onlyLonger, false), false);
         if (!m_isLong) return;
         failPowerAfterFaultsIn(homes(onlyLonger, false)); // several thousand states after each fault
-        failPowerIn(homes(onlyLonger, true), false);
         failPowerIn(situations(4 * kibibyte, everyStanding), false);
         failPowerIn(batches(kibibyte, extremes, true), false);
     }
