@@ -97,6 +97,9 @@ QRect Label::textPlace() const {
 // How far the first letter of any line reaches to the left of its place, in pixels.
 int Label::overhang() const {
     const QFontMetrics metrics(font());
+    const auto reaches = [&](QChar letter) { return metrics.leftBearing(letter) < 0; };
+    // Most captions have none, and laying them out takes longer than drawing them.
+    if (std::none_of(m_caption.begin(), m_caption.end(), reaches)) return 0;
     const QString text = withLineSeparators(m_caption);
     QTextLayout layout(text, font());
     int most = 0;
