@@ -90,12 +90,9 @@ private slots:
         QCOMPARE(errors({"export", "a.gb", "--output", "no/db.txt"}),
                  QByteArray("torvane-tags: no/db.txt: its folder doesn’t exist\n"));
         QVERIFY(errors({"export", "a.gb", "--output", "home"}).startsWith("torvane-tags: home: "));
-        program->prepare = [] {
-            const rlimit limit{200, 200};
-            setrlimit(RLIMIT_FSIZE, &limit);
-        };
-        QCOMPARE(errors({"export", "a.gb", "--output", "db.txt"}),
-                 QByteArray("torvane-tags: db.txt: the disk is full\n"));
+        const ProgramRun run = program->runOnFullDisk(200, {"export", "a.gb", "--output", "db.txt"});
+        QCOMPARE(run.errors, QByteArray("torvane-tags: db.txt: the disk is full\n"));
+        QCOMPARE(run.status, 1);
         QCOMPARE(read("db.txt"), QByteArray("old"));
         QCOMPARE(program->folder.entries().size(), 3);
     }

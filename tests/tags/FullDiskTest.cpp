@@ -4,8 +4,6 @@
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
 
-#include <sys/resource.h>
-
 using namespace torvane;
 using namespace Qt::StringLiterals;
 
@@ -48,16 +46,6 @@ class FullDiskTest : public QObject {
         add("import", {"import", "db.txt"});
         add("identify --write", {"identify", "--dat=l.dat", "--write", "--replace"});
     }
-    // No file can grow beyond this size, in bytes.
-    ProgramRun runWithRoomFor(rlim_t largest, const QByteArrayList& command) const {
-        program->prepare = [largest] {
-            const rlimit limit{largest, largest};
-            setrlimit(RLIMIT_FSIZE, &limit);
-        };
-        const ProgramRun run = program->runHere(command);
-        program->prepare = [] {};
-        return run;
-    }
 
 private slots:
     void init() {
@@ -75,7 +63,7 @@ private slots:
     void the_game_that_has_no_room_stays_and_the_others_are_written() {
         QFETCH(QByteArrayList, command);
         QFETCH(int, room);
-        const ProgramRun run = runWithRoomFor(room, command);
+        const ProgramRun run = program->runOnFullDisk(room, command);
         QCOMPARE(run.errors.count('\n'), 1);
         QVERIFY2(run.errors.startsWith("torvane-tags: ") &&
                      run.errors.endsWith("large.gb: the disk is full\n"),
@@ -91,7 +79,7 @@ private slots:
     void without_room_to_keep_an_undo_nothing_is_written_data() { addWriters(); }
     void without_room_to_keep_an_undo_nothing_is_written() {
         QFETCH(QByteArrayList, command);
-        const ProgramRun run = runWithRoomFor(500, command);
+        const ProgramRun run = program->runOnFullDisk(500, command);
         QCOMPARE(run.errors.count("/last-run.undo: the disk is full\n"), 2);
         QCOMPARE(run.errors.count('\n'), 2);
         QCOMPARE(run.status, 1);

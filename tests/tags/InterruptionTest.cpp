@@ -2,7 +2,7 @@
 // The commands that write, interrupted: what they have begun is finished, the rest is as it was, and an undo
 // takes back just that.
 #include "HeldGame.h"
-#include "LockedGame.h"
+#include "LockedFile.h"
 #include "TagsProgram.h"
 #include "support/FolderTree.h"
 #include "support/TestMain.h"
@@ -114,7 +114,7 @@ private slots:
     }
     void a_signal_ends_a_run_after_its_batch() {
         QFETCH(QByteArrayList, command);
-        LockedGame held(path(150));
+        LockedFile held(path(150));
         const auto isNextDone = [&] { return read(151) != old() && read(first + batch - 1) != old(); };
         const ProgramRun run = interrupted(command, held, isNextDone);
         checkInterrupted(run, range(first, first + batch));
@@ -136,7 +136,7 @@ private slots:
         QCOMPARE(program->runHere({"set", "home/roms", "--title=New"}).status, 0);
         QCOMPARE(changed(), all());
         const QByteArray whole = read(first);
-        LockedGame held(path(200));
+        LockedFile held(path(200));
         const auto isNextDone = [&] { return read(199) == old() && read(end - batch) == old(); };
         const ProgramRun run = interrupted({"undo"}, held, isNextDone);
         QCOMPARE(run.errors, QByteArray());

@@ -139,12 +139,8 @@ private slots:
         QVERIFY(read("a.gb").contains("\xA7N\xA7"));
     }
     void a_full_disk_leaves_the_game_as_it_was() {
-        program->prepare = [] {
-            const rlimit limit{2000, 2000};
-            setrlimit(RLIMIT_FSIZE, &limit);
-        };
         const QStringList names = program->folder.entries();
-        const ProgramRun run = program->runHere({"set", "--title=N", "a.gb"});
+        const ProgramRun run = program->runOnFullDisk(2000, {"set", "--title=N", "a.gb"});
         QCOMPARE(run.errors, QByteArray("torvane-tags: a.gb: the disk is full\n"));
         QCOMPARE(run.status, 1);
         QCOMPARE(read("a.gb"), taggedGame("T"));

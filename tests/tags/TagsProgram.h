@@ -9,6 +9,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <functional>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <utility>
 
@@ -71,6 +72,16 @@ public:
     /// The same with the library of the test.
     ProgramRun runHere(QByteArrayList arguments) const {
         return run(QByteArrayList{"--folder", "home"} + arguments);
+    }
+    /// The same where no file can grow beyond a size in bytes.
+    ProgramRun runOnFullDisk(rlim_t largestFile, const QByteArrayList& arguments) {
+        prepare = [largestFile] {
+            const rlimit limit{largestFile, largestFile};
+            setrlimit(RLIMIT_FSIZE, &limit);
+        };
+        const ProgramRun ended = runHere(arguments);
+        prepare = [] {};
+        return ended;
     }
 };
 

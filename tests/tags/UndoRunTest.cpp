@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Undos and runs that meet: others that are at work, what they have left, and games that can't be written.
+#include "LockedFile.h"
 #include "TagsProgram.h"
 #include "platform/base/SystemCalls.h"
 #include "support/Failing.h"
@@ -35,23 +36,13 @@ class UndoRunTest : public QObject {
     }
     // Nothing beyond so many bytes of a file can be written.
     void failToWrite(rlim_t most, const QByteArrayList& arguments) const {
-        program->prepare = [most] {
-            const rlimit shortFiles{most, most};
-            setrlimit(RLIMIT_FSIZE, &shortFiles);
-            std::signal(SIGXFSZ, SIG_IGN);
-        };
-        QCOMPARE(program->runHere(arguments).status, 1);
-        program->prepare = [] {};
+        QCOMPARE(program->runOnFullDisk(most, arguments).status, 1);
     }
     void move(const QByteArray& from, const QByteArray& to) const {
         const TestFolder& folder = program->folder;
         QCOMPARE(rename(folder.native(from).constData(), folder.native(to).constData()), 0);
     }
-    Handle held(const QByteArray& name) const {
-        Handle file(open(program->folder.native(name).constData(), O_RDONLY | O_CLOEXEC));
-        flock(file.number(), LOCK_EX);
-        return file;
-    }
+    LockedFile held(const QByteArray& name) const { return LockedFile(program->folder.native(name)); }
     pid_t start(const QByteArrayList& arguments) const {
         return program->start(QByteArrayList{"--folder", "home"} + arguments, STDOUT_FILENO, STDERR_FILENO);
     }
@@ -84,11 +75,11 @@ private slots:
         QFETCH(QByteArrayList, command);
         runWell({"set", "a.gb", "--title", "One"});
         const QByteArray before = read(last);
-        Handle folder = held(backup);
+        LockedFile folder = held(backup);
         const pid_t child = start(command);
         const bool hasWaited = QTest::qWaitFor([&] { return waitsForLock(child); });
         const QByteArray meanwhile = read(last); // nobody can read the games now
-        folder = Handle();
+        folder.release();
         QCOMPARE(TagsProgram::endOf(child), 0);
         QVERIFY(hasWaited);
         QCOMPARE(meanwhile, before);
@@ -96,11 +87,11 @@ private slots:
     }
     void a_run_that_begins_before_an_undo_has_put_anything_back_is_the_last_one() {
         runWell({"set", "a.gb", "--title", "One"});
-        Handle game = held("a.gb");
+        LockedFile game = held("a.gb");
         const pid_t child = start({"undo"});
         const bool isAtWork = QTest::qWaitFor([&] { return isLogTaken(); });
         runWell({"set", "b.gb", "--title", "New"});
-        game = Handle();
+        game.release();
         QCOMPARE(TagsProgram::endOf(child), 0);
         QVERIFY(isAtWork);
         QCOMPARE(read("a.gb"), taggedGame("T"));
@@ -111,11 +102,11 @@ private slots:
     }
     void a_run_that_begins_while_an_undo_puts_games_back_is_the_last_one() {
         runWell({"set", "a.gb", "c.gb", "--title", "One"});
-        Handle game = held("c.gb");
+        LockedFile game = held("c.gb");
         const pid_t child = start({"undo"});
         const bool isAtWork = QTest::qWaitFor([&] { return read("a.gb") == taggedGame("T"); });
         runWell({"set", "b.gb", "--title", "New"});
-        game = Handle();
+        game.release();
         QCOMPARE(TagsProgram::endOf(child), 0);
         QVERIFY(isAtWork);
         QCOMPARE(read("c.gb"), taggedGame("T"));
@@ -145,13 +136,13 @@ private slots:
         }
         write("table.tsv", table);
         runWell({"set", "--from", "table.tsv"});
-        Handle game = held("home/roms/110.gb");
+        LockedFile game = held("home/roms/110.gb");
         const pid_t child = start({"undo"});
         const bool isAtWork = QTest::qWaitFor([&] { return read("home/roms/111.gb") == taggedGame("T"); });
         kill(child, SIGKILL);
         QCOMPARE(TagsProgram::endOf(child), 137);
         QVERIFY(isAtWork);
-        game = Handle();
+        game.release();
         move("home/roms/110.gb", "away");
         QCOMPARE(program->runHere({"undo"}).status, 1);
         move("away", "home/roms/110.gb");

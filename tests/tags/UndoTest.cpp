@@ -7,7 +7,6 @@
 #include "support/TestMain.h"
 
 #include <sys/file.h>
-#include <sys/resource.h>
 
 using namespace torvane;
 
@@ -35,13 +34,7 @@ class UndoTest : public QObject {
     QStringList backups() const { return program->folder.entries(QStringLiteral("home/roms/data/backup")); }
     // Nothing beyond the first 4 KiB of a file can be written: all games but the shortest fail.
     void failToWrite(const QByteArrayList& arguments) const {
-        program->prepare = [] {
-            const rlimit shortFiles{4096, 4096};
-            setrlimit(RLIMIT_FSIZE, &shortFiles);
-            std::signal(SIGXFSZ, SIG_IGN);
-        };
-        const ProgramRun run = program->runHere(arguments);
-        program->prepare = [] {};
+        const ProgramRun run = program->runOnFullDisk(4096, arguments);
         QCOMPARE(run.status, 1);
         QVERIFY(run.errors.contains("a.gb: "));
     }

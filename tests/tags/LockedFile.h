@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A game that the test locks, so that a run waits when it comes to writing to this one.
+// A file or folder that the test locks, so that a run waits when it comes to writing there.
 #pragma once
 
 #include "platform/base/SystemCalls.h"
@@ -8,11 +8,11 @@
 
 namespace torvane {
 
-/// Until it is released, a run reads it, but waits for some seconds before it writes to it: after the other
-/// games of its batch.
-class LockedGame {
+/// Until it is released, a run reads it, but waits for some seconds before it writes there: to a game after
+/// the others of its batch.
+class LockedFile {
 public:
-    explicit LockedGame(const QByteArray& path)
+    explicit LockedFile(const QByteArray& path)
         : m_file(opened(open(path.constData(), O_RDONLY | O_CLOEXEC))) {
         flock(m_file.number(), LOCK_EX);
     }
